@@ -1,0 +1,53 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace kernel {
+
+/// Named host events ("SelectionChanged", "timeChanged", ...) and conditions ("playingBack", ...).
+/// Delivery is on the main thread; an event raised from inside its own delivery is queued until that returns;
+/// removing a callback during delivery is safe.
+class Events {
+public:
+    using Callback = std::function<void()>;
+
+    Events();
+    bool isEvent(const std::string& name) const;
+    std::vector<std::string> names() const;
+    /// Returns an id above 0; 0 for an unknown event.
+    unsigned add(const std::string& event, Callback callback, const std::string& plugin = {});
+    bool remove(unsigned id);
+    /// Removes what a module left behind; gives the number removed.
+    unsigned removeOf(const std::string& plugin);
+    void raise(const std::string& event);
+
+    bool isCondition(const std::string& name) const;
+    bool condition(const std::string& name) const;
+    void setCondition(const std::string& name, bool state);  ///< tells watchers when it changes
+    using ConditionCallback = std::function<void(bool)>;
+    unsigned watch(const std::string& condition, ConditionCallback callback);
+    bool unwatch(unsigned id);
+
+private:
+    struct Entry {
+        unsigned id;
+        std::string event;
+        Callback callback;
+        std::string plugin;
+    };
+    struct Watcher {
+        unsigned id;
+        std::string condition;
+        ConditionCallback callback;
+    };
+    std::vector<Entry> m_entries;
+    std::vector<Watcher> m_watchers;
+    std::map<std::string, int> m_running;  ///< event -> raises waiting while it is being delivered
+    std::map<std::string, bool> m_conditions;
+    unsigned m_nextId = 1;
+};
+
+}  // namespace kernel

@@ -1,0 +1,101 @@
+#pragma once
+
+#include "kernel/NodeType.h"
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <variant>
+#include <vector>
+
+namespace kernel {
+
+class Scene;
+
+/// Content of one plug: numbers of every kind as a double (Float is rounded to single precision when set).
+using PlugValue = std::variant<std::monostate, double, std::string, std::shared_ptr<CustomData>>;
+
+/// A node's own flags of one attribute; they start as the attribute's and are saved with the scene.
+struct PlugFlags {
+    bool locked = false;
+    bool keyable = false;
+    bool channelBox = false;
+    bool operator==(const PlugFlags& o) const
+    {
+        return locked == o.locked && keyable == o.keyable && channelBox == o.channelBox;
+    }
+};
+
+/// A row-major 4x4 matrix with the translation in row 3: points are row vectors, p' = p * M.
+struct Matrix4 {
+    double m[4][4] = {{1, 0, 0, 0}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};
+};
+Matrix4 operator*(const Matrix4& a, const Matrix4& b);
+Matrix4 inverse(const Matrix4& m);
+Vector3 transformPoint(const Vector3& p, const Matrix4& m);
+
+/// A node of the scene. Made by Scene; lives while the scene or an undo step holds it.
+class Node : public std::enable_shared_from_this<Node> {
+public:
+    Node(const NodeType& type, std::string name);
+    ~Node();
+    Node(const Node&) = delete;
+    Node& operator=(const Node&) = delete;
+
+    const std::string& name() const { return m_name; }
+    const std::string& uid() const { return m_uid; }
+    void setUid(std::string uid) { m_uid = std::move(uid); }
+    const NodeType& type() const { return *m_type; }
+    /// Type name as written in scenes; for an unknown node the type it was read as.
+    const std::string& typeName() const;
+    bool isInScene() const { return m_scene != nullptr; }
+
+    Node* parent() const { return m_parent; }
+    const std::vector<std::shared_ptr<Node>>& children() const { return m_children; }
+
+    /// Null when there is no such attribute (long or short name).
+    AttributePtr attribute(const std::string& attributeName) const { return m_type->attribute(attributeName); }
+
+    /// The value, or the attribute's default. Compounds give monostate.
+    PlugValue value(const AttributeSpec& attribute) const;
+    double number(const std::string& attributeName) const;  ///< 0 when there is none
+    std::string text(const std::string& attributeName) const;
+    /// Sets without regard to locks and ranges and without undo; the scene is told (redraw, modified).
+    void setValue(const AttributeSpec& attribute, PlugValue value);
+    bool isDefault(const AttributeSpec& attribute) const;
+
+    PlugFlags flags(const AttributeSpec& attribute) const;
+    void setFlags(const AttributeSpec& attribute, PlugFlags flags);
+    bool hasOwnFlags(const AttributeSpec& attribute) const;
+
+    /// DAG nodes: local matrix of a transform (identity for shapes) from scale, rotate (xyz order, degrees), translate.
+    Matrix4 localMatrix() const;
+    Matrix4 worldMatrix() const;  ///< inclusive
+    bool isVisible() const;       ///< its own and every ancestor's visibility
+
+    NodeProxy* proxy() const { return m_proxy.get(); }
+    void setProxy(std::unique_ptr<NodeProxy> proxy) { m_proxy = std::move(proxy); }
+
+    bool shared = false;         ///< startup cameras, default nodes: written with -s, not created twice
+    bool startup = false;        ///< cannot be deleted
+    bool isDefaultNode = false;  ///< time1 and the like: written as `select -ne`
+    bool referenced = false;
+    /// Statements of an unknown node that could not be applied, kept word for word and written back.
+    std::vector<std::string> unknownStatements;
+    std::string unknownType;  ///< set when the real type was not available
+
+private:
+    friend class Scene;
+    std::string m_name;
+    std::string m_uid;
+    const NodeType* m_type;
+    Scene* m_scene = nullptr;
+    Node* m_parent = nullptr;
+    std::vector<std::shared_ptr<Node>> m_children;
+    std::unordered_map<std::string, PlugValue> m_values;  ///< by long name
+    std::unordered_map<std::string, PlugFlags> m_flags;
+    std::unique_ptr<NodeProxy> m_proxy;
+};
+using NodePtr = std::shared_ptr<Node>;
+
+}  // namespace kernel

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "kernel/Command.h"
+
+#include <deque>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace kernel {
+
+/// Chunks of executed commands. One user action is one chunk; a chunk that recorded nothing is not kept.
+class UndoQueue {
+public:
+    /// Chunks nest; only the outermost pair makes an entry. The name is the text shown for the step.
+    void openChunk(const std::string& name);
+    void closeChunk();
+    bool isChunkOpen() const { return m_depth > 0; }
+
+    /// Takes an executed command into the open chunk (or a chunk of its own) and empties the redo side.
+    /// While recording is off, undo is running or the state is off, the command is destroyed.
+    void record(std::unique_ptr<Command> command);
+
+    /// Undo and redo of the last chunk. False when there was nothing, or the chunk failed half way (it is
+    /// reported and dropped). Called while a chunk is open, they act on what was closed before it.
+    bool undo();
+    bool redo();
+    bool canUndo() const { return !m_done.empty(); }
+    bool canRedo() const { return !m_undone.empty(); }
+    std::string undoName() const;
+    std::string redoName() const;
+    bool isUndoing() const { return m_undoing; }
+    bool isRedoing() const { return m_redoing; }
+
+    void flush();
+    void setEnabled(bool on);  ///< off also empties the queue
+    void setEnabledWithoutFlush(bool on);
+    bool isEnabled() const { return m_enabled; }
+    void setLength(unsigned length);  ///< default 50
+    unsigned length() const { return m_length; }
+    void setInfinite(bool on) { m_infinite = on; }
+    bool isInfinite() const { return m_infinite; }
+    unsigned count() const { return unsigned(m_done.size()); }
+
+    /// Drops every chunk that holds a command of a module about to be unloaded.
+    bool holdsCommandsOf(const std::string& plugin) const;
+    void tagNextRecord(const std::string& plugin) { m_nextPlugin = plugin; }
+
+    /// While one lives, commands run but nothing is recorded.
+    class Suspend {
+    public:
+        explicit Suspend(UndoQueue& queue) : m_queue(queue) { ++m_queue.m_suspended; }
+        ~Suspend() { --m_queue.m_suspended; }
+        Suspend(const Suspend&) = delete;
+        Suspend& operator=(const Suspend&) = delete;
+
+    private:
+        UndoQueue& m_queue;
+    };
+
+private:
+    struct Step {
+        std::unique_ptr<Command> command;
+        std::string plugin;
+    };
+    struct Chunk {
+        std::string name;
+        std::vector<Step> steps;
+    };
+    std::deque<Chunk> m_done;
+    std::deque<Chunk> m_undone;
+    Chunk m_open;
+    int m_depth = 0;
+    int m_suspended = 0;
+    bool m_enabled = true;
+    bool m_infinite = false;
+    bool m_undoing = false;
+    bool m_redoing = false;
+    unsigned m_length = 50;
+    std::string m_nextPlugin;
+
+    void push(Chunk chunk);
+};
+
+}  // namespace kernel
