@@ -1,0 +1,31 @@
+// Test programs that need Qt run here. String-based connections fail at run time with a warning only, so any Qt warning
+// fails the test during which it comes.
+
+#include <QApplication>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace {
+
+void failOnWarning(QtMsgType type, const QMessageLogContext&, const QString& text)
+{
+    std::fprintf(stderr, "Qt: %s\n", qPrintable(text));
+    if (type != QtDebugMsg && type != QtInfoMsg) {
+        ADD_FAILURE() << "Qt warned: " << text.toStdString();
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    // The platform complains about a missing runtime folder before any test starts; it is not ours to judge.
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
+        qputenv("XDG_RUNTIME_DIR", "/tmp");
+    }
+    QApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    qInstallMessageHandler(failOnWarning);
+    return RUN_ALL_TESTS();
+}
