@@ -1,0 +1,110 @@
+#include "app/CommandPort.h"
+
+#include "kernel/Syntax.h"
+
+#include <QLocalSocket>
+
+#include <algorithm>
+
+namespace app {
+
+CommandPorts::CommandPorts(kernel::Session& session) : m_session(session)
+{
+    m_session.commands.add("commandPort", [this](const kernel::ValueList& args) { return command(args); });
+}
+
+CommandPorts::~CommandPorts()
+{
+    m_session.commands.remove("commandPort");
+}
+
+kernel::Value CommandPorts::command(const kernel::ValueList& args)
+{
+    kernel::Syntax syntax;
+    syntax.enableQuery();
+    syntax.addFlag("n", "name", {kernel::ArgType::String});
+    syntax.makeQueryWithFullArgs("name");
+    syntax.addFlag("cl", "close");
+    kernel::ParsedArgs parsed;
+    std::string error;
+    if (!kernel::parseArguments(syntax, args, parsed, error)) {
+        throw kernel::CommandError(error);
+    }
+    const QString name = QString::fromStdString(parsed.text("name"));
+    if (name.isEmpty()) {
+        throw kernel::CommandError("commandPort: A name is required");
+    }
+    QLocalServer* const open = find(name);
+    if (parsed.query) {
+        return open ? 1 : 0;
+    }
+    if (parsed.has("close")) {
+        if (!open) {
+            throw kernel::CommandError("commandPort: " + name.toStdString() + " is not open");
+        }
+        m_servers.erase(std::find_if(m_servers.begin(), m_servers.end(),
+                                     [open](const std::unique_ptr<QLocalServer>& s) { return s.get() == open; }));
+        return {};
+    }
+    if (open) {
+        throw kernel::CommandError("commandPort: " + name.toStdString() + " is already open");
+    }
+    auto server = std::make_unique<QLocalServer>();
+    server->setSocketOptions(QLocalServer::UserAccessOption);
+    QLocalServer::removeServer(name);  // what a crashed program left behind
+    if (!server->listen(name)) {
+        throw kernel::CommandError("commandPort: " + server->errorString().toStdString());
+    }
+    connect(server.get(), SIGNAL(newConnection()), this, SLOT(Accept()));
+    m_servers.push_back(std::move(server));
+    return {};
+}
+
+QLocalServer* CommandPorts::find(const QString& name) const
+{
+    for (const auto& server : m_servers) {
+        if (server->serverName() == name || server->fullServerName() == name) {
+            return server.get();
+        }
+    }
+    return nullptr;
+}
+
+void CommandPorts::Accept()
+{
+    auto* const server = qobject_cast<QLocalServer*>(sender());
+    while (QLocalSocket* socket = server->nextPendingConnection()) {
+        connect(socket, SIGNAL(readyRead()), this, SLOT(Read()));
+        connect(socket, SIGNAL(disconnected()), socket, SLOT(deleteLater()));
+    }
+}
+
+void CommandPorts::Read()
+{
+    // Executing a line may run an event loop (a dialog), in which the socket can go away.
+    const QPointer<QLocalSocket> socket = qobject_cast<QLocalSocket*>(sender());
+    while (socket && socket->canReadLine()) {
+        const QByteArray reply = answer(socket->readLine().trimmed());
+        if (socket) {
+            socket->write(reply);
+            socket->flush();
+        }
+    }
+}
+
+QByteArray CommandPorts::answer(const QByteArray& text)
+{
+    std::string errors;
+    const int listener = m_session.output.addListener([&errors](kernel::Severity severity, const std::string& line) {
+        if (severity == kernel::Severity::Error) {
+            errors += "Error: " + line + "\n";
+        }
+    });
+    const kernel::ScriptResult result = m_session.script().execute(text.toStdString(), false, true);
+    m_session.output.removeListener(listener);
+    std::string reply = result.ok ? kernel::toText(result.value) + "\n" : errors;
+    reply.push_back('\0');
+    return QByteArray(reply.data(), int(reply.size()));
+}
+
+}  // namespace app
