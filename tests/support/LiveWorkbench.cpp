@@ -1,0 +1,199 @@
+#include "support/LiveWorkbench.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QPixmap>
+#include <QScreen>
+#include <QThread>
+
+#include <cmath>
+
+namespace support {
+
+LiveWorkbench::LiveWorkbench(const QString& program, const QStringList& arguments)
+{
+    static int started = 0;
+    const QString port = QString("lumisketch-%1-%2").arg(QCoreApplication::applicationPid()).arg(++started);
+    m_process.setProcessChannelMode(QProcess::MergedChannels);
+    m_process.start(program, arguments + QStringList{"-command", QString("commandPort -name \"%1\"").arg(port)});
+    if (!m_process.waitForStarted()) {
+        return;
+    }
+    // There is nothing to wait on before the port exists, so it is asked for until it is there.
+    QElapsedTimer waited;
+    waited.start();
+    while (waited.elapsed() < 60000 && m_process.state() == QProcess::Running) {
+        m_socket.connectToServer(port);
+        if (m_socket.waitForConnected(100)) {
+            break;
+        }
+        m_process.waitForReadyRead(50);
+        m_output += m_process.readAll();
+    }
+    settle();
+}
+
+LiveWorkbench::~LiveWorkbench()
+{
+    m_socket.abort();
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
+QString LiveWorkbench::run(const QString& text, int timeoutMs)
+{
+    post(text);
+    QByteArray reply;
+    QElapsedTimer waited;
+    waited.start();
+    while (!reply.endsWith('\0')) {
+        const int left = timeoutMs - int(waited.elapsed());
+        if (left <= 0 || !m_socket.waitForReadyRead(left)) {
+            return QString("Error: no answer to: %1").arg(text);
+        }
+        reply += m_socket.readAll();
+    }
+    reply.chop(1);
+    return QString::fromUtf8(reply).trimmed();
+}
+
+void LiveWorkbench::post(const QString& text)
+{
+    QByteArray lineText = text.toUtf8();
+    lineText.replace('\n', ' ');
+    m_socket.write(lineText + '\n');
+    m_socket.flush();
+}
+
+void LiveWorkbench::settle()
+{
+    if (!isRunning()) {
+        return;
+    }
+    // Pointer and key events come by way of the X server, the port's lines do not: a first answer says that the
+    // program turned its loop, a second that what the first turn queued is done too.
+    for (int turn = 0; turn < 3; ++turn) {
+        run("refresh -force");
+        QThread::msleep(15);
+    }
+}
+
+QRect LiveWorkbench::viewRect(const QString& panel)
+{
+    const QString where = panel.isEmpty() ? QString() : QString(" -panel \"%1\"").arg(panel);
+    const QStringList numbers = run("workbenchView -q -screenRect" + where).split(' ');
+    return numbers.size() == 4 ? QRect(numbers[0].toInt(), numbers[1].toInt(), numbers[2].toInt(), numbers[3].toInt())
+                               : QRect();
+}
+
+void LiveWorkbench::pointer(const QStringList& arguments)
+{
+    QProcess::execute("xdotool", arguments);
+}
+
+void LiveWorkbench::drag(const QVector<QPoint>& path, int stepMs)
+{
+    if (path.isEmpty()) {
+        return;
+    }
+    const QString pause = QString::number(stepMs / 1000.0);
+    QStringList steps;
+    for (int i = 0; i < path.size(); ++i) {
+        steps << "mousemove" << QString::number(path[i].x()) << QString::number(path[i].y());
+        if (i == 0) {
+            steps << "sleep"
+                  << "0.05"
+                  << "mousedown"
+                  << "1"
+                  << "sleep"
+                  << "0.03";
+        }
+        steps << "sleep" << pause;
+    }
+    steps << "sleep"
+          << "0.03"
+          << "mouseup"
+          << "1";
+    pointer(steps);
+    settle();
+}
+
+void LiveWorkbench::click(const QPoint& point)
+{
+    pointer({"mousemove", QString::number(point.x()), QString::number(point.y()), "sleep", "0.05", "click", "1"});
+    settle();
+}
+
+void LiveWorkbench::moveTo(const QPoint& point)
+{
+    pointer({"mousemove", QString::number(point.x()), QString::number(point.y())});
+    settle();
+}
+
+void LiveWorkbench::key(const QString& chord)
+{
+    pointer({"key", chord});
+    settle();
+}
+
+QImage LiveWorkbench::screenshot(const QRect& area)
+{
+    settle();
+    QScreen* const screen = QGuiApplication::primaryScreen();
+    return screen
+        ->grabWindow(0, area.x(), area.y(), area.isNull() ? -1 : area.width(), area.isNull() ? -1 : area.height())
+        .toImage()
+        .convertToFormat(QImage::Format_RGB32);
+}
+
+QString LiveWorkbench::output()
+{
+    m_process.waitForReadyRead(10);
+    m_output += m_process.readAll();
+    return QString::fromUtf8(m_output);
+}
+
+int LiveWorkbench::waitForEnd(int timeoutMs)
+{
+    if (!m_process.waitForFinished(timeoutMs) || m_process.exitStatus() != QProcess::NormalExit) {
+        return -1;
+    }
+    return m_process.exitCode();
+}
+
+QVector<QPoint> line(QPoint from, QPoint to, double spacing)
+{
+    const QPoint step = to - from;
+    const int count = std::max(1, int(std::hypot(step.x(), step.y()) / spacing));
+    QVector<QPoint> points;
+    for (int i = 0; i <= count; ++i) {
+        points << QPoint(from.x() + step.x() * i / count, from.y() + step.y() * i / count);
+    }
+    return points;
+}
+
+QVector<QPoint> curve(const QVector<QPointF>& through, double spacing, bool closed)
+{
+    const int count = through.size();
+    const auto at = [&](int i) {
+        return closed ? through[(i + count) % count] : through[std::min(std::max(i, 0), count - 1)];
+    };
+    QVector<QPoint> points;
+    for (int i = 0; i < (closed ? count : count - 1); ++i) {
+        const QPointF p0 = at(i - 1), p1 = at(i), p2 = at(i + 1), p3 = at(i + 2);
+        const QPointF chord = p2 - p1;
+        const int steps = std::max(1, int(std::hypot(chord.x(), chord.y()) / spacing));
+        for (int s = 0; s < steps; ++s) {
+            const double t = double(s) / steps;
+            const QPointF p = 0.5
+                            * (2 * p1 + (p2 - p0) * t + (2 * p0 - 5 * p1 + 4 * p2 - p3) * t * t
+                               + (3 * p1 - p0 - 3 * p2 + p3) * t * t * t);
+            points << p.toPoint();
+        }
+    }
+    points << (closed ? through[0] : through[count - 1]).toPoint();
+    return points;
+}
+
+}  // namespace support

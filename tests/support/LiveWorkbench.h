@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QImage>
+#include <QLocalSocket>
+#include <QPoint>
+#include <QProcess>
+#include <QRect>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+namespace support {
+
+/// A workbench process with a real window on the current X display, driven as a user drives it: with the pointer and
+/// the keyboard of the X server. Script text goes in through its command port.
+class LiveWorkbench {
+public:
+    /// Starts the program and waits until its window is up and it answers. `arguments` come before the port's own.
+    LiveWorkbench(const QString& program, const QStringList& arguments);
+    ~LiveWorkbench();
+
+    bool isRunning() const { return m_socket.state() == QLocalSocket::ConnectedState; }
+    /// Executes a text and gives its result, or its messages beginning with "Error: ".
+    QString run(const QString& text, int timeoutMs = 30000);
+    /// Sends a text without waiting for it (to keep the program busy meanwhile).
+    void post(const QString& text);
+    /// Returns when the program has handled everything before and its views are painted.
+    void settle();
+
+    /// The view's drawing area on the screen; the first view when no panel is named.
+    QRect viewRect(const QString& panel = QString());
+
+    /// Moves the real pointer along `path` (screen pixels) with the left button down; `stepMs` between points.
+    void drag(const QVector<QPoint>& path, int stepMs = 8);
+    void click(const QPoint& point);
+    void moveTo(const QPoint& point);
+    /// A key or chord in the X server's names: "ctrl+z", "Return".
+    void key(const QString& chord);
+
+    QImage screenshot(const QRect& area = QRect());
+    /// What it has printed so far.
+    QString output();
+    /// Waits for the process to end; its exit status, or -1 when it does not end in time or crashed.
+    int waitForEnd(int timeoutMs = 10000);
+
+private:
+    void pointer(const QStringList& arguments);
+
+    QProcess m_process;
+    QLocalSocket m_socket;
+    QByteArray m_output;
+};
+
+/// The points of a straight line, `spacing` pixels apart, both ends included.
+QVector<QPoint> line(QPoint from, QPoint to, double spacing = 4);
+/// The points of a closed or open curve through the given points (Catmull-Rom spline), about `spacing` apart.
+QVector<QPoint> curve(const QVector<QPointF>& through, double spacing = 4, bool closed = false);
+
+}  // namespace support
