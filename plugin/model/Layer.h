@@ -1,0 +1,88 @@
+#pragma once
+
+#include "model/Frame.h"
+
+#include <QList>
+#include <QString>
+
+#include <vector>
+
+/// What the drawing tool may do on a layer. Every layer holds: it shows its last frame at or before the time.
+enum LayerState {
+    kLayerAnim = 0,    ///< drawn on at keyed times; drawing elsewhere keys a frame
+    kLayerStatic = 1,  ///< the held frame is drawn on
+    kLayerLocked = 2   ///< nothing may be drawn or keyed
+};
+constexpr int kLayerStateCount = 3;
+
+/// A stack entry of one camera: frames sorted by frame number, no two with the same one when they are inserted.
+/// Frame pointers handed out are loans until the next insertion or removal.
+class Layer {
+public:
+    Layer();
+    Layer(const Layer&) = delete;
+    Layer& operator=(const Layer&) = delete;
+
+    quint64 id() const { return m_id; }  ///< unique in the process; never saved
+
+    const QString& name() const { return m_name; }
+    void setName(const QString& name) { m_name = name; }
+    bool isActive() const { return m_active; }
+    void setActive(bool active) { m_active = active; }
+    bool isVisible() const { return m_visible; }
+    void setVisible(bool visible);
+    float opacity() const { return m_opacity; }
+    void setOpacity(float opacity);  ///< clamped to 0..1
+    int state() const { return m_state; }
+    void setState(int state) { m_state = state; }
+
+    /// Something that the layer shows has changed since it was last read for display.
+    bool isDirty() const { return m_dirty; }
+    void setDirty() { m_dirty = true; }
+
+    int frameCount() const { return static_cast<int>(m_frames.size()); }
+    Frame* frameAt(int index) const;              ///< null outside the list
+    Frame* frameNumbered(int frameNumber) const;  ///< keyed exactly there, or null
+    bool hasFrame(int frameNumber) const { return frameNumbered(frameNumber) != nullptr; }
+    /// The tool can draw at the current time: a frame is keyed exactly there, or the layer is static and shows one.
+    bool hasFrameAtCurrentTime() const;
+
+    int addFrame(const MTime& time);  ///< a blank frame; its index, or -1 when the time is keyed already
+    int addFrameAtCurrentTime();
+    /// Always consumes the frame. -1 for null and for a frame number that is keyed: no frame is ever replaced.
+    int insertFrame(std::unique_ptr<Frame> frame);
+    std::unique_ptr<Frame> copyFrame(const MTime& time) const;  ///< packed; null when none is keyed there
+    std::unique_ptr<Frame> takeFrame(const MTime& time);        ///< null when none is keyed there
+    std::unique_ptr<Frame> takeFrameAtCurrentTime();
+    void clearFrames();
+
+    QList<int> frameNumbers() const;
+    Frame* nextFrame(bool wrap) const;      ///< the first after the current time; null when there is none
+    Frame* previousFrame(bool wrap) const;  ///< the last before the current time; null when there is none
+    /// Gives frame i the number numbers[i]. Neither sorts nor marks dirty: the caller supplies ascending numbers and
+    /// refreshes afterwards.
+    void retime(const QList<int>& numbers);
+
+    /// Sets which frame is shown: the last at or before the frame number.
+    void updateCurrentFrame(int frameNumber);
+    int currentFrameIndex() const { return m_current; }  ///< -1 when nothing is shown
+    Frame* currentFrame() const { return frameAt(m_current); }
+    void setCurrentImage(const QImage& image);  ///< nothing happens without a current frame
+    /// Reads the layer for display, which consumes its dirty mark: the image of the frame that many keys from the
+    /// current one. A null image when there is none or the layer is hidden.
+    const QImage& imageAtOffset(int offset);
+
+private:
+    std::vector<std::unique_ptr<Frame>>::const_iterator firstAfter(int frameNumber) const;
+    std::unique_ptr<Frame> takeNumbered(int frameNumber);
+
+    const quint64 m_id;
+    QString m_name;
+    bool m_active = false;
+    bool m_visible = true;
+    float m_opacity = 1.0f;
+    int m_state = kLayerAnim;
+    std::vector<std::unique_ptr<Frame>> m_frames;
+    int m_current = -1;
+    bool m_dirty = true;
+};

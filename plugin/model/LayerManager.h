@@ -1,0 +1,141 @@
+#pragma once
+
+#include "model/ActiveStroke.h"
+#include "model/CameraDrawing.h"
+#include "model/StrokeInProgress.h"
+
+#include <QObject>
+#include <QStringList>
+
+#include <map>
+
+class DrawingViews;
+class LayerListView;
+
+/// One frame of one layer, by value: good across undo and redo.
+struct FrameAddress {
+    QString camera;
+    int layerIndex;  ///< -1: no such frame
+    int frameNumber;
+};
+
+/// One node's whole drawing: for every camera a stack of layers with one active, the picture composed of them, and the
+/// stroke in progress. A camera exists here from its first layer to the removal of its last. Main thread only.
+/// Layer pointers handed out are loans until the next insertion, removal or move.
+class LayerManager : public QObject {
+    Q_OBJECT
+public:
+    LayerManager();
+    ~LayerManager() override;
+
+    /// The one panel and the views of the process; null means nobody listens. The caller keeps them.
+    static void setLayerListView(LayerListView* view);
+    static void setDrawingViews(DrawingViews* views);
+
+    /// Only the drawing of the scene's primary node publishes its layers.
+    bool isMaster() const { return m_master; }
+    void setMaster(bool master) { m_master = master; }
+    void publish() const;  ///< to the layer list; does nothing unless master
+
+    // Cameras
+    QStringList cameras() const;  ///< those with layers, sorted case-sensitively
+    const QString& currentCamera() const { return m_currentCamera; }
+    const QString& previousCamera() const { return m_previousCamera; }
+    void setCurrentCamera(const QString& camera);
+    void syncCurrentCamera();  ///< makes the active view's camera current; without a view nothing changes
+
+    // Layers
+    int layerCount(const QString& camera) const;
+    int totalLayerCount() const;
+    bool isValidLayer(const QString& camera, int index) const;
+    Layer* layer(const QString& camera, int index) const;  ///< null when not valid
+    int activeLayerIndex(const QString& camera) const;     ///< -1 when none
+    Layer* activeLayer(const QString& camera) const;       ///< null when none
+    QString layerName(const QString& camera, int index) const;
+    float layerOpacity(const QString& camera, int index) const;
+    int layerState(const QString& camera, int index) const;
+    bool layerVisible(const QString& camera, int index) const;
+    bool layerNameExists(const QString& name) const;
+    /// The name without control characters, double quotes and back-slashes, which the text record cannot hold, or
+    /// "Layer" when it is empty; a taken one becomes the first free "Layer 1", "Layer 2" and so on.
+    QString uniqueLayerName(const QString& name) const;
+
+    /// Inserts a new layer under a unique name, in the default state; an index outside the list appends. Gives the
+    /// index used. The first layer of a camera becomes its active one; the first of all makes its camera current.
+    int insertLayer(const QString& camera, int index, const QString& name);
+    /// The same with a layer that keeps its name and marks; always consumes it. -1 for null.
+    int insertLayer(const QString& camera, int index, std::unique_ptr<Layer> layer);
+    std::unique_ptr<Layer> takeLayer(const QString& camera, int index);  ///< null when not valid; keeps its active mark
+    std::vector<std::unique_ptr<Layer>> takeAllLayers(const QString& camera);
+    int moveLayer(const QString& camera, int from, int to);  ///< where it landed; -1, reported, when not valid
+    int moveLayerToCamera(const QString& camera, int index, const QString& toCamera, int toIndex);
+    /// False, reported, for an index that the camera does not have; -1 is accepted on a camera without layers.
+    bool setActiveLayer(const QString& camera, int index, bool makeCurrentCamera);
+    void renameLayer(const QString& camera, int index, const QString& name);
+    void setLayerOpacity(const QString& camera, int index, float opacity);
+    void setLayerState(const QString& camera, int index, int state);
+    void setLayerVisible(const QString& camera, int index, bool visible);
+    void clear(bool publishing);
+
+    // Frames of a camera's active layer; without one -1, null, empty or false
+    int addFrame(const QString& camera, const MTime& time);
+    int addFrameAtCurrentTime(const QString& camera);
+    int insertFrame(const QString& camera, std::unique_ptr<Frame> frame);
+    std::unique_ptr<Frame> copyFrame(const QString& camera, const MTime& time) const;
+    std::unique_ptr<Frame> takeFrame(const QString& camera, const MTime& time);
+    std::unique_ptr<Frame> takeFrameAtCurrentTime(const QString& camera);
+    Frame* nextFrame(const QString& camera, bool wrap) const;
+    Frame* previousFrame(const QString& camera, bool wrap) const;
+    QList<int> frameNumbers(const QString& camera) const;
+    void retime(const QString& camera, const QList<int>& numbers);
+    bool hasFrameAtCurrentTime(const QString& camera) const;
+    /// Shows every layer at a time. skipActive leaves the current camera's active layer as it is; the layer under an
+    /// open stroke always stays.
+    void updateCurrentFrames(int frameNumber, bool skipActive);
+
+    // The stroke in progress. It belongs to one camera; the others see none.
+    /// The record to fill; an open one is given again. Its tool and colour are those of this moment (the pen's eraser
+    /// end counts). Null without an active layer, while another camera's stroke is open, or when there is no frame to
+    /// draw on, unless blank: then the stroke starts from nothing.
+    ActiveStroke* beginStroke(const QString& camera, bool blank);
+    ActiveStroke* stroke(const QString& camera) const;  ///< null when the camera has none
+    bool hasStroke() const { return m_stroke.record() != nullptr; }
+    /// The frame that the camera's stroke goes to; layerIndex -1 when there is no stroke or its frame is gone.
+    FrameAddress strokeFrame(const QString& camera) const;
+    /// Draws what the record has gained since the last time into the working images. Nothing is shown yet.
+    void advanceStroke(const QString& camera);
+    /// Puts the stroke into its frame and ends it; undoBytes becomes the drawing before it, as PNG. False when the
+    /// camera has no stroke, or nothing to put it into (the stroke is dropped then).
+    bool commitStroke(const QString& camera, QByteArray& undoBytes);
+    void dropStroke();
+    /// Exchanges a drawing with the PNG in bytes: one call undoes a stroke, the next redoes it. False when nothing
+    /// changed.
+    bool swapImage(const FrameAddress& frame, QByteArray& bytes);
+    bool swapActiveImage(const QString& camera, QByteArray& bytes);  ///< the active layer's current frame
+
+    // What is shown
+    void markForRedraw(const QString& camera);
+    bool needsRedraw(const QString& camera) const;
+    /// The camera's picture, made anew when something changed: ghosts, layers, the stroke. Null without layers. Owned
+    /// by the manager; good until the camera loses its last layer.
+    const QImage* composite(const QString& camera);
+
+private:
+    CameraDrawing* drawing(const QString& camera);
+    const CameraDrawing* drawing(const QString& camera) const;
+    void prepareCamera(const QString& camera);
+    void dropCamera(const QString& camera);
+    Frame* frameOf(const FrameAddress& address) const;
+    void paintGhosts(QPainter& painter, CameraDrawing& drawing, bool strokeHasPoints);
+    void paintLayers(QPainter& painter, const QString& camera, CameraDrawing& drawing);
+
+    static LayerListView* s_listView;
+    static DrawingViews* s_views;
+
+    std::map<QString, CameraDrawing> m_cameras;
+    QString m_currentCamera;
+    QString m_previousCamera;
+    StrokeInProgress m_stroke;
+    bool m_master = false;
+    bool m_wasPlaying = false;
+};
