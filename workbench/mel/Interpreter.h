@@ -1,0 +1,106 @@
+#pragma once
+
+#include "kernel/Session.h"
+#include "mel/Ast.h"
+#include "mel/Functions.h"
+
+#include <memory>
+#include <string>
+#include <unordered_map>
+
+namespace mel {
+
+/// An error of a running script whose message already says where it happened.
+class ScriptError : public kernel::CommandError {
+public:
+    using CommandError::CommandError;
+};
+
+/// A procedure as callers find it. It keeps the text it was defined in alive, also when it replaces itself.
+struct Procedure {
+    std::shared_ptr<const Unit> unit;
+    const ProcedureStmt* definition = nullptr;
+    explicit operator bool() const { return definition != nullptr; }
+};
+
+/// The script language: compiles and runs texts, and keeps what outlives them, global variables and procedures.
+class Interpreter : public kernel::ScriptEngine {
+public:
+    explicit Interpreter(kernel::Session& session);
+    ~Interpreter() override;
+    /// The session's own.
+    static Interpreter& of(kernel::Session& session);
+
+    // --- running, from outside: errors are reported, not thrown ------------------------------------------------
+    kernel::ScriptResult execute(const std::string& text, bool display, bool undo) override;
+    kernel::ScriptResult executeFile(const std::string& path, bool undo) override;
+    /// As a batch run does: every statement of the top level is an undo step of its own, and the first error ends
+    /// the text. fileName: named in messages; empty for text from the command line.
+    kernel::ScriptResult executeBatch(const std::string& text, const std::string& fileName = {});
+    kernel::ScriptResult executeBatchFile(const std::string& path);
+    bool executeScene(const std::string& text, const std::string& fileName) override;
+    bool isExecuting() const override { return m_depth > 0; }
+
+    // --- running, from inside a script: errors are thrown as CommandError --------------------------------------
+    /// At the global scope, within the undo step that is open. A text that cannot be compiled is reported and
+    /// leaves as an error without a message.
+    kernel::Value evaluate(const std::string& text);
+    /// `name` may be a path, or stand in one of the script folders, with or without ".mel".
+    void source(const std::string& name);
+
+    // --- what outlives a text -----------------------------------------------------------------------------------
+    kernel::Value global(const std::string& name) const override;
+    void setGlobalString(const std::string& name, const std::string& value) override;
+    /// Null when there is none of that name (without "$").
+    Variable* findGlobal(const std::string& name);
+    Variable& declareGlobal(const std::string& name);
+
+    void define(const std::string& name, Procedure procedure);
+    /// Looks in the calling text (may be null), then among the global procedures.
+    Procedure findProcedure(const std::string& name, const Unit* caller) const;
+    /// Path of the script file of that name in the script folders; empty when there is none.
+    std::string findScript(const std::string& name) const;
+    FunctionTable& functions() { return m_functions; }
+    const FunctionTable& functions() const { return m_functions; }
+
+    kernel::Session& session() { return m_session; }
+
+    // --- errors --------------------------------------------------------------------------------------------------
+    /// Says the error, if it has a message, and remembers it for getLastError.
+    void report(const kernel::CommandError& error);
+    const std::string& lastError() const { return m_lastError; }
+
+    /// The node that plugs without a node name (".tx") belong to while a scene is read; null otherwise.
+    kernel::NodePtr sceneNode() const { return m_sceneNode; }
+    void setSceneNode(kernel::NodePtr node) { m_sceneNode = std::move(node); }
+    bool isReadingScene() const { return m_readingScene; }
+
+    /// Marks a piece of script as running; the outermost one's end delivers the selection event.
+    class Running {
+    public:
+        explicit Running(Interpreter& interpreter) : m_interpreter(interpreter) { ++m_interpreter.m_depth; }
+        ~Running();
+        Running(const Running&) = delete;
+        Running& operator=(const Running&) = delete;
+
+    private:
+        Interpreter& m_interpreter;
+    };
+
+private:
+    kernel::ScriptResult run(const std::string& text, const std::string& fileName);
+    /// Null, and the error reported, when it cannot be compiled.
+    std::shared_ptr<const Unit> compile(const std::string& text, const std::string& fileName);
+    kernel::Value runUnit(const std::shared_ptr<const Unit>& unit);
+
+    kernel::Session& m_session;
+    FunctionTable m_functions;
+    std::unordered_map<std::string, std::unique_ptr<Variable>> m_globals;
+    std::unordered_map<std::string, Procedure> m_procedures;
+    kernel::NodePtr m_sceneNode;
+    std::string m_lastError;
+    int m_depth = 0;
+    bool m_readingScene = false;
+};
+
+}  // namespace mel

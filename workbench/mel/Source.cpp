@@ -1,0 +1,55 @@
+#include "mel/Source.h"
+
+#include <algorithm>
+
+namespace mel {
+
+namespace {
+
+constexpr std::size_t kShownLineLength = 200;
+
+}  // namespace
+
+Source Source::borrowing(std::string_view text, std::string fileName)
+{
+    return Source(Borrowed(), text, std::move(fileName));
+}
+
+Position Source::position(std::size_t offset) const
+{
+    if (m_lineStarts.empty()) {
+        m_lineStarts.push_back(0);
+        for (std::size_t at = m_text.find('\n'); at != std::string_view::npos; at = m_text.find('\n', at + 1))
+            m_lineStarts.push_back(at + 1);
+    }
+    const auto after = std::upper_bound(m_lineStarts.begin(), m_lineStarts.end(), offset);
+    return {std::size_t(after - m_lineStarts.begin()), offset - *(after - 1) + 1};
+}
+
+std::string Source::lineAt(std::size_t offset) const
+{
+    const std::size_t start = offset + 1 - position(offset).column;
+    std::size_t end = std::min(m_text.find('\n', start), m_text.size());
+    if (end > start && m_text[end - 1] == '\r')
+        --end;
+    if (end - start <= kShownLineLength)
+        return std::string(m_text.substr(start, end - start));
+    const std::size_t first = offset - start > kShownLineLength / 2 ? offset - kShownLineLength / 2 : start;
+    return std::string(m_text.substr(first, std::min(kShownLineLength, end - first)));
+}
+
+std::string Source::messagePrefix(std::size_t offset) const
+{
+    if (m_fileName.empty())
+        return {};
+    return "file: " + m_fileName + " line " + std::to_string(position(offset).line) + ": ";
+}
+
+std::string Source::syntaxPrefix(std::size_t offset) const
+{
+    const Position at = position(offset);
+    const std::string line = "line " + std::to_string(at.line) + "." + std::to_string(at.column) + ": ";
+    return m_fileName.empty() ? line : "file: " + m_fileName + " " + line;
+}
+
+}  // namespace mel
