@@ -1,0 +1,40 @@
+#include "settings/PenState.h"
+
+#include <atomic>
+
+namespace penState {
+
+namespace {
+
+std::atomic<float> s_pressure{1.0f};
+bool s_eraserTip = false;
+
+}  // namespace
+
+float pressure()
+{
+    return s_pressure.load(std::memory_order_relaxed);
+}
+
+void setPressure(float pressure)
+{
+    s_pressure.store(pressure, std::memory_order_relaxed);
+}
+
+bool isEraserTip()
+{
+    return s_eraserTip;
+}
+
+void setEraserTip(bool eraser)
+{
+    s_eraserTip = eraser;
+}
+
+void reset()
+{
+    setPressure(1.0f);
+    setEraserTip(false);
+}
+
+}  // namespace penState
