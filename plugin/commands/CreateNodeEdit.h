@@ -1,0 +1,43 @@
+#pragma once
+
+#include "commands/Edit.h"
+
+#include <maya/MDagModifier.h>
+#include <maya/MObject.h>
+#include <maya/MSelectionList.h>
+
+#include <QString>
+
+class BaseNode;
+
+/// What a new drawing node starts with.
+struct FirstLayerRequest {
+    bool wanted;
+    QString camera;  ///< empty: the active view's
+    QString name;
+    int state;        ///< -1 for the default
+    bool withFrames;  ///< key the highlighted range of the time slider
+};
+
+/// Makes the scene's drawing node, with a first layer when one is wanted. Undo takes node, layer and frames away
+/// together; redo brings back an empty drawing.
+class CreateNodeEdit : public Edit {
+public:
+    explicit CreateNodeEdit(const FirstLayerRequest& layer);
+    MStatus execute() override;
+    MStatus redo() override;
+    MStatus undo() override;
+
+private:
+    MStatus recordCreation();
+    MStatus placeInScene();
+    void lockTransform() const;
+    void addFirstLayer(BaseNode& node) const;
+    void announce(BaseNode& node) const;
+
+    const FirstLayerRequest m_layer;
+    MDagModifier m_modifier;
+    MObject m_transform;
+    MObject m_shape;
+    MSelectionList m_previousSelection;
+};

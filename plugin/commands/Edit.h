@@ -1,0 +1,28 @@
+#pragma once
+
+#include <maya/MStatus.h>
+
+class BaseNode;
+
+/// One undoable thing a command can do. It names what it changes by value and looks it up on every run, for nothing
+/// of the scene survives an undo and redo of the steps before.
+class Edit {
+public:
+    virtual ~Edit() = default;
+    virtual MStatus execute() { return redo(); }  ///< the first run, when it differs
+    virtual MStatus redo() = 0;
+    virtual MStatus undo() = 0;
+};
+
+/// An edit of the scene's drawing; fails in a scene without one.
+class DrawingEdit : public Edit {
+public:
+    MStatus execute() final;
+    MStatus redo() final;
+    MStatus undo() final;
+
+protected:
+    virtual MStatus executeOn(BaseNode& node) { return redoOn(node); }
+    virtual MStatus redoOn(BaseNode& node) = 0;
+    virtual MStatus undoOn(BaseNode& node) = 0;
+};

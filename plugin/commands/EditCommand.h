@@ -1,0 +1,22 @@
+#pragma once
+
+#include "commands/Edit.h"
+
+#include <maya/MPxCommand.h>
+
+#include <memory>
+
+/// A command that parses its flags and leaves the work to one edit. It is undoable exactly when it made one.
+class EditCommand : public MPxCommand {
+public:
+    MStatus redoIt() override;
+    MStatus undoIt() override;
+    bool isUndoable() const override;
+
+protected:
+    /// Runs the edit for the first time and keeps it when that succeeds.
+    MStatus execute(std::unique_ptr<Edit> edit);
+
+private:
+    std::unique_ptr<Edit> m_edit;
+};

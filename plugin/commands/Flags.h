@@ -1,0 +1,18 @@
+#pragma once
+
+#include <maya/MSyntax.h>
+
+/// A flag of a command. Names are without the dash, as users of look-ups write them.
+struct Flag {
+    const char* shortName;
+    const char* longName;
+    MSyntax::MArgType argument;
+};
+
+template <unsigned int count>
+void addFlags(MSyntax& syntax, const Flag (&flags)[count])
+{
+    for (const Flag& flag : flags) {
+        syntax.addFlag(flag.shortName, flag.longName, flag.argument);
+    }
+}

@@ -1,0 +1,139 @@
+#include "commands/NodeCommand.h"
+
+#include "commands/CreateNodeEdit.h"
+#include "commands/Flags.h"
+#include "model/LayerManager.h"
+#include "node/BaseNode.h"
+#include "settings/Messages.h"
+#include "settings/Text.h"
+
+#include <maya/MArgList.h>
+
+namespace {
+
+const Flag kFlags[] = {
+    {"ex", "exists", MSyntax::kNoArg},          {"r", "refresh", MSyntax::kNoArg},
+    {"rg", "refreshGhosting", MSyntax::kNoArg}, {"l", "layer", MSyntax::kNoArg},
+    {"c", "camera", MSyntax::kString},          {"ln", "layerName", MSyntax::kString},
+    {"ls", "layerState", MSyntax::kUnsigned},   {"f", "frame", MSyntax::kNoArg},
+};
+
+QString textArgument(const MArgDatabase& args, const char* flag)
+{
+    MString text;
+    args.getFlagArgument(flag, 0, text);
+    return toQString(text);
+}
+
+int layerStateArgument(const MArgDatabase& args)
+{
+    int state = -1;
+    if (args.getFlagArgument("layerState", 0, state) && (state < 0 || state >= kLayerStateCount)) {
+        return kLayerAnim;
+    }
+    return state;
+}
+
+}  // namespace
+
+/// Modes in order of precedence; the creation is what remains.
+struct NodeCommand::Mode {
+    const char* flag;
+    MStatus (NodeCommand::*run)();
+};
+
+const NodeCommand::Mode NodeCommand::kModes[] = {
+    {"exists", &NodeCommand::queryExists},
+    {"refresh", &NodeCommand::refreshLayers},
+    {"refreshGhosting", &NodeCommand::refreshGhosting},
+};
+
+void* NodeCommand::creator()
+{
+    return new NodeCommand;
+}
+
+MSyntax NodeCommand::newSyntax()
+{
+    MSyntax syntax;
+    addFlags(syntax, kFlags);
+    syntax.enableEdit(true);
+    syntax.enableQuery(true);
+    return syntax;
+}
+
+MStatus NodeCommand::doIt(const MArgList& list)
+{
+    MStatus status;
+    const MArgDatabase args(syntax(), list, &status);
+    if (!status) {
+        return status;
+    }
+    if (args.isEdit()) {
+        messages::error("Invalid edit parameter");
+        return MStatus::kInvalidParameter;
+    }
+    if (args.isQuery()) {
+        if (args.isFlagSet("camera")) {
+            return queryCamera();
+        }
+        messages::error("Invalid query parameter");
+        return MStatus::kInvalidParameter;
+    }
+    for (const Mode& mode : kModes) {
+        if (args.isFlagSet(mode.flag)) {
+            return (this->*mode.run)();
+        }
+    }
+    return createNode(args);
+}
+
+MStatus NodeCommand::queryCamera()
+{
+    const BaseNode* node = BaseNode::masterNode();
+    const std::shared_ptr<LayerManager> manager = node ? node->layerManager() : nullptr;
+    if (!manager) {
+        return MStatus::kFailure;
+    }
+    setResult(toMString(manager->currentCamera()));
+    return MStatus::kSuccess;
+}
+
+MStatus NodeCommand::queryExists()
+{
+    setResult(BaseNode::masterNode() != nullptr);
+    return MStatus::kSuccess;
+}
+
+MStatus NodeCommand::refreshLayers()
+{
+    BaseNode* node = BaseNode::masterNode();
+    const std::shared_ptr<LayerManager> manager = node ? node->layerManager() : nullptr;
+    if (!manager) {
+        return MStatus::kFailure;
+    }
+    manager->publish();
+    return MStatus::kSuccess;
+}
+
+MStatus NodeCommand::refreshGhosting()
+{
+    BaseNode* node = BaseNode::masterNode();
+    const std::shared_ptr<LayerManager> manager = node ? node->layerManager() : nullptr;
+    if (!manager) {
+        return MStatus::kFailure;
+    }
+    manager->markForRedraw(manager->currentCamera());
+    node->requestRedraw();
+    return MStatus::kSuccess;
+}
+
+MStatus NodeCommand::createNode(const MArgDatabase& args)
+{
+    // What describes the layer is read only when there is to be one.
+    const bool withLayer = args.isFlagSet("layer");
+    const FirstLayerRequest layer = {withLayer, withLayer ? textArgument(args, "camera") : QString(),
+                                     withLayer ? textArgument(args, "layerName") : QString(),
+                                     withLayer ? layerStateArgument(args) : -1, args.isFlagSet("frame")};
+    return execute(std::unique_ptr<Edit>(new CreateNodeEdit(layer)));
+}

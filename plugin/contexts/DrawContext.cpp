@@ -1,0 +1,144 @@
+#include "contexts/DrawContext.h"
+
+#include "contexts/ThreadManager.h"
+#include "model/LayerManager.h"
+#include "node/BaseNode.h"
+#include "settings/Names.h"
+#include "settings/PenState.h"
+#include "settings/Preferences.h"
+#include "settings/ScriptBridge.h"
+
+#include <maya/M3dView.h>
+#include <maya/MCursor.h>
+#include <maya/MDagPath.h>
+#include <maya/MEvent.h>
+
+namespace {
+
+const char kHelp[] = "Draw on viewport";
+
+}  // namespace
+
+DrawContext::DrawContext()
+{
+    setTitleString("Draw Context");
+    setImage(":/icons/draw_context_01.png", MPxContext::kImage1);
+    setCursor(MCursor::crossHairCursor);
+}
+
+void DrawContext::toolOnSetup(MEvent&)
+{
+    setHelpString(kHelp);
+    if (!BaseNode::masterNode()) {
+        script::createDrawingNodeOnIdle();
+    }
+    m_inputHandler.setUp();
+}
+
+void DrawContext::toolOffCleanup()
+{
+    endStroke();
+    m_inputHandler.cleanUp();
+}
+
+void DrawContext::getClassName(MString& name) const
+{
+    name = names::kDrawContextCommand;
+}
+
+MStatus DrawContext::helpStateHasChanged(MEvent&)
+{
+    return setHelpString(kHelp);
+}
+
+MStatus DrawContext::doPress(MEvent& event)
+{
+    endStroke();  // of a press whose release never came
+    m_inputHandler.watchActiveView();
+    if (event.mouseButton() == MEvent::kLeftMouse) {
+        beginStroke();
+    }
+    return MStatus::kSuccess;
+}
+
+MStatus DrawContext::doDrag(MEvent&)
+{
+    BaseNode* node = m_drawing ? BaseNode::fromHandle(m_node) : nullptr;
+    if (node) {
+        node->redrawActiveView();
+    }
+    return MStatus::kSuccess;
+}
+
+MStatus DrawContext::doRelease(MEvent&)
+{
+    endStroke();
+    penState::reset();
+    return MStatus::kSuccess;
+}
+
+MStatus DrawContext::doPress(MEvent& event, MHWRender::MUIDrawManager&, const MHWRender::MFrameContext&)
+{
+    return doPress(event);
+}
+
+MStatus DrawContext::doDrag(MEvent& event, MHWRender::MUIDrawManager&, const MHWRender::MFrameContext&)
+{
+    return doDrag(event);
+}
+
+MStatus DrawContext::doRelease(MEvent& event, MHWRender::MUIDrawManager&, const MHWRender::MFrameContext&)
+{
+    return doRelease(event);
+}
+
+void DrawContext::beginStroke()
+{
+    MStatus status;
+    M3dView view = M3dView::active3dView(&status);
+    BaseNode* node = status ? BaseNode::masterNode() : nullptr;
+    const std::shared_ptr<LayerManager> manager = node ? node->layerManager() : nullptr;
+    MDagPath cameraPath;
+    if (!manager || Preferences::instance().effectiveTool() == ToolType::Transform || !view.getCamera(cameraPath)
+        || !node->prepareToolView(view)) {
+        return;
+    }
+    manager->syncCurrentCamera();
+    if (manager->hasStroke()) {
+        manager->dropStroke();  // nobody fills it any more
+    }
+    m_node = node->thisMObject();
+    m_camera = script::cameraKey(cameraPath);
+    if (!node->drawingTarget(m_camera, m_layerIndex, m_frameCreated)) {
+        return;
+    }
+    ThreadManager& sampling = ThreadManager::instance();
+    if (manager->beginStroke(m_camera, false)) {
+        sampling.start(view.widget(), node, m_camera);
+    }
+    m_drawing = sampling.isRunning();
+    if (!m_drawing) {
+        manager->dropStroke();
+        node->withdrawDrawingTarget(m_camera, m_layerIndex, m_frameCreated);
+    }
+}
+
+void DrawContext::endStroke()
+{
+    if (!m_drawing) {
+        return;
+    }
+    m_drawing = false;
+    ThreadManager::instance().stop();
+    BaseNode* node = BaseNode::fromHandle(m_node);
+    const std::shared_ptr<LayerManager> manager = node ? node->layerManager() : nullptr;
+    const ActiveStroke* stroke = manager ? manager->stroke(m_camera) : nullptr;
+    if (!stroke) {
+        return;  // the scene it belonged to is gone
+    }
+    if (stroke->points.isEmpty() || !script::commitStroke(m_camera, m_layerIndex, m_frameCreated)) {
+        manager->dropStroke();
+        node->withdrawDrawingTarget(m_camera, m_layerIndex, m_frameCreated);
+        node->redrawActiveView();
+    }
+}

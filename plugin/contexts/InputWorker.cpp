@@ -1,0 +1,53 @@
+#include "contexts/InputWorker.h"
+
+#include "settings/PenState.h"
+
+#include <QThread>
+
+#include <limits>
+
+namespace {
+
+const int kPeriod = 8;  // milliseconds
+const QPoint kNowhere(std::numeric_limits<int>::max(), std::numeric_limits<int>::max());
+
+}  // namespace
+
+InputWorker::InputWorker(const SamplingOptions& options, const PointerSource& pointer, std::shared_ptr<SampleGate> gate)
+    : m_options(options), m_pointer(pointer), m_gate(std::move(gate)), m_lastPosition(kNowhere), m_timer(this)
+{
+    m_timer.setInterval(kPeriod);
+    m_timer.setTimerType(Qt::PreciseTimer);
+    connect(&m_timer, SIGNAL(timeout()), this, SLOT(Poll()));
+}
+
+void InputWorker::Run()
+{
+    Poll();
+    m_timer.start();
+}
+
+void InputWorker::Shutdown()
+{
+    m_timer.stop();
+    QThread::currentThread()->exit(0);
+}
+
+void InputWorker::Poll()
+{
+    if (!m_options.view.isValid()) {
+        return;
+    }
+    const float opacity = m_options.tabletEnabled ? m_options.opacity * penState::pressure() : m_options.opacity;
+    const QPoint local = m_pointer() - m_options.view.topLeft();
+    const QPoint position(local.x() + 1, m_options.view.height() - local.y() + 1);
+    const std::lock_guard<std::mutex> lock(m_gate->mutex);
+    if (position == m_lastPosition || !m_gate->open) {
+        return;
+    }
+    if (m_lastPosition == kNowhere) {
+        emit MousePositionChanged(position - QPoint(1, 0), m_options.width, opacity, m_options.hardness);
+    }
+    m_lastPosition = position;
+    emit MousePositionChanged(position, m_options.width, opacity, m_options.hardness);
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "contexts/PointerSource.h"
+
+#include <QObject>
+#include <QPoint>
+#include <QTimer>
+
+#include <memory>
+#include <mutex>
+
+/// Through which a worker's samples pass. Once close() has returned, no more do.
+struct SampleGate {
+    void close()
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        open = false;
+    }
+
+    std::mutex mutex;
+    bool open = true;
+};
+
+/// Samples the pointer every 8 ms on a thread of its own, so that a stroke is as smooth while the host is busy.
+class InputWorker : public QObject {
+    Q_OBJECT
+
+public:
+    InputWorker(const SamplingOptions& options, const PointerSource& pointer, std::shared_ptr<SampleGate> gate);
+
+public slots:
+    /// Starts sampling; the thread's event loop waits between the polls, so that Shutdown ends a wait at once.
+    void Run();
+    /// Ends sampling and the thread's event loop.
+    void Shutdown();
+    /// Sends a sample when the pointer moved; two, one pixel apart, the first time, so that a click has a length.
+    void Poll();
+
+signals:
+    /// position: pixels of the view, lower left is (1, 1). width, opacity, hardness as in SamplingOptions.
+    void MousePositionChanged(const QPoint& position, int width, float opacity, float hardness);
+
+private:
+    const SamplingOptions m_options;
+    const PointerSource m_pointer;
+    const std::shared_ptr<SampleGate> m_gate;
+    QPoint m_lastPosition;
+    QTimer m_timer;
+};

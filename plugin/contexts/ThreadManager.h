@@ -1,0 +1,73 @@
+#pragma once
+
+#include "contexts/PointerSource.h"
+#include "contexts/StrokeSmoother.h"
+#include "contexts/TimerResolution.h"
+
+#include <maya/MObjectHandle.h>
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+#include <memory>
+
+class BaseNode;
+class InputWorker;
+class LayerManager;
+class QThread;
+class QWidget;
+struct SampleGate;
+
+/// Fills the stroke that is being drawn with what the pointer does. Lives on the main thread; the sampling itself is
+/// done by a worker on a thread of its own, both made anew for every stroke.
+class ThreadManager : public QObject {
+    Q_OBJECT
+
+public:
+    /// The one the tools use; made on first use.
+    static ThreadManager& instance();
+    /// Ends it with the module: waits for every thread that still runs code of ours.
+    static void destroy();
+
+    /// pointer: where the samples come from; the real pointer unless a test gives another.
+    explicit ThreadManager(const PointerSource& pointer = PointerSource());
+    ~ThreadManager() override;
+
+    bool isRunning() const { return m_running; }
+    /// Samples into the stroke that the camera has open on the node, with the tool it was begun for, until stop().
+    /// Does nothing without a view, a node or a stroke.
+    void start(QWidget* view, BaseNode* node, const QString& camera);
+    /// Takes what has been sampled by now; at least once, so that the shortest click leaves its mark.
+    void stop();
+
+signals:
+    void RunInputWorker();
+    void ShutdownInputWorker();
+
+public slots:
+    void OnMousePositionChanged(const QPoint& position, int width, float opacity, float hardness);
+
+private:
+    struct Target {
+        BaseNode* node;
+        std::shared_ptr<LayerManager> manager;
+        ActiveStroke* stroke;  // null when the stroke, or the whole drawing, is gone
+    };
+    Target findTarget() const;
+    bool addFreehandPoint(ActiveStroke& stroke, StrokePoint point);
+    void connectSamples(InputWorker& worker);
+    void endThread();
+
+    const PointerSource m_pointer;
+    TimerResolution m_timerResolution;
+    QThread* m_thread = nullptr;
+    std::shared_ptr<SampleGate> m_gate;
+    QList<QPointer<QThread>> m_detached;  // did not end in time; they still run code of ours
+    bool m_running = false;
+    MObjectHandle m_node;
+    QString m_camera;
+    SamplingOptions m_options;
+    StrokeSmoother m_smoother;
+};

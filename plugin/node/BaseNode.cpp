@@ -1,0 +1,417 @@
+#include "node/BaseNode.h"
+
+#include "model/BaseNodeLayerData.h"
+#include "model/FrameNumber.h"
+#include "model/LayerManager.h"
+#include "node/CameraMetrics.h"
+#include "node/NodeRegistry.h"
+#include "node/TimelineMarks.h"
+#include "settings/Messages.h"
+#include "settings/Names.h"
+#include "settings/Preferences.h"
+#include "settings/ScriptBridge.h"
+
+#include <QWidget>
+
+#include <maya/MFileIO.h>
+#include <maya/MFn.h>
+#include <maya/MFnDependencyNode.h>
+#include <maya/MFnNumericAttribute.h>
+#include <maya/MFnNumericData.h>
+#include <maya/MFnPluginData.h>
+#include <maya/MFnTypedAttribute.h>
+#include <maya/MPlug.h>
+#include <maya/MViewport2Renderer.h>
+
+MObject BaseNode::s_layerData;
+MObject BaseNode::s_opacity;
+
+namespace {
+
+/// The node is placed by the views alone: nothing of the locator can be moved or keyed.
+const char* const kHiddenPlugs[] = {"localPositionX", "localPositionY", "localPositionZ",
+                                    "localScaleX",    "localScaleY",    "localScaleZ"};
+
+bool isLoadingFile()
+{
+    return MFileIO::isOpeningFile() || MFileIO::isImportingFile() || MFileIO::isReferencingFile();
+}
+
+}  // namespace
+
+// Host overrides ------------------------------------------------------------------------------------------------------
+
+void* BaseNode::creator()
+{
+    return new BaseNode;
+}
+
+MStatus BaseNode::initialize()
+{
+    MFnTypedAttribute layerData;
+    s_layerData = layerData.create("layerData", "ld", MTypeId(names::kLayerDataTypeId));
+    layerData.setReadable(true);
+    layerData.setWritable(true);
+    layerData.setStorable(true);
+    layerData.setConnectable(false);
+    layerData.setHidden(true);
+    addAttribute(s_layerData);
+
+    MFnNumericAttribute opacity;
+    s_opacity = opacity.create("opacity", "op", MFnNumericData::kFloat, 1.0);
+    opacity.setKeyable(true);
+    opacity.setStorable(true);
+    opacity.setReadable(true);
+    opacity.setWritable(true);
+    opacity.setHidden(false);
+    opacity.setMin(0.0);
+    opacity.setMax(1.0);
+    addAttribute(s_opacity);
+    return MStatus::kSuccess;
+}
+
+BaseNode::~BaseNode()
+{
+    NodeRegistry::remove(this);
+}
+
+void BaseNode::postConstructor()
+{
+    NodeRegistry::add(this);
+    // What a file brings along reads its drawing, and whether it is the master one, from that file.
+    if (!isLoadingFile()) {
+        setUpDrawing();
+    }
+    const MFnDependencyNode self(thisMObject());
+    for (const char* name : kHiddenPlugs) {
+        MPlug plug = self.findPlug(name, false);
+        if (!plug.isNull()) {
+            plug.setKeyable(false);
+            plug.setLocked(true);
+            plug.setChannelBox(false);
+        }
+    }
+    MPlug templated = self.findPlug("template", false);
+    if (!templated.isNull()) {
+        templated.setBool(true);  // keeps the drawing out of selection in the views
+    }
+}
+
+void BaseNode::setUpDrawing()
+{
+    if (!initializeLayerManager()) {
+        return;
+    }
+    if (const std::shared_ptr<LayerManager> manager = layerManager()) {
+        manager->setMaster(masterNode() == nullptr);
+    }
+}
+
+bool BaseNode::isBounded() const
+{
+    return false;
+}
+
+MBoundingBox BaseNode::boundingBox() const
+{
+    return MBoundingBox(MPoint(), MPoint());
+}
+
+bool BaseNode::isTransparent() const
+{
+    return true;
+}
+
+bool BaseNode::drawLast() const
+{
+    return true;
+}
+
+bool BaseNode::excludeAsLocator() const
+{
+    return false;
+}
+
+// Finding nodes -------------------------------------------------------------------------------------------------------
+
+std::vector<BaseNode*> BaseNode::allNodes()
+{
+    return NodeRegistry::nodesInScene();
+}
+
+BaseNode* BaseNode::masterNode()
+{
+    std::vector<BaseNode*> masters;
+    for (BaseNode* node : allNodes()) {
+        if (node->isMaster()) {
+            masters.push_back(node);
+        }
+    }
+    return NodeRegistry::firstInHierarchy(masters);
+}
+
+BaseNode* BaseNode::fromObject(const MObject& object)
+{
+    if (object.isNull()) {
+        return nullptr;
+    }
+    const MFnDependencyNode node(object);
+    if (node.typeId() != MTypeId(names::kNodeTypeId)) {
+        return nullptr;
+    }
+    return dynamic_cast<BaseNode*>(node.userNode());
+}
+
+BaseNode* BaseNode::fromHandle(const MObjectHandle& handle)
+{
+    return handle.isValid() ? fromObject(handle.object()) : nullptr;
+}
+
+// The drawing ---------------------------------------------------------------------------------------------------------
+
+std::shared_ptr<LayerManager> BaseNode::findLayerManager(const char** failure) const
+{
+    MPlug plug(thisMObject(), s_layerData);
+    if (plug.isNull()) {
+        *failure = "Failed to get layer data plug";
+        return nullptr;
+    }
+    MStatus status;
+    const MObject value = plug.asMObject(&status);
+    if (!status || value.isNull()) {
+        *failure = "Failed to get layer data plug as object";
+        return nullptr;
+    }
+    MFnPluginData wrapper(value);
+    const auto* data = dynamic_cast<const BaseNodeLayerData*>(wrapper.data());
+    return data ? data->layerManager() : nullptr;
+}
+
+std::shared_ptr<LayerManager> BaseNode::layerManager() const
+{
+    const char* failure = nullptr;
+    const std::shared_ptr<LayerManager> manager = findLayerManager(&failure);
+    if (failure) {
+        messages::error(failure);
+    }
+    return manager;
+}
+
+bool BaseNode::initializeLayerManager()
+{
+    MPlug plug(thisMObject(), s_layerData);
+    bool stored = false;
+    if (plug.isNull()) {
+        messages::error("Failed to get layer data plug");
+    } else {
+        // The plug adopts the data object.
+        auto* data = static_cast<BaseNodeLayerData*>(BaseNodeLayerData::creator());
+        data->setLayerManager(std::make_shared<LayerManager>());
+        stored = plug.setMPxData(data);
+        if (!stored) {
+            messages::error("Failed to set layer data");
+        }
+    }
+    if (!stored) {
+        messages::error("Failed to initialize layer manager");
+    }
+    return stored;
+}
+
+bool BaseNode::isMaster() const
+{
+    const char* unreported = nullptr;  // asked of nodes that are still being read from a file
+    const std::shared_ptr<LayerManager> manager = findLayerManager(&unreported);
+    return manager && manager->isMaster();
+}
+
+float BaseNode::opacity() const
+{
+    return MPlug(thisMObject(), s_opacity).asFloat();
+}
+
+const QImage* BaseNode::compositeImage(const QString& camera)
+{
+    const char* unreported = nullptr;  // asked at every refresh
+    const std::shared_ptr<LayerManager> manager = findLayerManager(&unreported);
+    return manager ? manager->composite(camera) : nullptr;
+}
+
+void BaseNode::changeTime(int frameNumber)
+{
+    TimelineMarks* marks = TimelineMarks::installed();
+    const bool marksChanged = marks && marks->update();
+    if (marksChanged) {
+        marks->refresh();
+    }
+    setCurrentFrame(frameNumber, marksChanged);
+}
+
+void BaseNode::setCurrentFrame(int frameNumber, bool overlayChanged)
+{
+    m_frameNumber = frameNumber;
+    const char* unreported = nullptr;
+    if (const std::shared_ptr<LayerManager> manager = findLayerManager(&unreported)) {
+        manager->updateCurrentFrames(frameNumber, overlayChanged);
+    }
+}
+
+// Drawing target ------------------------------------------------------------------------------------------------------
+
+bool BaseNode::drawingTarget(const QString& camera, int& newLayerIndex, bool& frameCreated)
+{
+    newLayerIndex = -1;
+    frameCreated = false;
+    const std::shared_ptr<LayerManager> manager = camera.isEmpty() ? nullptr : layerManager();
+    if (!manager) {
+        return false;
+    }
+    if (manager->layerCount(camera) == 0) {
+        const Preferences& preferences = Preferences::instance();
+        if (!preferences.automaticallyAddFirstLayer()) {
+            messages::error("A layer does not exist for the current camera");
+            return false;
+        }
+        if (preferences.alwaysDisplayNewLayerDialog()) {
+            script::openNewLayerDialogDeferred();
+            return false;
+        }
+        newLayerIndex = manager->insertLayer(camera, -1, QString());
+        if (newLayerIndex < 0) {
+            return false;
+        }
+    }
+    if (!prepareFrame(*manager, camera, frameCreated)) {
+        withdrawDrawingTarget(camera, newLayerIndex, frameCreated);
+        newLayerIndex = -1;
+        frameCreated = false;
+        return false;
+    }
+    return true;
+}
+
+bool BaseNode::prepareFrame(LayerManager& manager, const QString& camera, bool& frameCreated) const
+{
+    Layer* layer = manager.activeLayer(camera);
+    if (!layer) {
+        messages::error("An active layer does not exist.");
+        return false;
+    }
+    if (!layer->isVisible()) {
+        messages::error("Active layer is not visible.");
+        return false;
+    }
+    if (layer->state() == kLayerLocked) {
+        messages::error("Active layer is locked.");
+        return false;
+    }
+    if (layer->hasFrameAtCurrentTime()) {
+        return true;
+    }
+    if (layer->state() == kLayerStatic) {
+        const Preferences& preferences = Preferences::instance();
+        const int frameNumber = preferences.defaultStaticFrameTime();
+        if (!preferences.insertDefaultStaticFrame() || frameNumber > ::currentFrameNumber()) {
+            messages::error("Static layer: A frame is required at or before the current time.");
+            return false;
+        }
+        frameCreated = layer->addFrame(timeOfFrame(frameNumber)) >= 0;
+    } else {
+        frameCreated = layer->addFrameAtCurrentTime() >= 0;
+    }
+    if (frameCreated) {
+        TimelineMarks::refreshInstalled();
+    }
+    return frameCreated;
+}
+
+void BaseNode::withdrawDrawingTarget(const QString& camera, int newLayerIndex, bool frameCreated)
+{
+    const std::shared_ptr<LayerManager> manager = layerManager();
+    if (!manager) {
+        return;
+    }
+    if (newLayerIndex >= 0) {
+        manager->takeLayer(camera, newLayerIndex);
+    } else if (Layer* layer = frameCreated ? manager->activeLayer(camera) : nullptr) {
+        if (const Frame* frame = layer->currentFrame()) {
+            layer->takeFrame(MTime(frame->time()));
+            layer->updateCurrentFrame(::currentFrameNumber());
+        }
+    }
+    if (frameCreated) {
+        TimelineMarks::refreshInstalled();
+    }
+}
+
+// Where it is shown ---------------------------------------------------------------------------------------------------
+
+void BaseNode::updateViewportMetrics(const MDagPath& cameraPath, int width, int height)
+{
+    m_metrics = cameraMetrics(cameraPath, width, height);
+    setCurrentFrame(::currentFrameNumber(), false);
+}
+
+void BaseNode::updatePanOffset(const MDagPath& cameraPath, const MHWRender::MFrameContext& frameContext)
+{
+    if (!m_metrics.isPanZoomed) {
+        return;
+    }
+    MPoint target;
+    frameContext.worldToViewport(panTarget(cameraPath), target.x, target.y);
+    panTo(m_metrics, target);
+}
+
+bool BaseNode::prepareToolView(M3dView& view)
+{
+    MDagPath camera;
+    if (!view.getCamera(camera)) {
+        return false;
+    }
+    const int width = view.portWidth();
+    const int height = view.portHeight();
+    updateViewportMetrics(camera, width, height);
+    if (m_metrics.isPanZoomed) {
+        MMatrix toCamera;
+        MMatrix toClip;
+        view.modelViewMatrix(toCamera);
+        view.projectionMatrix(toClip);
+        MPoint target = panTarget(camera) * toCamera * toClip;
+        target.cartesianize();
+        panTo(m_metrics, MPoint((target.x + 1.0) * 0.5 * width, (target.y + 1.0) * 0.5 * height));
+    }
+    m_toolMetrics = m_metrics;
+    const QWidget* widget = view.widget();
+    m_toolPixelRatio = widget && widget->width() > 0 ? double(width) / widget->width() : 1.0;
+    return true;
+}
+
+QPoint BaseNode::viewToCanvas(const QPoint& point) const
+{
+    return canvasPixelAt(m_toolMetrics, point.x() * m_toolPixelRatio, point.y() * m_toolPixelRatio);
+}
+
+void BaseNode::requestRedraw()
+{
+    MHWRender::MRenderer::setGeometryDrawDirty(thisMObject());
+}
+
+void BaseNode::redrawActiveView()
+{
+    requestRedraw();
+    MStatus status;
+    M3dView view = M3dView::active3dView(&status);
+    if (status) {
+        view.refresh(false, true);
+    }
+}
+
+void BaseNode::scheduleRedraw()
+{
+    requestRedraw();
+    MStatus status;
+    M3dView view = M3dView::active3dView(&status);
+    if (status) {
+        view.scheduleRefresh();
+    }
+}

@@ -1,0 +1,111 @@
+#pragma once
+
+#include "node/ViewportMetrics.h"
+
+#include <maya/M3dView.h>
+#include <maya/MBoundingBox.h>
+#include <maya/MDagPath.h>
+#include <maya/MFrameContext.h>
+#include <maya/MObject.h>
+#include <maya/MObjectHandle.h>
+#include <maya/MPxLocatorNode.h>
+#include <maya/MStatus.h>
+#include <maya/MString.h>
+
+#include <QPoint>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+class LayerManager;
+class QImage;
+
+/// The scene's drawing: a locator whose layerData attribute carries every camera's layers and frames.
+class BaseNode : public MPxLocatorNode {
+public:
+    static void* creator();
+    static MStatus initialize();
+
+    ~BaseNode() override;
+
+    void postConstructor() override;
+    bool isBounded() const override;
+    MBoundingBox boundingBox() const override;
+    bool isTransparent() const override;
+    bool drawLast() const override;
+    bool excludeAsLocator() const override;
+
+    // Finding nodes -------------------------------------------------------------------------------------------------
+
+    /// Every drawing node of the scene; loans until the scene changes.
+    static std::vector<BaseNode*> allNodes();
+    /// The scene's primary drawing node, null when there is none.
+    static BaseNode* masterNode();
+    /// The drawing node an object is; null for any other object.
+    static BaseNode* fromObject(const MObject& object);
+    /// The same for an object that may have left the scene since; null then.
+    static BaseNode* fromHandle(const MObjectHandle& handle);
+
+    // The drawing ---------------------------------------------------------------------------------------------------
+
+    /// Empty, and reported, when the attribute holds no drawing.
+    std::shared_ptr<LayerManager> layerManager() const;
+    /// Gives the node a new empty drawing; false, and reported, when it could not be stored.
+    bool initializeLayerManager();
+    bool isMaster() const;
+    float opacity() const;  ///< 0..1
+
+    /// The picture a camera's view shows now; the manager's own, valid until the drawing changes. Null for none.
+    const QImage* compositeImage(const QString& camera);
+    /// The scene's time changed to this frame number: tells the marks of the time slider and the drawing.
+    void changeTime(int frameNumber);
+    /// The same for the drawing alone. overlayChanged: the marks on the slider changed with it, so that the layer
+    /// being edited keeps its frame.
+    void setCurrentFrame(int frameNumber, bool overlayChanged);
+    int currentFrameNumber() const { return m_frameNumber; }
+
+    /// Sees to it that a stroke at the current time has a layer and a frame to go into, as the preferences allow.
+    /// newLayerIndex: of the layer made for it, else -1. frameCreated: a frame was made for it. False when there is
+    /// nothing to draw on (reported, but for an empty camera or a question put to the user); nothing is left behind
+    /// then.
+    bool drawingTarget(const QString& camera, int& newLayerIndex, bool& frameCreated);
+    /// Takes back what drawingTarget made for a stroke that came to nothing.
+    void withdrawDrawingTarget(const QString& camera, int newLayerIndex, bool frameCreated);
+
+    // Where it is shown ---------------------------------------------------------------------------------------------
+
+    /// Works out where a view of this camera and size (pixels) shows the canvas, and shows the current frames.
+    void updateViewportMetrics(const MDagPath& cameraPath, int width, int height);
+    /// Follows the camera's 2D pan; runs right after updateViewportMetrics.
+    void updatePanOffset(const MDagPath& cameraPath, const MHWRender::MFrameContext& frameContext);
+    /// As the last two left them; those of another view after that view was drawn.
+    const ViewportMetrics& metrics() const { return m_metrics; }
+    MPoint drawCentre() const { return m_metrics.centre; }
+    double drawHalfSize() const { return m_metrics.halfSize; }
+
+    /// From now on viewToCanvas maps points of this view; drawing other views does not change that.
+    bool prepareToolView(M3dView& view);
+    /// Canvas pixel under a point of the tool's view (its widget's pixels, but y pointing up).
+    QPoint viewToCanvas(const QPoint& point) const;
+
+    /// Has the views draw the node anew at their next refresh.
+    void requestRedraw();
+    /// The same, and draws the active view now.
+    void redrawActiveView();
+    /// The same, and draws the active view when the host is next idle.
+    void scheduleRedraw();
+
+private:
+    std::shared_ptr<LayerManager> findLayerManager(const char** failure) const;
+    void setUpDrawing();
+    bool prepareFrame(LayerManager& manager, const QString& camera, bool& frameCreated) const;
+
+    static MObject s_layerData;
+    static MObject s_opacity;
+
+    ViewportMetrics m_metrics;
+    ViewportMetrics m_toolMetrics;
+    double m_toolPixelRatio = 1.0;  ///< port pixels for each pixel of the tool view's widget
+    int m_frameNumber = 0;
+};

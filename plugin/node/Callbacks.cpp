@@ -1,0 +1,112 @@
+#include "node/Callbacks.h"
+
+#include "model/FrameNumber.h"
+#include "model/LayerListView.h"
+#include "model/LayerManager.h"
+#include "node/BaseNode.h"
+#include "node/TimelineMarks.h"
+#include "settings/Preferences.h"
+
+#include <maya/MCallbackIdArray.h>
+#include <maya/MEventMessage.h>
+#include <maya/MMessage.h>
+
+namespace {
+
+MCallbackIdArray& installedIds()
+{
+    static MCallbackIdArray ids;
+    return ids;
+}
+
+void refreshLayerList()
+{
+    if (LayerListView* list = LayerManager::layerListView()) {
+        list->refresh();
+    }
+}
+
+void publishDrawing()
+{
+    BaseNode* node = BaseNode::masterNode();
+    const std::shared_ptr<LayerManager> manager = node ? node->layerManager() : nullptr;
+    if (manager) {
+        manager->publish();
+    } else {
+        refreshLayerList();
+    }
+}
+
+void selectionChanged(void*)
+{
+    TimelineMarks::refreshInstalled();
+    if (!BaseNode::masterNode()) {
+        refreshLayerList();
+    }
+}
+
+void timeChanged(void*)
+{
+    const int frameNumber = currentFrameNumber();
+    for (BaseNode* node : BaseNode::allNodes()) {
+        node->changeTime(frameNumber);
+    }
+}
+
+void timeUnitChanged(void*)
+{
+    TimelineMarks::refreshInstalled();
+}
+
+void undoneOrRedone(void*)
+{
+    TimelineMarks::refreshInstalled();
+    publishDrawing();
+}
+
+void sceneOpened(void*)
+{
+    timeChanged(nullptr);
+    TimelineMarks::refreshInstalled();
+    publishDrawing();
+}
+
+void quitApplication(void*)
+{
+    Preferences::instance().save();
+}
+
+const struct {
+    const char* event;
+    MMessage::MBasicFunction answer;
+} kCallbacks[] = {
+    {"SelectionChanged", selectionChanged},
+    {"timeChanged", timeChanged},
+    {"timeUnitChanged", timeUnitChanged},
+    {"SceneOpened", sceneOpened},
+    {"quitApplication", quitApplication},
+    {"Undo", undoneOrRedone},
+    {"Redo", undoneOrRedone},
+};
+
+}  // namespace
+
+MStatus callbacks::install()
+{
+    for (const auto& callback : kCallbacks) {
+        MStatus status;
+        const MCallbackId id = MEventMessage::addEventCallback(callback.event, callback.answer, nullptr, &status);
+        if (!status) {
+            return status;
+        }
+        installedIds().append(id);
+    }
+    return MStatus::kSuccess;
+}
+
+MStatus callbacks::remove()
+{
+    const MStatus status = MMessage::removeCallbacks(installedIds());
+    installedIds().clear();
+    return status;
+}

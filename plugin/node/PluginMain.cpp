@@ -1,0 +1,202 @@
+// The module's entry: the one place that knows every other and wires them together.
+
+#include "commands/NodeCommand.h"
+#include "commands/StrokeCommand.h"
+#include "contexts/DrawContextCommand.h"
+#include "contexts/ThreadManager.h"
+#include "model/BaseNodeLayerData.h"
+#include "model/LayerManager.h"
+#include "node/BaseNode.h"
+#include "node/BaseNodeDrawOverride.h"
+#include "node/Callbacks.h"
+#include "node/HostViews.h"
+#include "settings/Messages.h"
+#include "settings/Names.h"
+#include "settings/Preferences.h"
+#include "settings/ScriptBridge.h"
+#include "settings/Text.h"
+
+#include <maya/MDrawRegistry.h>
+#include <maya/MFnPlugin.h>
+
+#include <functional>
+#include <vector>
+
+namespace {
+
+const char kVendor[] = "Lumisketch";
+const char kVersion[] = "2.5.4";
+
+int s_playbackJob = -1;
+
+/// A step of loading and the step of unloading that takes it back; either may do nothing.
+struct Registration {
+    std::function<MStatus(MFnPlugin&)> enter;
+    std::function<MStatus(MFnPlugin&)> leave;
+    QString enterFailure;
+    QString leaveFailure;
+    bool givesReason;  ///< the host's reason follows the message
+};
+
+Registration command(const char* name, MCreatorFunction creator, MCreateSyntaxFunction syntax)
+{
+    return {[=](MFnPlugin& plugin) { return plugin.registerCommand(name, creator, syntax); },
+            [=](MFnPlugin& plugin) { return plugin.deregisterCommand(name); },
+            QString("Failed to register '%1' command: ").arg(name),
+            QString("Failed to deregister '%1' command: ").arg(name), true};
+}
+
+Registration contextCommand(const char* name, MCreatorFunction creator)
+{
+    return {[=](MFnPlugin& plugin) { return plugin.registerContextCommand(name, creator); },
+            [=](MFnPlugin& plugin) { return plugin.deregisterContextCommand(name); },
+            QString("Failed to register '%1' contextCommand: ").arg(name),
+            QString("Failed to deregister '%1' contextCommand: ").arg(name), true};
+}
+
+Registration layerData()
+{
+    return {[](MFnPlugin& plugin) {
+                return plugin.registerData(names::kLayerDataType, names::kLayerDataTypeId, BaseNodeLayerData::creator,
+                                           MPxData::kData);
+            },
+            [](MFnPlugin& plugin) { return plugin.deregisterData(names::kLayerDataTypeId); },
+            QString("Could not register '%1").arg(names::kLayerDataType),  // the quote stays open, as it always has
+            QString("Could not deregister %1").arg(names::kLayerDataType), false};
+}
+
+Registration baseNode()
+{
+    return {[](MFnPlugin& plugin) {
+                const MString classification(names::kDrawClassification);
+                return plugin.registerNode(names::kNodeType, names::kNodeTypeId, BaseNode::creator,
+                                           BaseNode::initialize, MPxNode::kLocatorNode, &classification);
+            },
+            [](MFnPlugin& plugin) { return plugin.deregisterNode(names::kNodeTypeId); }, "Failed to register base node",
+            "Failed to deregister base node", false};
+}
+
+Registration drawOverride()
+{
+    return {[](MFnPlugin&) {
+                return MHWRender::MDrawRegistry::registerDrawOverrideCreator(
+                    names::kDrawClassification, names::kDrawRegistrant, BaseNodeDrawOverride::creator);
+            },
+            [](MFnPlugin&) {
+                return MHWRender::MDrawRegistry::deregisterDrawOverrideCreator(names::kDrawClassification,
+                                                                               names::kDrawRegistrant);
+            },
+            "Failed to register draw node override", "Failed to deregister base node draw override", false};
+}
+
+Registration whenLeaving(void (*step)())
+{
+    return {[](MFnPlugin&) { return MStatus(); },
+            [=](MFnPlugin&) {
+                step();
+                return MStatus();
+            },
+            QString(), QString(), false};
+}
+
+void savePreferences()
+{
+    Preferences::instance().save();
+}
+
+/// In the order of loading; unloading goes the other way.
+std::vector<Registration> registrations()
+{
+    return {
+        whenLeaving(ThreadManager::destroy),
+        command(names::kNodeCommand, NodeCommand::creator, NodeCommand::newSyntax),
+        command(names::kStrokeCommand, StrokeCommand::creator, StrokeCommand::newSyntax),
+        contextCommand(names::kDrawContextCommand, DrawContextCommand::creator),
+        layerData(),
+        whenLeaving(savePreferences),
+        baseNode(),
+        drawOverride(),
+    };
+}
+
+MStatus report(const Registration& step, const QString& failure, const MStatus& status)
+{
+    messages::bareError(step.givesReason ? failure + toQString(status.errorString()) : failure);
+    return status;
+}
+
+MStatus enterAll(MFnPlugin& plugin)
+{
+    for (const Registration& step : registrations()) {
+        const MStatus status = step.enter(plugin);
+        if (!status) {
+            return report(step, step.enterFailure, status);
+        }
+    }
+    return MStatus::kSuccess;
+}
+
+MStatus leaveAll(MFnPlugin& plugin)
+{
+    const std::vector<Registration> steps = registrations();
+    for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
+        const MStatus status = step->leave(plugin);
+        if (!status) {
+            return report(*step, step->leaveFailure, status);
+        }
+    }
+    return MStatus::kSuccess;
+}
+
+HostViews& hostViews()
+{
+    static HostViews views;
+    return views;
+}
+
+}  // namespace
+
+MStatus initializePlugin(MObject object)
+{
+    MStatus status;
+    MFnPlugin plugin(object, kVendor, kVersion, "Any", &status);
+    if (!status) {
+        messages::bareError("Failed to initialize plugin: " + toQString(status.errorString()));
+        return status;
+    }
+    Preferences::instance() = Preferences();  // the host may have kept the module in memory since it was last unloaded
+    Preferences::instance().load();
+    LayerManager::setDrawingViews(&hostViews());
+    status = enterAll(plugin);
+    if (!status) {
+        return status;
+    }
+    status = callbacks::install();
+    if (!status) {
+        return status;
+    }
+    s_playbackJob = script::startPlaybackJob();
+    return status;
+}
+
+MStatus uninitializePlugin(MObject object)
+{
+    if (s_playbackJob >= 0 && !script::stopPlaybackJob(s_playbackJob)) {
+        messages::bareError("Failed to remove scriptJobs");
+        return MStatus::kFailure;
+    }
+    s_playbackJob = -1;
+    MStatus status = callbacks::remove();
+    if (!status) {
+        messages::bareError("Failed to remove callbacks");
+        return status;
+    }
+    MFnPlugin plugin(object, kVendor, kVersion, "Any", &status);
+    if (!status) {
+        messages::bareError("Failed to uninitialize plugin: " + toQString(status.errorString()));
+        return status;
+    }
+    status = leaveAll(plugin);
+    LayerManager::setDrawingViews(nullptr);
+    return status;
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <maya/MPoint.h>
+#include <maya/MVector.h>
+
+#include <QPoint>
+
+/// What decides how large a camera's view shows the canvas.
+struct CameraFilm {
+    int filmFit;  ///< MFnCamera::FilmFit; values without a rule of their own count as horizontal
+    bool isOrtho;
+    double overscan;          ///< 1 = none
+    double filmAspect;        ///< width / height of the film back
+    double resolutionAspect;  ///< width / height of the rendered picture
+};
+
+/// Where a view shows the canvas. All lengths are view pixels, origin lower left, y up.
+struct ViewportMetrics {
+    int width = 0;
+    int height = 0;
+    int canvasSize = 0;   ///< side of the canvas before 2D zoom
+    float halfSize = 0;   ///< half of drawnSize
+    float drawnSize = 0;  ///< side of the canvas as drawn
+    MPoint centre;        ///< of the canvas; z 0, w 1
+    MVector panOffset;    ///< from the canvas's centre to the view's; zero without 2D pan
+    bool isPanZoomed = false;
+};
+
+/// Side of the canvas in a view of this size, whole pixels (cut, not rounded). 0 for an empty view.
+int canvasSizeInView(const CameraFilm& film, int width, int height);
+
+/// Metrics of an unpanned view. zoom: the camera's 2D zoom, null when its pan and zoom do not count;
+/// 0 and below count as 0.001.
+ViewportMetrics viewportMetrics(const CameraFilm& film, int width, int height, const double* zoom);
+
+/// Moves the canvas's centre to `target`, the view position of the point the 2D pan looks at.
+void panTo(ViewportMetrics& metrics, const MPoint& target);
+
+/// Canvas pixel under a point of the view; may lie outside 0..1023. The canvas's y points down. Halves round up,
+/// below zero too. The origin when the view shows no canvas.
+QPoint canvasPixelAt(const ViewportMetrics& metrics, double x, double y);
