@@ -9,25 +9,22 @@
 #include <vector>
 
 /// One camera's layers, bottom first, with the picture composed of them.
-class CameraDrawing {
-public:
+struct CameraDrawing {
     CameraDrawing();
-
-    using Layers = std::vector<std::unique_ptr<Layer>>;
 
     int layerCount() const { return static_cast<int>(layers.size()); }
     bool isValid(int index) const { return index >= 0 && index < layerCount(); }
     Layer* layer(int index) const { return isValid(index) ? layers[static_cast<size_t>(index)].get() : nullptr; }
     int activeIndex() const;             ///< the first layer marked active; -1 when none
     int indexOf(quint64 layerId) const;  ///< -1 when the layer is not here
-    void setActive(int index);
-    bool isDirty() const;
+    bool isDirty() const;                ///< some layer is
 
+    void setActive(int index);                            ///< outside the list no layer is active afterwards
     int insert(int index, std::unique_ptr<Layer> layer);  ///< outside the list it appends; gives the index used
     std::unique_ptr<Layer> take(int index);               ///< index is valid
     void move(int from, int to);                          ///< both are valid
 
-    Layers layers;
+    std::vector<std::unique_ptr<Layer>> layers;
     QImage image;  ///< canvas
     GhostImages ghosts;
     bool redraw = false;  ///< compose anew although no layer is dirty

@@ -30,6 +30,7 @@ public:
 
     /// The one panel and the views of the process; null means nobody listens. The caller keeps them.
     static void setLayerListView(LayerListView* view);
+    static LayerListView* layerListView() { return s_listView; }
     static void setDrawingViews(DrawingViews* views);
 
     /// Only the drawing of the scene's primary node publishes its layers.
@@ -121,16 +122,15 @@ public:
     const QImage* composite(const QString& camera);
 
 private:
-    CameraDrawing* drawing(const QString& camera);
+    CameraDrawing* drawing(const QString& camera);  // null without layers
     const CameraDrawing* drawing(const QString& camera) const;
-    void prepareCamera(const QString& camera);
+    void prepareCamera(const QString& camera, CameraDrawing& drawing);
     void dropCamera(const QString& camera);
-    Frame* frameOf(const FrameAddress& address) const;
-    void paintGhosts(QPainter& painter, CameraDrawing& drawing, bool strokeHasPoints);
-    void paintLayers(QPainter& painter, const QString& camera, CameraDrawing& drawing);
-
-    static LayerListView* s_listView;
-    static DrawingViews* s_views;
+    static QImage strokeStart(Layer& layer, ToolType tool, bool blank);
+    Layer* strokeLayer() const;  // null without a stroke and when the layer is gone
+    Frame* strokeTargetFrame() const;
+    void paintGhosts(QPainter& painter, const QString& camera, CameraDrawing& drawing);
+    void paintLayers(QPainter& painter, const QString& camera, const CameraDrawing& drawing);
 
     std::map<QString, CameraDrawing> m_cameras;
     QString m_currentCamera;

@@ -1,0 +1,180 @@
+#include "model/Layer.h"
+
+#include "model/FrameNumber.h"
+
+#include <maya/MAnimControl.h>
+
+#include <algorithm>
+
+namespace {
+
+quint64 nextId()
+{
+    static quint64 s_last = 0;
+    return ++s_last;
+}
+
+}  // namespace
+
+Layer::Layer() : m_id(nextId()), m_name(QStringLiteral("New Layer")) {}
+
+void Layer::setVisible(bool visible)
+{
+    m_dirty = m_dirty || visible != m_visible;
+    m_visible = visible;
+}
+
+void Layer::setOpacity(float opacity)
+{
+    const float clamped = opacity > 0.0f ? std::min(opacity, 1.0f) : 0.0f;  // no number at all is nothing too
+    m_dirty = m_dirty || clamped != m_opacity;
+    m_opacity = clamped;
+}
+
+Frame* Layer::frameAt(int index) const
+{
+    return index >= 0 && index < frameCount() ? m_frames[static_cast<size_t>(index)].get() : nullptr;
+}
+
+Frame* Layer::frameNumbered(int frameNumber) const
+{
+    for (const auto& frame : m_frames) {
+        if (frame->frameNumber() == frameNumber) {
+            return frame.get();
+        }
+    }
+    return nullptr;
+}
+
+bool Layer::hasFrameAtCurrentTime() const
+{
+    return (m_state == kLayerStatic && m_current != -1) || hasFrame(currentFrameNumber());
+}
+
+int Layer::addFrame(const MTime& time)
+{
+    return insertFrame(std::unique_ptr<Frame>(new Frame(time)));
+}
+
+int Layer::addFrameAtCurrentTime()
+{
+    return addFrame(MAnimControl::currentTime());
+}
+
+int Layer::insertFrame(std::unique_ptr<Frame> frame)
+{
+    if (!frame || hasFrame(frame->frameNumber())) {
+        return -1;
+    }
+    const auto place = firstAfter(frame->frameNumber());
+    const int index = static_cast<int>(place - m_frames.begin());
+    m_frames.insert(place, std::move(frame));
+    updateCurrentFrame(currentFrameNumber());
+    return index;
+}
+
+std::unique_ptr<Frame> Layer::copyFrame(const MTime& time) const
+{
+    const Frame* frame = frameNumbered(frameNumberOf(time));
+    return frame ? std::unique_ptr<Frame>(new Frame(*frame)) : nullptr;
+}
+
+std::unique_ptr<Frame> Layer::takeFrame(const MTime& time)
+{
+    return takeNumbered(frameNumberOf(time));
+}
+
+std::unique_ptr<Frame> Layer::takeFrameAtCurrentTime()
+{
+    return takeNumbered(currentFrameNumber());
+}
+
+// The frame shown is then found for the taken frame's time and not the scene's: callers take frames at the time they
+// look at.
+std::unique_ptr<Frame> Layer::takeNumbered(int frameNumber)
+{
+    const auto place = std::find_if(m_frames.begin(), m_frames.end(), [frameNumber](const std::unique_ptr<Frame>& f) {
+        return f->frameNumber() == frameNumber;
+    });
+    if (place == m_frames.end()) {
+        return nullptr;
+    }
+    std::unique_ptr<Frame> frame = std::move(*place);
+    m_frames.erase(place);
+    updateCurrentFrame(frameNumber);
+    return frame;
+}
+
+void Layer::clearFrames()
+{
+    m_frames.clear();
+    m_current = -1;
+    m_dirty = true;
+}
+
+QList<int> Layer::frameNumbers() const
+{
+    QList<int> numbers;
+    for (const auto& frame : m_frames) {
+        numbers.append(frame->frameNumber());
+    }
+    return numbers;
+}
+
+Frame* Layer::nextFrame(bool wrap) const
+{
+    const auto next = firstAfter(currentFrameNumber());
+    if (next != m_frames.end()) {
+        return next->get();
+    }
+    return wrap ? frameAt(0) : nullptr;
+}
+
+Frame* Layer::previousFrame(bool wrap) const
+{
+    const int now = currentFrameNumber();
+    const auto previous = std::find_if(m_frames.rbegin(), m_frames.rend(),
+                                       [now](const std::unique_ptr<Frame>& f) { return f->frameNumber() < now; });
+    if (previous != m_frames.rend()) {
+        return previous->get();
+    }
+    return wrap ? frameAt(frameCount() - 1) : nullptr;
+}
+
+void Layer::retime(const QList<int>& numbers)
+{
+    const int count = std::min(numbers.size(), frameCount());
+    for (int i = 0; i < count; ++i) {
+        m_frames[static_cast<size_t>(i)]->setFrameNumber(numbers[i]);
+    }
+}
+
+void Layer::updateCurrentFrame(int frameNumber)
+{
+    const int index = static_cast<int>(firstAfter(frameNumber) - m_frames.begin()) - 1;
+    m_dirty = m_dirty || index != m_current;
+    m_current = index;
+}
+
+void Layer::setCurrentImage(const QImage& image)
+{
+    if (Frame* frame = currentFrame()) {
+        frame->setImage(image);
+        m_dirty = true;
+    }
+}
+
+const QImage& Layer::imageAtOffset(int offset)
+{
+    static const QImage kNoImage;
+    m_dirty = false;
+    Frame* frame = m_visible ? frameAt(m_current + offset) : nullptr;
+    return frame ? frame->image() : kNoImage;
+}
+
+// A walk, not a search by halves: retiming may leave numbers that are not in order.
+std::vector<std::unique_ptr<Frame>>::const_iterator Layer::firstAfter(int frameNumber) const
+{
+    return std::find_if(m_frames.begin(), m_frames.end(),
+                        [frameNumber](const std::unique_ptr<Frame>& f) { return f->frameNumber() > frameNumber; });
+}

@@ -1,0 +1,625 @@
+#include "model/LayerManager.h"
+
+#include "model/Canvas.h"
+#include "model/DrawingViews.h"
+#include "model/FrameNumber.h"
+#include "model/LayerListView.h"
+#include "model/LayerName.h"
+#include "model/ShapeRaster.h"
+#include "settings/Messages.h"
+#include "settings/Preferences.h"
+#include "settings/ScriptBridge.h"
+
+#include <maya/MAnimControl.h>
+
+#include <algorithm>
+
+namespace {
+
+LayerListView* s_listView = nullptr;
+DrawingViews* s_views = nullptr;
+
+void reportInvalidLayer(const QString& camera, int index)
+{
+    messages::error(QStringLiteral("Invalid layer: %1 (%2)").arg(camera, QString::number(index)));
+}
+
+void redrawDrawing()
+{
+    if (s_views) {
+        s_views->redrawDrawing();
+    }
+}
+
+}  // namespace
+
+LayerManager::LayerManager() = default;
+LayerManager::~LayerManager() = default;
+
+void LayerManager::setLayerListView(LayerListView* view)
+{
+    s_listView = view;
+}
+
+void LayerManager::setDrawingViews(DrawingViews* views)
+{
+    s_views = views;
+}
+
+void LayerManager::publish() const
+{
+    if (!m_master || !s_listView) {
+        return;
+    }
+    s_listView->clear();
+    for (const auto& entry : m_cameras) {
+        for (int i = 0; i < entry.second.layerCount(); ++i) {
+            const Layer& layer = *entry.second.layer(i);
+            s_listView->addRow(entry.first, i, layer.name(), layer.state(), layer.isVisible());
+        }
+    }
+    s_listView->select(m_currentCamera, activeLayerIndex(m_currentCamera));
+    s_listView->refresh();
+}
+
+// Cameras ------------------------------------------------------------------------------------------------------------
+
+CameraDrawing* LayerManager::drawing(const QString& camera)
+{
+    const auto found = m_cameras.find(camera);
+    return found == m_cameras.end() ? nullptr : &found->second;
+}
+
+const CameraDrawing* LayerManager::drawing(const QString& camera) const
+{
+    const auto found = m_cameras.find(camera);
+    return found == m_cameras.end() ? nullptr : &found->second;
+}
+
+QStringList LayerManager::cameras() const
+{
+    QStringList names;
+    for (const auto& entry : m_cameras) {
+        names.append(entry.first);
+    }
+    return names;
+}
+
+void LayerManager::setCurrentCamera(const QString& camera)
+{
+    if (camera != m_currentCamera) {
+        m_previousCamera = m_currentCamera;
+        m_currentCamera = camera;
+        publish();
+    }
+}
+
+void LayerManager::syncCurrentCamera()
+{
+    const QString camera = s_views ? s_views->activeCamera() : QString();
+    if (!camera.isEmpty()) {
+        setCurrentCamera(camera);
+    }
+}
+
+// Its first layer is in place.
+void LayerManager::prepareCamera(const QString& camera, CameraDrawing& drawing)
+{
+    if (totalLayerCount() == 1) {
+        setActiveLayer(camera, 0, true);
+    } else {
+        drawing.layer(0)->setActive(true);
+    }
+}
+
+void LayerManager::dropCamera(const QString& camera)
+{
+    m_cameras.erase(camera);
+    if (camera == m_currentCamera) {
+        setActiveLayer(camera, -1, false);
+    }
+}
+
+// Layers -------------------------------------------------------------------------------------------------------------
+
+int LayerManager::layerCount(const QString& camera) const
+{
+    const CameraDrawing* found = drawing(camera);
+    return found ? found->layerCount() : 0;
+}
+
+int LayerManager::totalLayerCount() const
+{
+    int count = 0;
+    for (const auto& entry : m_cameras) {
+        count += entry.second.layerCount();
+    }
+    return count;
+}
+
+bool LayerManager::isValidLayer(const QString& camera, int index) const
+{
+    return layer(camera, index) != nullptr;
+}
+
+Layer* LayerManager::layer(const QString& camera, int index) const
+{
+    const CameraDrawing* found = drawing(camera);
+    return found ? found->layer(index) : nullptr;
+}
+
+int LayerManager::activeLayerIndex(const QString& camera) const
+{
+    const CameraDrawing* found = drawing(camera);
+    return found ? found->activeIndex() : -1;
+}
+
+Layer* LayerManager::activeLayer(const QString& camera) const
+{
+    return layer(camera, activeLayerIndex(camera));
+}
+
+QString LayerManager::layerName(const QString& camera, int index) const
+{
+    const Layer* found = layer(camera, index);
+    return found ? found->name() : QString();
+}
+
+float LayerManager::layerOpacity(const QString& camera, int index) const
+{
+    const Layer* found = layer(camera, index);
+    return found ? found->opacity() : 0.0f;
+}
+
+int LayerManager::layerState(const QString& camera, int index) const
+{
+    const Layer* found = layer(camera, index);
+    return found ? found->state() : 0;
+}
+
+bool LayerManager::layerVisible(const QString& camera, int index) const
+{
+    const Layer* found = layer(camera, index);
+    return found && found->isVisible();
+}
+
+bool LayerManager::layerNameExists(const QString& name) const
+{
+    return std::any_of(m_cameras.begin(), m_cameras.end(), [&name](const std::pair<const QString, CameraDrawing>& c) {
+        return std::any_of(c.second.layers.begin(), c.second.layers.end(),
+                           [&name](const std::unique_ptr<Layer>& layer) { return layer->name() == name; });
+    });
+}
+
+// Numbered names are always built on "Layer", never on the name that was asked for: it is meant.
+QString LayerManager::uniqueLayerName(const QString& name) const
+{
+    QString candidate = recordableName(name);
+    if (candidate.isEmpty()) {
+        candidate = QStringLiteral("Layer");
+    }
+    for (int number = 1; layerNameExists(candidate); ++number) {
+        candidate = QStringLiteral("Layer %1").arg(number);
+    }
+    return candidate;
+}
+
+int LayerManager::insertLayer(const QString& camera, int index, const QString& name)
+{
+    std::unique_ptr<Layer> layer(new Layer);
+    layer->setName(uniqueLayerName(name));
+    layer->setState(Preferences::instance().defaultLayerState());
+    return insertLayer(camera, index, std::move(layer));
+}
+
+int LayerManager::insertLayer(const QString& camera, int index, std::unique_ptr<Layer> layer)
+{
+    if (!layer) {
+        return -1;
+    }
+    CameraDrawing& target = m_cameras[camera];
+    const int used = target.insert(index, std::move(layer));
+    if (target.layerCount() == 1) {
+        prepareCamera(camera, target);
+    }
+    markForRedraw(camera);
+    publish();
+    return used;
+}
+
+std::unique_ptr<Layer> LayerManager::takeLayer(const QString& camera, int index)
+{
+    if (!isValidLayer(camera, index)) {
+        return nullptr;
+    }
+    CameraDrawing& source = *drawing(camera);
+    const int active = source.activeIndex();
+    std::unique_ptr<Layer> taken = source.take(index);
+    if (source.layerCount() == 0) {
+        dropCamera(camera);
+    } else if (index == active) {
+        setActiveLayer(camera, std::max(active - 1, 0), false);
+    }
+    markForRedraw(camera);
+    publish();
+    return taken;
+}
+
+std::vector<std::unique_ptr<Layer>> LayerManager::takeAllLayers(const QString& camera)
+{
+    std::vector<std::unique_ptr<Layer>> taken;
+    if (CameraDrawing* source = drawing(camera)) {
+        taken = std::move(source->layers);
+        dropCamera(camera);
+        publish();
+    }
+    return taken;
+}
+
+int LayerManager::moveLayer(const QString& camera, int from, int to)
+{
+    if (!isValidLayer(camera, from)) {
+        reportInvalidLayer(camera, from);
+        return -1;
+    }
+    CameraDrawing& stack = *drawing(camera);
+    const int landing = std::min(std::max(to, 0), stack.layerCount() - 1);
+    stack.move(from, landing);
+    markForRedraw(camera);
+    publish();
+    return landing;
+}
+
+int LayerManager::moveLayerToCamera(const QString& camera, int index, const QString& toCamera, int toIndex)
+{
+    if (!script::cameraExists(toCamera)) {
+        messages::error(QStringLiteral("Camera does not exist: %1").arg(toCamera));
+        return -1;
+    }
+    if (!isValidLayer(camera, index)) {
+        reportInvalidLayer(camera, index);
+        return -1;
+    }
+    std::unique_ptr<Layer> moving = takeLayer(camera, index);
+    moving->setActive(false);
+    return insertLayer(toCamera, toIndex, std::move(moving));
+}
+
+bool LayerManager::setActiveLayer(const QString& camera, int index, bool makeCurrentCamera)
+{
+    const int count = layerCount(camera);
+    if ((index < 0 && count > 0) || index >= count) {
+        messages::error(QStringLiteral("Invalid layer index: %1").arg(index));
+        return false;
+    }
+    if (CameraDrawing* stack = drawing(camera)) {
+        stack->redraw = stack->redraw || stack->activeIndex() != index;  // the ghosts are the active layer's
+        stack->setActive(index);
+    }
+    if (makeCurrentCamera && camera != m_currentCamera) {
+        m_previousCamera = m_currentCamera;
+        m_currentCamera = camera;
+    }
+    publish();
+    return true;
+}
+
+void LayerManager::renameLayer(const QString& camera, int index, const QString& name)
+{
+    Layer* found = layer(camera, index);
+    if (found && found->name() != recordableName(name)) {
+        found->setName(uniqueLayerName(name));
+    }
+    publish();
+}
+
+void LayerManager::setLayerOpacity(const QString& camera, int index, float opacity)
+{
+    Layer* found = layer(camera, index);
+    if (!found) {
+        return;
+    }
+    found->setOpacity(opacity);
+    if (s_views && camera == m_currentCamera && found->isActive()) {
+        s_views->activeOpacityChanged();
+    }
+}
+
+void LayerManager::setLayerState(const QString& camera, int index, int state)
+{
+    if (Layer* found = layer(camera, index)) {
+        found->setState(state);
+    }
+    publish();
+}
+
+void LayerManager::setLayerVisible(const QString& camera, int index, bool visible)
+{
+    if (Layer* found = layer(camera, index)) {
+        found->setVisible(visible);
+    }
+    publish();
+}
+
+void LayerManager::clear(bool publishing)
+{
+    m_cameras.clear();
+    if (publishing) {
+        publish();
+    }
+}
+
+// Frames of the active layer -----------------------------------------------------------------------------------------
+
+int LayerManager::addFrame(const QString& camera, const MTime& time)
+{
+    Layer* active = activeLayer(camera);
+    return active ? active->addFrame(time) : -1;
+}
+
+int LayerManager::addFrameAtCurrentTime(const QString& camera)
+{
+    Layer* active = activeLayer(camera);
+    return active ? active->addFrameAtCurrentTime() : -1;
+}
+
+int LayerManager::insertFrame(const QString& camera, std::unique_ptr<Frame> frame)
+{
+    Layer* active = activeLayer(camera);
+    return active ? active->insertFrame(std::move(frame)) : -1;
+}
+
+std::unique_ptr<Frame> LayerManager::copyFrame(const QString& camera, const MTime& time) const
+{
+    const Layer* active = activeLayer(camera);
+    return active ? active->copyFrame(time) : nullptr;
+}
+
+std::unique_ptr<Frame> LayerManager::takeFrame(const QString& camera, const MTime& time)
+{
+    Layer* active = activeLayer(camera);
+    return active ? active->takeFrame(time) : nullptr;
+}
+
+std::unique_ptr<Frame> LayerManager::takeFrameAtCurrentTime(const QString& camera)
+{
+    Layer* active = activeLayer(camera);
+    return active ? active->takeFrameAtCurrentTime() : nullptr;
+}
+
+Frame* LayerManager::nextFrame(const QString& camera, bool wrap) const
+{
+    const Layer* active = activeLayer(camera);
+    return active ? active->nextFrame(wrap) : nullptr;
+}
+
+Frame* LayerManager::previousFrame(const QString& camera, bool wrap) const
+{
+    const Layer* active = activeLayer(camera);
+    return active ? active->previousFrame(wrap) : nullptr;
+}
+
+QList<int> LayerManager::frameNumbers(const QString& camera) const
+{
+    const Layer* active = activeLayer(camera);
+    return active ? active->frameNumbers() : QList<int>();
+}
+
+void LayerManager::retime(const QString& camera, const QList<int>& numbers)
+{
+    if (Layer* active = activeLayer(camera)) {
+        active->retime(numbers);
+    }
+}
+
+bool LayerManager::hasFrameAtCurrentTime(const QString& camera) const
+{
+    const Layer* active = activeLayer(camera);
+    return active && active->hasFrameAtCurrentTime();
+}
+
+void LayerManager::updateCurrentFrames(int frameNumber, bool skipActive)
+{
+    const Layer* drawnOn = strokeLayer();
+    const Layer* kept = skipActive ? activeLayer(m_currentCamera) : nullptr;
+    for (const auto& entry : m_cameras) {
+        for (const auto& layer : entry.second.layers) {
+            if (layer.get() != drawnOn && layer.get() != kept) {
+                layer->updateCurrentFrame(frameNumber);
+            }
+        }
+    }
+    const bool playing = MAnimControl::isPlaying();
+    if (playing && !m_wasPlaying) {
+        markForRedraw(m_currentCamera);  // its ghosts may have to go
+    }
+    m_wasPlaying = playing;
+}
+
+// The stroke in progress ---------------------------------------------------------------------------------------------
+
+ActiveStroke* LayerManager::stroke(const QString& camera) const
+{
+    return m_stroke.record() && m_stroke.target().camera == camera ? m_stroke.record() : nullptr;
+}
+
+ActiveStroke* LayerManager::beginStroke(const QString& camera, bool blank)
+{
+    Layer* active = activeLayer(camera);
+    if (!active || m_stroke.record()) {
+        return stroke(camera);
+    }
+    active->updateCurrentFrame(currentFrameNumber());
+    if (!blank && !active->hasFrameAtCurrentTime()) {
+        return nullptr;
+    }
+    const Frame* frame = active->currentFrame();
+    const ToolType tool = Preferences::instance().effectiveTool();
+    m_stroke.begin({camera, active->id(), frame != nullptr, frame ? frame->frameNumber() : 0},
+                   strokeStart(*active, tool, blank));
+    m_stroke.record()->tool = tool;
+    m_stroke.record()->colour = Preferences::instance().activeColor();
+    return m_stroke.record();
+}
+
+// Soft edges blend toward the stroke's own colour, never toward black, so the canvas holds that colour unseen.
+QImage LayerManager::strokeStart(Layer& layer, ToolType tool, bool blank)
+{
+    if (blank) {
+        return blankCanvas();
+    }
+    if (tool == ToolType::Eraser) {
+        return asCanvas(layer.currentFrame()->image());
+    }
+    QImage canvas(kCanvasSize, kCanvasSize, QImage::Format_RGBA8888);
+    fillInvisible(canvas, Preferences::instance().activeColor());
+    return canvas;
+}
+
+Layer* LayerManager::strokeLayer() const
+{
+    const CameraDrawing* found = m_stroke.record() ? drawing(m_stroke.target().camera) : nullptr;
+    return found ? found->layer(found->indexOf(m_stroke.target().layerId)) : nullptr;
+}
+
+// The frame that the stroke goes to; null when it, or its layer, is gone, and while a transform has none.
+Frame* LayerManager::strokeTargetFrame() const
+{
+    const Layer* layer = strokeLayer();
+    if (!layer) {
+        return nullptr;
+    }
+    return m_stroke.target().hasFrame ? layer->frameNumbered(m_stroke.target().frameNumber) : layer->currentFrame();
+}
+
+FrameAddress LayerManager::strokeFrame(const QString& camera) const
+{
+    const Frame* frame = stroke(camera) ? strokeTargetFrame() : nullptr;
+    if (!frame) {
+        return {camera, -1, 0};
+    }
+    return {camera, drawing(camera)->indexOf(m_stroke.target().layerId), frame->frameNumber()};
+}
+
+void LayerManager::advanceStroke(const QString& camera)
+{
+    if (stroke(camera)) {
+        Frame* frame = strokeTargetFrame();
+        m_stroke.advance(frame ? frame->image() : QImage());
+    }
+}
+
+bool LayerManager::commitStroke(const QString& camera, QByteArray& undoBytes)
+{
+    if (!stroke(camera)) {
+        return false;
+    }
+    Frame* frame = strokeTargetFrame();
+    if (!frame) {
+        dropStroke();
+        return false;
+    }
+    advanceStroke(camera);
+    undoBytes = frame->png();
+    frame->setImage(m_stroke.committed(frame->image()));
+    strokeLayer()->setDirty();
+    m_stroke.end();
+    redrawDrawing();
+    return true;
+}
+
+void LayerManager::dropStroke()
+{
+    if (m_stroke.record()) {
+        markForRedraw(m_stroke.target().camera);
+        m_stroke.end();
+    }
+}
+
+bool LayerManager::swapImage(const FrameAddress& address, QByteArray& bytes)
+{
+    Layer* target = layer(address.camera, address.layerIndex);
+    Frame* frame = target ? target->frameNumbered(address.frameNumber) : nullptr;
+    if (!frame || !frame->swapPng(bytes)) {
+        return false;
+    }
+    target->setDirty();
+    redrawDrawing();
+    return true;
+}
+
+bool LayerManager::swapActiveImage(const QString& camera, QByteArray& bytes)
+{
+    const Layer* active = activeLayer(camera);
+    const Frame* frame = active ? active->currentFrame() : nullptr;
+    return frame && swapImage({camera, activeLayerIndex(camera), frame->frameNumber()}, bytes);
+}
+
+// What is shown ------------------------------------------------------------------------------------------------------
+
+void LayerManager::markForRedraw(const QString& camera)
+{
+    if (CameraDrawing* found = drawing(camera)) {
+        found->redraw = true;
+    }
+}
+
+bool LayerManager::needsRedraw(const QString& camera) const
+{
+    const CameraDrawing* found = drawing(camera);
+    const ActiveStroke* record = stroke(camera);
+    return found && (found->redraw || found->isDirty() || (record && record->changed));
+}
+
+const QImage* LayerManager::composite(const QString& camera)
+{
+    CameraDrawing* found = drawing(camera);
+    if (!found || !needsRedraw(camera)) {
+        return found ? &found->image : nullptr;
+    }
+    advanceStroke(camera);
+    found->image.fill(Qt::transparent);
+    QPainter painter(&found->image);
+    prepareDrawingPainter(painter);
+    paintGhosts(painter, camera, *found);
+    paintLayers(painter, camera, *found);
+    if (ActiveStroke* record = stroke(camera)) {
+        record->changed = false;
+    }
+    found->redraw = false;
+    return &found->image;
+}
+
+void LayerManager::paintGhosts(QPainter& painter, const QString& camera, CameraDrawing& drawing)
+{
+    m_wasPlaying = MAnimControl::isPlaying();
+    const bool silenced = m_wasPlaying && Preferences::instance().disableGhostingDuringPlayback();
+    Layer* active = drawing.layer(drawing.activeIndex());
+    if (!active || silenced) {
+        return;
+    }
+    const GhostOptions options = ghostOptions();
+    const ActiveStroke* record = stroke(camera);
+    const bool drawingNow = record && !record->points.isEmpty();
+    if (!drawingNow) {
+        drawing.ghosts.rebuild(*active, options);
+    }
+    if (options.previous || options.next) {
+        painter.drawImage(0, 0, drawing.ghosts.image());
+    }
+}
+
+void LayerManager::paintLayers(QPainter& painter, const QString& camera, const CameraDrawing& drawing)
+{
+    const Layer* drawnOn = stroke(camera) ? strokeLayer() : nullptr;
+    Frame* base = drawnOn ? strokeTargetFrame() : nullptr;
+    const bool targetIsThere = base || !m_stroke.target().hasFrame;
+    for (const auto& layer : drawing.layers) {
+        const QImage& image = layer->imageAtOffset(0);
+        if (layer.get() != drawnOn || !targetIsThere) {
+            painter.drawImage(0, 0, image);
+        } else if (layer->isVisible()) {
+            m_stroke.paint(painter, base ? base->image() : QImage());
+        }
+    }
+}
