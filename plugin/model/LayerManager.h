@@ -132,6 +132,11 @@ private:
     void paintGhosts(QPainter& painter, const QString& camera, CameraDrawing& drawing);
     void paintLayers(QPainter& painter, const QString& camera, const CameraDrawing& drawing);
 
+    static void redrawDrawing();
+
+    static LayerListView* s_listView;
+    static DrawingViews* s_views;
+
     std::map<QString, CameraDrawing> m_cameras;
     QString m_currentCamera;
     QString m_previousCamera;

@@ -1,0 +1,132 @@
+// The stroke in progress: from the press to the commit, and its undo.
+
+#include "model/LayerManager.h"
+
+#include "model/Canvas.h"
+#include "model/DrawingViews.h"
+#include "model/FrameNumber.h"
+#include "settings/Preferences.h"
+
+void LayerManager::redrawDrawing()
+{
+    if (s_views) {
+        s_views->redrawDrawing();
+    }
+}
+
+ActiveStroke* LayerManager::stroke(const QString& camera) const
+{
+    return m_stroke.record() && m_stroke.target().camera == camera ? m_stroke.record() : nullptr;
+}
+
+ActiveStroke* LayerManager::beginStroke(const QString& camera, bool blank)
+{
+    Layer* active = activeLayer(camera);
+    if (!active || m_stroke.record()) {
+        return stroke(camera);
+    }
+    active->updateCurrentFrame(currentFrameNumber());
+    if (!blank && !active->hasFrameAtCurrentTime()) {
+        return nullptr;
+    }
+    const Frame* frame = active->currentFrame();
+    const ToolType tool = Preferences::instance().effectiveTool();
+    m_stroke.begin({camera, active->id(), frame != nullptr, frame ? frame->frameNumber() : 0},
+                   strokeStart(*active, tool, blank));
+    m_stroke.record()->tool = tool;
+    m_stroke.record()->colour = Preferences::instance().activeColor();
+    return m_stroke.record();
+}
+
+// Soft edges blend toward the stroke's own colour, never toward black, so the canvas holds that colour unseen.
+QImage LayerManager::strokeStart(Layer& layer, ToolType tool, bool blank)
+{
+    if (blank) {
+        return blankCanvas();
+    }
+    if (tool == ToolType::Eraser) {
+        return asCanvas(layer.currentFrame()->image());
+    }
+    QImage canvas(kCanvasSize, kCanvasSize, QImage::Format_RGBA8888);
+    fillInvisible(canvas, Preferences::instance().activeColor());
+    return canvas;
+}
+
+Layer* LayerManager::strokeLayer() const
+{
+    const CameraDrawing* found = m_stroke.record() ? drawing(m_stroke.target().camera) : nullptr;
+    return found ? found->layer(found->indexOf(m_stroke.target().layerId)) : nullptr;
+}
+
+// The frame that the stroke goes to; null when it, or its layer, is gone, and while a transform has none.
+Frame* LayerManager::strokeTargetFrame() const
+{
+    const Layer* layer = strokeLayer();
+    if (!layer) {
+        return nullptr;
+    }
+    return m_stroke.target().hasFrame ? layer->frameNumbered(m_stroke.target().frameNumber) : layer->currentFrame();
+}
+
+FrameAddress LayerManager::strokeFrame(const QString& camera) const
+{
+    const Frame* frame = stroke(camera) ? strokeTargetFrame() : nullptr;
+    if (!frame) {
+        return {camera, -1, 0};
+    }
+    return {camera, drawing(camera)->indexOf(m_stroke.target().layerId), frame->frameNumber()};
+}
+
+void LayerManager::advanceStroke(const QString& camera)
+{
+    if (stroke(camera)) {
+        Frame* frame = strokeTargetFrame();
+        m_stroke.advance(frame ? frame->image() : QImage());
+    }
+}
+
+bool LayerManager::commitStroke(const QString& camera, QByteArray& undoBytes)
+{
+    if (!stroke(camera)) {
+        return false;
+    }
+    Frame* frame = strokeTargetFrame();
+    if (!frame) {
+        dropStroke();
+        return false;
+    }
+    advanceStroke(camera);
+    undoBytes = frame->png();
+    frame->setImage(m_stroke.committed(frame->image()));
+    strokeLayer()->setDirty();
+    m_stroke.end();
+    redrawDrawing();
+    return true;
+}
+
+void LayerManager::dropStroke()
+{
+    if (m_stroke.record()) {
+        markForRedraw(m_stroke.target().camera);
+        m_stroke.end();
+    }
+}
+
+bool LayerManager::swapImage(const FrameAddress& address, QByteArray& bytes)
+{
+    Layer* target = layer(address.camera, address.layerIndex);
+    Frame* frame = target ? target->frameNumbered(address.frameNumber) : nullptr;
+    if (!frame || !frame->swapPng(bytes)) {
+        return false;
+    }
+    target->setDirty();
+    redrawDrawing();
+    return true;
+}
+
+bool LayerManager::swapActiveImage(const QString& camera, QByteArray& bytes)
+{
+    const Layer* active = activeLayer(camera);
+    const Frame* frame = active ? active->currentFrame() : nullptr;
+    return frame && swapImage({camera, activeLayerIndex(camera), frame->frameNumber()}, bytes);
+}
