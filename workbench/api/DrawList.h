@@ -32,6 +32,7 @@ struct DrawState {
     std::shared_ptr<Texture> texture;  ///< multiplies the colour of filled shapes
     bool linearFilter = true;
     bool clampTexture = true;
+    unsigned char colourMask = 15;  ///< channels written: red 1, green 2, blue 4, alpha 8
 };
 
 /// One queued shape. 2D points are port pixels (origin lower left), 3D ones world space.
@@ -66,7 +67,8 @@ std::unique_ptr<MHWRender::MFrameContext> makeFrameContext(const FrameState& sta
 /// The renderer switches Viewport 2.0 on; without one MRenderer::theRenderer() is null.
 void setRendererAvailable(bool available);
 bool isRendererAvailable();
-/// Called with each texture whose last reference went (its renderer record must be freed).
+/// Called with each texture nobody holds any more, neither an owner nor a draw list (its renderer record must be
+/// freed).
 void setTextureReleaseListener(void (*listener)(Texture&));
 
 /// The draw override of a node, made on first use by the creator registered for its type; null when there is none.

@@ -26,7 +26,7 @@ private:
 };
 
 /// The current module, or the base name of the library that holds `code` (a callback's address).
-std::string moduleOf(const void* code);
+std::string moduleOfCode(const void* code);
 
 using Creator = void* (*)();
 using SyntaxCreator = MSyntax (*)();

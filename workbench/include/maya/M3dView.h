@@ -10,13 +10,11 @@
 #include <maya/MString.h>
 #include <maya/MVector.h>
 
-#include <memory>
-
 class QWidget;
 
 namespace api {
 struct Access;
-struct ViewHandle;
+class View;
 }  // namespace api
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
@@ -51,10 +49,7 @@ public:
     enum TextPosition { kLeft = 0, kCenter = 1, kRight = 2 };
     enum LineStipplePattern { kStippleNone = 0, kStippleDashed = 1 };
 
-    M3dView();
-    M3dView(const M3dView& other);
-    M3dView& operator=(const M3dView& other);
-    ~M3dView();
+    M3dView() = default;
 
     /// The view last focused; during a tool event the one under the pointer. Fails when there is none.
     static M3dView active3dView(MStatus* ReturnStatus = NULL);
@@ -100,12 +95,10 @@ public:
                             const MColor& lineColor = MColor(1, 1, 1));
     MStatus endXorDrawing();
 
-    OPENMAYA_DEPRECATED(2019, "Legacy viewport only.") MStatus beginGL();
-    OPENMAYA_DEPRECATED(2019, "Legacy viewport only.") MStatus endGL();
-
 private:
     friend struct api::Access;
-    std::shared_ptr<api::ViewHandle> m_view;
+    api::View* live() const;
+    api::View* m_view = nullptr;
 };
 
 OPENMAYA_MAJOR_NAMESPACE_CLOSE

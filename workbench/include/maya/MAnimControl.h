@@ -6,7 +6,7 @@
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
-/// Current time, ranges and playback. Times are given in the UI unit.
+/// Current time and ranges. Times are given in the UI unit.
 class MAnimControl {
 public:
     static MTime currentTime();
@@ -24,9 +24,6 @@ public:
     static MStatus setMinMaxTime(MTime min, MTime max);
     static MStatus setAnimationStartTime(MTime time);
     static MStatus setAnimationEndTime(MTime time);
-
-    static MStatus playForward();
-    static MStatus stop();
 };
 
 OPENMAYA_MAJOR_NAMESPACE_CLOSE

@@ -56,7 +56,7 @@ public:
 
 private:
     friend struct api::Access;
-    std::shared_ptr<api::ArgumentValues> m_values;
+    std::unique_ptr<api::ArgumentValues> m_values;
 };
 
 OPENMAYA_MAJOR_NAMESPACE_CLOSE

@@ -66,7 +66,6 @@ public:
     static MMayaState mayaState(MStatus* ReturnStatus = NULL);
     static int apiVersion();
     static MString mayaVersion();
-    static int customVersion();
     static bool isUndoing();
     static bool isRedoing();
 

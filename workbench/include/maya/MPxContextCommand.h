@@ -36,7 +36,8 @@ public:
     MStatus setResult(const MString& result);
 
 protected:
-    MSyntax& syntax(MStatus* ReturnStatus = NULL) const;
+    /// The command's own: flags added to it count.
+    MSyntax syntax(MStatus* ReturnStatus = NULL) const;
     MArgParser parser(MStatus* ReturnStatus = NULL) const;
 
 private:

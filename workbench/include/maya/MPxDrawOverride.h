@@ -26,7 +26,8 @@ class MPxDrawOverride {
 public:
     typedef void (*GeometryDrawOverrideCb)(const MHWRender::MDrawContext& context, const MUserData* data);
 
-    /// callback may be null. An override that is not always dirty prepares only after a change of its node.
+    /// callback may be null; it is called after addUIDrawables with the view's GL context current. Overrides that are
+    /// not always dirty may be prepared more often than needed.
     MPxDrawOverride(const MObject& object, GeometryDrawOverrideCb callback, bool isAlwaysDirty = true);
     virtual ~MPxDrawOverride();
 
@@ -52,7 +53,6 @@ private:
 
     friend struct api::Access;
     GeometryDrawOverrideCb m_callback;
-    bool m_alwaysDirty;
 };
 
 }  // namespace MHWRender

@@ -14,7 +14,8 @@ class Syntax;
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
-/// The grammar of a command: flags with typed values, then arguments or objects.
+/// The grammar of a command: flags with typed values, then arguments or objects. Copies are independent; what a
+/// context command's syntax() gives, and what is moved from it, is that command's own.
 class MSyntax {
 public:
     enum MArgType {
@@ -41,7 +42,9 @@ public:
 
     MSyntax();
     MSyntax(const MSyntax& other);
+    MSyntax(MSyntax&& other);
     MSyntax& operator=(const MSyntax& other);
+    MSyntax& operator=(MSyntax&& other);
     ~MSyntax();
 
     /// Short names have one to three letters, long ones four or more, a leading dash not counted (it is optional here
@@ -52,7 +55,7 @@ public:
                     MArgType argType6 = kNoArg);
     MStatus addArg(MArgType argType);
     MStatus makeFlagMultiUse(const char* flag);
-    /// The flag takes its values after -query too. With queryArgsAreOptional it takes them only when they are there.
+    /// The flag takes its values after -query too; they are required there, optional or not.
     MStatus makeFlagQueryWithFullArgs(const char* flag, bool queryArgsAreOptional);
 
     void setObjectType(MObjectFormat format, unsigned int minimumObjects = 0);
@@ -70,7 +73,7 @@ public:
 
 private:
     friend struct api::Access;
-    std::unique_ptr<kernel::Syntax> m_syntax;
+    std::shared_ptr<kernel::Syntax> m_syntax;
 };
 
 OPENMAYA_MAJOR_NAMESPACE_CLOSE

@@ -87,6 +87,7 @@ public:
 
 private:
     friend struct api::Access;
+    friend class MTextureManager;
     explicit MTexture(std::shared_ptr<api::Texture> texture);
     ~MTexture();
     MTexture(const MTexture&) = delete;

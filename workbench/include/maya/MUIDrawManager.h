@@ -2,13 +2,11 @@
 
 #include <maya/MApiNamespace.h>
 #include <maya/MColor.h>
-#include <maya/MColorArray.h>
 #include <maya/MPoint.h>
 #include <maya/MPointArray.h>
 #include <maya/MStateManager.h>
 #include <maya/MString.h>
 #include <maya/MTextureManager.h>
-#include <maya/MUintArray.h>
 #include <maya/MVector.h>
 
 #include <memory>
@@ -21,15 +19,14 @@ class DrawRecorder;
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 namespace MHWRender {
 
-/// Queues simple shapes for the frame being drawn. Everything stands between beginDrawable and endDrawable; 2D
-/// coordinates are viewport pixels, origin lower left, y up, z ignored.
+/// Queues simple shapes for the frame being drawn. What does not stand between beginDrawable and endDrawable is lost.
+/// 2D coordinates are viewport pixels, origin lower left, y up, z ignored; others are in the drawn object's space (the
+/// world for tools). A background is drawn behind 2D text when its size and its colour are given.
 class MUIDrawManager {
 public:
     enum Selectability { kNonSelectable = 0, kSelectable = 1, kAutomatic = 2 };
     enum LineStyle { kSolid = 0, kShortDotted = 1, kShortDashed = 2, kDashed = 3, kDotted = 4 };
-    enum PaintStyle { kFlat = 0, kStippled = 1, kShaded = 2 };
     enum TextAlignment { kLeft = 0, kCenter = 1, kRight = 2 };
-    enum Primitive { kPoints = 0, kLines = 1, kLineStrip = 2, kClosedLine = 3, kTriangles = 4, kTriStrip = 5 };
     enum FontSize { kDefaultFontSize = 12, kSmallFontSize = 9 };
 
     ~MUIDrawManager();
@@ -41,7 +38,6 @@ public:
     void endDrawable();
 
     void setColor(const MColor& color);
-    void setPointSize(float size);
     void setLineWidth(float width);
     void setLineStyle(LineStyle style);
     void setFontSize(unsigned int size);
@@ -65,9 +61,6 @@ public:
                 const int* backgroundSize = NULL, const MColor* backgroundColor = NULL, bool dynamic = false);
     void text(const MPoint& position, const MString& text, TextAlignment alignment = kLeft,
               const int* backgroundSize = NULL, const MColor* backgroundColor = NULL, bool dynamic = false);
-    /// color gives one entry for each position; texcoord v = 0 is row 0 of the texture.
-    void mesh2d(Primitive mode, const MPointArray& position, const MColorArray* color = NULL,
-                const MUintArray* index = NULL, const MPointArray* texcoord = NULL);
 
 private:
     friend struct api::Access;

@@ -1,0 +1,123 @@
+#include <maya/MFileIO.h>
+
+#include "api/Handles.h"
+#include "kernel/SceneFile.h"
+#include "kernel/Session.h"
+
+#include <cstring>
+#include <functional>
+
+using kernel::FileActivity;
+
+namespace {
+
+kernel::Session& session()
+{
+    return kernel::Session::current();
+}
+
+bool isDoing(FileActivity activity)
+{
+    return session().scene.activity() == activity;
+}
+
+/// Runs a file operation; what it throws is reported.
+MStatus attempt(const std::function<void()>& operation)
+{
+    try {
+        operation();
+    } catch (const kernel::CommandError& error) {
+        if (*error.what())
+            session().output.error(error.what());
+        return MStatus::kFailure;
+    }
+    return MStatus::kSuccess;
+}
+
+/// Throws when there is something to lose.
+void requireSaved(bool force)
+{
+    if (!force && session().scene.isModified())
+        throw kernel::CommandError("Unsaved changes");
+}
+
+/// Scenes are read and written in text form; null leaves the choice to the host.
+bool isTextType(const char* type)
+{
+    return !type || std::strcmp(type, "mayaAscii") == 0;
+}
+
+}  // namespace
+
+OPENMAYA_MAJOR_NAMESPACE_OPEN
+
+bool MFileIO::isReadingFile()
+{
+    return isOpeningFile() || isImportingFile() || isReferencingFile();
+}
+
+bool MFileIO::isOpeningFile()
+{
+    return isDoing(FileActivity::Open);
+}
+
+bool MFileIO::isImportingFile()
+{
+    return isDoing(FileActivity::Import);
+}
+
+bool MFileIO::isReferencingFile()
+{
+    return isDoing(FileActivity::Reference);
+}
+
+bool MFileIO::isNewingFile()
+{
+    return isDoing(FileActivity::New);
+}
+
+bool MFileIO::isWritingFile()
+{
+    return isDoing(FileActivity::Write);
+}
+
+MString MFileIO::currentFile()
+{
+    const std::string& name = session().scene.fileName();
+    return name.empty() ? MString("untitled") : api::toHost(name);
+}
+
+MStatus MFileIO::newFile(bool force)
+{
+    return attempt([&] {
+        requireSaved(force);
+        kernel::newScene(session());
+    });
+}
+
+MStatus MFileIO::open(const MString& fileName, const char* type, bool force)
+{
+    if (!isTextType(type))
+        return MStatus::kNotImplemented;
+    return attempt([&] {
+        requireSaved(force);
+        kernel::openScene(session(), api::toKernel(fileName));
+    });
+}
+
+MStatus MFileIO::save(bool /*force*/)
+{
+    const std::string name = session().scene.fileName();
+    if (name.empty())
+        return MStatus::kFailure;
+    return attempt([&] { kernel::saveScene(session(), name); });
+}
+
+MStatus MFileIO::saveAs(const MString& fileName, const char* type, bool /*force*/)
+{
+    if (!isTextType(type))
+        return MStatus::kNotImplemented;
+    return attempt([&] { kernel::saveScene(session(), api::toKernel(fileName)); });
+}
+
+OPENMAYA_MAJOR_NAMESPACE_CLOSE
