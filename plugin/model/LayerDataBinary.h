@@ -9,6 +9,6 @@ namespace layerBinary {
 
 /// Leaves off as soon as the stream fails, which is the only sign of failure.
 void read(std::istream& in, LayerManager& manager);
-void write(std::ostream& out, LayerManager& manager);
+void write(std::ostream& out, const LayerManager& manager);
 
 }  // namespace layerBinary

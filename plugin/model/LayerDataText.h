@@ -12,6 +12,6 @@ namespace layerText {
 
 /// next: the first argument of the record on entry, one past the last consumed one on return.
 MStatus read(const MArgList& arguments, unsigned int& next, LayerManager& manager);
-void write(std::ostream& out, LayerManager& manager);
+void write(std::ostream& out, const LayerManager& manager);
 
 }  // namespace layerText
