@@ -6,6 +6,10 @@
 
 #include <memory>
 
+namespace kernel {
+struct NodeType;
+}
+
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 /// A list of changes of the graph, queued first and made by doIt. undoIt takes them back and a further doIt makes them
@@ -29,9 +33,10 @@ public:
     MStatus newPlugValueFloat(const MPlug& plug, float value);
     MStatus newPlugValueDouble(const MPlug& plug, double value);
     MStatus newPlugValueString(const MPlug& plug, const MString& value);
-    MStatus commandToExecute(const MString& melCommand);
 
-    // What scenes do not have here: connections, attributes of a single node, locked nodes. They give kNotImplemented.
+    // What this host does not have: connections, attributes of a single node, locked nodes, commands that undo on
+    // their own. They give kNotImplemented.
+    MStatus commandToExecute(const MString& melCommand);
     MStatus setNodeLockState(const MObject& node, bool locked);
     MStatus connect(const MPlug& source, const MPlug& destination);
     MStatus disconnect(const MPlug& source, const MPlug& destination);
@@ -42,6 +47,9 @@ public:
     MStatus undoIt();
 
 protected:
+    MObject queueNode(const kernel::NodeType& type, const MObject& parent);
+    MStatus queueParent(const MObject& node, const MObject& newParent);
+
     struct Steps;
     std::unique_ptr<Steps> m_steps;
 };

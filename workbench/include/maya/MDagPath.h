@@ -4,6 +4,10 @@
 #include <maya/MObject.h>
 #include <maya/MString.h>
 
+namespace api {
+struct HandleAccess;
+}
+
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 /// The way from the world down to a DAG node. Nodes have one parent here, so the node tells the path.
@@ -50,7 +54,7 @@ public:
     unsigned int instanceNumber(MStatus* ReturnStatus = nullptr) const;
 
 private:
-    friend struct HandleAccess;
+    friend struct api::HandleAccess;
     MObject m_node;
 };
 

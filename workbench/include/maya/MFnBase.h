@@ -2,6 +2,10 @@
 
 #include <maya/MObject.h>
 
+namespace api {
+struct HandleAccess;
+}
+
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 /// Base of the function sets. A set attached to an object it cannot serve fails and stays without one.
@@ -19,7 +23,7 @@ protected:
     MFnBase();
     MFnBase(const MFnBase&) = default;
     MFnBase& operator=(const MFnBase&) = default;
-    friend struct HandleAccess;
+    friend struct api::HandleAccess;
     MObject m_object;
 };
 

@@ -6,7 +6,8 @@
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
-/// Attributes of texts and of modules' data types. Without a default there is no data until some is set.
+/// Attributes of texts and of modules' data types. There are no default values other than none: a plug has no data
+/// until some is set.
 class MFnTypedAttribute : public MFnAttribute {
 public:
     MFnTypedAttribute();
@@ -14,7 +15,7 @@ public:
     MFnTypedAttribute(const MObject& object, MStatus* ReturnStatus = nullptr);
     MFn::Type type() const override;
 
-    /// Fails for a data type that is not registered.
+    /// Fails for a data type that is not registered, and for default data.
     MObject create(const MString& fullName, const MString& briefName, const MTypeId& id,
                    MObject defaultData = MObject::kNullObj, MStatus* ReturnStatus = nullptr);
     /// kString is the one built-in type held here; others fail.

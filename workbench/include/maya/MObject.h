@@ -5,6 +5,10 @@
 
 #include <memory>
 
+namespace api {
+struct HandleAccess;
+}
+
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 /// A handle to something of the host. To a node it is a weak one: it stays non-null after the node is deleted, and
@@ -28,7 +32,7 @@ public:
     static MObject kNullObj;
 
 private:
-    friend struct HandleAccess;
+    friend struct api::HandleAccess;
     struct Body;
     explicit MObject(std::shared_ptr<const Body> body);
     std::shared_ptr<const Body> m_body;

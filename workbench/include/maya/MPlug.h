@@ -4,6 +4,10 @@
 #include <maya/MString.h>
 #include <maya/MTime.h>
 
+namespace api {
+struct HandleAccess;
+}
+
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 /// An attribute on a node. The setters write at once, past the undo queue.
@@ -41,7 +45,7 @@ public:
     MStatus getValue(MTime& value);
     MStatus getValue(MObject& value);
 
-    // Refused on a locked plug.
+    // Refused on a locked plug (its own lock or its compound's) and outside the attribute's range.
     MStatus setBool(bool value);
     MStatus setChar(char value);
     MStatus setShort(short value);
@@ -55,10 +59,11 @@ public:
     MStatus setMDistance(const MDistance& value);
     MStatus setMObject(const MObject& value);
     /// The host adopts the object, which must come from new (or belong to a data object, which is then shared):
-    /// hand it over and forget the pointer.
+    /// hand it over and forget the pointer. Refused, with the object still the caller's, for another data type.
     MStatus setMPxData(const MPxData* value);
 
-    // Flags of this plug alone; they are saved with the scene. The channel-box flag is not settable while keyable.
+    // Flags of this plug alone; they are saved with the scene. The channel-box flag has no
+    // effect while the plug is keyable.
     bool isKeyable(MStatus* ReturnStatus = nullptr);
     MStatus setKeyable(bool keyable);
     bool isLocked(MStatus* ReturnStatus = nullptr);
@@ -88,7 +93,7 @@ public:
     bool operator==(const MObject& attribute);
 
 private:
-    friend struct HandleAccess;
+    friend struct api::HandleAccess;
     MObject m_node;
     MObject m_attribute;
 };

@@ -4,6 +4,10 @@
 #include <maya/MString.h>
 #include <maya/MTypeId.h>
 
+namespace api {
+struct HandleAccess;
+}
+
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 /// A module's own object behind a node of a type it registered. Its constructor runs before the node exists: plugs,
@@ -95,7 +99,7 @@ private:
     MPxNode(const MPxNode&) = delete;
     MPxNode& operator=(const MPxNode&) = delete;
 
-    friend struct HandleAccess;
+    friend struct api::HandleAccess;
     struct Owner;
     Owner* m_owner = nullptr;
     bool m_existWithoutIn = true;

@@ -1,0 +1,45 @@
+#include "api/NodeMaking.h"
+
+#include "api/Handles.h"
+#include "kernel/Session.h"
+
+namespace api {
+namespace {
+
+/// "ball" gives "ballShape", "ball3" gives "ballShape3".
+std::string shapeName(const std::string& transformName)
+{
+    const auto digits = transformName.find_last_not_of("0123456789") + 1;
+    return transformName.substr(0, digits) + "Shape" + transformName.substr(digits);
+}
+
+}  // namespace
+
+const kernel::NodeType* nodeType(const MTypeId& id)
+{
+    return kernel::Session::current().nodeTypes.findId(id.id());
+}
+
+const kernel::NodeType* nodeType(const MString& name)
+{
+    return kernel::Session::current().nodeTypes.find(toKernel(name));
+}
+
+NewNode makeNode(const kernel::NodeType& type, const kernel::NodePtr& parent, const std::string& name)
+{
+    auto& session = kernel::Session::current();
+    const std::string wanted = name.empty() ? type.name + "1" : name;
+    NewNode made;
+    made.parent = parent;
+    if (!type.isShape() || parent) {
+        const bool needsShapeName = type.isShape() && name.empty();
+        made.node = session.scene.makeNode(type, needsShapeName ? shapeName(wanted) : wanted);
+        return made;
+    }
+    const std::string topName = session.scene.uniqueName(wanted);
+    made.transform = session.scene.makeNode(*session.nodeTypes.find("transform"), topName);
+    made.node = session.scene.makeNode(type, shapeName(topName));
+    return made;
+}
+
+}  // namespace api

@@ -1,0 +1,63 @@
+#include "api/PlugValues.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace api {
+namespace {
+
+using kernel::ValueKind;
+
+constexpr double kDegreesPerRadian = 180 / 3.14159265358979323846;
+
+double rounded(ValueKind kind, double number)
+{
+    switch (kind) {
+    case ValueKind::Bool: return number != 0;
+    case ValueKind::Int:
+    case ValueKind::Enum: return toWhole(number);
+    case ValueKind::Angle: return number * kDegreesPerRadian;
+    default: return number;
+    }
+}
+
+}  // namespace
+
+bool isNumber(const kernel::AttributeSpec& attribute)
+{
+    switch (attribute.kind) {
+    case ValueKind::String:
+    case ValueKind::Compound:
+    case ValueKind::Custom:
+    case ValueKind::Message: return false;
+    default: return true;
+    }
+}
+
+bool isLocked(const kernel::Node& node, const kernel::AttributeSpec& attribute)
+{
+    if (node.flags(attribute).locked)
+        return true;
+    const auto compound = attribute.parent.empty() ? nullptr : node.attribute(attribute.parent);
+    return compound && node.flags(*compound).locked;
+}
+
+double toApiNumber(const kernel::AttributeSpec& attribute, double held)
+{
+    return attribute.kind == ValueKind::Angle ? held / kDegreesPerRadian : held;
+}
+
+std::optional<double> toHeldNumber(const kernel::AttributeSpec& attribute, double number)
+{
+    const double held = rounded(attribute.kind, number);
+    const bool isBelow = attribute.minimum && held < *attribute.minimum;
+    const bool isAbove = attribute.maximum && held > *attribute.maximum;
+    return isBelow || isAbove ? std::nullopt : std::optional<double>(held);
+}
+
+int toWhole(double number)
+{
+    return std::isnan(number) ? 0 : int(std::clamp(number, -2147483648.0, 2147483647.0));
+}
+
+}  // namespace api
