@@ -1,0 +1,246 @@
+#include "settings/PreferenceRow.h"
+#include "support/PluginFixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSettings>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class PreferencesTest : public PluginFixture {
+protected:
+    QString path() const { return prefsDir() + "/tried.ini"; }
+
+    void write(const QByteArray& text)
+    {
+        QFile file(path());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    }
+
+    Preferences loaded(const QByteArray& text)
+    {
+        write(text);
+        Preferences preferences;
+        preferences.loadFrom(path());
+        return preferences;
+    }
+};
+
+const PreferenceRow& row(const char* key)
+{
+    for (const PreferenceRow& candidate : Preferences::rows()) {
+        if (qstrcmp(candidate.key(), key) == 0) {
+            return candidate;
+        }
+    }
+    throw std::invalid_argument(key);
+}
+
+// A value of the row's type that is accepted, and is not its default.
+QVariant otherValue(const PreferenceRow& row)
+{
+    switch (row.standard().type()) {
+    case QVariant::Bool: return !row.standard().toBool();
+    case QVariant::Int:
+        return row.clamped(row.standard().toInt() + 1) == row.standard().toInt() ? row.standard().toInt() - 1
+                                                                                 : row.standard().toInt() + 1;
+    case QVariant::String: return QString::fromUtf8("Ökonom, \"Sans\" = 日本; 100%");
+    case QVariant::ByteArray: return QByteArray("\x00\xff\r\n,;=@", 8);
+    default: return QColor(1, 2, 3, 4);
+    }
+}
+
+TEST_F(PreferencesTest, EveryValueComesBackFromTheFile)
+{
+    Preferences saved;
+    for (const PreferenceRow& row : Preferences::rows()) {
+        row.accept(saved, otherValue(row));
+        ASSERT_NE(row.value(saved), row.standard()) << row.key();
+    }
+    saved.saveTo(path());
+
+    Preferences loaded;
+    loaded.loadFrom(path());
+    for (const PreferenceRow& row : Preferences::rows()) {
+        EXPECT_EQ(row.value(loaded), otherValue(row)) << row.group() << "/" << row.key();
+    }
+    EXPECT_EQ(QSettings(path(), QSettings::IniFormat).value("main/version").toInt(), 1);
+}
+
+TEST_F(PreferencesTest, TheFileHoldsThreeGroupsInOrder)
+{
+    Preferences().saveTo(path());
+    QFile file(path());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray text = file.readAll();
+    EXPECT_LT(text.indexOf("[main]"), text.indexOf("[tools]"));
+    EXPECT_LT(text.indexOf("[tools]"), text.indexOf("[preferences]"));
+    EXPECT_GE(text.indexOf("[main]"), 0);
+}
+
+TEST_F(PreferencesTest, NumbersOutOfRangeFollowTheirRule)
+{
+    const struct {
+        const char* key;
+        QByteArray stored;
+        int taken;
+    } cases[] = {
+        {"pencilSize", "0", 1},
+        {"pencilSize", "-7", 1},
+        {"textSize", "500", 100},
+        {"lineSize", "80", 50},
+        {"rectangleSize", "50", 50},
+        {"eraserSize", "99999999999", 100},
+        {"brushOpacity", "0", 1},
+        {"lineOpacity", "101", 100},
+        {"ghostPrevCount", "0", 3},
+        {"ghostPrevCount", "12", 3},
+        {"ghostPrevCount", "-1", 3},
+        {"ghostNextCount", "9", 9},
+        {"activeTool", "8", 8},
+        {"activeTool", "9", 1},
+        {"activeTool", "-1", 1},
+        {"defaultLayerState", "2", 2},
+        {"defaultLayerState", "3", 0},
+        {"timelineFrameDisplay", "3", 0},
+        {"timelineFrameDisplay", "2", 2},
+        {"defaultStaticFrameTime", "-5000", -5000},
+        {"pencilSize", "soft", 6},
+        {"activeTool", "", 1},
+        {"pencilSize", "nan", 6},
+        {"pencilSize", "12.9", 12},
+        {"defaultStaticFrameTime", "-1e30", std::numeric_limits<int>::min()},
+    };
+    for (const auto& c : cases) {
+        const PreferenceRow& tried = row(c.key);
+        const Preferences preferences = loaded(QByteArray("[") + tried.group() + "]\n" + c.key + "=" + c.stored + "\n");
+        EXPECT_EQ(tried.value(preferences).toInt(), c.taken) << c.key << "=" << c.stored.constData();
+    }
+}
+
+TEST_F(PreferencesTest, AMissingKeyKeepsTheValueInMemoryUnlessItsRowSaysOtherwise)
+{
+    Preferences preferences;
+    for (const PreferenceRow& row : Preferences::rows()) {
+        row.accept(preferences, otherValue(row));
+    }
+    write("[main]\nversion=1\n");
+    preferences.loadFrom(path());
+
+    QStringList backToDefault;
+    for (const PreferenceRow& row : Preferences::rows()) {
+        const bool isDefault = row.value(preferences) == row.standard();
+        EXPECT_TRUE(isDefault || row.value(preferences) == otherValue(row)) << row.key();
+        if (isDefault) {
+            backToDefault << row.key();
+        }
+    }
+    EXPECT_EQ(backToDefault,
+              (QStringList{"ghostPrev", "ghostNext", "ghostPrevCount", "ghostNextCount", "defaultLayerState",
+                           "automaticallyAddFirstLayer", "alwaysDisplayNewLayerDialog", "insertDefaultStaticFrame",
+                           "defaultStaticFrameTime"}));
+}
+
+TEST_F(PreferencesTest, ValuesOfAnotherTypeAreReadAsFarAsTheyMakeSense)
+{
+    const Preferences preferences = loaded("[main]\nmainMenuName=Ink, Paint\n"
+                                           "[tools]\nactiveColor=#ff8000\nghostColorOverridePrev=reddish\n"
+                                           "brushTabletEnabled=0\ntextFontFamily=\"\"\n");
+    EXPECT_EQ(preferences.mainMenuName(), QString("Ink, Paint"));
+    EXPECT_EQ(preferences.activeColor(), QColor(255, 128, 0));
+    EXPECT_FALSE(preferences.ghostColorOverridePrev().isValid());
+    EXPECT_FALSE(preferences.isTabletEnabled(ToolType::Brush));
+    EXPECT_EQ(preferences.textFontFamily(), QString(""));
+}
+
+TEST_F(PreferencesTest, ToolOptionsAreClampedPerTool)
+{
+    Preferences p;
+    const struct {
+        ToolType tool;
+        int largest;
+    } tools[] = {{ToolType::Pencil, 100}, {ToolType::Brush, 100}, {ToolType::Eraser, 100}, {ToolType::Text, 100},
+                 {ToolType::Line, 50},    {ToolType::Arrow, 50},  {ToolType::Ellipse, 50}, {ToolType::Rectangle, 50}};
+    for (const auto& t : tools) {
+        p.setToolSize(t.tool, 1000);
+        EXPECT_EQ(p.toolSize(t.tool), t.largest) << static_cast<int>(t.tool);
+        p.setToolSize(t.tool, -3);
+        EXPECT_EQ(p.toolSize(t.tool), 1) << static_cast<int>(t.tool);
+        p.setToolOpacity(t.tool, 0);
+        EXPECT_EQ(p.toolOpacity(t.tool), 1) << static_cast<int>(t.tool);
+        p.setToolOpacity(t.tool, 101);
+        EXPECT_EQ(p.toolOpacity(t.tool), 100) << static_cast<int>(t.tool);
+    }
+}
+
+TEST_F(PreferencesTest, UnusableHardnessFallsToTheFloorOfItsTool)
+{
+    Preferences p;
+    const struct {
+        ToolType tool;
+        int set;
+        int kept;
+    } cases[] = {{ToolType::Brush, 101, 100},  {ToolType::Brush, -1, 10}, {ToolType::Brush, 5, 5},
+                 {ToolType::Eraser, 101, 100}, {ToolType::Eraser, -1, 0}, {ToolType::Pencil, 5, 100}};
+    for (const auto& c : cases) {
+        p.setToolHardness(c.tool, c.set);
+        EXPECT_EQ(p.toolHardness(c.tool), c.kept) << static_cast<int>(c.tool) << " " << c.set;
+    }
+}
+
+TEST_F(PreferencesTest, OnlyFreehandToolsUsePenPressure)
+{
+    Preferences p;
+    for (int tool = 0; tool <= 8; ++tool) {
+        p.setTabletEnabled(static_cast<ToolType>(tool), true);
+        EXPECT_EQ(p.isTabletEnabled(static_cast<ToolType>(tool)), tool <= 2) << tool;
+    }
+}
+
+TEST_F(PreferencesTest, AnUnknownToolIsReportedAndChangesNothing)
+{
+    Preferences p;
+    p.setToolSize(ToolType::Transform, 5);
+    p.setToolOpacity(static_cast<ToolType>(-2), 5);
+    EXPECT_THAT(errors(), ElementsAre("[Lumisketch2] Unknown tool type: 8", "[Lumisketch2] Unknown tool type: -2"));
+    forgetLines();
+    p.setToolHardness(ToolType::Transform, 5);
+    EXPECT_THAT(errors(), IsEmpty());
+}
+
+TEST_F(PreferencesTest, TheEraserEndOfThePenOverridesTheActiveTool)
+{
+    Preferences p;
+    p.setActiveTool(ToolType::Line);
+    EXPECT_EQ(p.effectiveTool(), ToolType::Line);
+    penState::setEraserTip(true);
+    EXPECT_EQ(p.effectiveTool(), ToolType::Eraser);
+}
+
+TEST_F(PreferencesTest, TheFileLiesInTheHostsPreferenceFolder)
+{
+    EXPECT_EQ(Preferences::filePath(), QDir(prefsDir()).absoluteFilePath("lumisketch2.ini"));
+    Preferences::instance().setToolSize(ToolType::Pencil, 33);
+    Preferences::instance().save();
+    Preferences::instance() = Preferences();
+    Preferences::instance().load();
+    EXPECT_EQ(Preferences::instance().toolSize(ToolType::Pencil), 33);
+}
+
+TEST_F(PreferencesTest, WithoutAPreferenceFolderNothingIsReadOrWritten)
+{
+    session().prefsDir.clear();
+    Preferences::instance().setToolSize(ToolType::Pencil, 33);
+    Preferences::instance().save();
+    Preferences::instance().load();
+    EXPECT_EQ(Preferences::instance().toolSize(ToolType::Pencil), 33);
+    EXPECT_THAT(errors(), ElementsAre("[Lumisketch2] Failed to retrieve Maya prefs directory",
+                                      "[Lumisketch2] Failed to retrieve Maya prefs directory"));
+    EXPECT_FALSE(QFile::exists("lumisketch2.ini"));
+}
+
+}  // namespace

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "model/LayerManager.h"
+#include "model/PngCodec.h"
+#include "support/Pixels.h"
+
+#include <ostream>
+
+inline std::ostream& operator<<(std::ostream& out, const QString& text)
+{
+    return out << '"' << text.toStdString() << '"';
+}
+
+/// Everything of a drawing that can be told, as text: two drawings are equal when their descriptions are.
+///     persp* > Ink* 1.00 0 shown 1: 3 a1b2c3d4, 7 none
+/// The camera's star marks the current one, the layer's the active one, "-" a hidden one; then opacity and state, the
+/// frame shown, and every key with the hash of its pixels.
+inline QString describe(const LayerManager& drawing)
+{
+    QStringList lines;
+    for (const QString& camera : drawing.cameras()) {
+        for (int i = 0; i < drawing.layerCount(camera); ++i) {
+            const Layer& layer = *drawing.layer(camera, i);
+            QStringList keys;
+            for (int f = 0; f < layer.frameCount(); ++f) {
+                const Frame& frame = *layer.frameAt(f);
+                keys << QStringLiteral("%1 %2").arg(frame.frameNumber()).arg(pixels::hash(decodePng(frame.png())));
+            }
+            const QString shown =
+                layer.currentFrame() ? QString::number(layer.currentFrame()->frameNumber()) : QStringLiteral("none");
+            lines << QStringLiteral("%1%2 > %3%4%5 %6 %7 shown %8: %9")
+                         .arg(camera, camera == drawing.currentCamera() ? "*" : "", layer.name(),
+                              layer.isActive() ? "*" : "", layer.isVisible() ? "" : "-",
+                              QString::number(static_cast<double>(layer.opacity()), 'f', 2),
+                              QString::number(layer.state()), shown, keys.join(", "));
+        }
+    }
+    return lines.join("\n");
+}

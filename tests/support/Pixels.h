@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QCryptographicHash>
+#include <QImage>
+#include <QString>
+#include <QStringList>
+
+/// Pixels as a test reads them.
+namespace pixels {
+
+/// The image as RGBA8888, whatever its format: decoded PNGs come in others.
+inline QImage plain(const QImage& image)
+{
+    return image.convertToFormat(QImage::Format_RGBA8888);
+}
+
+inline bool same(const QImage& a, const QImage& b)
+{
+    return a.isNull() == b.isNull() && plain(a) == plain(b);
+}
+
+inline int alpha(const QImage& image, int x, int y)
+{
+    return qAlpha(image.pixel(x, y));
+}
+
+/// One text a row, one character a pixel: "." for alpha 0, else 1 to 9 for ever stronger alpha, 9 being 255.
+inline QStringList alphaRows(const QImage& image, const QRect& rect)
+{
+    QStringList rows;
+    for (int y = rect.top(); y <= rect.bottom(); ++y) {
+        QString row;
+        for (int x = rect.left(); x <= rect.right(); ++x) {
+            const int a = alpha(image, x, y);
+            row += a == 0 ? QLatin1Char('.') : QLatin1Char(static_cast<char>('1' + a * 8 / 255));
+        }
+        rows << row;
+    }
+    return rows;
+}
+
+/// Box of the pixels that are not fully transparent; null when there are none.
+inline QRect inkBox(const QImage& image)
+{
+    QRect box;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (alpha(image, x, y) != 0) {
+                box |= QRect(x, y, 1, 1);
+            }
+        }
+    }
+    return box;
+}
+
+/// A canvas-sized picture that differs for every seed: a box of one colour.
+inline QImage marked(int seed)
+{
+    QImage image(1024, 1024, QImage::Format_RGBA8888);
+    image.fill(Qt::transparent);
+    for (int y = 0; y < 20; ++y) {
+        for (int x = 0; x < 20; ++x) {
+            image.setPixelColor(seed * 7 % 900 + x, seed * 13 % 900 + y, QColor(seed * 37 % 256, seed * 91 % 256, 200));
+        }
+    }
+    return image;
+}
+
+inline QString hash(const QImage& image)
+{
+    if (image.isNull()) {
+        return QStringLiteral("none");
+    }
+    const QImage rgba = plain(image);
+    QCryptographicHash hash(QCryptographicHash::Md5);
+    for (int y = 0; y < rgba.height(); ++y) {
+        hash.addData(reinterpret_cast<const char*>(rgba.constScanLine(y)), rgba.width() * 4);
+    }
+    return QString::fromLatin1(hash.result().toHex().left(8));
+}
+
+}  // namespace pixels
