@@ -9,6 +9,7 @@
 namespace mel {
 
 class Interpreter;
+class Source;
 
 /// An argument as a function of the language gets it: arrays stay whole, and a plain variable can be changed.
 struct Argument {
@@ -21,6 +22,8 @@ struct Argument {
 struct FunctionCall {
     Interpreter& interpreter;
     const std::string& name;
+    const Source& source;  ///< the calling text, and where in it the call stands
+    std::size_t at;
     std::vector<Argument>& args;
 
     /// The argument by the language's conversions; throws CommandError for an array.

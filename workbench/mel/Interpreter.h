@@ -4,11 +4,15 @@
 #include "mel/Ast.h"
 #include "mel/Functions.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 namespace mel {
+
+class Resolver;
 
 /// An error of a running script whose message already says where it happened.
 class ScriptError : public kernel::CommandError {
@@ -57,7 +61,7 @@ public:
 
     void define(const std::string& name, Procedure procedure);
     /// Looks in the calling text (may be null), then among the global procedures.
-    Procedure findProcedure(const std::string& name, const Unit* caller) const;
+    Procedure findProcedure(const std::string& name, const std::shared_ptr<const Unit>& caller) const;
     /// Path of the script file of that name in the script folders; empty when there is none.
     std::string findScript(const std::string& name) const;
     FunctionTable& functions() { return m_functions; }
@@ -70,15 +74,16 @@ public:
     void report(const kernel::CommandError& error);
     const std::string& lastError() const { return m_lastError; }
 
+    // --- scenes --------------------------------------------------------------------------------------------------
     /// The node that plugs without a node name (".tx") belong to while a scene is read; null otherwise.
     kernel::NodePtr sceneNode() const { return m_sceneNode; }
     void setSceneNode(kernel::NodePtr node) { m_sceneNode = std::move(node); }
-    bool isReadingScene() const { return m_readingScene; }
+    bool isReadingScene() const { return m_scenes > 0; }
 
     /// Marks a piece of script as running; the outermost one's end delivers the selection event.
     class Running {
     public:
-        explicit Running(Interpreter& interpreter) : m_interpreter(interpreter) { ++m_interpreter.m_depth; }
+        explicit Running(Interpreter& interpreter);
         ~Running();
         Running(const Running&) = delete;
         Running& operator=(const Running&) = delete;
@@ -87,11 +92,28 @@ public:
         Interpreter& m_interpreter;
     };
 
+    /// Counts calls of procedures within one another; throws CommandError when they are too many.
+    class Call {
+    public:
+        Call(Interpreter& interpreter, const std::string& procedure);
+        ~Call() { --m_interpreter.m_calls; }
+        Call(const Call&) = delete;
+        Call& operator=(const Call&) = delete;
+
+    private:
+        Interpreter& m_interpreter;
+    };
+
 private:
-    kernel::ScriptResult run(const std::string& text, const std::string& fileName);
-    /// Null, and the error reported, when it cannot be compiled.
+    class UndoStep;
+    /// Does the work and reports the error it ends with.
+    kernel::ScriptResult guarded(const std::function<kernel::Value()>& work);
+    std::vector<std::string> scriptFolders() const;
+    /// Throws, with the error reported already, when it cannot be compiled.
     std::shared_ptr<const Unit> compile(const std::string& text, const std::string& fileName);
+    void declareGlobals(const Resolver& resolver, const std::shared_ptr<const Unit>& unit);
     kernel::Value runUnit(const std::shared_ptr<const Unit>& unit);
+    kernel::Value runText(const std::string& text, const std::string& fileName);
 
     kernel::Session& m_session;
     FunctionTable m_functions;
@@ -100,7 +122,8 @@ private:
     kernel::NodePtr m_sceneNode;
     std::string m_lastError;
     int m_depth = 0;
-    bool m_readingScene = false;
+    int m_calls = 0;
+    int m_scenes = 0;
 };
 
 }  // namespace mel

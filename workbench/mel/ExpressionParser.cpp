@@ -1,0 +1,494 @@
+#include "mel/ExpressionParser.h"
+
+#include "mel/Stack.h"
+
+#include <utility>
+
+namespace mel {
+
+namespace {
+
+struct LevelOperator {
+    Tok token;
+    BinaryOp op;
+    int level;
+};
+
+// Higher binds tighter; operators of one level are taken from left to right.
+const LevelOperator kChainOperators[] = {
+    {Tok::Equal, BinaryOp::Equal, 0},         {Tok::NotEqual, BinaryOp::NotEqual, 0},
+    {Tok::Less, BinaryOp::Less, 1},           {Tok::LessEqual, BinaryOp::LessEqual, 1},
+    {Tok::Greater, BinaryOp::Greater, 1},     {Tok::GreaterEqual, BinaryOp::GreaterEqual, 1},
+    {Tok::Plus, BinaryOp::Add, 2},            {Tok::Minus, BinaryOp::Subtract, 2},
+    {Tok::Times, BinaryOp::Multiply, 3},      {Tok::Divide, BinaryOp::Divide, 3},
+    {Tok::Modulo, BinaryOp::Modulo, 3},       {Tok::Cross, BinaryOp::Cross, 3},
+};
+constexpr int kTightestLevel = 3;
+
+const LevelOperator* chainOperator(Tok token)
+{
+    for (const LevelOperator& row : kChainOperators) {
+        if (row.token == token)
+            return &row;
+    }
+    return nullptr;
+}
+
+// The operator behind +=, -= and so on.
+const std::pair<Tok, BinaryOp> kAssignments[] = {
+    {Tok::PlusAssign, BinaryOp::Add},      {Tok::MinusAssign, BinaryOp::Subtract},
+    {Tok::TimesAssign, BinaryOp::Multiply}, {Tok::DivideAssign, BinaryOp::Divide},
+    {Tok::ModuloAssign, BinaryOp::Modulo}, {Tok::CrossAssign, BinaryOp::Cross},
+};
+
+bool endsArguments(Tok kind)
+{
+    return kind == Tok::Semicolon || kind == Tok::End || kind == Tok::Backquote;
+}
+
+}  // namespace
+
+BaseType typeOfWord(Tok kind)
+{
+    switch (kind) {
+    case Tok::IntType: return BaseType::Int;
+    case Tok::FloatType: return BaseType::Float;
+    case Tok::StringType: return BaseType::String;
+    case Tok::VectorType: return BaseType::Vector;
+    case Tok::MatrixType: return BaseType::Matrix;
+    default: return BaseType::None;
+    }
+}
+
+void ExpressionParser::rejectDepth() const
+{
+    if (isStackShort())
+        m_tokens.fail(kTooDeep);
+}
+
+ExprPtr ExpressionParser::parseExpression()
+{
+    rejectDepth();
+    ExprPtr left = parseConditional();
+    const Tok op = m_tokens.kind();
+    if (op == Tok::Assign) {
+        auto target = asVariable(std::move(left));
+        m_tokens.advance();
+        return std::make_unique<AssignExpr>(std::move(target), parseExpression());
+    }
+    for (const auto& row : kAssignments) {
+        if (row.first != op)
+            continue;
+        auto target = asVariable(std::move(left));
+        m_tokens.advance();
+        auto assign = std::make_unique<AssignExpr>(std::move(target), parseExpression());
+        assign->compound = true;
+        assign->op = row.second;
+        return assign;
+    }
+    return left;
+}
+
+// Only a variable or one of its elements can be assigned to; a component of a vector cannot.
+std::unique_ptr<VariableExpr> ExpressionParser::asVariable(ExprPtr expression) const
+{
+    if (expression->kind != ExprKind::Variable || static_cast<VariableExpr&>(*expression).component >= 0)
+        m_tokens.fail();
+    return std::unique_ptr<VariableExpr>(static_cast<VariableExpr*>(expression.release()));
+}
+
+ExprPtr ExpressionParser::parseConditional()
+{
+    ExprPtr test = parseLogical(Tok::Or);
+    if (!m_tokens.accept(Tok::Question))
+        return test;
+    rejectDepth();
+    ExprPtr yes = parseExpression();
+    m_tokens.expect(Tok::Colon);
+    ExprPtr no = parseConditional();
+    return std::make_unique<ConditionalExpr>(std::move(test), std::move(yes), std::move(no));
+}
+
+ExprPtr ExpressionParser::parseLogical(Tok op)
+{
+    const auto operand = [&] { return op == Tok::Or ? parseLogical(Tok::And) : parseChain(0); };
+    ExprPtr first = operand();
+    if (!m_tokens.is(op))
+        return first;
+    auto logical = std::make_unique<LogicalExpr>(op == Tok::And, std::move(first));
+    while (m_tokens.accept(op))
+        logical->operands.push_back(operand());
+    return logical;
+}
+
+ExprPtr ExpressionParser::parseChain(int level)
+{
+    const auto operand = [&] { return level == kTightestLevel ? parseUnary() : parseChain(level + 1); };
+    ExprPtr first = operand();
+    std::unique_ptr<ChainExpr> chain;
+    for (;;) {
+        const LevelOperator* row = chainOperator(m_tokens.kind());
+        if (!row || row->level != level)
+            break;
+        if (!chain)
+            chain = std::make_unique<ChainExpr>(std::move(first));
+        m_tokens.advance();
+        chain->links.push_back({row->op, operand()});
+    }
+    return chain ? ExprPtr(std::move(chain)) : std::move(first);
+}
+
+ExprPtr ExpressionParser::parseUnary()
+{
+    rejectDepth();
+    const std::size_t at = m_tokens.at();
+    if (m_tokens.accept(Tok::Not))
+        return std::make_unique<UnaryExpr>(ExprKind::Not, at, parseUnary());
+    if (m_tokens.accept(Tok::Minus))
+        return std::make_unique<UnaryExpr>(ExprKind::Negate, at, parseUnary());
+    if (m_tokens.is(Tok::Increment) || m_tokens.is(Tok::Decrement)) {
+        const int step = m_tokens.is(Tok::Increment) ? 1 : -1;
+        m_tokens.advance();
+        return std::make_unique<StepExpr>(at, asVariable(parsePrimary()), step, true);
+    }
+    ExprPtr operand = parsePrimary();
+    if (operand->kind == ExprKind::Variable && (m_tokens.is(Tok::Increment) || m_tokens.is(Tok::Decrement))) {
+        const int step = m_tokens.is(Tok::Increment) ? 1 : -1;
+        operand = std::make_unique<StepExpr>(at, asVariable(std::move(operand)), step, false);
+        m_tokens.advance();
+    }
+    return operand;
+}
+
+ExprPtr ExpressionParser::parsePrimary()
+{
+    switch (m_tokens.kind()) {
+    case Tok::Integer:
+    case Tok::Float: return parseNumber();
+    case Tok::True:
+    case Tok::False: return parseBoolean();
+    case Tok::String: return parseString();
+    case Tok::Variable: return parseVariable();
+    case Tok::LeftParen: return parseParentheses();
+    case Tok::Identifier: return parseName();
+    case Tok::Backquote: return parseBackquotes();
+    case Tok::LeftBrace: return parseArray();
+    case Tok::LeftAngles: return parseAngles();
+    case Tok::Catch:
+    case Tok::CatchQuiet: return parseCatch();
+    default: break;
+    }
+    const BaseType type = typeOfWord(m_tokens.kind());
+    if (type == BaseType::None)
+        m_tokens.fail();
+    const std::size_t at = m_tokens.at();
+    m_tokens.advance();
+    if (!m_tokens.is(Tok::LeftParen))
+        m_tokens.fail();
+    return std::make_unique<CastExpr>(at, Type{type, false}, parseParentheses());
+}
+
+ExprPtr ExpressionParser::parseNumber()
+{
+    auto literal = std::make_unique<LiteralExpr>(m_tokens.at(), m_tokens.lexer().numberValue(m_tokens.token()));
+    m_tokens.advance();
+    return literal;
+}
+
+ExprPtr ExpressionParser::parseBoolean()
+{
+    auto literal = std::make_unique<LiteralExpr>(m_tokens.at(), int(m_tokens.is(Tok::True)));
+    m_tokens.advance();
+    return literal;
+}
+
+ExprPtr ExpressionParser::parseString()
+{
+    auto literal = std::make_unique<LiteralExpr>(m_tokens.at(), m_tokens.lexer().stringContent(m_tokens.token()));
+    m_tokens.advance();
+    return literal;
+}
+
+std::unique_ptr<VariableExpr> ExpressionParser::parseVariable()
+{
+    if (!m_tokens.is(Tok::Variable))
+        m_tokens.fail();
+    auto variable = std::make_unique<VariableExpr>(m_tokens.at(), m_tokens.text().substr(1));
+    m_tokens.advance();
+    while (variable->indices.size() < 2 && m_tokens.accept(Tok::LeftBracket)) {
+        variable->indices.push_back(parseExpression());
+        m_tokens.expect(Tok::RightBracket);
+    }
+    if (m_tokens.is(Tok::Dot) && m_tokens.isAdjacent()) {
+        m_tokens.advance();
+        const std::string component = m_tokens.text();
+        if (!m_tokens.is(Tok::Identifier) || component.size() != 1 || component[0] < 'x' || component[0] > 'z')
+            m_tokens.fail();
+        variable->component = component[0] - 'x';
+        m_tokens.advance();
+    }
+    return variable;
+}
+
+ExprPtr ExpressionParser::parseParentheses()
+{
+    const std::size_t at = m_tokens.at();
+    m_tokens.expect(Tok::LeftParen);
+    const BaseType type = typeOfWord(m_tokens.kind());
+    if (type != BaseType::None) {
+        const Token word = m_tokens.token();
+        m_tokens.advance();
+        if (m_tokens.accept(Tok::RightParen))
+            return std::make_unique<CastExpr>(at, Type{type, false}, parseUnary());
+        m_tokens.seek(word.begin);
+    }
+    ExprPtr inner = parseExpression();
+    m_tokens.expect(Tok::RightParen);
+    return inner;
+}
+
+ExprPtr ExpressionParser::parseName()
+{
+    const Token name = m_tokens.token();
+    m_tokens.advance();
+    if (!m_tokens.is(Tok::LeftParen))
+        throw SyntaxError("Invalid use of Maya object \"" + std::string(m_tokens.lexer().text(name)) + "\".",
+                          name.begin);
+    m_tokens.seek(name.begin);
+    return parseCall();
+}
+
+ExprPtr ExpressionParser::parseCall()
+{
+    auto call = std::make_unique<CallExpr>(m_tokens.at(), m_tokens.text());
+    m_tokens.advance();
+    m_tokens.expect(Tok::LeftParen);
+    call->args = parseList(Tok::RightParen);
+    return call;
+}
+
+std::vector<ExprPtr> ExpressionParser::parseList(Tok end)
+{
+    std::vector<ExprPtr> list;
+    if (m_tokens.accept(end))
+        return list;
+    do {
+        list.push_back(parseExpression());
+    } while (m_tokens.accept(Tok::Comma));
+    m_tokens.expect(end);
+    return list;
+}
+
+ExprPtr ExpressionParser::parseArray()
+{
+    auto array = std::make_unique<ArrayExpr>(m_tokens.at());
+    m_tokens.advance();
+    array->elements = parseList(Tok::RightBrace);
+    return array;
+}
+
+ExprPtr ExpressionParser::parseAngles()
+{
+    const std::size_t at = m_tokens.at();
+    m_tokens.advance();
+    std::vector<ExprPtr> row;
+    do {
+        row.push_back(parseExpression());
+    } while (m_tokens.accept(Tok::Comma));
+    if (m_tokens.is(Tok::Semicolon))
+        return parseMatrix(at, std::move(row));
+    if (row.size() != 3)
+        m_tokens.fail();
+    m_tokens.expect(Tok::RightAngles);
+    auto vector = std::make_unique<VectorExpr>(at);
+    for (int i = 0; i < 3; ++i)
+        vector->components[i] = std::move(row[i]);
+    return vector;
+}
+
+ExprPtr ExpressionParser::parseMatrix(std::size_t at, std::vector<ExprPtr> firstRow)
+{
+    auto matrix = std::make_unique<MatrixExpr>(at);
+    matrix->columns = unsigned(firstRow.size());
+    matrix->elements = std::move(firstRow);
+    while (m_tokens.accept(Tok::Semicolon)) {
+        if (m_tokens.is(Tok::RightAngles))
+            break;
+        unsigned columns = 0;
+        do {
+            matrix->elements.push_back(parseExpression());
+            ++columns;
+        } while (m_tokens.accept(Tok::Comma));
+        if (columns != matrix->columns)
+            m_tokens.fail();
+    }
+    m_tokens.expect(Tok::RightAngles);
+    return matrix;
+}
+
+ExprPtr ExpressionParser::parseCatch()
+{
+    const std::size_t at = m_tokens.at();
+    const bool quiet = m_tokens.is(Tok::CatchQuiet);
+    m_tokens.advance();
+    if (m_tokens.is(Tok::Backquote))
+        return std::make_unique<CatchExpr>(at, quiet, parseBackquotes());
+    m_tokens.expect(Tok::LeftParen);
+    ExprPtr operand = parseExpression();
+    m_tokens.expect(Tok::RightParen);
+    return std::make_unique<CatchExpr>(at, quiet, std::move(operand));
+}
+
+ExprPtr ExpressionParser::parseBackquotes()
+{
+    rejectDepth();
+    m_tokens.advance();
+    if (!m_tokens.is(Tok::Identifier))
+        m_tokens.fail();
+    ExprPtr command = isCallSyntax() ? parseCall() : parseCommand();
+    m_tokens.accept(Tok::Semicolon);
+    m_tokens.expect(Tok::Backquote);
+    return command;
+}
+
+ExprPtr ExpressionParser::parseCallStatement()
+{
+    return isCallSyntax() ? parseExpression() : parseCommand();
+}
+
+// A name followed by "(" may be a call, `f($x) + 1`, or a command whose first argument is in parentheses,
+// `move ($x) 0 0`. What follows the closing parenthesis decides.
+bool ExpressionParser::isCallSyntax()
+{
+    const std::size_t start = m_tokens.at();
+    m_tokens.advance();
+    bool isCall = false;
+    if (m_tokens.is(Tok::LeftParen)) {
+        unsigned depth = 0;
+        bool isList = false;
+        unsigned count = 0;
+        do {
+            const Tok kind = m_tokens.kind();
+            if (kind == Tok::LeftParen || kind == Tok::LeftBrace || kind == Tok::LeftAngles)
+                ++depth;
+            else if (kind == Tok::RightParen || kind == Tok::RightBrace || kind == Tok::RightAngles)
+                --depth;
+            else if (kind == Tok::Comma && depth == 1)
+                isList = true;
+            ++count;
+            m_tokens.advance();
+        } while (depth > 0 && !m_tokens.is(Tok::End));
+        if (count == 2)
+            isList = true;
+        const Tok after = m_tokens.kind();
+        if (isList)
+            isCall = true;
+        else if (after == Tok::Minus) {
+            // `setAttr ($a) -lock on` and `move ($x) -1 0` go on as commands.
+            const bool spaceBefore = !m_tokens.isAdjacent();
+            m_tokens.advance();
+            isCall = !(spaceBefore && m_tokens.isAdjacent());
+        } else {
+            isCall = after == Tok::Semicolon || after == Tok::End || after == Tok::RightParen
+                     || after == Tok::RightBracket || after == Tok::RightBrace || after == Tok::Comma
+                     || after == Tok::Colon || after == Tok::Question || after == Tok::Backquote
+                     || (after >= Tok::Plus && after <= Tok::Decrement && after != Tok::Not);
+        }
+    }
+    m_tokens.seek(start);
+    return isCall;
+}
+
+ExprPtr ExpressionParser::parseCommand()
+{
+    auto call = std::make_unique<CallExpr>(m_tokens.at(), m_tokens.text());
+    m_tokens.advanceToArgument();
+    while (!endsArguments(m_tokens.kind()))
+        call->args.push_back(parseArgument());
+    return call;
+}
+
+ExprPtr ExpressionParser::parseArgument()
+{
+    ExprPtr argument;
+    switch (m_tokens.kind()) {
+    case Tok::Flag:
+        argument = std::make_unique<LiteralExpr>(m_tokens.at(), m_tokens.text());
+        m_tokens.advance();
+        break;
+    case Tok::Word: argument = parseWord(); break;
+    case Tok::Integer:
+    case Tok::Float: argument = parseNumber(); break;
+    case Tok::String: argument = parseString(); break;
+    case Tok::Variable:
+        argument = parseVariable();
+        // `$node.tx` looks like joining, but only parentheses and + join.
+        if (static_cast<VariableExpr&>(*argument).component >= 0)
+            throw SyntaxError("Syntax error", argument->at);
+        break;
+    case Tok::LeftParen: argument = parseParentheses(); break;
+    case Tok::Backquote: argument = parseBackquotes(); break;
+    case Tok::LeftBrace: argument = parseArray(); break;
+    case Tok::LeftAngles: argument = parseAngles(); break;
+    case Tok::Minus: argument = parseNegatedArgument(); break;
+    default: m_tokens.fail();
+    }
+    m_tokens.rereadAsArgument();
+    return argument;
+}
+
+ExprPtr ExpressionParser::parseNegatedArgument()
+{
+    const std::size_t at = m_tokens.at();
+    m_tokens.advance();
+    if (!m_tokens.isAdjacent())
+        m_tokens.fail();
+    if (m_tokens.is(Tok::Variable))
+        return std::make_unique<UnaryExpr>(ExprKind::Negate, at, parseVariable());
+    if (m_tokens.is(Tok::LeftParen))
+        return std::make_unique<UnaryExpr>(ExprKind::Negate, at, parseParentheses());
+    m_tokens.fail();
+}
+
+// A word is its own text, except for an index that must be computed: cv[$i], vtx[$a:$b].
+ExprPtr ExpressionParser::parseWord()
+{
+    const std::size_t at = m_tokens.at();
+    std::string text = m_tokens.text();
+    if (m_tokens.followingByte() != '[') {
+        Lexer word(text);
+        const Tok kind = word.next().kind;
+        if (isReservedWord(kind) && word.offset() == text.size() && kind != Tok::True && kind != Tok::False)
+            m_tokens.fail();
+        m_tokens.advance();
+        return std::make_unique<LiteralExpr>(at, std::move(text));
+    }
+    auto joined = std::make_unique<ChainExpr>(std::make_unique<LiteralExpr>(at, text + "["));
+    const auto add = [&](ExprPtr part) { joined->links.push_back({BinaryOp::Add, std::move(part)}); };
+    const auto addText = [&](std::string part) {
+        add(std::make_unique<LiteralExpr>(m_tokens.at(), std::move(part)));
+    };
+    m_tokens.advance();
+    for (;;) {
+        m_tokens.expect(Tok::LeftBracket);
+        add(parseExpression());
+        if (m_tokens.accept(Tok::Colon)) {
+            addText(":");
+            add(parseExpression());
+        }
+        if (!m_tokens.is(Tok::RightBracket))
+            m_tokens.fail();
+        m_tokens.advanceToArgument();
+        if (!m_tokens.is(Tok::Word) || !m_tokens.isAdjacent()) {
+            addText("]");
+            return joined;
+        }
+        addText("]" + m_tokens.text());
+        m_tokens.advance();
+        if (!m_tokens.is(Tok::LeftBracket) || !m_tokens.isAdjacent())
+            return joined;
+        addText("[");
+    }
+}
+
+}  // namespace mel

@@ -1,0 +1,342 @@
+#include "mel/SceneReader.h"
+
+#include "kernel/Session.h"
+#include "mel/Conversion.h"
+#include "mel/Evaluator.h"
+#include "mel/ExpressionParser.h"
+#include "mel/Resolver.h"
+#include "mel/builtins/CreateNode.h"
+
+#include <algorithm>
+
+namespace mel {
+
+using kernel::CommandError;
+using kernel::NodePtr;
+using kernel::Value;
+using kernel::ValueList;
+
+namespace {
+
+// The writer puts these in itself, about the program that saves.
+const char* const kOwnFileInfo[] = {"application", "product", "version", "cutIdentifier", "osv"};
+
+bool isFlag(const Value& value, const char* shortName, const char* longName)
+{
+    const auto* text = std::get_if<std::string>(&value);
+    return text && text->size() > 1 && (*text)[0] == '-'
+           && (text->compare(1, std::string::npos, shortName) == 0
+               || text->compare(1, std::string::npos, longName) == 0);
+}
+
+bool hasFlag(const ValueList& args, const char* shortName, const char* longName)
+{
+    return std::any_of(args.begin(), args.end(),
+                       [&](const Value& value) { return isFlag(value, shortName, longName); });
+}
+
+/// Name of the attribute a plug of the current node (".t[0].tx") begins with; empty when there is no such plug.
+std::string ownPlug(const ValueList& args)
+{
+    for (const Value& value : args) {
+        const auto* text = std::get_if<std::string>(&value);
+        if (text && text->size() > 1 && (*text)[0] == '.')
+            return text->substr(1, text->find_first_of(".[", 1) - 1);
+    }
+    return {};
+}
+
+}  // namespace
+
+const SceneReader::Row SceneReader::kRows[] = {
+    {"setAttr", &SceneReader::setAttribute},      {"createNode", &SceneReader::createNode},
+    {"rename", &SceneReader::renameNode},         {"addAttr", &SceneReader::addAttribute},
+    {"connectAttr", &SceneReader::keepLink},      {"disconnectAttr", &SceneReader::keepLink},
+    {"relationship", &SceneReader::keepLink},     {"select", &SceneReader::selectNode},
+    {"parent", &SceneReader::runCommand},         {"lockNode", &SceneReader::lockNode},
+    {"requires", &SceneReader::requireModule},    {"currentUnit", &SceneReader::runCommand},
+    {"fileInfo", &SceneReader::keepFileInfo},     {"file", &SceneReader::readReference},
+    {"workspace", &SceneReader::ignore},
+};
+
+const SceneReader::Row* SceneReader::findRow(std::string_view command)
+{
+    for (const Row& row : kRows) {
+        if (command == row.command)
+            return &row;
+    }
+    return nullptr;
+}
+
+SceneReader::SceneReader(Interpreter& interpreter, std::string_view text, const std::string& fileName) :
+    m_interpreter(interpreter), m_source(Source::borrowing(text, fileName)), m_tokens(text)
+{
+}
+
+bool SceneReader::read()
+{
+    while (!m_tokens.is(Tok::End)) {
+        try {
+            readStatement();
+        } catch (const SyntaxError& error) {
+            const bool isCutShort = m_tokens.token().end >= m_source.text().size();
+            report(isCutShort ? "The file ends in the middle of a statement." : error.what(), error.at());
+            skipToNextStatement(error.at());
+        }
+    }
+    return m_ok;
+}
+
+void SceneReader::readStatement()
+{
+    if (m_tokens.accept(Tok::Semicolon))
+        return;
+    Statement statement;
+    statement.begin = m_tokens.at();
+    if (m_tokens.accept(Tok::Global) || m_tokens.is(Tok::Proc)) {
+        if (m_tokens.accept(Tok::Proc) && typeOfWord(m_tokens.kind()) != BaseType::None)
+            m_tokens.advance();
+        while (m_tokens.accept(Tok::LeftBracket) || m_tokens.accept(Tok::RightBracket)) {
+        }
+        throw SyntaxError("Cannot define a Mel procedure \"" + m_tokens.text() + "\" in a Maya Ascii file",
+                          statement.begin);
+    }
+    if (!m_tokens.is(Tok::Identifier))
+        m_tokens.fail();
+    statement.command = m_tokens.text();
+    m_tokens.advanceToArgument();
+    while (!m_tokens.is(Tok::Semicolon))
+        statement.args.push_back(readArgument());
+    statement.end = m_tokens.token().end;
+    m_tokens.advance();
+    run(statement);
+}
+
+Value SceneReader::readArgument()
+{
+    Value value;
+    switch (m_tokens.kind()) {
+    case Tok::String: value = m_tokens.lexer().stringContent(m_tokens.token()); break;
+    case Tok::Integer:
+    case Tok::Float: value = m_tokens.lexer().numberValue(m_tokens.token()); break;
+    case Tok::Flag: value = m_tokens.text(); break;
+    case Tok::Word:
+        if (m_tokens.followingByte() == '[')
+            m_tokens.fail();
+        value = m_tokens.text();
+        break;
+    default: {
+        // Long texts are written as parts in parentheses, joined by +.
+        const ExprPtr argument = ExpressionParser(m_tokens).parseArgument();
+        if (!isConstant(*argument))
+            throw SyntaxError("Syntax error", argument->at);
+        return Evaluator(m_interpreter, std::make_shared<Unit>(), 0).evaluate(*argument);
+    }
+    }
+    m_tokens.advanceToArgument();
+    return value;
+}
+
+// After a statement that cannot be read: behind the next semicolon that ends a line, or at the next line that starts
+// with one of a scene's commands.
+void SceneReader::skipToNextStatement(std::size_t from)
+{
+    const std::string_view text = m_source.text();
+    std::size_t lineEnd = text.find('\n', from);
+    for (; lineEnd != std::string_view::npos; lineEnd = text.find('\n', lineEnd + 1)) {
+        const std::size_t last = text.find_last_not_of(" \t\r", lineEnd - (lineEnd > 0));
+        if (last != std::string_view::npos && last >= from && text[last] == ';')
+            break;
+        const std::size_t first = text.find_first_not_of(" \t", lineEnd + 1);
+        if (first == std::string_view::npos)
+            continue;
+        const std::size_t end = text.find_first_of(" \t\r\n;\"", first);
+        if (end != std::string_view::npos && findRow(text.substr(first, end - first)))
+            break;
+    }
+    m_tokens.seek(lineEnd == std::string_view::npos ? text.size() : lineEnd + 1);
+}
+
+void SceneReader::run(const Statement& statement)
+{
+    const Row* row = findRow(statement.command);
+    try {
+        if (!row)
+            throw CommandError("The command \"" + statement.command + "\" cannot stand in a scene.");
+        (this->*row->run)(statement);
+    } catch (const CommandError& error) {
+        report(error.what(), statement.begin);
+    }
+}
+
+std::string SceneReader::verbatim(const Statement& statement) const
+{
+    return std::string(m_source.text().substr(statement.begin, statement.end - statement.begin));
+}
+
+void SceneReader::report(const std::string& message, std::size_t at)
+{
+    m_ok = false;
+    if (!message.empty())
+        m_interpreter.report(CommandError(m_source.messagePrefix(at) + message));
+}
+
+void SceneReader::warn(const std::string& message, std::size_t at)
+{
+    m_interpreter.session().output.warning(m_source.messagePrefix(at) + message);
+}
+
+void SceneReader::runCommand(const Statement& statement)
+{
+    kernel::runCommand(m_interpreter.session(), statement.command, statement.args);
+}
+
+void SceneReader::ignore(const Statement&) {}
+
+// A module that is missing does not stop the scene: its nodes are kept unread, and so is the line that asks for it.
+void SceneReader::requireModule(const Statement& statement)
+{
+    std::vector<std::string> names;
+    for (std::size_t i = 0; i < statement.args.size(); ++i) {
+        if (isFlag(statement.args[i], "nt", "nodeType") || isFlag(statement.args[i], "dt", "dataType"))
+            ++i;
+        else
+            names.push_back(kernel::toText(statement.args[i]));
+    }
+    if (names.empty())
+        throw CommandError("No object was specified");
+    if (names[0] == "maya")
+        return;
+    kernel::Session& session = m_interpreter.session();
+    std::string reason;
+    if (session.commands.find("loadPlugin")) {
+        try {
+            kernel::runCommand(session, "loadPlugin", {std::string("-quiet"), names[0]});
+            return;
+        } catch (const CommandError& error) {
+            reason = error.what();
+        }
+    }
+    if (reason.empty())
+        reason = "Plug-in, \"" + names[0] + "\", was not found on MAYA_PLUG_IN_PATH.";
+    warn(reason, statement.begin);
+    keepWithScene(verbatim(statement));
+}
+
+// One line per key: a later one takes the earlier one's place.
+void SceneReader::keepFileInfo(const Statement& statement)
+{
+    if (statement.args.size() != 2)
+        throw CommandError("Incorrect number of objects specified");
+    const std::string key = kernel::toText(statement.args[0]);
+    if (std::find(std::begin(kOwnFileInfo), std::end(kOwnFileInfo), key) != std::end(kOwnFileInfo))
+        return;
+    const std::string start = "fileInfo \"" + key + "\"";
+    std::vector<std::string>& kept = m_interpreter.session().scene.keptStatements;
+    kept.erase(std::remove_if(kept.begin(), kept.end(),
+                              [&](const std::string& other) { return other.compare(0, start.size(), start) == 0; }),
+               kept.end());
+    kept.push_back(verbatim(statement));
+}
+
+void SceneReader::readReference(const Statement& statement)
+{
+    if (hasFlag(statement.args, "rdi", "referenceDepthInfo"))
+        return keepWithScene(verbatim(statement));
+    if (!hasFlag(statement.args, "r", "reference"))
+        throw CommandError("Only references to other files can stand in a scene.");
+    warn("The referenced file is not read: " + kernel::toText(statement.args.back()), statement.begin);
+    keepWithScene(verbatim(statement));
+}
+
+void SceneReader::keepLink(const Statement& statement)
+{
+    keepWithScene(verbatim(statement));
+}
+
+void SceneReader::keepWithScene(const std::string& statement)
+{
+    std::vector<std::string>& kept = m_interpreter.session().scene.keptStatements;
+    if (std::find(kept.begin(), kept.end(), statement) == kept.end())
+        kept.push_back(statement);
+}
+
+void SceneReader::keepWithNode(const Statement& statement)
+{
+    if (const NodePtr node = m_interpreter.sceneNode())
+        node->unknownStatements.push_back(verbatim(statement));
+}
+
+void SceneReader::createNode(const Statement& statement)
+{
+    m_addedAttributes.clear();
+    m_skipping = true;
+    m_interpreter.setSceneNode(nullptr);
+    NodeRequest request = parseCreateNode(statement.args);
+    kernel::Session& session = m_interpreter.session();
+    if (!session.nodeTypes.find(request.type)) {
+        warn("Unknown object type: " + request.type + ". The node " + request.name + " is kept unread.",
+             statement.begin);
+        request.unknownType = std::exchange(request.type, {});
+    }
+    if (!request.parent.empty() && !session.scene.findOrNull(request.parent)) {
+        report("No object matches name: " + request.parent, statement.begin);
+        request.parent.clear();
+    }
+    kernel::EditList edits;
+    m_interpreter.setSceneNode(mel::createNode(session, request, edits));
+    m_skipping = false;
+}
+
+void SceneReader::renameNode(const Statement& statement)
+{
+    if (!hasFlag(statement.args, "uid", "uuid"))
+        return runCommand(statement);
+    const NodePtr node = m_interpreter.sceneNode();
+    if (node && !statement.args.empty())
+        node->setUid(kernel::toText(statement.args.back()));
+}
+
+void SceneReader::setAttribute(const Statement& statement)
+{
+    if (m_skipping)
+        return;
+    const NodePtr node = m_interpreter.sceneNode();
+    if (node && (!node->unknownType.empty() || m_addedAttributes.count(ownPlug(statement.args))))
+        keepWithNode(statement);
+    else
+        runCommand(statement);
+}
+
+void SceneReader::addAttribute(const Statement& statement)
+{
+    if (m_skipping)
+        return;
+    for (std::size_t i = 0; i + 1 < statement.args.size(); ++i) {
+        if (isFlag(statement.args[i], "ln", "longName") || isFlag(statement.args[i], "sn", "shortName"))
+            m_addedAttributes.insert(kernel::toText(statement.args[i + 1]));
+    }
+    keepWithNode(statement);
+}
+
+// `select -ne :time1` chooses the node that the following settings are for; the user's selection stays.
+void SceneReader::selectNode(const Statement& statement)
+{
+    m_addedAttributes.clear();
+    NodePtr node;
+    for (const Value& value : statement.args) {
+        if (!isFlag(value, "ne", "noExpand"))
+            node = m_interpreter.session().scene.findOrNull(kernel::toText(value));
+    }
+    m_skipping = !node;
+    m_interpreter.setSceneNode(node);
+}
+
+void SceneReader::lockNode(const Statement& statement)
+{
+    const NodePtr node = m_interpreter.sceneNode();
+    if (node && !node->unknownType.empty())
+        keepWithNode(statement);
+}
+
+}  // namespace mel

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "kernel/Node.h"
+#include "kernel/Value.h"
+#include "mel/Source.h"
+#include "mel/TokenStream.h"
+
+#include <set>
+#include <string>
+#include <string_view>
+
+namespace mel {
+
+class Interpreter;
+
+/// Reads a text scene: the script language cut down to a few commands with plain arguments, run statement by
+/// statement. An error is reported with file and line and reading goes on with the next statement.
+///
+/// Scenes with drawings hold strings of many megabytes: a token is copied once, from the buffer into its argument.
+class SceneReader {
+public:
+    /// text: must outlive the reader.
+    SceneReader(Interpreter& interpreter, std::string_view text, const std::string& fileName);
+    /// False when there was any error.
+    bool read();
+
+private:
+    struct Statement {
+        std::string command;
+        kernel::ValueList args;
+        std::size_t begin = 0;
+        std::size_t end = 0;  ///< behind the semicolon
+    };
+    using Handler = void (SceneReader::*)(const Statement& statement);
+    struct Row {
+        const char* command;
+        Handler run;
+    };
+    static const Row kRows[];
+    static const Row* findRow(std::string_view command);
+
+    void readStatement();
+    kernel::Value readArgument();
+    void skipToNextStatement(std::size_t from);
+    void run(const Statement& statement);
+    std::string verbatim(const Statement& statement) const;
+    void report(const std::string& message, std::size_t at);
+    void warn(const std::string& message, std::size_t at);
+
+    // What a scene's commands do; the rows name them.
+    void runCommand(const Statement& statement);
+    void requireModule(const Statement& statement);
+    void keepFileInfo(const Statement& statement);
+    void readReference(const Statement& statement);
+    void createNode(const Statement& statement);
+    void renameNode(const Statement& statement);
+    void setAttribute(const Statement& statement);
+    void addAttribute(const Statement& statement);
+    void selectNode(const Statement& statement);
+    void lockNode(const Statement& statement);
+    void keepLink(const Statement& statement);
+    void ignore(const Statement& statement);
+
+    void createUnknownNode(const Statement& statement, const std::string& type);
+    void keepWithNode(const Statement& statement);
+    void keepWithScene(const std::string& statement);
+
+    Interpreter& m_interpreter;
+    const Source m_source;
+    TokenStream m_tokens;
+    std::set<std::string> m_addedAttributes;  ///< names, long and short, that the scene gave its current node itself
+    bool m_skipping = false;  ///< the current node could not be made, or is a default node the workbench lacks
+    bool m_ok = true;
+};
+
+}  // namespace mel
