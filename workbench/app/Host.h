@@ -2,6 +2,7 @@
 
 #include "kernel/Session.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -17,7 +18,7 @@ struct HostOptions {
 class Host {
 public:
     explicit Host(const HostOptions& options);
-    ~Host();  ///< raises quitApplication, then unloads modules
+    ~Host();  ///< shuts down
     Host(const Host&) = delete;
     Host& operator=(const Host&) = delete;
 
@@ -29,8 +30,26 @@ public:
     bool loadModule(const std::string& pathOrName);
     void drainIdle() { m_session->idle.drain(); }
 
+    struct QuitRequest {
+        bool force = false;  ///< do not ask about unsaved changes
+        int exitCode = 0;
+    };
+    /// Called when a script asks to quit; without one the request is only remembered.
+    void setQuitListener(std::function<void()> listener) { m_quitListener = std::move(listener); }
+    const QuitRequest* quitRequest() const { return m_quitRequest.get(); }  ///< null when nobody asked
+    void forgetQuitRequest() { m_quitRequest.reset(); }
+
+    /// Raises quitApplication, then unloads modules. For a program with a window, which must outlive this: callbacks
+    /// still reach its widgets.
+    void shutDown();
+
 private:
+    void registerQuit();
+
     std::unique_ptr<kernel::Session> m_session;
+    std::unique_ptr<QuitRequest> m_quitRequest;
+    std::function<void()> m_quitListener;
+    bool m_isDown = false;
 };
 
 }  // namespace app

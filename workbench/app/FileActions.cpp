@@ -1,0 +1,98 @@
+#include "app/FileActions.h"
+
+#include "app/ScriptText.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMessageBox>
+
+namespace app {
+
+namespace {
+
+const char kSceneFilter[] = "Scenes (*.ma);;All files (*)";
+
+}  // namespace
+
+FileActions::FileActions(kernel::Session& session, QWidget* window, std::function<bool(const std::string&)> run)
+    : QObject(window), m_session(session), m_window(window), m_run(std::move(run))
+{}
+
+void FileActions::fill(QMenu* menu)
+{
+    menu->addAction(tr("&New"), this, SLOT(New()), QKeySequence::New);
+    menu->addAction(tr("&Open..."), this, SLOT(Open()), QKeySequence::Open);
+    menu->addSeparator();
+    menu->addAction(tr("&Save"), this, SLOT(Save()), QKeySequence::Save);
+    menu->addAction(tr("Save &As..."), this, SLOT(SaveAs()), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S));
+    menu->addSeparator();
+    menu->addAction(tr("&Quit"), m_window, SLOT(close()), QKeySequence(Qt::CTRL + Qt::Key_Q));
+}
+
+bool FileActions::mayDiscardScene()
+{
+    if (!m_session.scene.isModified()) {
+        return true;
+    }
+    const QString name = QFileInfo(QString::fromStdString(m_session.scene.fileName())).fileName();
+    QMessageBox question(QMessageBox::Warning, tr("Unsaved Changes"),
+                         tr("Save changes to %1?").arg(name.isEmpty() ? tr("untitled scene") : name),
+                         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, m_window);
+    question.setInformativeText(tr("What is not saved is lost."));
+    question.setDefaultButton(QMessageBox::Save);
+    switch (question.exec()) {
+    case QMessageBox::Save: return Save();
+    case QMessageBox::Discard: return true;
+    default: return false;
+    }
+}
+
+void FileActions::New()
+{
+    if (mayDiscardScene()) {
+        m_run("file -force -new");
+    }
+}
+
+void FileActions::Open()
+{
+    if (!mayDiscardScene()) {
+        return;
+    }
+    const QString path = QFileDialog::getOpenFileName(m_window, tr("Open"), folder(), tr(kSceneFilter));
+    if (!path.isEmpty()) {
+        m_run("file -force -open " + quoted(path.toStdString()));
+    }
+}
+
+bool FileActions::Save()
+{
+    return m_session.scene.fileName().empty() ? SaveAs() : m_run("file -save");
+}
+
+bool FileActions::SaveAs()
+{
+    QFileDialog dialog(m_window, tr("Save As"), folder(), tr(kSceneFilter));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix("ma");
+    if (dialog.exec() != QDialog::Accepted) {
+        return false;
+    }
+    const std::string path = dialog.selectedFiles().value(0).toStdString();
+    const std::string before = m_session.scene.fileName();
+    if (m_run("file -rename " + quoted(path) + "; file -save -type \"mayaAscii\"")) {
+        return true;
+    }
+    m_session.scene.setFileName(before);  // the next Save must not go where this one could not
+    return false;
+}
+
+QString FileActions::folder() const
+{
+    const std::string& name = m_session.scene.fileName();
+    return name.empty() ? QDir::currentPath() : QFileInfo(QString::fromStdString(name)).absolutePath();
+}
+
+}  // namespace app

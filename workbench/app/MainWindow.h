@@ -1,0 +1,101 @@
+#pragma once
+
+#include "app/Host.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include <memory>
+#include <vector>
+
+class QAction;
+class QLabel;
+class QLineEdit;
+class QMenu;
+class QSplitter;
+
+namespace view {
+class Viewport;
+class Viewports;
+}  // namespace view
+
+namespace app {
+
+class CommandField;
+class CommandPorts;
+class FileActions;
+class IdleRunner;
+class MessageLine;
+class TimeField;
+class ViewPanel;
+class WindowCommands;
+
+/// The program's window: menus, camera views, and below them the command field, messages, the tool's help and the time.
+/// What its menus do is script text run in the session, so that all of it stands in the journal.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit MainWindow(Host& host);
+    ~MainWindow() override;
+
+    view::Viewports& viewports() { return *m_viewports; }
+    /// 1 or 2 views side by side: modelPanel4 alone, or with modelPanel1 to its right.
+    void setPaneCount(int count);
+    int paneCount() const;
+    /// Runs a text as a user's action: echoed, and one undo step.
+    bool runAction(const std::string& text);
+    /// Exit code for the program: what a script that quit asked for.
+    int exitCode() const { return m_exitCode; }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    bool event(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private slots:
+    void Undo();
+    void Redo();
+    void ShowOnePanel();
+    void ShowTwoPanels();
+    void FillCameraMenu();
+    void LookThrough(QAction* camera);
+    void ShowActiveView();
+    void ScheduleStatus();
+    void ShowStatus();
+    void QuitAsAsked();
+
+private:
+    void buildMenus();
+    void buildViews();
+    void buildLines();
+    void listen();
+    void showTool();
+    void showUndoState();
+    void finishTool(int key);
+    bool isTyping() const;
+
+    Host& m_host;
+    kernel::Session& m_session;
+    std::unique_ptr<view::Viewports> m_viewports;
+    std::unique_ptr<WindowCommands> m_commands;
+    std::unique_ptr<CommandPorts> m_ports;
+    std::unique_ptr<IdleRunner> m_idle;
+    FileActions* m_files = nullptr;
+    QSplitter* m_splitter = nullptr;
+    std::vector<ViewPanel*> m_panels;
+    QAction* m_undo = nullptr;
+    QAction* m_redo = nullptr;
+    QAction* m_onePanel = nullptr;
+    QAction* m_twoPanels = nullptr;
+    QMenu* m_cameras = nullptr;
+    QLabel* m_help = nullptr;
+    CommandField* m_command = nullptr;
+    MessageLine* m_messages = nullptr;
+    TimeField* m_time = nullptr;
+    QTimer m_statusTimer;
+    std::vector<unsigned> m_callbacks;
+    int m_exitCode = 0;
+};
+
+}  // namespace app

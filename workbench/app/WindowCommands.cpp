@@ -1,0 +1,114 @@
+#include "app/WindowCommands.h"
+
+#include "app/Arguments.h"
+#include "app/MainWindow.h"
+#include "view/Viewport.h"
+#include "view/Viewports.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QTabletEvent>
+
+namespace app {
+
+using kernel::ArgType;
+using kernel::CommandError;
+using kernel::Value;
+
+WindowCommands::WindowCommands(kernel::Session& session, MainWindow& window) : m_session(session), m_window(window)
+{
+    m_session.commands.add("workbenchView", [this](const kernel::ValueList& args) { return workbenchView(args); });
+    m_session.commands.add("workbenchPen", [this](const kernel::ValueList& args) { return workbenchPen(args); });
+}
+
+WindowCommands::~WindowCommands()
+{
+    m_session.commands.remove("workbenchView");
+    m_session.commands.remove("workbenchPen");
+}
+
+view::Viewport& WindowCommands::findView(const std::string& panel) const
+{
+    view::Viewport* const view = m_window.viewports().find(panel);
+    if (!view) {
+        throw CommandError(panel.empty() ? "workbenchView: there is no view"
+                                         : "workbenchView: Object '" + panel + "' not found.");
+    }
+    return *view;
+}
+
+Value WindowCommands::workbenchView(const kernel::ValueList& args)
+{
+    kernel::Syntax syntax;
+    syntax.enableQuery();
+    syntax.addFlag("sr", "screenRect");
+    syntax.addFlag("pn", "panes", {ArgType::Int});
+    syntax.addFlag("p", "panel", {ArgType::String});
+    syntax.makeQueryWithFullArgs("panel");
+    syntax.addFlag("cp", "capture", {ArgType::String});
+    const kernel::ParsedArgs parsed = parsedOrThrow(syntax, args);
+    if (parsed.query && parsed.has("panes")) {
+        return m_window.paneCount();
+    }
+    if (parsed.query && parsed.has("screenRect")) {
+        view::Viewport& view = findView(parsed.text("panel"));
+        const double ratio = view.devicePixelRatioF();
+        const QPoint corner = view.mapToGlobal(QPoint(0, 0)) * ratio;
+        return kernel::IntArray{corner.x(), corner.y(), view.portWidth(), view.portHeight()};
+    }
+    if (parsed.query) {
+        throw CommandError("workbenchView: -screenRect or -panes can be queried");
+    }
+    if (parsed.has("panes")) {
+        const int count = parsed.integer("panes");
+        if (count < 1 || count > 2) {
+            throw CommandError("workbenchView: -panes must be 1 or 2");
+        }
+        m_window.setPaneCount(count);
+    }
+    if (parsed.has("capture")) {
+        const std::string path = parsed.text("capture");
+        if (!findView(parsed.text("panel")).grabFramebuffer().save(QString::fromStdString(path))) {
+            throw CommandError("workbenchView: Cannot write " + path);
+        }
+    }
+    return {};
+}
+
+Value WindowCommands::workbenchPen(const kernel::ValueList& args)
+{
+    kernel::Syntax syntax;
+    syntax.addFlag("pr", "pressure", {ArgType::Double});
+    syntax.addFlag("er", "eraser", {ArgType::Bool});
+    syntax.addFlag("rl", "release");
+    const kernel::ParsedArgs parsed = parsedOrThrow(syntax, args);
+    const bool release = parsed.has("release");
+    if (!parsed.has("pressure") && !release) {
+        throw CommandError("workbenchPen: -pressure or -release is needed");
+    }
+    const double pressure = parsed.number("pressure");
+    if (pressure < 0 || pressure > 1) {
+        throw CommandError("workbenchPen: -pressure must be between 0 and 1");
+    }
+    const QPoint at = QCursor::pos();
+    auto* const view = qobject_cast<view::Viewport*>(QApplication::widgetAt(at));
+    if (!view) {
+        throw CommandError("workbenchPen: the pointer is not over a view");
+    }
+    if (parsed.has("eraser")) {
+        m_penIsEraser = parsed.integer("eraser") != 0;
+    }
+    const QEvent::Type type = release ? QEvent::TabletRelease : m_penIsDown ? QEvent::TabletMove : QEvent::TabletPress;
+    m_penIsDown = !release;
+    QTabletEvent event(type, view->mapFromGlobal(at), at, QTabletEvent::Stylus,
+                       m_penIsEraser ? QTabletEvent::Eraser : QTabletEvent::Pen, pressure, 0, 0, 0, 0, 0,
+                       QApplication::keyboardModifiers(), 1, type == QEvent::TabletMove ? Qt::NoButton : Qt::LeftButton,
+                       release ? Qt::NoButton : Qt::LeftButton);
+    QApplication::sendEvent(view, &event);
+    if (release) {
+        m_penIsEraser = false;
+    }
+    return {};
+}
+
+}  // namespace app

@@ -1,0 +1,106 @@
+#include "view/CameraMoves.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace view {
+
+namespace {
+
+constexpr double kNearest = 0.01;
+
+struct Axes {
+    kernel::Vector3 right;
+    kernel::Vector3 up;
+    kernel::Vector3 back;
+};
+
+/// Rows of the rotation x, then y, then z.
+Axes axesOf(const kernel::Vector3& degrees)
+{
+    constexpr double kRadians = M_PI / 180;
+    const double sx = std::sin(degrees.x * kRadians), cx = std::cos(degrees.x * kRadians);
+    const double sy = std::sin(degrees.y * kRadians), cy = std::cos(degrees.y * kRadians);
+    const double sz = std::sin(degrees.z * kRadians), cz = std::cos(degrees.z * kRadians);
+    return {{cy * cz, cy * sz, -sy},
+            {sx * sy * cz - cx * sz, sx * sy * sz + cx * cz, sx * cy},
+            {cx * sy * cz + sx * sz, cx * sy * sz - sx * cz, cx * cy}};
+}
+
+kernel::Vector3 along(const kernel::Vector3& from, const kernel::Vector3& direction, double distance)
+{
+    return {from.x + direction.x * distance, from.y + direction.y * distance, from.z + direction.z * distance};
+}
+
+void setNumber(kernel::Node& node, const char* name, double number)
+{
+    const kernel::AttributePtr attribute = node.attribute(name);
+    if (attribute && !node.flags(*attribute).locked && node.number(name) != number) {
+        node.setValue(*attribute, number);
+    }
+}
+
+}  // namespace
+
+CameraPose orbited(const CameraPose& pose, double across, double up)
+{
+    CameraPose moved = pose;
+    const kernel::Vector3 pivot = along(pose.translate, axesOf(pose.rotate).back, -pose.interest);
+    moved.rotate.y -= across;
+    moved.rotate.x -= up;
+    moved.translate = along(pivot, axesOf(moved.rotate).back, pose.interest);
+    return moved;
+}
+
+CameraPose tracked(const CameraPose& pose, double right, double up)
+{
+    CameraPose moved = pose;
+    const Axes axes = axesOf(pose.rotate);
+    moved.translate = along(along(pose.translate, axes.right, right), axes.up, up);
+    return moved;
+}
+
+CameraPose dollied(const CameraPose& pose, double factor, bool orthographic)
+{
+    CameraPose moved = pose;
+    if (orthographic) {
+        moved.orthographicWidth = std::max(kNearest, pose.orthographicWidth * factor);
+        return moved;
+    }
+    moved.interest = std::max(kNearest, pose.interest * factor);
+    moved.translate = along(pose.translate, axesOf(pose.rotate).back, moved.interest - pose.interest);
+    return moved;
+}
+
+CameraPose poseOf(const kernel::Node& cameraShape)
+{
+    CameraPose pose;
+    if (const kernel::Node* const transform = cameraShape.parent()) {
+        pose.translate = {transform->number("translateX"), transform->number("translateY"),
+                          transform->number("translateZ")};
+        pose.rotate = {transform->number("rotateX"), transform->number("rotateY"), transform->number("rotateZ")};
+    }
+    pose.interest = std::max(kNearest, cameraShape.number("centerOfInterest"));
+    pose.orthographicWidth = cameraShape.number("orthographicWidth");
+    return pose;
+}
+
+void applyPose(kernel::Scene& scene, kernel::Node& cameraShape, const CameraPose& pose)
+{
+    const bool wasModified = scene.isModified();
+    if (kernel::Node* const transform = cameraShape.parent()) {
+        setNumber(*transform, "translateX", pose.translate.x);
+        setNumber(*transform, "translateY", pose.translate.y);
+        setNumber(*transform, "translateZ", pose.translate.z);
+        setNumber(*transform, "rotateX", pose.rotate.x);
+        setNumber(*transform, "rotateY", pose.rotate.y);
+        setNumber(*transform, "rotateZ", pose.rotate.z);
+    }
+    setNumber(cameraShape, "centerOfInterest", pose.interest);
+    setNumber(cameraShape, "orthographicWidth", pose.orthographicWidth);
+    if (cameraShape.startup) {
+        scene.setModified(wasModified);
+    }
+}
+
+}  // namespace view

@@ -1,0 +1,352 @@
+#include "view/Viewport.h"
+
+#include "view/CameraMath.h"
+#include "view/CameraMoves.h"
+#include "view/GlState.h"
+#include "view/TextureCache.h"
+
+#include <QMouseEvent>
+#include <QOpenGLFunctions>
+#include <QScopedValueRollback>
+#include <QThread>
+#include <QWheelEvent>
+
+#include <maya/MFrameContext.h>
+#include <maya/MUIDrawManager.h>
+
+#include <cmath>
+
+namespace view {
+
+namespace {
+
+constexpr double kDegreesPerPixel = 0.4;
+constexpr double kPixelsToHalve = 150;  // of a dolly drag
+constexpr double kWheelStep = 120;
+constexpr int kNameSize = 13;  // pixels
+
+QSurfaceFormat viewFormat()
+{
+    QSurfaceFormat format;
+    format.setRenderableType(QSurfaceFormat::OpenGL);
+    format.setVersion(2, 1);
+    format.setProfile(QSurfaceFormat::CompatibilityProfile);
+    format.setDepthBufferSize(24);
+    format.setSamples(4);
+    format.setSwapInterval(0);  // a refresh during a stroke must not wait for the screen
+    return format;
+}
+
+}  // namespace
+
+Viewport::Viewport(kernel::Session& session, std::string panelName, const kernel::NodePtr& camera, QWidget* parent)
+    : QOpenGLWidget(parent), m_session(session), m_panelName(std::move(panelName)), m_camera(camera)
+{
+    setObjectName(QString::fromStdString(m_panelName));
+    setFormat(viewFormat());
+    // The last picture stays until a new one is drawn: inverted lines are drawn onto it.
+    setUpdateBehavior(QOpenGLWidget::PartialUpdate);
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+}
+
+Viewport::~Viewport()
+{
+    if (context()) {
+        makeCurrent();
+        m_text.clear();
+        TextureCache::instance().collect();
+        doneCurrent();
+    }
+}
+
+kernel::NodePtr Viewport::camera() const
+{
+    kernel::NodePtr camera = m_camera.lock();
+    if (!camera || !camera->isInScene()) {
+        // A new scene has new cameras of the same names; a camera that was deleted leaves the view to another.
+        camera = m_session.scene.findOrNull(m_cameraName);
+        if (!camera || !camera->type().isA("camera")) {
+            camera = m_session.scene.findOrNull("perspShape");
+        }
+        m_camera = camera;
+    }
+    if (camera) {
+        m_cameraName = camera->name();
+    }
+    return camera;
+}
+
+void Viewport::setCamera(const kernel::NodePtr& cameraShape)
+{
+    m_camera = cameraShape;
+    scheduleRefresh();
+}
+
+int Viewport::portWidth() const
+{
+    return int(std::lround(width() * devicePixelRatioF()));
+}
+
+int Viewport::portHeight() const
+{
+    return int(std::lround(height() * devicePixelRatioF()));
+}
+
+api::ViewMatrices Viewport::matrices() const
+{
+    const kernel::NodePtr shape = camera();
+    return shape ? matricesOf(*shape, portWidth(), portHeight()) : api::ViewMatrices();
+}
+
+void Viewport::refresh(bool)
+{
+    if (m_painting) {
+        scheduleRefresh();
+    } else {
+        repaint();
+    }
+}
+
+void Viewport::scheduleRefresh()
+{
+    if (QThread::currentThread() == thread()) {
+        update();
+    } else {
+        QMetaObject::invokeMethod(this, "update", Qt::QueuedConnection);
+    }
+}
+
+api::FrameState Viewport::frameState() const
+{
+    api::FrameState frame;
+    frame.camera = camera();
+    frame.width = portWidth();
+    frame.height = portHeight();
+    frame.matrices = matrices();
+    return frame;
+}
+
+// --- drawing -------------------------------------------------------------------------------------------------------
+
+void Viewport::initializeGL()
+{
+    // The same state must give the same bytes.
+    glDisable(GL_DITHER);
+    // Colours are straight, the picture itself is opaque: its alpha stays 1.
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+}
+
+void Viewport::paintGL()
+{
+    if (m_painting || m_showingXor) {
+        return;
+    }
+    const QScopedValueRollback<bool> painting(m_painting, true);
+    const api::FrameState frame = frameState();
+    glViewport(0, 0, frame.width, frame.height);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    glClearColor(0, 0, 0, 1);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    TextureCache::instance().collect();
+    if (!frame.camera) {
+        return;
+    }
+    api::DrawList shapes;
+    api::drawOverrides(frame, shapes);
+    shapes.items.insert(shapes.items.end(), m_toolShapes.items.begin(), m_toolShapes.items.end());
+
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE);
+    m_sceneRenderer.draw(m_session.scene, frame);
+    m_listRenderer.draw(shapes, frame, m_text);
+    drawCameraName(frame);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    if (!m_keepToolShapes) {
+        m_toolShapes.items.clear();
+    }
+}
+
+void Viewport::drawCameraName(const api::FrameState& frame)
+{
+    const kernel::Node* const transform = frame.camera->parent();
+    const QString name = QString::fromStdString(transform ? transform->name() : frame.camera->name());
+    const int size = int(std::lround(kNameSize * devicePixelRatioF()));
+    const QPointF at(frame.width / 2.0, size);
+    const GlMatrices matrices({}, pixelProjection(frame.width, frame.height));
+    glEnable(GL_BLEND);
+    m_text.draw(at + QPointF(1, -1), name, size, QColor(0, 0, 0, 150), GlText::Align::Centre);
+    m_text.draw(at, name, size, QColor(0xd8, 0xd8, 0xd8), GlText::Align::Centre);
+    glDisable(GL_BLEND);
+}
+
+void Viewport::beginXorDrawing(float lineWidth, const float colour[4])
+{
+    makeCurrent();
+    m_showingXor = true;
+    const kernel::Matrix4 pixels = pixelProjection(portWidth(), portHeight());
+    glPushAttrib(GL_ALL_ATTRIB_BITS);
+    glMatrixMode(GL_PROJECTION);
+    glPushMatrix();
+    glLoadMatrixd(&pixels.m[0][0]);
+    glMatrixMode(GL_MODELVIEW);
+    glPushMatrix();
+    glLoadIdentity();
+    glDisable(GL_DEPTH_TEST);
+    glDisable(GL_BLEND);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE);
+    glEnable(GL_COLOR_LOGIC_OP);
+    glLogicOp(GL_XOR);
+    glLineWidth(lineWidth);
+    glColor4fv(colour);
+}
+
+void Viewport::endXorDrawing()
+{
+    glMatrixMode(GL_PROJECTION);
+    glPopMatrix();
+    glMatrixMode(GL_MODELVIEW);
+    glPopMatrix();
+    glPopAttrib();
+    glFlush();
+    doneCurrent();
+    repaint();  // shows the picture with the lines on it; paintGL leaves it alone
+    m_showingXor = false;
+}
+
+// --- input ---------------------------------------------------------------------------------------------------------
+
+QPoint Viewport::portPoint(const QPointF& widgetPoint) const
+{
+    const double ratio = devicePixelRatioF();
+    return QPoint(int(std::floor(widgetPoint.x() * ratio)),
+                  portHeight() - 1 - int(std::floor(widgetPoint.y() * ratio)));
+}
+
+void Viewport::sendToTool(api::ToolEvent::Kind kind, const QPointF& at, Qt::KeyboardModifiers modifiers)
+{
+    const QPoint point = portPoint(at);
+    api::ToolEvent toolEvent;
+    toolEvent.kind = kind;
+    toolEvent.x = point.x();
+    toolEvent.y = point.y();
+    toolEvent.button = m_toolButton == Qt::LeftButton ? api::ToolEvent::Button::Left
+                     : m_toolButton == Qt::MidButton  ? api::ToolEvent::Button::Middle
+                                                      : api::ToolEvent::Button::None;
+    toolEvent.shift = modifiers & Qt::ShiftModifier;
+    toolEvent.control = modifiers & Qt::ControlModifier;
+
+    const api::FrameState frame = frameState();
+    api::DrawList drawn;
+    const auto manager = api::makeDrawManager(drawn);
+    const auto context = api::makeFrameContext(frame);
+    const bool hadShapes = !m_toolShapes.items.empty();
+    api::ToolBox::instance().send(toolEvent, manager.get(), context.get());
+    // While a button is held, what the tool drew stays until it draws again; otherwise it is there for one frame.
+    m_keepToolShapes = kind == api::ToolEvent::Kind::Press || kind == api::ToolEvent::Kind::Drag;
+    m_toolShapes = std::move(drawn);
+    if (hadShapes || !m_toolShapes.items.empty()) {
+        update();
+    }
+}
+
+void Viewport::mousePressEvent(QMouseEvent* event)
+{
+    emit Activated(this);
+    if (m_move || m_toolButton != Qt::NoButton) {
+        return;  // a second button while one is at work
+    }
+    if (event->modifiers() & Qt::AltModifier) {
+        switch (event->button()) {
+        case Qt::LeftButton: m_move = Move::Orbit; break;
+        case Qt::MidButton: m_move = Move::Track; break;
+        case Qt::RightButton: m_move = Move::Dolly; break;
+        default: return;
+        }
+        m_moveButton = event->button();
+        m_movedFrom = event->pos();
+        return;
+    }
+    if (event->button() == Qt::LeftButton || event->button() == Qt::MidButton) {
+        m_toolButton = event->button();
+        sendToTool(api::ToolEvent::Kind::Press, event->localPos(), event->modifiers());
+    } else {
+        event->ignore();
+    }
+}
+
+void Viewport::mouseMoveEvent(QMouseEvent* event)
+{
+    if (m_move) {
+        moveCamera(event->pos() - m_movedFrom);
+        m_movedFrom = event->pos();
+    } else if (m_toolButton != Qt::NoButton) {
+        sendToTool(api::ToolEvent::Kind::Drag, event->localPos(), event->modifiers());
+    } else if (event->buttons() == Qt::NoButton) {
+        sendToTool(api::ToolEvent::Kind::Move, event->localPos(), event->modifiers());
+    }
+}
+
+void Viewport::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (m_move && event->button() == m_moveButton) {
+        m_move.reset();
+        m_moveButton = Qt::NoButton;
+    } else if (m_toolButton != Qt::NoButton && event->button() == m_toolButton) {
+        sendToTool(api::ToolEvent::Kind::Release, event->localPos(), event->modifiers());
+        m_toolButton = Qt::NoButton;
+    } else {
+        event->ignore();
+    }
+}
+
+void Viewport::wheelEvent(QWheelEvent* event)
+{
+    const kernel::NodePtr shape = camera();
+    if (!shape) {
+        return;
+    }
+    // With Alt held some systems turn the wheel sideways.
+    const QPoint turned = event->angleDelta();
+    const double steps = (turned.y() != 0 ? turned.y() : turned.x()) / kWheelStep;
+    applyPose(m_session.scene, *shape, dollied(poseOf(*shape), std::pow(0.9, steps), lensOf(*shape).orthographic));
+    scheduleRefresh();
+    event->accept();
+}
+
+void Viewport::enterEvent(QEvent*)
+{
+    sendToTool(api::ToolEvent::Kind::Enter, mapFromGlobal(QCursor::pos()), Qt::NoModifier);
+}
+
+void Viewport::leaveEvent(QEvent*)
+{
+    sendToTool(api::ToolEvent::Kind::Leave, mapFromGlobal(QCursor::pos()), Qt::NoModifier);
+}
+
+void Viewport::moveCamera(const QPoint& by)
+{
+    const kernel::NodePtr shape = camera();
+    if (!shape || by.isNull()) {
+        return;
+    }
+    const Lens lens = lensOf(*shape);
+    const CameraPose pose = poseOf(*shape);
+    const double units = unitsPerPixel(frustumOf(lens, width(), height()), height(), pose.interest);
+    CameraPose moved = pose;
+    switch (*m_move) {
+    case Move::Orbit:
+        if (lens.orthographic) {
+            return;
+        }
+        moved = orbited(pose, by.x() * kDegreesPerPixel, by.y() * kDegreesPerPixel);
+        break;
+    case Move::Track: moved = tracked(pose, -by.x() * units, by.y() * units); break;
+    case Move::Dolly:
+        moved = dollied(pose, std::pow(0.5, (by.x() - by.y()) / kPixelsToHalve), lens.orthographic);
+        break;
+    }
+    applyPose(m_session.scene, *shape, moved);
+    scheduleRefresh();
+}
+
+}  // namespace view

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "api/DrawList.h"
+#include "api/Tools.h"
+#include "api/Views.h"
+#include "kernel/Session.h"
+#include "view/GlText.h"
+#include "view/ListRenderer.h"
+#include "view/SceneRenderer.h"
+
+#include <QOpenGLWidget>
+
+#include <optional>
+
+namespace view {
+
+/// One camera view. Draws the scene and what draw overrides and tools add to it; turns the pointer into camera moves
+/// (with Alt) and tool events (without).
+class Viewport : public QOpenGLWidget, public api::View {
+    Q_OBJECT
+
+public:
+    /// camera: the shape looked through at first; may be null.
+    Viewport(kernel::Session& session, std::string panelName, const kernel::NodePtr& camera, QWidget* parent = nullptr);
+    ~Viewport() override;
+
+    std::string panelName() const override { return m_panelName; }
+    QWidget* widget() override { return this; }
+    kernel::NodePtr camera() const override;
+    void setCamera(const kernel::NodePtr& cameraShape) override;
+    int portWidth() const override;
+    int portHeight() const override;
+    bool isLegacy() const override { return false; }
+    api::ViewMatrices matrices() const override;
+    void refresh(bool force) override;
+    void scheduleRefresh() override;
+    void beginXorDrawing(float lineWidth, const float colour[4]) override;
+    void endXorDrawing() override;
+
+    QSize sizeHint() const override { return QSize(960, 540); }
+    QSize minimumSizeHint() const override { return QSize(160, 90); }
+
+signals:
+    /// The pointer was pressed here: this is now the view the user works in.
+    void Activated(view::Viewport* view);
+
+protected:
+    void initializeGL() override;
+    void paintGL() override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void enterEvent(QEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+private:
+    enum class Move { Orbit, Track, Dolly };
+
+    api::FrameState frameState() const;
+    void drawCameraName(const api::FrameState& frame);
+    void moveCamera(const QPoint& by);
+    QPoint portPoint(const QPointF& widgetPoint) const;
+    void sendToTool(api::ToolEvent::Kind kind, const QPointF& at, Qt::KeyboardModifiers modifiers);
+
+    kernel::Session& m_session;
+    const std::string m_panelName;
+    mutable std::weak_ptr<kernel::Node> m_camera;
+    mutable std::string m_cameraName;  ///< to find it again in another scene
+    SceneRenderer m_sceneRenderer;
+    ListRenderer m_listRenderer;
+    GlText m_text;
+    bool m_painting = false;
+
+    api::DrawList m_toolShapes;  ///< what the tool drew in its last event
+    bool m_keepToolShapes = false;
+    Qt::MouseButton m_toolButton = Qt::NoButton;
+    std::optional<Move> m_move;
+    Qt::MouseButton m_moveButton = Qt::NoButton;
+    QPoint m_movedFrom;
+    bool m_showingXor = false;
+};
+
+}  // namespace view
