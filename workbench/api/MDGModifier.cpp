@@ -105,10 +105,9 @@ MStatus MDGModifier::deleteNode(const MObject& node)
 MStatus MDGModifier::renameNode(const MObject& node, const MString& newName)
 {
     const auto target = api::nodeOf(node);
-    const std::string name = api::toKernel(newName);
-    if (!target || !kernel::Scene::isLegalName(name))
+    if (!target || newName.isEmpty())
         return MStatus::kInvalidParameter;
-    return m_steps->add(kernel::renameNodeEdit(target, name));
+    return m_steps->add(kernel::renameNodeEdit(target, api::toKernel(newName)));
 }
 
 MStatus MDGModifier::newPlugValue(const MPlug& plug, MObject& value)

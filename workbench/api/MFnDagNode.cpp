@@ -2,6 +2,7 @@
 
 #include "api/Handles.h"
 #include "api/NodeMaking.h"
+#include "kernel/Command.h"
 #include "kernel/Session.h"
 
 #include <maya/MPxLocatorNode.h>
@@ -22,6 +23,17 @@ kernel::Scene& scene()
     return kernel::Session::current().scene;
 }
 
+/// False for a parent that is out of the scene.
+bool attach(const kernel::NodePtr& node, kernel::Node* parent, int index = -1)
+{
+    try {
+        scene().attach(node, parent, index);
+        return true;
+    } catch (const kernel::CommandError&) {
+        return false;
+    }
+}
+
 MObject createInDag(MFnDagNode& set, const kernel::NodeType* type, const MString& name, const MObject& parentObject,
                     MStatus* status)
 {
@@ -33,12 +45,27 @@ MObject createInDag(MFnDagNode& set, const kernel::NodeType* type, const MString
         return MObject();
     }
     const auto made = api::makeNode(*type, parent, api::toKernel(name));
-    scene().attach(made.top(), parent.get());
-    if (made.transform)
-        scene().attach(made.node, made.transform.get());
+    if (!attach(made.top(), parent.get()) || (made.transform && !attach(made.node, made.transform.get()))) {
+        api::report(status, MStatus::kFailure);
+        return MObject();
+    }
     const MObject object = api::toObject(made.top());
     api::report(status, set.setObject(object).statusCode());
     return object;
+}
+
+/// Half the size of a primitive, which is centred on the origin; zero for other nodes.
+MVector primitiveReach(const kernel::Node& node)
+{
+    const std::string& type = node.type().name;
+    if (type == "implicitBox")
+        return MVector(node.number("sizeX"), node.number("sizeY"), node.number("sizeZ")) / 2;
+    const double radius = node.number("radius");
+    if (type == "implicitSphere")
+        return MVector(radius, radius, radius);
+    if (type == "implicitCone")
+        return MVector(radius, node.number("height") / 2, radius);
+    return MVector::zero;
 }
 
 /// What a shape fills in its own space; a transform is as large as what is below it.
@@ -53,6 +80,8 @@ MBoundingBox boxOf(const kernel::Node& node)
         const MVector arm(node.number("localScaleX"), node.number("localScaleY"), node.number("localScaleZ"));
         return MBoundingBox(centre - arm, centre + arm);
     }
+    if (const MVector reach = primitiveReach(node); reach != MVector::zero)
+        return MBoundingBox(MPoint(-reach), MPoint(reach));
     for (const auto& child : node.children()) {
         MBoundingBox below = boxOf(*child);
         if (child->type().isTransform())
@@ -162,16 +191,17 @@ MStatus MFnDagNode::addChild(MObject& child, unsigned int index, bool keepExisti
 {
     const auto node = nodeOf(*this, nullptr);
     const auto added = api::nodeOf(child);
-    if (!node || !added || !added->type().isDag() || keepExistingParents || !node->isInScene())
+    if (!node || !added || !added->type().isDag() || keepExistingParents)
         return MStatus::kInvalidParameter;
-    for (const kernel::Node* above = node.get(); above; above = above->parent()) {
-        if (above == added.get())
-            return MStatus::kInvalidParameter;
+    const int place = index == kNextPos ? -1 : int(index);
+    if (!added->isInScene())
+        return attach(added, node.get(), place) ? MStatus::kSuccess : MStatus::kInvalidParameter;
+    try {
+        scene().setParent(added, node.get(), place);
+        return MStatus::kSuccess;
+    } catch (const kernel::CommandError&) {
+        return MStatus::kInvalidParameter;
     }
-    if (added->isInScene())
-        scene().detach(added);
-    scene().attach(added, node.get(), index == kNextPos ? -1 : int(index));
-    return MStatus::kSuccess;
 }
 
 MStatus MFnDagNode::getPath(MDagPath& path)

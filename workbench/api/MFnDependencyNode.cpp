@@ -139,12 +139,11 @@ MString MFnDependencyNode::setName(const MString& name, bool, MStatus* ReturnSta
     const auto node = nodeOf(*this, ReturnStatus);
     if (!node)
         return MString();
-    const std::string wanted = api::toKernel(name);
-    if (!kernel::Scene::isLegalName(wanted)) {
+    if (name.isEmpty()) {
         api::report(ReturnStatus, MStatus::kInvalidParameter);
         return api::toHost(node->name());
     }
-    return api::toHost(scene().rename(*node, wanted));
+    return api::toHost(scene().rename(*node, api::toKernel(name)));
 }
 
 MTypeId MFnDependencyNode::typeId(MStatus* ReturnStatus) const

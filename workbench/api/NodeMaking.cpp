@@ -28,15 +28,13 @@ const kernel::NodeType* nodeType(const MString& name)
 NewNode makeNode(const kernel::NodeType& type, const kernel::NodePtr& parent, const std::string& name)
 {
     auto& session = kernel::Session::current();
-    const std::string wanted = name.empty() ? type.name + "1" : name;
     NewNode made;
     made.parent = parent;
     if (!type.isShape() || parent) {
-        const bool needsShapeName = type.isShape() && name.empty();
-        made.node = session.scene.makeNode(type, needsShapeName ? shapeName(wanted) : wanted);
+        made.node = session.scene.makeNode(type, name);
         return made;
     }
-    const std::string topName = session.scene.uniqueName(wanted);
+    const std::string topName = session.scene.uniqueName(name.empty() ? type.name + "#" : name);
     made.transform = session.scene.makeNode(*session.nodeTypes.find("transform"), topName);
     made.node = session.scene.makeNode(type, shapeName(topName));
     return made;

@@ -47,8 +47,8 @@ public:
     MString version(MStatus* ReturnStatus = nullptr) const;
     MString apiVersion(MStatus* ReturnStatus = nullptr) const;
     MString name(MStatus* ReturnStatus = nullptr) const;
-    MString loadPath(MStatus* ReturnStatus = nullptr) const;  ///< the folder of the module's file
-    MStatus setName(const MString& name, bool makeUnique = true);
+    MString loadPath(MStatus* ReturnStatus = nullptr) const;       ///< the folder of the module's file
+    MStatus setName(const MString& name, bool makeUnique = true);  ///< kNotImplemented: the loader names modules
     MStatus setVersion(const MString& version);
     static MObject findPlugin(const MString& name);
     static bool isNodeRegistered(const MString& typeName);
