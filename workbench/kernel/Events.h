@@ -26,8 +26,10 @@ public:
 
     bool isCondition(const std::string& name) const;
     bool condition(const std::string& name) const;
-    void setCondition(const std::string& name, bool state);  ///< tells watchers when it changes
+    /// Tells watchers when it changes; an unknown name becomes a condition.
+    void setCondition(const std::string& name, bool state);
     using ConditionCallback = std::function<void(bool)>;
+    /// Returns an id above 0; 0 for an unknown condition.
     unsigned watch(const std::string& condition, ConditionCallback callback);
     bool unwatch(unsigned id);
 
@@ -43,6 +45,8 @@ private:
         std::string condition;
         ConditionCallback callback;
     };
+    void deliver(const std::string& event);
+
     std::vector<Entry> m_entries;
     std::vector<Watcher> m_watchers;
     std::map<std::string, int> m_running;  ///< event -> raises waiting while it is being delivered

@@ -16,12 +16,14 @@ public:
     bool runPass();
     /// Passes until nothing is left (batch mode), at most `limit` of them.
     void drain(int limit = 1000);
-    /// Called (from any thread) when the queue stops being empty, so that an event loop can wake up.
+    /// Called (from any thread) when the queue stops being empty, so that an event loop can wake up. What a pass
+    /// leaves behind does not wake again: ask isEmpty() after it.
     void setWake(std::function<void()> wake);
 
 private:
     mutable std::mutex m_mutex;
     std::deque<std::function<void()>> m_work;
+    unsigned long long m_taken = 0;  ///< entries taken out so far
     std::function<void()> m_wake;
 };
 

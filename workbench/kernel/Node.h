@@ -68,13 +68,23 @@ public:
     void setFlags(const AttributeSpec& attribute, PlugFlags flags);
     bool hasOwnFlags(const AttributeSpec& attribute) const;
 
-    /// DAG nodes: local matrix of a transform (identity for shapes) from scale, rotate (xyz order, degrees), translate.
+    /// Whether a scene file must say this value: it differs from the attribute's default, or a new scene starts this
+    /// node with another one.
+    bool isValueStored(const AttributeSpec& attribute) const;
+    /// The flags a new scene starts this node with; for most nodes the attribute's.
+    PlugFlags initialFlags(const AttributeSpec& attribute) const;
+
+    /// Local matrix of a transform (identity for other nodes): scale and shear about the scale pivot, rotate in its
+    /// rotate order about the rotate pivot, translate.
     Matrix4 localMatrix() const;
     Matrix4 worldMatrix() const;  ///< inclusive
     bool isVisible() const;       ///< its own and every ancestor's visibility
 
     NodeProxy* proxy() const { return m_proxy.get(); }
     void setProxy(std::unique_ptr<NodeProxy> proxy) { m_proxy = std::move(proxy); }
+
+    /// Its place in the order in which nodes were made.
+    unsigned long long serial() const { return m_serial; }
 
     bool shared = false;         ///< startup cameras, default nodes: written with -s, not created twice
     bool startup = false;        ///< cannot be deleted
@@ -86,14 +96,23 @@ public:
 
 private:
     friend class Scene;
+    struct State {
+        std::unordered_map<std::string, PlugValue> values;  ///< by long name
+        std::unordered_map<std::string, PlugFlags> flags;
+    };
+
+    bool isSceneTime(const AttributeSpec& attribute) const;
+    void changed();
+
     std::string m_name;
     std::string m_uid;
+    unsigned long long m_serial = 0;
     const NodeType* m_type;
     Scene* m_scene = nullptr;
     Node* m_parent = nullptr;
     std::vector<std::shared_ptr<Node>> m_children;
-    std::unordered_map<std::string, PlugValue> m_values;  ///< by long name
-    std::unordered_map<std::string, PlugFlags> m_flags;
+    State m_state;
+    std::unique_ptr<State> m_startState;  ///< of nodes every new scene has: what they begin with
     std::unique_ptr<NodeProxy> m_proxy;
 };
 using NodePtr = std::shared_ptr<Node>;

@@ -15,6 +15,8 @@ namespace kernel {
 
 class Node;
 
+/// What an attribute holds. Numbers are centimetres for Distance, degrees for Angle and, for Time, the scene's current
+/// time unit (they are rescaled when that changes).
 enum class ValueKind { Bool, Int, Enum, Float, Double, Distance, Angle, Time, String, Compound, Custom, Message };
 
 /// One attribute of a node type. Compounds (translate) hold no value; their children do.

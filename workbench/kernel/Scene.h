@@ -24,16 +24,22 @@ public:
     // --- nodes -----------------------------------------------------------------------------------------------
     /// Makes a node that is not in the scene yet. The name is made unique when it enters.
     NodePtr makeNode(const NodeType& type, const std::string& name);
+    /// Makes a node that stands for one whose type is not available. isDag: it is read as a shape, not as a node
+    /// outside the DAG.
+    NodePtr makeUnknownNode(const std::string& typeName, const std::string& name, bool isDag);
     /// Puts a node (with whatever children it has) under `parent` (null: the world) at `index` (-1: last).
-    /// A name clash with a sibling (DAG) or any node (others) gives the next free number.
+    /// A name clash with a sibling (DAG) or any node (others) gives the next free number. Throws CommandError when the
+    /// parent cannot have children or is not in the scene.
     void attach(const NodePtr& node, Node* parent = nullptr, int index = -1);
     /// Takes a node with its children out of the graph and the selection; whoever holds it keeps it alive.
     void detach(const NodePtr& node);
     /// Place for attach() to put it back.
     int childIndex(const Node& node) const;
-    /// Renames; a shape called <name>Shape follows its transform. Gives the name really used.
+    /// Renames; a shape named after its transform (ball, ballShape; ball2, ballShape2) follows it. Characters no name
+    /// may have become "_", a "#" at the end the first free number. Gives the name really used.
     std::string rename(Node& node, const std::string& name);
-    void setParent(const NodePtr& node, Node* parent);
+    /// Throws CommandError for a parent that cannot have it, such as one of its own children.
+    void setParent(const NodePtr& node, Node* parent, int index = -1);
 
     /// Every node in order of creation; DAG roots in order.
     const std::vector<NodePtr>& nodes() const { return m_nodes; }
@@ -53,6 +59,8 @@ public:
     std::string fullPath(const Node& node) const;     ///< "|a|b"; plain name for non-DAG nodes
     std::string partialPath(const Node& node) const;  ///< shortest unique path
     static bool isLegalName(const std::string& name);
+    /// The wanted name with what no name may hold replaced; a "#" at the end, which asks for a number, is kept.
+    static std::string legalName(const std::string& wanted);
 
     // --- selection -------------------------------------------------------------------------------------------
     const std::vector<NodePtr>& selection() const { return m_selection; }
@@ -64,12 +72,16 @@ public:
     Time currentTime() const;               ///< in the current unit
     void setCurrentTime(const Time& time);  ///< raises timeChanged at once
     TimeUnit timeUnit() const { return m_unit; }
-    void setTimeUnit(TimeUnit unit);  ///< rescales nothing but keeps the instants; raises timeUnitChanged
+    /// Keeps the instants of the current time, the ranges and the nodes' time attributes: their numbers are rescaled.
+    /// Raises timeUnitChanged. Ignored for a unit without a name.
+    void setTimeUnit(TimeUnit unit);
     struct Range {
         double first;
         double last;
     };
     Range playbackRange() const { return m_playback; }  ///< in the current unit
+    /// An end before the start becomes start + 1. Widens the animation range to hold it; that in turn pulls the
+    /// playback range inside when it is set.
     void setPlaybackRange(Range range);
     Range animationRange() const { return m_animation; }
     void setAnimationRange(Range range);
@@ -82,6 +94,9 @@ public:
     // --- file ------------------------------------------------------------------------------------------------
     const std::string& fileName() const { return m_fileName; }
     void setFileName(std::string name) { m_fileName = std::move(name); }
+    /// Whether statements of the file could not be read when it was opened.
+    bool wasReadWithErrors() const { return m_readErrors; }
+    void setReadWithErrors(bool on) { m_readErrors = on; }
     bool isModified() const { return m_modified; }
     void setModified(bool on = true) { m_modified = on; }
     FileActivity activity() const { return m_activity; }
@@ -107,8 +122,11 @@ public:
     /// Statements that are written back as they were read (requires of missing modules, fileInfo, ...).
     std::vector<std::string> keptStatements;
 
-    /// Something visible changed; views repaint when the host is idle.
+    /// What the scene file holds changed: the scene is modified (unless a file is being read or written) and views
+    /// repaint when the host is idle.
     void touch();
+    /// Views repaint when the host is idle; the scene does not count as modified.
+    void requestRedraw();
     void setTouchListener(std::function<void()> listener) { m_touched = std::move(listener); }
 
     /// Turns every node of a type into an unknown node that keeps its data, and destroys the proxies, those of
@@ -117,11 +135,26 @@ public:
 
 private:
     friend class Node;
+    void checkParent(const Node& node, const Node* parent) const;
+    void addToScene(const NodePtr& node);
+    void removeFromScene(const NodePtr& node);
+    bool isNameTaken(const std::string& name, const Node& node, const Node* parent) const;
+    std::string freeName(const std::string& wanted, const Node& node, const Node* parent) const;
+    void raise(const char* event);
+    void addStartupCameras();
+    void addDefaultNodes();
+    void storeTimeInNode();
+    void convertTimeValues(TimeUnit from, TimeUnit to);
+    void orphan(Node& node);
+    void keepAsStatements(Node& node, const AttributeSpec& attribute);
+
     Session& m_session;
     std::vector<NodePtr> m_nodes;
     std::vector<NodePtr> m_roots;
     std::vector<NodePtr> m_selection;
     std::vector<std::weak_ptr<Node>> m_all;  ///< every node ever made that still lives
+    std::size_t m_pruneAt = 64;              ///< size of m_all at which the dead are taken out
+    unsigned long long m_nextSerial = 1;
     bool m_selectionEventDue = false;
     Time m_time;
     TimeUnit m_unit = TimeUnit::Film;
@@ -131,6 +164,7 @@ private:
     bool m_hasSliderRange = false;
     std::string m_fileName;
     bool m_modified = false;
+    bool m_readErrors = false;
     FileActivity m_activity = FileActivity::None;
     std::function<void()> m_touched;
 };

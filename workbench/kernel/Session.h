@@ -40,7 +40,9 @@ public:
     UndoQueue undo;
     Scene scene;
     std::map<std::string, Value> optionVars;
+    int commandDepth = 0;  ///< commands running inside one another right now
 
+    bool hasScript() const { return m_script != nullptr; }
     void setScript(std::unique_ptr<ScriptEngine> script) { m_script = std::move(script); }
     ScriptEngine& script() { return *m_script; }
 

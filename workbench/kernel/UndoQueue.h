@@ -3,6 +3,7 @@
 #include "kernel/Command.h"
 
 #include <deque>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -22,10 +23,11 @@ public:
     void record(std::unique_ptr<Command> command);
 
     /// Undo and redo of the last chunk. False when there was nothing, or the chunk failed half way (it is
-    /// reported and dropped). Called while a chunk is open, they act on what was closed before it.
+    /// reported and dropped). Called while a chunk is open, what that has recorded so far counts as closed, so that
+    /// steps are always taken back in reverse order.
     bool undo();
     bool redo();
-    bool canUndo() const { return !m_done.empty(); }
+    bool canUndo() const { return !m_done.empty() || !m_open.steps.empty(); }
     bool canRedo() const { return !m_undone.empty(); }
     std::string undoName() const;
     std::string redoName() const;
@@ -42,9 +44,13 @@ public:
     bool isInfinite() const { return m_infinite; }
     unsigned count() const { return unsigned(m_done.size()); }
 
-    /// Drops every chunk that holds a command of a module about to be unloaded.
+    /// Whether commands of a module are in the queue; it must be flushed before that module is unloaded.
     bool holdsCommandsOf(const std::string& plugin) const;
+    /// The next recorded command is a module's.
     void tagNextRecord(const std::string& plugin) { m_nextPlugin = plugin; }
+
+    /// changed: after anything was recorded, taken back, redone or dropped. failed: text about a step that failed.
+    void setListeners(std::function<void()> changed, std::function<void(const std::string&)> failed);
 
     /// While one lives, commands run but nothing is recorded.
     class Suspend {
@@ -79,7 +85,14 @@ private:
     unsigned m_length = 50;
     std::string m_nextPlugin;
 
+    std::function<void()> m_changed;
+    std::function<void(const std::string&)> m_failed;
+
     void push(Chunk chunk);
+    void closeOpenSteps();
+    void trim();
+    void notify();
+    bool take(Chunk& chunk, bool (Command::*step)(), bool backwards);
 };
 
 }  // namespace kernel

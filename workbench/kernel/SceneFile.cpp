@@ -1,0 +1,174 @@
+#include "kernel/SceneFile.h"
+
+#include "kernel/AtomicFile.h"
+#include "kernel/SceneWriter.h"
+#include "kernel/Session.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
+#include <sys/stat.h>
+
+namespace kernel {
+
+namespace {
+
+/// A condition that holds while this lives.
+class During {
+public:
+    During(Events& events, const char* condition) : m_events(events), m_condition(condition)
+    {
+        m_events.setCondition(m_condition, true);
+    }
+    ~During() { m_events.setCondition(m_condition, false); }
+    During(const During&) = delete;
+    During& operator=(const During&) = delete;
+
+private:
+    Events& m_events;
+    const char* const m_condition;
+};
+
+/// What the rest of the host shows of a scene's time, to tell it once what a file or a new scene has changed.
+struct TimeState {
+    explicit TimeState(const Scene& scene)
+        : unit(scene.timeUnit()), time(scene.currentTime()), playback(scene.playbackRange()),
+          animation(scene.animationRange())
+    {}
+
+    void raiseChanges(Session& session) const
+    {
+        const TimeState now(session.scene);
+        if (now.unit != unit)
+            session.events.raise("timeUnitChanged");
+        if (!same(now.playback, playback) || !same(now.animation, animation))
+            session.events.raise("playbackRangeChanged");
+        if (now.time.ticks() != time.ticks())
+            session.events.raise("timeChanged");
+    }
+
+    static bool same(Scene::Range a, Scene::Range b) { return a.first == b.first && a.last == b.last; }
+
+    const TimeUnit unit;
+    const Time time;
+    const Scene::Range playback;
+    const Scene::Range animation;
+};
+
+std::string absolutePath(const std::string& path)
+{
+    std::error_code error;
+    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+    return error ? path : absolute.lexically_normal().string();
+}
+
+[[noreturn]] void failReading(const std::string& path, int error)
+{
+    if (error == ENOENT || error == ENOTDIR)
+        throw CommandError("File not found: " + path);
+    throw CommandError("The file \"" + path + "\" could not be read: " + std::generic_category().message(error));
+}
+
+std::string readWhole(const std::string& path)
+{
+    struct stat status = {};
+    if (::stat(path.c_str(), &status) != 0)
+        failReading(path, errno);
+    if (S_ISDIR(status.st_mode))
+        failReading(path, EISDIR);
+    errno = 0;
+    std::ifstream in(path, std::ios::binary);
+    if (!in)
+        failReading(path, errno ? errno : EIO);
+    std::string text(static_cast<std::size_t>(status.st_size), '\0');
+    in.read(&text[0], static_cast<std::streamsize>(text.size()));
+    if (in.bad())
+        failReading(path, EIO);
+    text.resize(static_cast<std::size_t>(in.gcount()));
+    return text;
+}
+
+/// Runs the scripts that set up the scene once it is read; the one that carries the playback range has then done all
+/// it is for.
+void runConfigurationScripts(Session& session)
+{
+    const std::vector<NodePtr> nodes = session.scene.nodes();
+    for (const NodePtr& node : nodes) {
+        if (!node->isInScene() || node->type().name != "script"
+            || node->number("scriptType") != kSceneConfigurationType)
+            continue;
+        session.script().execute(node->text("before"), false, false);
+        if (node->name() == kSceneConfigurationNode)
+            session.scene.detach(node);
+    }
+}
+
+}  // namespace
+
+void writeSceneText(Session& session, std::ostream& out, const std::string& fileName)
+{
+    SceneWriter(session, out, fileName).write();
+}
+
+void saveScene(Session& session, const std::string& path)
+{
+    const std::string absolute = absolutePath(path);
+    {
+        const Scene::Activity activity(session.scene, FileActivity::Write);
+        const During writing(session.events, "writingFile");
+        AtomicFile file(absolute);
+        writeSceneText(session, file.stream(), absolute);
+        file.commit();
+    }
+    session.scene.setFileName(absolute);
+    session.scene.setModified(false);
+    session.events.raise("SceneSaved");
+}
+
+void openScene(Session& session, const std::string& path)
+{
+    const std::string absolute = absolutePath(path);
+    const std::string text = readWhole(absolute);
+    if (text.compare(0, 6, "//Maya") != 0)
+        throw CommandError("The file \"" + absolute + "\" is not a Maya ASCII scene.");
+
+    Scene& scene = session.scene;
+    const TimeState before(scene);
+    {
+        const Scene::Activity activity(scene, FileActivity::Open);
+        const During reading(session.events, "readingFile");
+        const UndoQueue::Suspend suspend(session.undo);
+        session.undo.flush();
+        scene.reset();
+        scene.setFileName(absolute);
+        const bool ok = session.script().executeScene(text, absolute);
+        scene.setReadWithErrors(!ok);
+        runConfigurationScripts(session);
+    }
+    scene.setModified(false);
+    before.raiseChanges(session);
+    session.events.raise("PostSceneRead");
+    session.events.raise("SceneOpened");
+    scene.setModified(false);
+}
+
+void newScene(Session& session)
+{
+    Scene& scene = session.scene;
+    const TimeState before(scene);
+    {
+        const During deleting(session.events, "deleteAllCondition");
+        session.events.raise("deleteAll");
+        const Scene::Activity activity(scene, FileActivity::New);
+        const During flushing(session.events, "flushingScene");
+        session.undo.flush();
+        scene.reset();
+    }
+    before.raiseChanges(session);
+    session.events.raise("NewSceneOpened");
+    scene.setModified(false);
+}
+
+}  // namespace kernel
