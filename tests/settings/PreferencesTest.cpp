@@ -1,5 +1,6 @@
 #include "settings/PreferenceRow.h"
 #include "support/PluginFixture.h"
+#include "support/QtPrint.h"
 
 #include <QDir>
 #include <QFile>

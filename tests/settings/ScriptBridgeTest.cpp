@@ -3,6 +3,7 @@
 #include "settings/Names.h"
 #include "settings/Text.h"
 #include "support/PluginFixture.h"
+#include "support/QtPrint.h"
 
 #include <maya/MSelectionList.h>
 

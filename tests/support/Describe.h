@@ -4,13 +4,6 @@
 #include "model/PngCodec.h"
 #include "support/Pixels.h"
 
-#include <ostream>
-
-inline std::ostream& operator<<(std::ostream& out, const QString& text)
-{
-    return out << '"' << text.toStdString() << '"';
-}
-
 /// Everything of a drawing that can be told, as text: two drawings are equal when their descriptions are.
 ///     persp* > Ink* 1.00 0 shown 1: 3 a1b2c3d4, 7 none
 /// The camera's star marks the current one, the layer's the active one, "-" a hidden one; then opacity and state, the

@@ -1,0 +1,191 @@
+#include "model/Canvas.h"
+#include "model/ShapeRaster.h"
+#include "support/DrawingFixture.h"
+
+namespace {
+
+class CompositeTest : public DrawingFixture {
+protected:
+    const QImage& picture() { return *drawing.composite("persp"); }
+
+    // Images over one another, the first at the bottom.
+    static QImage over(std::initializer_list<QImage> images)
+    {
+        QImage result = blankCanvas();
+        QPainter painter(&result);
+        prepareDrawingPainter(painter);
+        for (const QImage& image : images) {
+            painter.drawImage(0, 0, image);
+        }
+        return result;
+    }
+
+    // Frames whose whole canvas has one opaque colour make ghosts easy to tell.
+    void addFlatLayer(std::initializer_list<int> numbers)
+    {
+        auto layer = drawings::layer("Flat", numbers);
+        int i = 0;
+        for (const int number : numbers) {
+            QImage flat(kCanvasSize, kCanvasSize, QImage::Format_RGBA8888);
+            flat.fill(Qt::transparent);
+            for (int x = i * 10; x < i * 10 + 10; ++x) {
+                flat.setPixelColor(x, 0, QColor(10, 20, 30));
+            }
+            layer->frameNumbered(number)->setImage(flat);
+            ++i;
+        }
+        drawing.insertLayer("persp", -1, std::move(layer));
+    }
+
+    int alphaOfFrame(int index) { return pixels::alpha(picture(), index * 10 + 5, 0); }
+};
+
+TEST_F(CompositeTest, StacksTheVisibleLayersBottomFirst)
+{
+    addLayer("persp", "A", {1});
+    addLayer("persp", "B", {1, 3});
+    addLayer("persp", "C", {2});
+    drawing.layer("persp", 1)->frameNumbered(1)->setImage(pixels::marked(130));  // overlaps nothing else
+    goTo(1);
+    EXPECT_EQ(picture(), over({pixels::marked(1), pixels::marked(130)}));
+    goTo(3);
+    EXPECT_EQ(picture(), over({pixels::marked(1), pixels::marked(3), pixels::marked(2)}));
+    drawing.setLayerVisible("persp", 1, false);
+    EXPECT_EQ(picture(), over({pixels::marked(1), pixels::marked(2)}));
+    drawing.moveLayer("persp", 0, 2);
+    EXPECT_EQ(picture(), over({pixels::marked(2), pixels::marked(1)}));
+    goTo(0);
+    EXPECT_EQ(picture(), blankCanvas());
+}
+
+TEST_F(CompositeTest, ALayersOpacityIsStoredButNotApplied)
+{
+    addLayer("persp", "A", {1});
+    drawing.setLayerOpacity("persp", 0, 0.25f);
+    EXPECT_EQ(picture(), over({pixels::marked(1)}));
+}
+
+TEST_F(CompositeTest, IsMadeAnewOnlyWhenSomethingChanged)
+{
+    EXPECT_EQ(drawing.composite("persp"), nullptr);
+    addLayer("persp", "A", {1, 5});
+    addLayer("top", "B", {1});
+    drawing.composite("top");
+    EXPECT_TRUE(drawing.needsRedraw("persp"));
+    const QImage* first = drawing.composite("persp");
+    EXPECT_FALSE(drawing.needsRedraw("persp"));
+    EXPECT_FALSE(drawing.needsRedraw("none"));
+
+    const std::function<void()> changes[] = {[this] { goTo(5); },
+                                             [this] { drawing.markForRedraw("persp"); },
+                                             [this] { drawing.setLayerVisible("persp", 0, false); },
+                                             [this] { addLayer("persp", "C", {}); },
+                                             [this] { drawing.setActiveLayer("persp", 1, false); },
+                                             [this] { drawing.takeLayer("persp", 1); }};
+    for (const auto& change : changes) {
+        change();
+        EXPECT_TRUE(drawing.needsRedraw("persp"));
+        EXPECT_FALSE(drawing.needsRedraw("top"));
+        EXPECT_EQ(drawing.composite("persp"), first) << "the picture stays where it is";
+        EXPECT_FALSE(drawing.needsRedraw("persp"));
+    }
+}
+
+TEST_F(CompositeTest, GhostsFadeByKeysAndNotByTime)
+{
+    addFlatLayer({1, 2, 10, 50, 51});
+    goTo(10);
+    Preferences::instance().setGhostPrev(true);
+    Preferences::instance().setGhostPrevCount(3);
+    Preferences::instance().setGhostNext(true);
+    Preferences::instance().setGhostNextCount(1);
+    EXPECT_NEAR(alphaOfFrame(0), 255 * 0.8 / 3, 1);
+    EXPECT_NEAR(alphaOfFrame(1), 255 * 0.4, 1);
+    EXPECT_EQ(alphaOfFrame(2), 255);
+    EXPECT_NEAR(alphaOfFrame(3), 255 * 0.4, 1);
+    EXPECT_EQ(alphaOfFrame(4), 0);
+    goTo(51);
+    EXPECT_EQ(alphaOfFrame(0), 0);
+    EXPECT_NEAR(alphaOfFrame(1), 255 * 0.4 / 3, 1);
+    EXPECT_NEAR(alphaOfFrame(3), 255 * 0.4, 1);
+}
+
+TEST_F(CompositeTest, GhostsAreThoseOfTheVisibleActiveLayer)
+{
+    addFlatLayer({1, 2});
+    addLayer("persp", "Other", {2});
+    goTo(2);
+    Preferences::instance().setGhostPrev(true);
+    EXPECT_GT(alphaOfFrame(0), 0);
+    drawing.setActiveLayer("persp", 1, true);
+    EXPECT_EQ(alphaOfFrame(0), 0);
+    drawing.setActiveLayer("persp", 0, true);
+    drawing.setLayerVisible("persp", 0, false);
+    EXPECT_EQ(picture(), over({pixels::marked(2)}));
+}
+
+TEST_F(CompositeTest, GhostsStayAsTheyAreWhileDrawing)
+{
+    addFlatLayer({1, 2});
+    goTo(2);
+    Preferences::instance().setGhostPrev(true);
+    picture();
+    ActiveStroke* record = drawing.beginStroke("persp", false);
+    record->points = drawings::line({500, 500}, {600, 500});
+    record->changed = true;
+    drawing.activeLayer("persp")->frameAt(0)->setImage(blankCanvas());
+    EXPECT_NEAR(alphaOfFrame(0), 255 * 0.4, 1);
+    drawing.dropStroke();
+    EXPECT_EQ(alphaOfFrame(0), 0);
+}
+
+// Earlier ghosts that have been switched off stay behind the later ones as they were last made.
+TEST_F(CompositeTest, StaleEarlierGhostsStayBehindLaterOnes)
+{
+    addFlatLayer({1, 2, 3});
+    goTo(2);
+    Preferences::instance().setGhostPrev(true);
+    picture();
+    Preferences::instance().setGhostPrev(false);
+    Preferences::instance().setGhostNext(true);
+    drawing.markForRedraw("persp");
+    EXPECT_NEAR(alphaOfFrame(0), 255 * 0.4, 1);
+    Preferences::instance().setGhostNext(false);
+    drawing.markForRedraw("persp");
+    EXPECT_EQ(alphaOfFrame(0), 0);
+}
+
+TEST_F(CompositeTest, TintedGhostsHaveTheirSidesColour)
+{
+    addFlatLayer({1, 2, 3});
+    goTo(2);
+    Preferences& preferences = Preferences::instance();
+    preferences.setGhostPrev(true);
+    preferences.setGhostNext(true);
+    preferences.setGhostColorOverride(true);
+    preferences.setGhostColorOverridePrev(QColor(200, 0, 0));
+    preferences.setGhostColorOverrideNext(QColor(0, 0, 200));
+    const QColor earlier = picture().pixelColor(5, 0);
+    const QColor later = picture().pixelColor(25, 0);
+    EXPECT_NEAR(earlier.red(), 200, 2);
+    EXPECT_NEAR(earlier.blue(), 0, 2);
+    EXPECT_NEAR(later.blue(), 200, 2);
+    EXPECT_EQ(picture().pixelColor(15, 0), QColor(10, 20, 30));
+}
+
+TEST(Tint, KeepsAlphaAndLeavesTransparentPixels)
+{
+    QImage image(3, 1, QImage::Format_RGBA8888);
+    image.setPixelColor(0, 0, QColor(1, 2, 3, 0));
+    image.setPixelColor(1, 0, QColor(1, 2, 3, 7));
+    image.setPixelColor(2, 0, QColor(1, 2, 3, 255));
+    const QRgb untouched = image.pixel(0, 0);
+    tintImage(image, QColor(9, 8, 7));
+    EXPECT_EQ(image.pixel(0, 0), untouched);
+    EXPECT_EQ(image.pixelColor(1, 0), QColor(9, 8, 7, 7));
+    EXPECT_EQ(image.pixelColor(2, 0), QColor(9, 8, 7, 255));
+    QImage none;
+    tintImage(none, Qt::red);
+}
+
+}  // namespace

@@ -1,0 +1,188 @@
+#include "model/FrameNumber.h"
+#include "support/Drawings.h"
+#include "support/PluginFixture.h"
+
+#include <maya/MAnimControl.h>
+
+namespace {
+
+constexpr int kNone = 1 << 30;
+
+class LayerTest : public PluginFixture {
+protected:
+    static void goTo(int frameNumber) { MAnimControl::setCurrentTime(timeOfFrame(frameNumber)); }
+    static int numberOf(const Frame* frame) { return frame ? frame->frameNumber() : kNone; }
+    static std::unique_ptr<Layer> layerAt(std::initializer_list<int> numbers)
+    {
+        return drawings::layer("Ink", numbers);
+    }
+};
+
+TEST_F(LayerTest, ShowsTheLastFrameAtOrBeforeATime)
+{
+    const auto layer = layerAt({10, 1, 5});
+    EXPECT_EQ(layer->frameNumbers(), (QList<int>{1, 5, 10}));
+    const struct {
+        int time;
+        int shown;
+    } cases[] = {{0, kNone}, {1, 1}, {4, 1}, {5, 5}, {7, 5}, {10, 10}, {99, 10}, {-3, kNone}};
+    for (const auto& c : cases) {
+        layer->updateCurrentFrame(c.time);
+        EXPECT_EQ(numberOf(layer->currentFrame()), c.shown) << "at time " << c.time;
+    }
+    Layer empty;
+    empty.updateCurrentFrame(7);
+    EXPECT_EQ(empty.currentFrameIndex(), -1);
+}
+
+TEST_F(LayerTest, AKeyedTimeIsNeverReplaced)
+{
+    const auto layer = layerAt({1, 5});
+    auto other = std::make_unique<Frame>(timeOfFrame(5));
+    other->setImage(pixels::marked(77));
+    EXPECT_EQ(layer->insertFrame(std::move(other)), -1);
+    EXPECT_EQ(layer->insertFrame(nullptr), -1);
+    EXPECT_EQ(layer->addFrame(timeOfFrame(1)), -1);
+    EXPECT_EQ(layer->addFrame(timeOfFrame(3)), 1);
+    EXPECT_EQ(layer->frameNumbers(), (QList<int>{1, 3, 5}));
+    EXPECT_TRUE(pixels::same(layer->frameAt(2)->image(), pixels::marked(5)));
+    EXPECT_TRUE(layer->frameAt(1)->isBlank());
+}
+
+TEST_F(LayerTest, InsertingShowsTheFrameOfTheSceneTimeAndTakingThatOfTheTakenFrame)
+{
+    const auto layer = layerAt({1, 5, 10});
+    goTo(6);
+    layer->addFrame(timeOfFrame(20));
+    EXPECT_EQ(numberOf(layer->currentFrame()), 5);
+    EXPECT_EQ(numberOf(layer->takeFrame(timeOfFrame(10)).get()), 10);
+    EXPECT_EQ(numberOf(layer->currentFrame()), 5);
+    EXPECT_EQ(numberOf(layer->takeFrame(timeOfFrame(1)).get()), 1);
+    EXPECT_EQ(layer->currentFrameIndex(), -1) << "as seen from the taken frame";
+    EXPECT_EQ(layer->takeFrame(timeOfFrame(1)), nullptr);
+}
+
+TEST_F(LayerTest, CopiesAndTakesByExactNumber)
+{
+    const auto layer = layerAt({1, 5});
+    goTo(5);
+    EXPECT_EQ(layer->copyFrame(timeOfFrame(4)), nullptr);
+    const std::unique_ptr<Frame> copy = layer->copyFrame(timeOfFrame(5));
+    ASSERT_TRUE(copy);
+    EXPECT_FALSE(copy->isUnpacked());
+    EXPECT_EQ(numberOf(layer->takeFrameAtCurrentTime().get()), 5);
+    EXPECT_EQ(layer->takeFrameAtCurrentTime(), nullptr);
+    EXPECT_EQ(layer->frameNumbers(), (QList<int>{1}));
+}
+
+TEST_F(LayerTest, StepsToTheNeighboursOfTheSceneTime)
+{
+    const auto layer = layerAt({1, 5, 10});
+    const struct {
+        int time;
+        int previous;
+        int previousWrapped;
+        int next;
+        int nextWrapped;
+    } cases[] = {{0, kNone, 10, 1, 1}, {1, kNone, 10, 5, 5}, {3, 1, 1, 5, 5},
+                 {5, 1, 1, 10, 10},    {10, 5, 5, kNone, 1}, {50, 10, 10, kNone, 1}};
+    for (const auto& c : cases) {
+        goTo(c.time);
+        EXPECT_EQ(numberOf(layer->previousFrame(false)), c.previous) << c.time;
+        EXPECT_EQ(numberOf(layer->previousFrame(true)), c.previousWrapped) << c.time;
+        EXPECT_EQ(numberOf(layer->nextFrame(false)), c.next) << c.time;
+        EXPECT_EQ(numberOf(layer->nextFrame(true)), c.nextWrapped) << c.time;
+    }
+    Layer empty;
+    EXPECT_EQ(empty.nextFrame(true), nullptr);
+    EXPECT_EQ(empty.previousFrame(true), nullptr);
+}
+
+TEST_F(LayerTest, AnAnimatedLayerIsDrawnOnAtKeysAndAStaticOneWhereverItHolds)
+{
+    const auto layer = layerAt({5});
+    const struct {
+        int state;
+        int time;
+        bool drawable;
+    } cases[] = {{kLayerAnim, 4, false},  {kLayerAnim, 5, true},    {kLayerAnim, 6, false},  {kLayerStatic, 4, false},
+                 {kLayerStatic, 5, true}, {kLayerStatic, 60, true}, {kLayerLocked, 5, true}, {kLayerLocked, 6, false}};
+    for (const auto& c : cases) {
+        goTo(c.time);
+        layer->setState(c.state);
+        layer->updateCurrentFrame(c.time);
+        EXPECT_EQ(layer->hasFrameAtCurrentTime(), c.drawable) << c.state << " at " << c.time;
+    }
+}
+
+TEST_F(LayerTest, OnlyWhatChangesThePictureMarksItDirtyAndReadingClears)
+{
+    const auto layer = layerAt({1, 5});
+    goTo(1);
+    const struct {
+        const char* what;
+        void (*change)(Layer&);
+        bool dirty;
+    } cases[] = {
+        {"name", [](Layer& l) { l.setName("x"); }, false},
+        {"active", [](Layer& l) { l.setActive(!l.isActive()); }, false},
+        {"state", [](Layer& l) { l.setState(kLayerStatic); }, false},
+        {"same opacity", [](Layer& l) { l.setOpacity(1.5f); }, false},
+        {"other opacity", [](Layer& l) { l.setOpacity(0.5f); }, true},
+        {"same visibility", [](Layer& l) { l.setVisible(true); }, false},
+        {"hiding", [](Layer& l) { l.setVisible(false); }, true},
+        {"showing", [](Layer& l) { l.setVisible(true); }, true},
+        {"time within the hold", [](Layer& l) { l.updateCurrentFrame(4); }, false},
+        {"time of the next frame", [](Layer& l) { l.updateCurrentFrame(5); }, true},
+        {"new image", [](Layer& l) { l.setCurrentImage(pixels::marked(9)); }, true},
+        {"retiming",
+         [](Layer& l) {
+             l.retime({2, 6});
+         },
+         false},
+        {"clearing", [](Layer& l) { l.clearFrames(); }, true},
+        {"image without a frame", [](Layer& l) { l.setCurrentImage(pixels::marked(9)); }, false},
+    };
+    for (const auto& c : cases) {
+        layer->imageAtOffset(0);
+        EXPECT_FALSE(layer->isDirty());
+        c.change(*layer);
+        EXPECT_EQ(layer->isDirty(), c.dirty) << c.what;
+    }
+}
+
+TEST_F(LayerTest, GivesNeighbouringKeysForDisplayUnlessHidden)
+{
+    const auto layer = layerAt({1, 5, 10});
+    layer->updateCurrentFrame(6);
+    EXPECT_TRUE(pixels::same(layer->imageAtOffset(0), pixels::marked(5)));
+    EXPECT_TRUE(pixels::same(layer->imageAtOffset(-1), pixels::marked(1)));
+    EXPECT_TRUE(pixels::same(layer->imageAtOffset(1), pixels::marked(10)));
+    EXPECT_TRUE(layer->imageAtOffset(2).isNull());
+    EXPECT_TRUE(layer->imageAtOffset(-2).isNull());
+    layer->setVisible(false);
+    EXPECT_TRUE(layer->imageAtOffset(0).isNull());
+    EXPECT_FALSE(layer->isDirty());
+}
+
+TEST_F(LayerTest, RetimingWithAShorterListLeavesTheRest)
+{
+    const auto layer = layerAt({1, 5, 10});
+    layer->retime({2, 4});
+    EXPECT_EQ(layer->frameNumbers(), (QList<int>{2, 4, 10}));
+    layer->retime({3, 6, 9, 12});
+    EXPECT_EQ(layer->frameNumbers(), (QList<int>{3, 6, 9}));
+}
+
+TEST_F(LayerTest, OpacityStaysWithinItsRange)
+{
+    Layer layer;
+    layer.setOpacity(-2);
+    EXPECT_EQ(layer.opacity(), 0.0f);
+    layer.setOpacity(1.5f);
+    EXPECT_EQ(layer.opacity(), 1.0f);
+    layer.setOpacity(std::numeric_limits<float>::quiet_NaN());
+    EXPECT_EQ(layer.opacity(), 0.0f);
+}
+
+}  // namespace

@@ -1,0 +1,288 @@
+// A stroke from its begin to its commit, drop, undo and redo.
+
+#include "model/Canvas.h"
+#include "model/DrawingViews.h"
+#include "model/PngCodec.h"
+#include "support/DrawingFixture.h"
+
+namespace {
+
+class StrokeTest : public DrawingFixture {
+protected:
+    StrokeTest()
+    {
+        Preferences::instance().setActiveTool(ToolType::Pencil);
+        Preferences::instance().setActiveColor(Qt::red);
+    }
+
+    /// Draws across the middle of the canvas with the active tool.
+    bool drawLine(const QString& camera, QByteArray& undo)
+    {
+        ActiveStroke* record = drawing.beginStroke(camera, false);
+        if (!record) {
+            return false;
+        }
+        record->points = drawings::line({400, 500}, {600, 500});
+        record->changed = true;
+        return drawing.commitStroke(camera, undo);
+    }
+
+    QImage shown(const QString& camera) { return drawing.activeLayer(camera)->currentFrame()->image(); }
+    QImage base() const { return pixels::marked(1); }
+
+    /// The transform of a region, as the transform tool fills it.
+    ActiveStroke* transform(QRect region)
+    {
+        ActiveStroke* record = drawing.beginStroke("persp", false);
+        record->tool = ToolType::Transform;
+        record->region = region;
+        record->takeRegion = true;
+        record->changed = true;
+        return record;
+    }
+};
+
+TEST_F(StrokeTest, ACommitDrawsIntoTheFrameEvenBeforeAnyRefresh)
+{
+    addLayer("persp", "A", {1});
+    QByteArray undo;
+    ASSERT_TRUE(drawLine("persp", undo));
+    EXPECT_EQ(drawing.stroke("persp"), nullptr);
+    EXPECT_EQ(shown("persp").pixelColor(500, 500), QColor(Qt::red));
+    EXPECT_TRUE(pixels::same(shown("persp").copy(0, 0, 100, 100), base().copy(0, 0, 100, 100)));
+    EXPECT_TRUE(pixels::same(decodePng(undo), base()));
+}
+
+TEST_F(StrokeTest, OneSwapUndoesAndTheNextRedoes)
+{
+    addLayer("persp", "A", {1});
+    QByteArray bytes;
+    ASSERT_TRUE(drawLine("persp", bytes));
+    const QString after = describe(drawing);
+    ASSERT_TRUE(drawing.swapActiveImage("persp", bytes));
+    EXPECT_TRUE(pixels::same(shown("persp"), base()));
+    ASSERT_TRUE(drawing.swapActiveImage("persp", bytes));
+    EXPECT_EQ(describe(drawing), after);
+    QByteArray broken = "nothing";
+    EXPECT_FALSE(drawing.swapActiveImage("persp", broken));
+    EXPECT_FALSE(drawing.swapImage({"persp", 0, 2}, bytes));
+    EXPECT_FALSE(drawing.swapImage({"persp", 1, 1}, bytes));
+    EXPECT_FALSE(drawing.swapActiveImage("none", bytes));
+    EXPECT_EQ(describe(drawing), after);
+}
+
+TEST_F(StrokeTest, NeedsAnActiveLayerThatCanBeDrawnOnNow)
+{
+    EXPECT_EQ(drawing.beginStroke("persp", false), nullptr);
+    addLayer("persp", "A", {5});
+    goTo(6);
+    EXPECT_EQ(drawing.beginStroke("persp", false), nullptr);
+    drawing.setLayerState("persp", 0, kLayerStatic);
+    ASSERT_NE(drawing.beginStroke("persp", false), nullptr);
+    EXPECT_EQ(drawing.strokeFrame("persp").frameNumber, 5);
+    drawing.dropStroke();
+    drawing.setLayerState("persp", 0, kLayerAnim);
+    EXPECT_NE(drawing.beginStroke("persp", true), nullptr);
+}
+
+TEST_F(StrokeTest, BelongsToOneCamera)
+{
+    addLayer("persp", "A", {1});
+    addLayer("top", "B", {1});
+    ActiveStroke* record = drawing.beginStroke("persp", false);
+    EXPECT_EQ(drawing.beginStroke("persp", false), record);
+    EXPECT_EQ(drawing.beginStroke("top", false), nullptr);
+    EXPECT_EQ(drawing.stroke("top"), nullptr);
+    drawing.composite("top");
+    record->points = drawings::line({400, 500}, {600, 500});
+    record->changed = true;
+    EXPECT_TRUE(drawing.needsRedraw("persp"));
+    EXPECT_FALSE(drawing.needsRedraw("top"));
+    QByteArray undo;
+    EXPECT_FALSE(drawing.commitStroke("top", undo));
+    EXPECT_EQ(drawing.stroke("persp"), record);
+}
+
+TEST_F(StrokeTest, TakesToolAndColourOfItsBeginning)
+{
+    addLayer("persp", "A", {1});
+    Preferences::instance().setActiveTool(ToolType::Arrow);
+    penState::setEraserTip(true);
+    const ActiveStroke* record = drawing.beginStroke("persp", false);
+    penState::setEraserTip(false);
+    Preferences::instance().setActiveColor(Qt::green);
+    drawing.beginStroke("persp", false);
+    EXPECT_EQ(record->tool, ToolType::Eraser);
+    EXPECT_EQ(record->colour, QColor(Qt::red));
+}
+
+TEST_F(StrokeTest, GoesToTheFrameItWasBegunOnWhateverIsShownMeanwhile)
+{
+    addLayer("persp", "A", {1, 5});
+    addLayer("persp", "B", {1});
+    goTo(1);
+    ActiveStroke* record = drawing.beginStroke("persp", false);
+    record->points = drawings::line({400, 500}, {600, 500});
+    goTo(5);
+    EXPECT_EQ(drawing.layer("persp", 0)->currentFrame()->frameNumber(), 1) << "the layer drawn on stays";
+    drawing.moveLayer("persp", 0, 1);
+    drawing.setActiveLayer("persp", 0, true);
+    const FrameAddress address = drawing.strokeFrame("persp");
+    EXPECT_EQ(address.layerIndex, 1);
+    EXPECT_EQ(address.frameNumber, 1);
+    const QString before = describe(drawing);
+    QByteArray undo;
+    ASSERT_TRUE(drawing.commitStroke("persp", undo));
+    EXPECT_FALSE(pixels::same(drawing.layer("persp", 1)->frameNumbered(1)->image(), base()));
+    EXPECT_TRUE(pixels::same(drawing.layer("persp", 1)->frameNumbered(5)->image(), pixels::marked(5)));
+    ASSERT_TRUE(drawing.swapImage(address, undo));
+    EXPECT_EQ(describe(drawing), before);
+}
+
+TEST_F(StrokeTest, IsDroppedWhenItsFrameIsGone)
+{
+    addLayer("persp", "A", {1, 5});
+    ActiveStroke* record = drawing.beginStroke("persp", false);
+    record->points = drawings::line({400, 500}, {600, 500});
+    drawing.takeFrame("persp", timeOfFrame(1));
+    drawing.composite("persp");
+    EXPECT_EQ(drawing.strokeFrame("persp").layerIndex, -1);
+    QByteArray undo;
+    EXPECT_FALSE(drawing.commitStroke("persp", undo));
+    EXPECT_FALSE(drawing.hasStroke());
+    drawing.beginStroke("persp", true);
+    drawing.clear(false);
+    EXPECT_FALSE(drawing.commitStroke("persp", undo));
+}
+
+TEST_F(StrokeTest, DroppingLeavesNoTraceInThePicture)
+{
+    addLayer("persp", "A", {1});
+    const QImage before = drawing.composite("persp")->copy();
+    ActiveStroke* record = drawing.beginStroke("persp", false);
+    record->points = drawings::line({400, 500}, {600, 500});
+    record->changed = true;
+    EXPECT_NE(*drawing.composite("persp"), before);
+    drawing.dropStroke();
+    EXPECT_TRUE(drawing.needsRedraw("persp"));
+    EXPECT_EQ(*drawing.composite("persp"), before);
+}
+
+// Pictures from elsewhere decode to other formats and sizes; the eraser writes bytes.
+TEST_F(StrokeTest, ErasesOnWhateverPictureTheFrameHolds)
+{
+    Preferences::instance().setActiveTool(ToolType::Eraser);
+    const QImage::Format formats[] = {QImage::Format_Mono, QImage::Format_Grayscale8, QImage::Format_RGB32,
+                                      QImage::Format_ARGB32, QImage::Format_RGBA64};
+    for (const QImage::Format format : formats) {
+        for (const QSize size : {QSize(1, 1), QSize(16, 16), QSize(1024, 1024), QSize(1100, 600)}) {
+            QImage picture(size, format);
+            picture.fill(Qt::white);
+            drawing.clear(false);
+            addLayer("persp", "A", {1});
+            QByteArray png = encodePng(picture);
+            ASSERT_TRUE(drawing.swapActiveImage("persp", png));
+            ActiveStroke* record = drawing.beginStroke("persp", false);
+            record->points = drawings::line({0, 0}, {1023, 1023}, 20);
+            record->changed = true;
+            drawing.composite("persp");
+            QByteArray undo;
+            ASSERT_TRUE(drawing.commitStroke("persp", undo));
+            EXPECT_EQ(shown("persp").size(), QSize(kCanvasSize, kCanvasSize));
+            EXPECT_EQ(pixels::alpha(shown("persp"), 0, 0), 0);
+            EXPECT_TRUE(pixels::same(decodePng(undo), decodePng(encodePng(picture))));
+        }
+    }
+}
+
+TEST_F(StrokeTest, LiveAndCommittedPicturesAreTheSame)
+{
+    for (const ToolType tool : {ToolType::Pencil, ToolType::Brush, ToolType::Eraser, ToolType::Line, ToolType::Arrow,
+                                ToolType::Ellipse, ToolType::Rectangle}) {
+        drawing.clear(false);
+        addLayer("persp", "A", {1});
+        Preferences::instance().setActiveTool(tool);
+        ActiveStroke* record = drawing.beginStroke("persp", false);
+        record->points = drawings::line({0, 0}, {300, 200}, 20, 0.5f);
+        record->changed = true;
+        const QImage live = drawing.composite("persp")->copy();
+        QByteArray undo;
+        ASSERT_TRUE(drawing.commitStroke("persp", undo));
+        EXPECT_EQ(*drawing.composite("persp"), live) << static_cast<int>(tool);
+        EXPECT_FALSE(pixels::same(live, base())) << static_cast<int>(tool);
+    }
+}
+
+TEST_F(StrokeTest, ATextsFrameIsNotCommitted)
+{
+    addLayer("persp", "A", {1});
+    Preferences::instance().setActiveTool(ToolType::Text);
+    ActiveStroke* record = drawing.beginStroke("persp", false);
+    record->points = {drawings::point(300, 300, 20)};
+    record->changed = true;
+    EXPECT_FALSE(pixels::same(*drawing.composite("persp"), base()));
+    QByteArray undo;
+    ASSERT_TRUE(drawing.commitStroke("persp", undo));
+    EXPECT_TRUE(pixels::same(shown("persp"), base()));
+}
+
+// marked(1) is a box of 20 x 20 at (7, 13).
+TEST_F(StrokeTest, ATransformMovesItsRegion)
+{
+    addLayer("persp", "A", {1});
+    ActiveStroke* record = transform(QRect(7, 13, 20, 20));
+    record->translation = QPoint(100, 50);
+    const QImage live = drawing.composite("persp")->copy();
+    record->changed = true;
+    EXPECT_EQ(*drawing.composite("persp"), live) << "the region is taken once";
+    QByteArray undo;
+    ASSERT_TRUE(drawing.commitStroke("persp", undo));
+    EXPECT_EQ(pixels::inkBox(shown("persp")), QRect(107, 63, 20, 20));
+    EXPECT_EQ(*drawing.composite("persp"), live);
+}
+
+TEST_F(StrokeTest, CutCopyAndPasteGoThroughTheKeptRegion)
+{
+    addLayer("persp", "A", {1});
+    QByteArray undo;
+    ActiveStroke* record = transform(QRect(7, 13, 10, 20));
+    record->clearOnly = true;
+    record->keepCut = true;
+    ASSERT_TRUE(drawing.commitStroke("persp", undo));
+    EXPECT_EQ(pixels::inkBox(shown("persp")), QRect(17, 13, 10, 20)) << "cut";
+
+    record = transform(QRect(500, 600, 10, 20));
+    record->pasteAsIs = true;
+    ASSERT_TRUE(drawing.commitStroke("persp", undo));
+    EXPECT_EQ(pixels::inkBox(shown("persp").copy(400, 400, 624, 624)), QRect(100, 200, 10, 20)) << "pasted";
+
+    record = transform(QRect(500, 600, 10, 20));
+    record->keepCut = true;
+    record->translation = QPoint(50, 0);
+    ASSERT_TRUE(drawing.commitStroke("persp", undo));
+    EXPECT_EQ(pixels::inkBox(shown("persp").copy(400, 400, 624, 624)), QRect(100, 200, 60, 20)) << "copied";
+}
+
+TEST_F(StrokeTest, OddRegionsAreHarmless)
+{
+    addLayer("persp", "A", {1});
+    QByteArray undo;
+    const QString before = describe(drawing);
+    transform(QRect());
+    drawing.composite("persp");
+    ASSERT_TRUE(drawing.commitStroke("persp", undo));
+    EXPECT_EQ(describe(drawing), before);
+
+    for (const QRect& region : {QRect(-500, -500, 600, 600), QRect(1000, 1000, 500, 500), QRect(3000, 0, 5, 5)}) {
+        ActiveStroke* record = transform(region);
+        record->clearOnly = true;
+        ASSERT_TRUE(drawing.commitStroke("persp", undo));
+        for (const QPoint& p : {region.topLeft(), region.bottomRight()}) {
+            if (shown("persp").rect().contains(p)) {
+                EXPECT_EQ(pixels::alpha(shown("persp"), p.x(), p.y()), 0);
+            }
+        }
+    }
+}
+
+}  // namespace
