@@ -2,7 +2,6 @@
 
 #include "api/Access.h"
 #include "api/Handles.h"
-#include "kernel/Session.h"
 
 #include <maya/MArgDatabase.h>
 
@@ -353,8 +352,6 @@ MStatus MArgDatabase::getObjects(MSelectionList& result) const
     if (!m_parsed || m_parsed->syntax.objects() != kernel::Syntax::Objects::Selection)
         return MStatus::kFailure;
     MSelectionList found;
-    if (m_parsed->args.objects.empty() && m_parsed->syntax.selectionAsDefault())
-        found = api::toSelectionList(kernel::Session::current().scene.selection());
     for (const kernel::Value& object : m_parsed->args.objects) {
         const MStatus status = found.add(api::toHost(kernel::toText(object)));
         if (!status)

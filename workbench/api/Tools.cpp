@@ -51,6 +51,22 @@ bool needsPress(ToolEvent::Kind kind)
     return kind == ToolEvent::Kind::Drag || kind == ToolEvent::Kind::Release || kind == ToolEvent::Kind::Hold;
 }
 
+/// What a tool does for one event: its selection changes are told when it is through.
+class Step {
+public:
+    explicit Step(kernel::Session& session) : m_session(session) { ++m_session.commandDepth; }
+    ~Step()
+    {
+        if (--m_session.commandDepth == 0)
+            m_session.scene.deliverSelectionEvent();
+    }
+    Step(const Step&) = delete;
+    Step& operator=(const Step&) = delete;
+
+private:
+    kernel::Session& m_session;
+};
+
 }  // namespace
 
 /// Marks that a tool's code runs.
@@ -262,6 +278,7 @@ void ToolBox::send(const ToolEvent& event, MHWRender::MUIDrawManager* manager, c
         return;
 
     kernel::Session& session = kernel::Session::current();
+    const Step step(session);
     if (event.kind == ToolEvent::Kind::Press) {
         endPress();
         session.undo.openChunk(m_current->name);
@@ -280,7 +297,6 @@ void ToolBox::send(const ToolEvent& event, MHWRender::MUIDrawManager* manager, c
         endPress();
     if (event.kind == ToolEvent::Kind::Press || event.kind == ToolEvent::Kind::Release)
         updateHelp();
-    session.scene.deliverSelectionEvent();
 }
 
 void ToolBox::drawFeedback(MHWRender::MUIDrawManager& manager, const MHWRender::MFrameContext& frame)
@@ -298,6 +314,7 @@ void ToolBox::act(void (MPxContext::*action)())
     if (!context)
         return;
     kernel::Session& session = kernel::Session::current();
+    const Step step(session);
     session.undo.openChunk(m_current->name);
     {
         const Handling handling(*this, *m_current);
@@ -305,7 +322,6 @@ void ToolBox::act(void (MPxContext::*action)())
     }
     session.undo.closeChunk();
     updateHelp();
-    session.scene.deliverSelectionEvent();
 }
 
 void ToolBox::complete()
