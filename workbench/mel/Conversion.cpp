@@ -45,8 +45,7 @@ template <typename From>
 Value convertedArray(const std::vector<From>& from, Type type, bool* hadNumber)
 {
     switch (type.base) {
-    case BaseType::Int:
-        return convertedArray<int>(from, [&](const From& e) { return asInteger(Value(e), hadNumber); });
+    case BaseType::Int: return convertedArray<int>(from, [&](const From& e) { return asInteger(Value(e), hadNumber); });
     case BaseType::Float:
     case BaseType::Matrix:
         return convertedArray<double>(from, [&](const From& e) { return asNumber(Value(e), hadNumber); });

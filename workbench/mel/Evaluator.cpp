@@ -44,8 +44,8 @@ Value component(const Value& value, int which)
 
 }  // namespace
 
-Evaluator::Evaluator(Interpreter& interpreter, std::shared_ptr<const Unit> unit, int frameSize) :
-    m_interpreter(interpreter), m_unit(std::move(unit)), m_locals(frameSize), m_slots(frameSize)
+Evaluator::Evaluator(Interpreter& interpreter, std::shared_ptr<const Unit> unit, int frameSize)
+    : m_interpreter(interpreter), m_unit(std::move(unit)), m_locals(frameSize), m_slots(frameSize)
 {
     for (int i = 0; i < frameSize; ++i)
         m_slots[i] = &m_locals[i];
@@ -356,7 +356,7 @@ Value Evaluator::array(const ArrayExpr& expression)
         if (own.array || own.base == BaseType::None)
             failConversion(own, type.base == BaseType::None ? Type{BaseType::Int, false} : type);
         const bool mixesNumbers = (type.base == BaseType::Int && own.base == BaseType::Float)
-                                  || (type.base == BaseType::Float && own.base == BaseType::Int);
+                               || (type.base == BaseType::Float && own.base == BaseType::Int);
         if (type.base == BaseType::None || mixesNumbers)
             type = mixesNumbers ? Type{BaseType::Float, false} : own;
         else if (type != own)

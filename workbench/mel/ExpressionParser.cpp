@@ -16,12 +16,12 @@ struct LevelOperator {
 
 // Higher binds tighter; operators of one level are taken from left to right.
 const LevelOperator kChainOperators[] = {
-    {Tok::Equal, BinaryOp::Equal, 0},         {Tok::NotEqual, BinaryOp::NotEqual, 0},
-    {Tok::Less, BinaryOp::Less, 1},           {Tok::LessEqual, BinaryOp::LessEqual, 1},
-    {Tok::Greater, BinaryOp::Greater, 1},     {Tok::GreaterEqual, BinaryOp::GreaterEqual, 1},
-    {Tok::Plus, BinaryOp::Add, 2},            {Tok::Minus, BinaryOp::Subtract, 2},
-    {Tok::Times, BinaryOp::Multiply, 3},      {Tok::Divide, BinaryOp::Divide, 3},
-    {Tok::Modulo, BinaryOp::Modulo, 3},       {Tok::Cross, BinaryOp::Cross, 3},
+    {Tok::Equal, BinaryOp::Equal, 0},     {Tok::NotEqual, BinaryOp::NotEqual, 0},
+    {Tok::Less, BinaryOp::Less, 1},       {Tok::LessEqual, BinaryOp::LessEqual, 1},
+    {Tok::Greater, BinaryOp::Greater, 1}, {Tok::GreaterEqual, BinaryOp::GreaterEqual, 1},
+    {Tok::Plus, BinaryOp::Add, 2},        {Tok::Minus, BinaryOp::Subtract, 2},
+    {Tok::Times, BinaryOp::Multiply, 3},  {Tok::Divide, BinaryOp::Divide, 3},
+    {Tok::Modulo, BinaryOp::Modulo, 3},   {Tok::Cross, BinaryOp::Cross, 3},
 };
 constexpr int kTightestLevel = 3;
 
@@ -36,9 +36,9 @@ const LevelOperator* chainOperator(Tok token)
 
 // The operator behind +=, -= and so on.
 const std::pair<Tok, BinaryOp> kAssignments[] = {
-    {Tok::PlusAssign, BinaryOp::Add},      {Tok::MinusAssign, BinaryOp::Subtract},
+    {Tok::PlusAssign, BinaryOp::Add},       {Tok::MinusAssign, BinaryOp::Subtract},
     {Tok::TimesAssign, BinaryOp::Multiply}, {Tok::DivideAssign, BinaryOp::Divide},
-    {Tok::ModuloAssign, BinaryOp::Modulo}, {Tok::CrossAssign, BinaryOp::Cross},
+    {Tok::ModuloAssign, BinaryOp::Modulo},  {Tok::CrossAssign, BinaryOp::Cross},
 };
 
 bool endsArguments(Tok kind)
@@ -390,9 +390,9 @@ bool ExpressionParser::isCallSyntax()
             isCall = !(spaceBefore && m_tokens.isAdjacent());
         } else {
             isCall = after == Tok::Semicolon || after == Tok::End || after == Tok::RightParen
-                     || after == Tok::RightBracket || after == Tok::RightBrace || after == Tok::Comma
-                     || after == Tok::Colon || after == Tok::Question || after == Tok::Backquote
-                     || (after >= Tok::Plus && after <= Tok::Decrement && after != Tok::Not);
+                  || after == Tok::RightBracket || after == Tok::RightBrace || after == Tok::Comma
+                  || after == Tok::Colon || after == Tok::Question || after == Tok::Backquote
+                  || (after >= Tok::Plus && after <= Tok::Decrement && after != Tok::Not);
         }
     }
     m_tokens.seek(start);
@@ -465,9 +465,7 @@ ExprPtr ExpressionParser::parseWord()
     }
     auto joined = std::make_unique<ChainExpr>(std::make_unique<LiteralExpr>(at, text + "["));
     const auto add = [&](ExprPtr part) { joined->links.push_back({BinaryOp::Add, std::move(part)}); };
-    const auto addText = [&](std::string part) {
-        add(std::make_unique<LiteralExpr>(m_tokens.at(), std::move(part)));
-    };
+    const auto addText = [&](std::string part) { add(std::make_unique<LiteralExpr>(m_tokens.at(), std::move(part))); };
     m_tokens.advance();
     for (;;) {
         m_tokens.expect(Tok::LeftBracket);

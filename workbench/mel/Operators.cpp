@@ -129,8 +129,7 @@ Value applied(BinaryOp op, Value left, const Value& right)
         if (op == BinaryOp::Add) {
             std::string joined = std::holds_alternative<std::string>(left) ? std::get<std::string>(std::move(left))
                                                                            : kernel::toText(left);
-            joined += std::holds_alternative<std::string>(right) ? std::get<std::string>(right)
-                                                                 : kernel::toText(right);
+            joined += std::holds_alternative<std::string>(right) ? std::get<std::string>(right) : kernel::toText(right);
             return joined;
         }
     }

@@ -8,10 +8,9 @@
 
 namespace mel {
 
-Parser::Parser(std::shared_ptr<const Source> source) :
-    m_source(std::move(source)), m_tokens(m_source->text()), m_expressions(m_tokens)
-{
-}
+Parser::Parser(std::shared_ptr<const Source> source)
+    : m_source(std::move(source)), m_tokens(m_source->text()), m_expressions(m_tokens)
+{}
 
 std::shared_ptr<Unit> Parser::parse()
 {

@@ -9,8 +9,7 @@ namespace {
 
 [[noreturn]] void failRedeclaration(const VariableExpr& variable)
 {
-    throw SyntaxError("Invalid redeclaration of variable \"$" + variable.name + "\" as a different type.",
-                      variable.at);
+    throw SyntaxError("Invalid redeclaration of variable \"$" + variable.name + "\" as a different type.", variable.at);
 }
 
 void checkRedeclaration(Type before, Type now, const VariableExpr& variable)

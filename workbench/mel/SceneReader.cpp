@@ -25,8 +25,7 @@ bool isFlag(const Value& value, const char* shortName, const char* longName)
 {
     const auto* text = std::get_if<std::string>(&value);
     return text && text->size() > 1 && (*text)[0] == '-'
-           && (text->compare(1, std::string::npos, shortName) == 0
-               || text->compare(1, std::string::npos, longName) == 0);
+        && (text->compare(1, std::string::npos, shortName) == 0 || text->compare(1, std::string::npos, longName) == 0);
 }
 
 bool hasFlag(const ValueList& args, const char* shortName, const char* longName)
@@ -49,13 +48,13 @@ std::string ownPlug(const ValueList& args)
 }  // namespace
 
 const SceneReader::Row SceneReader::kRows[] = {
-    {"setAttr", &SceneReader::setAttribute},      {"createNode", &SceneReader::createNode},
-    {"rename", &SceneReader::renameNode},         {"addAttr", &SceneReader::addAttribute},
-    {"connectAttr", &SceneReader::keepLink},      {"disconnectAttr", &SceneReader::keepLink},
-    {"relationship", &SceneReader::keepLink},     {"select", &SceneReader::selectNode},
-    {"parent", &SceneReader::runCommand},         {"lockNode", &SceneReader::lockNode},
-    {"requires", &SceneReader::requireModule},    {"currentUnit", &SceneReader::runCommand},
-    {"fileInfo", &SceneReader::keepFileInfo},     {"file", &SceneReader::readReference},
+    {"setAttr", &SceneReader::setAttribute},   {"createNode", &SceneReader::createNode},
+    {"rename", &SceneReader::renameNode},      {"addAttr", &SceneReader::addAttribute},
+    {"connectAttr", &SceneReader::keepLink},   {"disconnectAttr", &SceneReader::keepLink},
+    {"relationship", &SceneReader::keepLink},  {"select", &SceneReader::selectNode},
+    {"parent", &SceneReader::runCommand},      {"lockNode", &SceneReader::lockNode},
+    {"requires", &SceneReader::requireModule}, {"currentUnit", &SceneReader::runCommand},
+    {"fileInfo", &SceneReader::keepFileInfo},  {"file", &SceneReader::readReference},
     {"workspace", &SceneReader::ignore},
 };
 
@@ -68,10 +67,9 @@ const SceneReader::Row* SceneReader::findRow(std::string_view command)
     return nullptr;
 }
 
-SceneReader::SceneReader(Interpreter& interpreter, std::string_view text, const std::string& fileName) :
-    m_interpreter(interpreter), m_source(Source::borrowing(text, fileName)), m_tokens(text)
-{
-}
+SceneReader::SceneReader(Interpreter& interpreter, std::string_view text, const std::string& fileName)
+    : m_interpreter(interpreter), m_source(Source::borrowing(text, fileName)), m_tokens(text)
+{}
 
 bool SceneReader::read()
 {

@@ -32,10 +32,7 @@ public:
     bool isAdjacent() const { return m_token.begin == m_previousEnd; }
 
     /// The byte right behind the current token; 0 at the end.
-    char followingByte() const
-    {
-        return m_token.end < m_lexer.whole().size() ? m_lexer.whole()[m_token.end] : '\0';
-    }
+    char followingByte() const { return m_token.end < m_lexer.whole().size() ? m_lexer.whole()[m_token.end] : '\0'; }
 
     void advance()
     {

@@ -25,10 +25,9 @@ kernel::ArgType argType(char letter)
 class BuiltinCommand : public kernel::Command {
 public:
     /// syntax: null for a command that sorts its arguments itself.
-    BuiltinCommand(kernel::Session& session, std::shared_ptr<const kernel::Syntax> syntax, BuiltinFunction run) :
-        m_session(session), m_syntax(std::move(syntax)), m_run(std::move(run))
-    {
-    }
+    BuiltinCommand(kernel::Session& session, std::shared_ptr<const kernel::Syntax> syntax, BuiltinFunction run)
+        : m_session(session), m_syntax(std::move(syntax)), m_run(std::move(run))
+    {}
 
     Value run(const kernel::ValueList& args) override
     {

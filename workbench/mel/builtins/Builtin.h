@@ -29,10 +29,9 @@ kernel::Syntax makeSyntax(const std::vector<FlagRow>& flags, Modes modes = Modes
 class BuiltinCall {
 public:
     BuiltinCall(kernel::Session& session, const kernel::ParsedArgs& args, const kernel::ValueList& all,
-                kernel::EditList& edits) :
-        session(session), scene(session.scene), args(args), all(all), m_edits(edits)
-    {
-    }
+                kernel::EditList& edits)
+        : session(session), scene(session.scene), args(args), all(all), m_edits(edits)
+    {}
 
     kernel::Session& session;
     kernel::Scene& scene;

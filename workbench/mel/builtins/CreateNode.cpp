@@ -11,16 +11,6 @@ using kernel::NodePtr;
 
 namespace {
 
-const kernel::NodeType& typeOf(const kernel::Session& session, const NodeRequest& request)
-{
-    const bool isUnknown = !request.unknownType.empty();
-    const std::string name = !isUnknown ? request.type : request.parent.empty() ? "unknown" : "unknownDag";
-    const kernel::NodeType* type = session.nodeTypes.find(name);
-    if (!type)
-        throw CommandError("Unknown object type: " + name);
-    return *type;
-}
-
 NodePtr attached(kernel::Scene& scene, const NodePtr& node, const NodePtr& parent, kernel::EditList& edits)
 {
     kernel::EditPtr edit = kernel::createNodeEdit(node, parent);
@@ -58,24 +48,27 @@ NodeRequest parseCreateNode(const kernel::ValueList& args)
 NodePtr createNode(kernel::Session& session, const NodeRequest& request, kernel::EditList& edits)
 {
     kernel::Scene& scene = session.scene;
-    const kernel::NodeType& type = typeOf(session, request);
+    NodePtr parent = request.parent.empty() ? nullptr : scene.findOne(request.parent);
+    if (!request.unknownType.empty()) {
+        const NodePtr node = scene.makeUnknownNode(request.unknownType, request.name, parent != nullptr);
+        return attached(scene, node, parent, edits);
+    }
+    const kernel::NodeType* type = session.nodeTypes.find(request.type);
+    if (!type)
+        throw CommandError("Unknown object type: " + request.type);
     if (request.shared && !request.name.empty()) {
         const NodePtr existing = scene.findOrNull(request.name);
-        if (existing && &existing->type() == &type)
+        if (existing && &existing->type() == type)
             return existing;
     }
-    NodePtr parent = request.parent.empty() ? nullptr : scene.findOne(request.parent);
-    const std::string& typeName = request.unknownType.empty() ? request.type : request.unknownType;
-    std::string name = request.name;
-    if (type.isShape() && !parent) {
-        parent = attached(scene, scene.makeNode(*session.nodeTypes.find("transform"), typeName + "1"), nullptr, edits);
-        if (name.empty())
+    std::string name = request.name.empty() ? request.type + "#" : request.name;
+    if (type->isShape() && !parent) {
+        parent =
+            attached(scene, scene.makeNode(*session.nodeTypes.find("transform"), request.type + "#"), nullptr, edits);
+        if (request.name.empty())
             name = shapeName(parent->name());
     }
-    if (parent && !type.isDag())
-        throw CommandError("Only DAG objects can have a parent: " + typeName);
-    const NodePtr node = scene.makeNode(type, name.empty() ? typeName + "1" : name);
-    node->unknownType = request.unknownType;
+    const NodePtr node = scene.makeNode(*type, name);
     node->shared = request.shared;
     return attached(scene, node, parent, edits);
 }

@@ -108,7 +108,7 @@ std::vector<Filter> filters(const BuiltinCall& call)
     if (shapes || transforms || cameras) {
         all.push_back([=](const Node& node) {
             return (shapes && node.type().isShape()) || (transforms && node.type().isTransform())
-                   || (cameras && node.type().isA("camera"));
+                || (cameras && node.type().isA("camera"));
         });
     }
     if (args.has("type"))
@@ -161,9 +161,9 @@ Value runLs(BuiltinCall& call)
     cutToLength(nodes, call.args);
     StringArray names;
     for (const NodePtr& node : nodes) {
-        names.push_back(call.args.has("uuid") ? node->uid()
-                                              : nameOf(call, *node,
-                                                       call.args.has("long") ? Naming::Full : Naming::Partial));
+        names.push_back(call.args.has("uuid")
+                            ? node->uid()
+                            : nameOf(call, *node, call.args.has("long") ? Naming::Full : Naming::Partial));
         if (call.args.has("showType"))
             names.push_back(node->typeName());
     }
@@ -190,7 +190,7 @@ void addRelatives(const BuiltinCall& call, const NodePtr& node, std::vector<Node
 Value runListRelatives(BuiltinCall& call)
 {
     const Naming naming = call.args.has("fullPath") ? Naming::Full
-                          : call.args.has("path")   ? Naming::Partial
+                        : call.args.has("path")     ? Naming::Partial
                                                     : Naming::Bare;
     const std::vector<std::string> types = typesOf(call, "type");
     std::vector<NodePtr> relatives;
@@ -279,14 +279,28 @@ Value runObjectType(BuiltinCall& call)
 void addListCommands(kernel::Session& session)
 {
     addBuiltin(session, "ls",
-               makeSyntax({{"selection", "sl"},       {"long", "l"},          {"type", "typ", "s", true},
-                           {"exactType", "et", "s", true}, {"excludeType", "ext", "s", true},
-                           {"dagObjects", "dag"},     {"shapes", "s"},        {"transforms", "tr"},
-                           {"cameras", "ca"},         {"assemblies", "as"},   {"showType", "st"},
-                           {"uuid", "uid"},           {"head", "hd", "i"},    {"tail", "tl", "i"},
-                           {"objectsOnly", "o"},      {"readOnly", "ro"},     {"referencedNodes", "rn"},
-                           {"defaultNodes", "dn"},    {"undeletable", "ud"},  {"nodeTypes", "nt"},
-                           {"visible", "v"},          {"recursive", "r", "b"}}),
+               makeSyntax({{"selection", "sl"},
+                           {"long", "l"},
+                           {"type", "typ", "s", true},
+                           {"exactType", "et", "s", true},
+                           {"excludeType", "ext", "s", true},
+                           {"dagObjects", "dag"},
+                           {"shapes", "s"},
+                           {"transforms", "tr"},
+                           {"cameras", "ca"},
+                           {"assemblies", "as"},
+                           {"showType", "st"},
+                           {"uuid", "uid"},
+                           {"head", "hd", "i"},
+                           {"tail", "tl", "i"},
+                           {"objectsOnly", "o"},
+                           {"readOnly", "ro"},
+                           {"referencedNodes", "rn"},
+                           {"defaultNodes", "dn"},
+                           {"undeletable", "ud"},
+                           {"nodeTypes", "nt"},
+                           {"visible", "v"},
+                           {"recursive", "r", "b"}}),
                runLs);
     addBuiltin(session, "listRelatives",
                makeSyntax({{"parent", "p"},

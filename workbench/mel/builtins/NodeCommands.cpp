@@ -38,14 +38,6 @@ Value runDelete(BuiltinCall& call)
     return {};
 }
 
-// A trailing "#" asks for the next free number.
-std::string numbered(std::string name)
-{
-    if (!name.empty() && name.back() == '#')
-        name.back() = '1';
-    return name;
-}
-
 Value runRename(BuiltinCall& call)
 {
     const std::vector<std::string> names = call.objectNames();
@@ -58,7 +50,7 @@ Value runRename(BuiltinCall& call)
         throw CommandError("No object was specified");
     if (node->referenced || node->startup || node->isDefaultNode)
         throw CommandError("Cannot rename a read only node.");
-    call.apply(kernel::renameNodeEdit(node, numbered(names.back())));
+    call.apply(kernel::renameNodeEdit(node, names.back()));
     return call.scene.partialPath(*node);
 }
 

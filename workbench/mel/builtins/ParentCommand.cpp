@@ -12,10 +12,6 @@ namespace {
 
 void moveUnder(BuiltinCall& call, const NodePtr& node, const NodePtr& parent)
 {
-    for (const kernel::Node* above = parent.get(); above; above = above->parent()) {
-        if (above == node.get())
-            throw CommandError("An object cannot become a child of itself or its own children: " + node->name());
-    }
     const kernel::Matrix4 world = node->worldMatrix();
     call.apply(kernel::parentNodeEdit(node, parent));
     if (call.args.has("relative") || !node->type().isTransform())

@@ -58,8 +58,8 @@ void place(BuiltinCall& call, const NodePtr& node, const kernel::Matrix4& local)
             unit[row][column] = scale[row] != 0 ? m[row][column] / scale[row] : row == column;
     }
     const double determinant = unit[0][0] * (unit[1][1] * unit[2][2] - unit[1][2] * unit[2][1])
-                               - unit[0][1] * (unit[1][0] * unit[2][2] - unit[1][2] * unit[2][0])
-                               + unit[0][2] * (unit[1][0] * unit[2][1] - unit[1][1] * unit[2][0]);
+                             - unit[0][1] * (unit[1][0] * unit[2][2] - unit[1][2] * unit[2][0])
+                             + unit[0][2] * (unit[1][0] * unit[2][1] - unit[1][1] * unit[2][0]);
     if (determinant < 0) {
         scale[2] = -scale[2];
         for (double& element : unit[2])

@@ -1,0 +1,162 @@
+#include "kernel/SceneFile.h"
+#include "mel/builtins/Builtin.h"
+#include "mel/builtins/Subjects.h"
+
+#include <charconv>
+#include <chrono>
+#include <sys/stat.h>
+
+namespace mel {
+
+using kernel::CommandError;
+using kernel::Value;
+
+namespace {
+
+constexpr const char* kTextType = "mayaAscii";
+constexpr const char* kTextExtension = ".ma";
+constexpr const char* kUntitled = "untitled";
+
+std::string seconds(std::chrono::steady_clock::duration duration)
+{
+    char digits[32];
+    const double number = std::chrono::duration<double>(duration).count();
+    const auto end = std::to_chars(digits, digits + sizeof digits, number, std::chars_format::fixed, 2).ptr;
+    return std::string(digits, end);
+}
+
+std::string shortName(const std::string& path)
+{
+    return path.substr(path.rfind('/') + 1);
+}
+
+std::string pathOf(const BuiltinCall& call)
+{
+    if (call.args.objects.empty() || call.objectNames().front().empty())
+        throw CommandError("No object was specified");
+    return call.objectNames().front();
+}
+
+void requireTextType(const BuiltinCall& call)
+{
+    if (call.args.text("type", 0, kTextType) != kTextType)
+        throw CommandError("file: Unsupported file type: " + call.args.text("type"));
+}
+
+void refuseUnsavedChanges(const BuiltinCall& call)
+{
+    if (call.scene.isModified() && !call.args.has("force"))
+        throw CommandError("Unsaved changes");
+}
+
+Value open(BuiltinCall& call)
+{
+    const std::string path = pathOf(call);
+    refuseUnsavedChanges(call);
+    const auto start = std::chrono::steady_clock::now();
+    kernel::openScene(call.session, path);
+    call.session.output.info("File read in  " + seconds(std::chrono::steady_clock::now() - start) + " seconds.");
+    return call.scene.fileName();
+}
+
+Value save(BuiltinCall& call)
+{
+    requireTextType(call);
+    const std::string path = call.scene.fileName();
+    if (path.empty())
+        throw CommandError("file: The scene has no name yet; give it one with -rename.");
+    kernel::saveScene(call.session, path);
+    return path;
+}
+
+// Only the name changes; a name without an extension gets that of the file type.
+Value rename(BuiltinCall& call)
+{
+    requireTextType(call);
+    std::string path = pathOf(call);
+    const bool wantsExtension = call.args.integer("defaultExtensions", 0, 1) != 0;
+    if (wantsExtension && shortName(path).find('.') == std::string::npos)
+        path += kTextExtension;
+    call.scene.setFileName(path);
+    return path;
+}
+
+bool fileExists(const std::string& path)
+{
+    struct stat status;
+    return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+Value query(const BuiltinCall& call)
+{
+    const kernel::ParsedArgs& args = call.args;
+    const std::string& name = call.scene.fileName();
+    if (args.has("exists"))
+        return int(fileExists(pathOf(call)));
+    if (args.has("sceneName"))
+        return args.has("shortName") ? shortName(name) : name;
+    if (args.has("modified"))
+        return int(call.scene.isModified());
+    if (args.has("errorStatus"))
+        return int(call.scene.wasReadWithErrors());
+    if (args.has("location"))
+        return name.empty() ? std::string("unknown") : name;
+    if (args.has("type"))
+        return kernel::StringArray{kTextType};
+    if (args.has("reference"))
+        return kernel::StringArray();
+    if (args.has("list"))
+        return kernel::StringArray{name.empty() ? kUntitled : name};
+    return {};
+}
+
+Value runFile(BuiltinCall& call)
+{
+    const kernel::ParsedArgs& args = call.args;
+    if (args.query)
+        return query(call);
+    if (args.has("newFile")) {
+        refuseUnsavedChanges(call);
+        kernel::newScene(call.session);
+        return std::string(kUntitled);
+    }
+    if (args.has("open"))
+        return open(call);
+    if (args.has("rename"))
+        return rename(call);
+    if (args.has("save"))
+        return save(call);
+    if (args.has("modified"))
+        call.scene.setModified(args.integer("modified") != 0);
+    requireTextType(call);
+    return {};
+}
+
+}  // namespace
+
+void addFileCommand(kernel::Session& session)
+{
+    addBuiltin(session, "file",
+               makeSyntax({{"newFile", "new"},
+                           {"open", "o"},
+                           {"save", "s"},
+                           {"rename", "rn"},
+                           {"type", "typ", "s"},
+                           {"force", "f"},
+                           {"modified", "mf", "b"},
+                           {"exists", "ex"},
+                           {"sceneName", "sn"},
+                           {"shortName", "shn"},
+                           {"list", "l"},
+                           {"location", "loc"},
+                           {"reference", "r"},
+                           {"errorStatus", "err"},
+                           {"prompt", "pmt", "b"},
+                           {"options", "op", "s"},
+                           {"ignoreVersion", "iv"},
+                           {"defaultExtensions", "de", "b"}},
+                          Modes::QueryAndEdit, 0, 1),
+               runFile);
+}
+
+}  // namespace mel

@@ -1,0 +1,108 @@
+#include "mel/builtins/Builtin.h"
+#include "mel/builtins/Subjects.h"
+
+#include <cstdlib>
+
+namespace mel {
+
+using kernel::CommandError;
+using kernel::Value;
+
+namespace {
+
+constexpr int kApiVersion = 20190000;
+
+Value runAbout(BuiltinCall& call)
+{
+    const std::pair<FlagRow, Value> answers[] = {
+        {{"batch", "b"}, int(call.session.batch)},
+        {{"version", "v"}, std::string("2019")},
+        {{"apiVersion", "api"}, kApiVersion},
+        {{"installedVersion", "iv"}, std::string("Maya 2019")},
+        {{"product", "p"}, std::string("Maya 2019")},
+        {{"application", "a"}, std::string("maya")},
+        {{"operatingSystem", "os"}, std::string("linux64")},
+        {{"linux64", "l64"}, 1},
+        {{"linux", "linux"}, 1},
+        {{"windows", "win"}, 0},
+        {{"macOS", "mac"}, 0},
+        {{"uiLanguage", "uil"}, std::string("en_US")},
+        {{"cutIdentifier", "c"}, std::string("000000000000-0000000000")},
+    };
+    for (const auto& answer : answers) {
+        if (call.args.has(answer.first.longName))
+            return answer.second;
+    }
+    return std::string("Maya 2019");
+}
+
+std::string withSlash(const char* directory)
+{
+    std::string path = directory && *directory ? directory : "/tmp";
+    return path.back() == '/' ? path : path + "/";
+}
+
+// Every folder ends in a slash: scripts append names as they are.
+Value runInternalVar(BuiltinCall& call)
+{
+    const std::string& prefs = call.session.prefsDir;
+    const std::size_t parent = prefs.size() > 1 ? prefs.rfind('/', prefs.size() - 2) : std::string::npos;
+    const std::string app = parent == std::string::npos ? prefs : prefs.substr(0, parent + 1);
+    const std::pair<const char*, std::string> folders[] = {
+        {"userPrefDir", prefs},
+        {"userAppDir", app},
+        {"userScriptDir", prefs + "scripts/"},
+        {"userShelfDir", prefs + "shelves/"},
+        {"userPresetsDir", prefs + "presets/"},
+        {"userTmpDir", withSlash(std::getenv("TMPDIR"))},
+        {"userWorkspaceDir", withSlash(std::getenv("HOME"))},
+    };
+    for (const auto& folder : folders) {
+        if (call.args.has(folder.first))
+            return folder.second;
+    }
+    throw CommandError("internalVar: No folder was asked for.");
+}
+
+Value runIsTrue(BuiltinCall& call)
+{
+    const std::string name = call.objectNames().front();
+    if (!call.session.events.isCondition(name))
+        throw CommandError("isTrue: Unknown condition: " + name);
+    return int(call.session.events.condition(name));
+}
+
+}  // namespace
+
+void addSessionCommands(kernel::Session& session)
+{
+    addBuiltin(session, "about",
+               makeSyntax({{"batch", "b"},
+                           {"version", "v"},
+                           {"apiVersion", "api"},
+                           {"installedVersion", "iv"},
+                           {"product", "p"},
+                           {"application", "a"},
+                           {"operatingSystem", "os"},
+                           {"linux64", "l64"},
+                           {"linux", "linux"},
+                           {"windows", "win"},
+                           {"macOS", "mac"},
+                           {"uiLanguage", "uil"},
+                           {"cutIdentifier", "c"}},
+                          Modes::Create, 0, 0),
+               runAbout);
+    addBuiltin(session, "internalVar",
+               makeSyntax({{"userPrefDir", "upd"},
+                           {"userAppDir", "uad"},
+                           {"userScriptDir", "usd"},
+                           {"userTmpDir", "utd"},
+                           {"userWorkspaceDir", "uwd"},
+                           {"userShelfDir", "ush"},
+                           {"userPresetsDir", "ups"}},
+                          Modes::Create, 0, 0),
+               runInternalVar);
+    addBuiltin(session, "isTrue", makeSyntax({}, Modes::Create, 1, 1), runIsTrue);
+}
+
+}  // namespace mel
