@@ -1,0 +1,165 @@
+#include "kernel/Events.h"
+
+#include "kernel/IdleQueue.h"
+#include "kernel/Session.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+using namespace kernel;
+
+TEST(Events, OnlyKnownEventsHaveListeners)
+{
+    Events events;
+    EXPECT_EQ(events.add("timechanged", [] {}), 0u);
+    for (const std::string& name : events.names())
+        EXPECT_GT(events.add(name, [] {}), 0u) << name;
+    EXPECT_FALSE(events.remove(0));
+}
+
+TEST(Events, AnEventCausedByItsOwnDeliveryComesAfterIt)
+{
+    Events events;
+    std::string log;
+    int raises = 2;
+    events.add("timeChanged", [&] {
+        log += '(';
+        if (raises-- > 0)
+            events.raise("timeChanged");
+        log += ')';
+    });
+    events.add("timeChanged", [&] { log += '.'; });
+    events.raise("timeChanged");
+    EXPECT_EQ(log, "().().().");
+}
+
+TEST(Events, ACallbackThatAlwaysRaisesItsEventDoesNotHangTheHost)
+{
+    Events events;
+    int count = 0;
+    events.add("Undo", [&] {
+        ++count;
+        events.raise("Undo");
+    });
+    events.raise("Undo");
+    EXPECT_GT(count, 1);
+    const int after = count;
+    events.raise("Undo");
+    EXPECT_GT(count, after) << "the event still works";
+}
+
+TEST(Events, CallbacksMayGoWhileTheEventIsDelivered)
+{
+    Events events;
+    std::string log;
+    unsigned second = 0;
+    unsigned first = events.add("idle", [&] {
+        log += 'a';
+        events.remove(first);
+        events.remove(second);
+        events.add("idle", [&] { log += 'c'; });
+    });
+    second = events.add(
+        "idle", [&] { log += 'b'; }, "wobblePlugin");
+    events.raise("idle");
+    EXPECT_EQ(log, "a") << "neither the removed nor the new one is called this time";
+    events.raise("idle");
+    EXPECT_EQ(log, "ac");
+    events.add(
+        "idle", [] {}, "wobblePlugin");
+    EXPECT_EQ(events.removeOf("wobblePlugin"), 1u);
+}
+
+TEST(Events, WatchersHearOfChangesOnly)
+{
+    Events events;
+    std::string log;
+    EXPECT_EQ(events.watch("nonsense", [](bool) {}), 0u);
+    const unsigned id = events.watch("playingBack", [&](bool on) { log += on ? '1' : '0'; });
+    for (const bool on : {false, true, true, false, true})
+        events.setCondition("playingBack", on);
+    EXPECT_EQ(log, "101");
+    EXPECT_TRUE(events.unwatch(id));
+    events.setCondition("playingBack", false);
+    EXPECT_EQ(log, "101");
+    EXPECT_FALSE(events.isCondition("mine"));
+    events.setCondition("mine", true);
+    EXPECT_TRUE(events.isCondition("mine") && events.condition("mine"));
+}
+
+TEST(IdleQueue, WhatAnEntryPostsWaitsForTheNextPass)
+{
+    IdleQueue queue;
+    std::string log;
+    queue.post([&] {
+        log += 'a';
+        queue.post([&] { log += 'c'; });
+    });
+    queue.post([&] { log += 'b'; });
+    EXPECT_TRUE(queue.runPass());
+    EXPECT_EQ(log, "ab");
+    EXPECT_FALSE(queue.isEmpty());
+    queue.drain();
+    EXPECT_EQ(log, "abc");
+    EXPECT_FALSE(queue.runPass());
+}
+
+TEST(IdleQueue, APassInsideAnEntryKeepsTheOrder)
+{
+    IdleQueue queue;
+    std::string log;
+    queue.post([&] {
+        log += 'a';
+        queue.post([&] { log += 'c'; });
+        queue.runPass();
+        log += 'd';
+    });
+    queue.post([&] { log += 'b'; });
+    queue.runPass();
+    EXPECT_EQ(log, "abcd");
+}
+
+TEST(IdleQueue, AnEndlessChainOfEntriesEndsAtTheLimit)
+{
+    IdleQueue queue;
+    int count = 0;
+    std::function<void()> again = [&] {
+        ++count;
+        queue.post(again);
+    };
+    queue.post(again);
+    queue.drain(5);
+    EXPECT_EQ(count, 5);
+}
+
+TEST(IdleQueue, AFailingEntryIsReportedAndDoesNotStopTheNext)
+{
+    Session session;
+    std::vector<std::string> said;
+    session.output.addListener([&](Severity, const std::string& text) { said.push_back(text); });
+    session.idle.post([] { throw CommandError("first"); });
+    session.idle.post([] { throw CommandError(""); });  // has been reported already
+    session.idle.post([&] { said.push_back("third ran"); });
+    session.idle.drain();
+    EXPECT_EQ(said, (std::vector<std::string>{"first", "third ran"}));
+}
+
+TEST(IdleQueue, TakesWorkFromAnyThreadAndWakesOnce)
+{
+    IdleQueue queue;
+    std::atomic<int> wakes{0};
+    queue.setWake([&] { ++wakes; });
+    int ran = 0;
+    std::thread other([&] {
+        for (int i = 0; i < 100; ++i)
+            queue.post([&] { ++ran; });
+    });
+    other.join();
+    EXPECT_EQ(wakes, 1);
+    queue.drain();
+    EXPECT_EQ(ran, 100);
+    queue.post([] {});
+    EXPECT_EQ(wakes, 2);
+}

@@ -1,0 +1,392 @@
+#include "kernel/Scene.h"
+
+#include "kernel/Session.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace kernel;
+using testing::ElementsAre;
+
+namespace {
+
+class SceneTest : public testing::Test {
+protected:
+    NodePtr make(const std::string& type, const std::string& name, const NodePtr& parent = nullptr)
+    {
+        const NodePtr node = scene.makeNode(*session.nodeTypes.find(type), name);
+        scene.attach(node, parent.get());
+        return node;
+    }
+    NodePtr transform(const std::string& name, const NodePtr& parent = nullptr)
+    {
+        return make("transform", name, parent);
+    }
+    void set(const NodePtr& node, const std::string& attribute, PlugValue value)
+    {
+        node->setValue(*node->attribute(attribute), std::move(value));
+    }
+    std::vector<std::string> namesOf(const std::string& query)
+    {
+        std::vector<std::string> names;
+        for (const NodePtr& node : scene.find(query))
+            names.push_back(scene.partialPath(*node));
+        return names;
+    }
+    std::string failureOf(const std::function<void()>& action)
+    {
+        try {
+            action();
+        } catch (const CommandError& error) {
+            return error.what();
+        }
+        return "no failure";
+    }
+
+    Session session;
+    Scene& scene = session.scene;
+};
+
+}  // namespace
+
+TEST_F(SceneTest, AClashGetsTheNextFreeNumber)
+{
+    transform("foo");
+    EXPECT_EQ(transform("foo")->name(), "foo1");
+    EXPECT_EQ(transform("foo1")->name(), "foo2");
+    EXPECT_EQ(transform("foo#")->name(), "foo3");
+    EXPECT_EQ(transform("foo4294967296")->name(), "foo4294967296");
+    EXPECT_EQ(transform("foo4294967296")->name(), "foo4");
+    EXPECT_EQ(make("script", "foo")->name(), "foo5");
+    EXPECT_EQ(transform("time1")->name(), "time2") << "names outside the DAG count for the DAG too";
+
+    const NodePtr group = transform("group");
+    EXPECT_EQ(transform("foo", group)->name(), "foo") << "other parents have their own names";
+    EXPECT_EQ(transform("")->name(), "transform1");
+    EXPECT_EQ(make("camera", "", group)->name(), "cameraShape1");
+}
+
+TEST_F(SceneTest, NamesAreMadeLegal)
+{
+    EXPECT_EQ(transform("a b\"c")->name(), "a_b_c");
+    EXPECT_EQ(transform("2nd")->name(), "_2nd");
+    EXPECT_EQ(transform("set::ball")->name(), "set:ball");
+    EXPECT_TRUE(Scene::isLegalName("set:ball_2"));
+    EXPECT_FALSE(Scene::isLegalName("set:2ball"));
+    EXPECT_FALSE(Scene::isLegalName(""));
+}
+
+TEST_F(SceneTest, AShapeFollowsItsTransformsName)
+{
+    const NodePtr ball = transform("ball");
+    const NodePtr shape = make("implicitSphere", "ballShape", ball);
+    const NodePtr other = make("implicitSphere", "cheese", ball);
+    EXPECT_EQ(scene.rename(*ball, "pea7"), "pea7");
+    EXPECT_EQ(shape->name(), "peaShape7");
+    EXPECT_EQ(scene.rename(*ball, "pea"), "pea");
+    EXPECT_EQ(shape->name(), "peaShape");
+    EXPECT_EQ(other->name(), "cheese");
+    EXPECT_EQ(scene.rename(*ball, "persp"), "persp1") << "clash";
+    EXPECT_EQ(scene.rename(*ball, "persp1"), "persp1") << "its own name is free";
+}
+
+TEST_F(SceneTest, FindsNamesPathsAndPatterns)
+{
+    const NodePtr a = transform("a");
+    const NodePtr b = transform("b");
+    transform("arm", a);
+    transform("arm", b);
+    transform("ns:arm");
+    EXPECT_THAT(namesOf("arm"), ElementsAre("a|arm", "b|arm"));
+    EXPECT_THAT(namesOf("a|arm"), ElementsAre("a|arm"));
+    EXPECT_THAT(namesOf("|arm"), ElementsAre());
+    EXPECT_THAT(namesOf("|a|arm"), ElementsAre("a|arm"));
+    EXPECT_THAT(namesOf("*|a?m"), ElementsAre("a|arm", "b|arm"));
+    EXPECT_THAT(namesOf("*:arm"), ElementsAre("ns:arm"));
+    EXPECT_THAT(namesOf("a*"), ElementsAre("a", "a|arm", "b|arm")) << "a pattern stays in its namespace";
+    EXPECT_THAT(namesOf(":a"), ElementsAre("a"));
+    EXPECT_THAT(namesOf(":time1"), ElementsAre("time1"));
+    EXPECT_THAT(namesOf("|time1"), ElementsAre()) << "not in the DAG";
+    EXPECT_THAT(namesOf(""), ElementsAre());
+    EXPECT_THAT(namesOf("|"), ElementsAre());
+}
+
+TEST_F(SceneTest, PathsAreAsShortAsTheyCanBe)
+{
+    const NodePtr a = transform("a");
+    const NodePtr inner = transform("a", a);
+    const NodePtr deep = transform("a", inner);
+    EXPECT_EQ(scene.partialPath(*a), "|a");
+    EXPECT_EQ(scene.partialPath(*inner), "|a|a");
+    EXPECT_EQ(scene.partialPath(*deep), "a|a|a");
+    for (const NodePtr& node : {a, inner, deep})
+        EXPECT_EQ(scene.findOne(scene.partialPath(*node)), node);
+    EXPECT_EQ(scene.fullPath(*deep), "|a|a|a");
+    EXPECT_EQ(scene.fullPath(*scene.findOne("time1")), "time1");
+}
+
+TEST_F(SceneTest, MissingAndAmbiguousNamesAreWordedAsTheHostDoes)
+{
+    const NodePtr a = transform("a");
+    transform("arm", a);
+    transform("arm");
+    EXPECT_EQ(failureOf([&] { scene.findOne("foo"); }), "No object matches name: foo");
+    EXPECT_EQ(failureOf([&] { scene.findOne("arm"); }), "More than one object matches name: arm");
+    EXPECT_EQ(failureOf([&] { scene.findPlug("a.bar"); }), "No object matches name: a.bar");
+    EXPECT_EQ(failureOf([&] { scene.findPlug("a"); }), "No object matches name: a");
+    EXPECT_EQ(failureOf([&] { scene.findPlug("a.s.tx"); }), "No object matches name: a.s.tx");
+    EXPECT_EQ(scene.findPlug("a.t.tx").second, a->attribute("translateX"));
+    EXPECT_EQ(scene.findPlug("a|arm.v").second->longName, "visibility");
+    EXPECT_EQ(scene.findOrNull("arm"), nullptr);
+}
+
+TEST_F(SceneTest, NodesComeBackToTheirPlace)
+{
+    const NodePtr a = transform("a");
+    const NodePtr child = transform("child", a);
+    const NodePtr b = transform("b");
+    scene.setSelection({child, b});
+    const std::vector<NodePtr> nodes = scene.nodes();
+    const std::vector<NodePtr> roots = scene.roots();
+    const int index = scene.childIndex(*a);
+    scene.detach(a);
+    EXPECT_FALSE(child->isInScene());
+    EXPECT_EQ(child->parent(), a.get()) << "the part keeps its shape";
+    EXPECT_THAT(scene.selection(), ElementsAre(b));
+    scene.attach(a, nullptr, index);
+    EXPECT_EQ(scene.nodes(), nodes);
+    EXPECT_EQ(scene.roots(), roots);
+}
+
+TEST_F(SceneTest, ParentsMustBeAbleToHaveTheChild)
+{
+    const NodePtr a = transform("a");
+    const NodePtr b = transform("b", a);
+    const NodePtr shape = make("locator", "aShape", a);
+    EXPECT_EQ(failureOf([&] { scene.setParent(a, b.get()); }), "Cannot parent an object to one of its own children.");
+    EXPECT_NE(failureOf([&] { scene.setParent(b, shape.get()); }), "no failure");
+    EXPECT_NE(failureOf([&] { make("script", "s", a); }), "no failure");
+    const NodePtr loose = scene.makeNode(*session.nodeTypes.find("transform"), "loose");
+    EXPECT_NE(failureOf([&] { scene.setParent(b, loose.get()); }), "no failure");
+    EXPECT_THAT(a->children(), ElementsAre(b, shape)) << "a refusal changes nothing";
+    scene.setParent(b, nullptr, 0);
+    EXPECT_EQ(scene.roots().front(), b);
+}
+
+TEST_F(SceneTest, CamerasAreListedAsTheHostDoes)
+{
+    transform("zebra");
+    make("camera", "zebraShape", scene.findOne("zebra"));
+    transform("ant");
+    make("camera", "antShape", scene.findOne("ant"));
+    std::vector<std::string> names;
+    for (const NodePtr& camera : scene.cameras())
+        names.push_back(camera->name());
+    EXPECT_THAT(names, ElementsAre("frontShape", "perspShape", "sideShape", "topShape", "zebraShape", "antShape"));
+}
+
+TEST_F(SceneTest, SelectionIsToldOnceAtTheEndOfTheOutermostCommand)
+{
+    int told = 0;
+    int toldBefore = 0;
+    session.events.add("SelectionChanged", [&] { ++told; });
+    session.commands.add("inner", [&](const ValueList&) -> Value {
+        scene.setSelection({scene.findOne("persp"), scene.findOne("persp"), nullptr});
+        throw CommandError("too late");
+    });
+    session.commands.add("outer", [&](const ValueList&) {
+        EXPECT_THROW(runCommand(session, "inner", {}), CommandError);
+        scene.setSelection({scene.findOne("persp")});
+        EXPECT_EQ(told, toldBefore);
+        return Value();
+    });
+    runCommand(session, "outer", {});
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(scene.selection().size(), 1u);
+    EXPECT_TRUE(session.events.condition("SomethingSelected"));
+    toldBefore = 1;
+    runCommand(session, "outer", {});
+    EXPECT_EQ(told, 2) << "also when it ends as it was";
+}
+
+TEST_F(SceneTest, ValuesFitTheirAttribute)
+{
+    const NodePtr camera = scene.findOne("perspShape");
+    set(camera, "filmFit", 2.9);
+    EXPECT_EQ(camera->number("ff"), 2);
+    set(camera, "orthographic", 5.0);
+    EXPECT_EQ(camera->number("o"), 1);
+    set(camera, "displayGateMaskOpacity", 0.1);
+    EXPECT_EQ(camera->number("dgo"), static_cast<double>(0.1f));
+    set(camera, "focalLength", std::string("50"));
+    set(camera, "focalLength", std::nan(""));
+    EXPECT_EQ(camera->number("fl"), 35) << "neither text nor a hole is a number";
+    set(camera, "overscan", 1e300);
+    set(camera, "displayGateMaskOpacity", 1e300);
+    EXPECT_TRUE(std::isfinite(camera->number("dgo")));
+}
+
+TEST_F(SceneTest, OnlyWhatIsSavedMakesTheSceneModified)
+{
+    int redraws = 0;
+    scene.setTouchListener([&] { ++redraws; });
+    set(scene.findOne("persp"), "translateX", 3.0);
+    scene.setCurrentTime(Time{5, TimeUnit::Film});
+    scene.setSelection({scene.findOne("persp")});
+    EXPECT_FALSE(scene.isModified());
+    EXPECT_EQ(redraws, 3);
+    {
+        const Scene::Activity reading(scene, FileActivity::Open);
+        transform("read");
+    }
+    EXPECT_FALSE(scene.isModified());
+    set(scene.findOne("read"), "translateX", 3.0);
+    EXPECT_TRUE(scene.isModified());
+}
+
+TEST_F(SceneTest, TransformsTurnInTheirOrderAboutTheirPivot)
+{
+    const auto at = [&](const NodePtr& node) { return transformPoint({1, 0, 0}, node->worldMatrix()); };
+    const auto expectAt = [&](const NodePtr& node, const Vector3& p) {
+        const Vector3 q = at(node);
+        EXPECT_NEAR(q.x, p.x, 1e-12);
+        EXPECT_NEAR(q.y, p.y, 1e-12);
+        EXPECT_NEAR(q.z, p.z, 1e-12);
+    };
+    const NodePtr a = transform("a");
+    set(a, "rotateZ", 90.0);
+    expectAt(a, {0, 1, 0});
+    set(a, "rotateX", 90.0);
+    expectAt(a, {0, 1, 0});  // xyz: about x first, which leaves the point
+    set(a, "rotateOrder", 5.0);
+    expectAt(a, {0, 0, 1});  // zyx: about z first
+    set(a, "scaleX", 2.0);
+    set(a, "translateY", 10.0);
+    expectAt(a, {0, 10, 2});
+
+    const NodePtr b = transform("b", a);
+    set(b, "rotatePivotX", 1.0);
+    set(b, "rotateY", 45.0);
+    expectAt(b, {0, 10, 2});  // the pivot itself does not move
+    const Matrix4 m = b->worldMatrix();
+    const Matrix4 same = m * inverse(m);
+    for (int i = 0; i < 16; ++i)
+        EXPECT_NEAR(same.m[i / 4][i % 4], i % 5 == 0 ? 1 : 0, 1e-12);
+}
+
+TEST_F(SceneTest, HiddenParentsHideWhatIsBelow)
+{
+    const NodePtr a = transform("a");
+    const NodePtr b = transform("b", a);
+    EXPECT_TRUE(b->isVisible());
+    set(a, "visibility", 0.0);
+    EXPECT_FALSE(b->isVisible());
+}
+
+TEST_F(SceneTest, TheTimeNodeIsTheCurrentTime)
+{
+    int told = 0;
+    session.events.add("timeChanged", [&] { told += scene.currentTime().value == 12; });
+    const NodePtr time1 = scene.findOne("time1");
+    set(time1, "outTime", 12.0);
+    EXPECT_EQ(scene.currentTime().value, 12);
+    EXPECT_EQ(told, 1);
+    scene.setCurrentTime(Time{2, TimeUnit::Seconds});
+    EXPECT_EQ(time1->number("o"), 48);
+    EXPECT_EQ(time1->number("unw"), 48);
+}
+
+TEST_F(SceneTest, AChangeOfUnitKeepsTheInstants)
+{
+    scene.setCurrentTime(Time{48, TimeUnit::Film});
+    scene.setPlaybackRange({24, 96});
+    scene.highlightSliderRange({24, 48});
+    const NodePtr globals = scene.findOne("defaultRenderGlobals");
+    set(globals, "endFrame", 96.0);
+    double seen = 0;
+    session.events.add("timeUnitChanged", [&] { seen = scene.playbackRange().last; });
+    scene.setTimeUnit(TimeUnit::PalFrame);
+    EXPECT_EQ(seen, 100);
+    EXPECT_EQ(scene.currentTime().value, 50);
+    EXPECT_EQ(scene.sliderRange().first, 25);
+    EXPECT_EQ(globals->number("ef"), 100);
+    EXPECT_EQ(scene.findOne("time1")->number("o"), 50);
+    scene.setTimeUnit(TimeUnit::Invalid);
+    EXPECT_EQ(scene.timeUnit(), TimeUnit::PalFrame);
+}
+
+TEST_F(SceneTest, PlaybackStaysInsideTheAnimationRange)
+{
+    scene.setPlaybackRange({-5, 100});
+    EXPECT_EQ(scene.animationRange().first, -5);
+    EXPECT_EQ(scene.animationRange().last, 100);
+    scene.setAnimationRange({10, 20});
+    EXPECT_EQ(scene.playbackRange().first, 10);
+    EXPECT_EQ(scene.playbackRange().last, 20);
+    scene.setAnimationRange({200, 300});
+    EXPECT_EQ(scene.playbackRange().first, 200);
+    EXPECT_EQ(scene.playbackRange().last, 200);
+    scene.setPlaybackRange({250, 240});
+    EXPECT_EQ(scene.playbackRange().last, 251);
+}
+
+TEST_F(SceneTest, WithoutAHighlightTheSliderRangeIsTheCurrentFrame)
+{
+    scene.setCurrentTime(Time{7, TimeUnit::Film});
+    EXPECT_EQ(scene.sliderRange().first, 7);
+    EXPECT_EQ(scene.sliderRange().last, 8);
+    scene.highlightSliderRange({10, 20});
+    EXPECT_EQ(scene.sliderRange().last, 20);
+    EXPECT_TRUE(scene.isSliderRangeVisible());
+    scene.clearSliderRange();
+    EXPECT_EQ(scene.sliderRange().last, 8);
+}
+
+TEST_F(SceneTest, AModulesTypeInheritsFromItsBaseAndIsBuiltOnce)
+{
+    struct Proxy : NodeProxy {
+        explicit Proxy(std::string& log, Node& node) : log(log), node(node) {}
+        ~Proxy() override { log += "~"; }
+        void postConstructor() override { log += node.proxy() == this ? "ready" : "too early"; }
+        std::string& log;
+        Node& node;
+    };
+    std::string log;
+    NodeType type;
+    type.name = "wobble";
+    type.base = session.nodeTypes.find("locator");
+    type.role = NodeRole::Locator;
+    type.id = 0x11a886;
+    type.makeProxy = [&](Node& node) { return std::make_unique<Proxy>(log, node); };
+    ASSERT_TRUE(session.nodeTypes.add(type));
+    EXPECT_FALSE(session.nodeTypes.add(type));
+    EXPECT_FALSE(session.nodeTypes.remove("locator")) << "another type stands on it";
+
+    NodePtr node = make("wobble", "wobbleShape1", transform("wobble1"));
+    EXPECT_EQ(log, "ready");
+    EXPECT_TRUE(node->type().isShape() && node->type().isA("dagNode"));
+    EXPECT_TRUE(node->attribute("localPositionX") && node->attribute("tmp") && node->attribute("lsz"));
+    scene.detach(scene.findOne("wobble1"));
+    node.reset();
+    EXPECT_EQ(log, "ready~");
+    EXPECT_TRUE(session.nodeTypes.remove("wobble"));
+}
+
+TEST_F(SceneTest, HostTypesHaveNoNameTwiceAndWholeCompounds)
+{
+    for (const std::string& typeName : session.nodeTypes.names()) {
+        const NodeType& type = *session.nodeTypes.find(typeName);
+        for (const AttributePtr& attribute : type.allAttributes()) {
+            EXPECT_EQ(type.attribute(attribute->longName), attribute) << typeName << '.' << attribute->longName;
+            EXPECT_EQ(type.attribute(attribute->shortName), attribute) << typeName << '.' << attribute->shortName;
+            for (const std::string& child : attribute->children) {
+                ASSERT_TRUE(type.attribute(child)) << child;
+                EXPECT_EQ(type.attribute(child)->parent, attribute->longName);
+            }
+            EXPECT_EQ(attribute->kind == ValueKind::Compound, !attribute->children.empty()) << attribute->longName;
+            EXPECT_TRUE(attribute->parent.empty() || type.attribute(attribute->parent)) << attribute->longName;
+        }
+    }
+}
