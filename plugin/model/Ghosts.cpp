@@ -1,10 +1,8 @@
 #include "model/Ghosts.h"
 
 #include "model/Canvas.h"
-#include "model/ShapeRaster.h"
+#include "model/DrawingPainter.h"
 #include "settings/Preferences.h"
-
-#include <QPainter>
 
 namespace {
 

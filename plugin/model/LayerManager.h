@@ -129,8 +129,9 @@ private:
     static QImage strokeStart(Layer& layer, ToolType tool, bool blank);
     Layer* strokeLayer() const;  // null without a stroke and when the layer is gone
     Frame* strokeTargetFrame() const;
-    void paintGhosts(QPainter& painter, const QString& camera, CameraDrawing& drawing);
-    void paintLayers(QPainter& painter, const QString& camera, const CameraDrawing& drawing);
+    QRect changedArea(const QString& camera, const CameraDrawing& drawing);
+    void paintGhosts(QPainter& painter, const QString& camera, CameraDrawing& drawing, const QRect& area);
+    void paintLayers(QPainter& painter, const QString& camera, const CameraDrawing& drawing, const QRect& area);
 
     static void redrawDrawing();
 

@@ -2,12 +2,11 @@
 
 #include "model/LayerManager.h"
 
-#include "model/ShapeRaster.h"
+#include "model/Canvas.h"
+#include "model/DrawingPainter.h"
 #include "settings/Preferences.h"
 
 #include <maya/MAnimControl.h>
-
-#include <QPainter>
 
 void LayerManager::markForRedraw(const QString& camera)
 {
@@ -30,11 +29,14 @@ const QImage* LayerManager::composite(const QString& camera)
         return found ? &found->image : nullptr;
     }
     advanceStroke(camera);
-    found->image.fill(Qt::transparent);
-    QPainter painter(&found->image);
-    prepareDrawingPainter(painter);
-    paintGhosts(painter, camera, *found);
-    paintLayers(painter, camera, *found);
+    const QRect area = changedArea(camera, *found);
+    if (!area.isEmpty()) {
+        clearRect(found->image, area);
+        QPainter painter(&found->image);
+        prepareDrawingPainter(painter);
+        paintGhosts(painter, camera, *found, area);
+        paintLayers(painter, camera, *found, area);
+    }
     if (ActiveStroke* record = stroke(camera)) {
         record->changed = false;
     }
@@ -42,7 +44,17 @@ const QImage* LayerManager::composite(const QString& camera)
     return &found->image;
 }
 
-void LayerManager::paintGhosts(QPainter& painter, const QString& camera, CameraDrawing& drawing)
+// While a stroke is drawn and nothing else changes, only what its newest segments touched; otherwise everything.
+QRect LayerManager::changedArea(const QString& camera, const CameraDrawing& drawing)
+{
+    const ActiveStroke* record = stroke(camera);
+    const QRect touched = record ? m_stroke.takeTouched() : QRect();
+    const bool onlyTheStroke = record && !record->points.isEmpty() && !drawing.redraw && !drawing.isDirty()
+                            && MAnimControl::isPlaying() == m_wasPlaying;
+    return onlyTheStroke ? paintableArea(touched) : drawing.image.rect();
+}
+
+void LayerManager::paintGhosts(QPainter& painter, const QString& camera, CameraDrawing& drawing, const QRect& area)
 {
     m_wasPlaying = MAnimControl::isPlaying();
     const bool silenced = m_wasPlaying && Preferences::instance().disableGhostingDuringPlayback();
@@ -57,11 +69,12 @@ void LayerManager::paintGhosts(QPainter& painter, const QString& camera, CameraD
         drawing.ghosts.rebuild(*active, options);
     }
     if (options.previous || options.next) {
-        painter.drawImage(0, 0, drawing.ghosts.image());
+        drawPart(painter, drawing.ghosts.image(), area);
     }
 }
 
-void LayerManager::paintLayers(QPainter& painter, const QString& camera, const CameraDrawing& drawing)
+void LayerManager::paintLayers(QPainter& painter, const QString& camera, const CameraDrawing& drawing,
+                               const QRect& area)
 {
     const Layer* drawnOn = stroke(camera) ? strokeLayer() : nullptr;
     Frame* base = drawnOn ? strokeTargetFrame() : nullptr;
@@ -69,9 +82,9 @@ void LayerManager::paintLayers(QPainter& painter, const QString& camera, const C
     for (const auto& layer : drawing.layers) {
         const QImage& image = layer->imageAtOffset(0);
         if (layer.get() != drawnOn || !targetIsThere) {
-            painter.drawImage(0, 0, image);
+            drawPart(painter, image, area);
         } else if (layer->isVisible()) {
-            m_stroke.paint(painter, base ? base->image() : QImage());
+            m_stroke.paint(painter, base ? base->image() : QImage(), area);
         }
     }
 }

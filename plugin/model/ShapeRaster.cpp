@@ -2,6 +2,7 @@
 
 #include "model/Canvas.h"
 #include "model/DabMask.h"
+#include "model/DrawingPainter.h"
 
 #include <QVector2D>
 
@@ -118,12 +119,6 @@ QPoint centreOf(const QRect& region)
 }
 
 }  // namespace
-
-void prepareDrawingPainter(QPainter& painter)
-{
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::HighQualityAntialiasing);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-}
 
 void renderShape(QImage& canvas, const ActiveStroke& record, bool preview)
 {

@@ -12,6 +12,3 @@ void renderShape(QImage& canvas, const ActiveStroke& record, bool preview);
 /// Draws what a transform floats: rotated and scaled about the centre of the record's region, then moved; or moved
 /// only, when it is pasted as it is.
 void drawTransformed(QPainter& painter, const ActiveStroke& record, const QImage& image);
-
-/// Sets what every painter of drawings has in common.
-void prepareDrawingPainter(QPainter& painter);

@@ -1,6 +1,7 @@
 #include "model/StrokeInProgress.h"
 
 #include "model/Canvas.h"
+#include "model/DrawingPainter.h"
 #include "model/ShapeRaster.h"
 #include "model/StrokeRaster.h"
 
@@ -16,6 +17,7 @@ void StrokeInProgress::begin(const Target& target, const QImage& canvas)
     m_selection = QImage();
     m_lastRasterised = 0;
     m_regionTaken = false;
+    m_touched = QRect();
 }
 
 void StrokeInProgress::end()
@@ -26,7 +28,7 @@ void StrokeInProgress::end()
 void StrokeInProgress::advance(const QImage& base)
 {
     if (isFreehand(m_record->tool)) {
-        rasteriseStroke(m_canvas, m_record->points, m_lastRasterised, m_record->tool);
+        m_touched |= rasteriseStroke(m_canvas, m_record->points, m_lastRasterised, m_record->tool);
         m_lastRasterised = std::max(m_record->points.size() - 1, 0);
     } else if (m_record->tool != ToolType::Transform) {
         renderShape(m_canvas, *m_record, true);
@@ -53,22 +55,29 @@ void StrokeInProgress::takeRegion(const QImage& base)
     }
 }
 
-void StrokeInProgress::paint(QPainter& painter, const QImage& base) const
+QRect StrokeInProgress::takeTouched()
+{
+    const QRect touched = isFreehand(m_record->tool) ? m_touched : m_canvas.rect();
+    m_touched = QRect();
+    return touched;
+}
+
+void StrokeInProgress::paint(QPainter& painter, const QImage& base, const QRect& area) const
 {
     if (m_record->tool == ToolType::Transform) {
         if (!m_record->region.isValid()) {
             return;
         }
-        painter.drawImage(0, 0, m_canvas);
+        drawPart(painter, m_canvas, area);
         if (!m_selection.isNull()) {
             drawTransformed(painter, *m_record, m_selection);
         }
         return;
     }
     if (m_record->tool != ToolType::Eraser) {
-        painter.drawImage(0, 0, base);
+        drawPart(painter, base, area);
     }
-    painter.drawImage(0, 0, m_canvas);
+    drawPart(painter, m_canvas, area);
 }
 
 QImage StrokeInProgress::committed(const QImage& base)

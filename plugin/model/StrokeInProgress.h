@@ -30,8 +30,11 @@ public:
     /// Brings the working images up to date with the record: draws the newest points, renders the shape, takes the
     /// region. base: the drawing beneath.
     void advance(const QImage& base);
-    /// Draws base with the stroke or transform on it, as it is seen before it is committed.
-    void paint(QPainter& painter, const QImage& base) const;
+    /// The box of what may look different since this was asked last.
+    QRect takeTouched();
+    /// Draws an area of base with the stroke or transform on it, as it is seen before it is committed. What a transform
+    /// floats is drawn whole.
+    void paint(QPainter& painter, const QImage& base, const QRect& area) const;
     /// The drawing that a commit leaves behind: a canvas.
     QImage committed(const QImage& base);
 
@@ -42,6 +45,7 @@ private:
     Target m_target;
     int m_lastRasterised = 0;  // index of the last point that is drawn
     bool m_regionTaken = false;
+    QRect m_touched;
     QImage m_canvas;
     QImage m_selection;  // what floats in a transform
     QImage m_cut;        // what pasting brings back

@@ -1,5 +1,5 @@
 #include "model/Canvas.h"
-#include "model/ShapeRaster.h"
+#include "model/DrawingPainter.h"
 #include "support/DrawingFixture.h"
 
 namespace {
@@ -88,6 +88,27 @@ TEST_F(CompositeTest, IsMadeAnewOnlyWhenSomethingChanged)
         EXPECT_FALSE(drawing.needsRedraw("top"));
         EXPECT_EQ(drawing.composite("persp"), first) << "the picture stays where it is";
         EXPECT_FALSE(drawing.needsRedraw("persp"));
+    }
+}
+
+TEST_F(CompositeTest, RepaintingWhatAStrokeTouchedEqualsRepaintingEverything)
+{
+    addFlatLayer({1, 2});
+    addLayer("persp", "Above", {2});
+    goTo(2);
+    Preferences::instance().setGhostPrev(true);
+    for (const ToolType tool : {ToolType::Pencil, ToolType::Brush, ToolType::Eraser}) {
+        Preferences::instance().setActiveTool(tool);
+        picture();
+        ActiveStroke* record = drawing.beginStroke("persp", false);
+        for (const QPoint& at : {QPoint(-20, 3), QPoint(13, 7), QPoint(60, 21), QPoint(60, 21), QPoint(1030, 500)}) {
+            record->points << drawings::point(at.x(), at.y(), 11, 0.7f);
+            record->changed = true;
+            const QImage partly = picture();
+            drawing.markForRedraw("persp");
+            ASSERT_EQ(partly, picture()) << static_cast<int>(tool) << " " << record->points.size();
+        }
+        drawing.dropStroke();
     }
 }
 
