@@ -108,18 +108,18 @@ void DrawContext::beginStroke()
         manager->dropStroke();  // nobody fills it any more
     }
     m_node = node->thisMObject();
-    m_camera = script::cameraKey(cameraPath);
-    if (!node->drawingTarget(m_camera, m_layerIndex, m_frameCreated)) {
+    const QString camera = script::cameraKey(cameraPath);
+    if (!node->drawingTarget(camera, m_layerIndex, m_frameCreated)) {
         return;
     }
-    ThreadManager& sampling = ThreadManager::instance();
-    if (manager->beginStroke(m_camera, false)) {
-        sampling.start(view.widget(), node, m_camera);
+    const Layer* layer = manager->activeLayer(camera);
+    m_frame = {camera, manager->activeLayerIndex(camera), layer->currentFrame()->frameNumber()};
+    if (manager->beginStroke(camera, false)) {
+        ThreadManager::instance().start(view.widget(), node, camera);
     }
-    m_drawing = sampling.isRunning();
+    m_drawing = ThreadManager::instance().isRunning();
     if (!m_drawing) {
-        manager->dropStroke();
-        node->withdrawDrawingTarget(m_camera, m_layerIndex, m_frameCreated);
+        giveUpStroke(*node, *manager);
     }
 }
 
@@ -132,13 +132,18 @@ void DrawContext::endStroke()
     ThreadManager::instance().stop();
     BaseNode* node = BaseNode::fromHandle(m_node);
     const std::shared_ptr<LayerManager> manager = node ? node->layerManager() : nullptr;
-    const ActiveStroke* stroke = manager ? manager->stroke(m_camera) : nullptr;
+    const ActiveStroke* stroke = manager ? manager->stroke(m_frame.camera) : nullptr;
     if (!stroke) {
         return;  // the scene it belonged to is gone
     }
-    if (stroke->points.isEmpty() || !script::commitStroke(m_camera, m_layerIndex, m_frameCreated)) {
-        manager->dropStroke();
-        node->withdrawDrawingTarget(m_camera, m_layerIndex, m_frameCreated);
-        node->redrawActiveView();
+    if (stroke->points.isEmpty() || !script::commitStroke(m_frame.camera, m_layerIndex, m_frameCreated)) {
+        giveUpStroke(*node, *manager);
     }
+}
+
+void DrawContext::giveUpStroke(BaseNode& node, LayerManager& manager)
+{
+    manager.dropStroke();
+    node.withdrawDrawingTarget(m_frame, m_layerIndex, m_frameCreated);
+    node.redrawActiveView();
 }

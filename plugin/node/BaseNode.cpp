@@ -281,13 +281,12 @@ bool BaseNode::drawingTarget(const QString& camera, int& newLayerIndex, bool& fr
             return false;
         }
     }
-    if (!prepareFrame(*manager, camera, frameCreated)) {
-        withdrawDrawingTarget(camera, newLayerIndex, frameCreated);
-        newLayerIndex = -1;
-        frameCreated = false;
-        return false;
+    if (prepareFrame(*manager, camera, frameCreated)) {
+        return true;
     }
-    return true;
+    manager->takeLayer(camera, newLayerIndex);
+    newLayerIndex = -1;
+    return false;
 }
 
 bool BaseNode::prepareFrame(LayerManager& manager, const QString& camera, bool& frameCreated) const
@@ -325,22 +324,17 @@ bool BaseNode::prepareFrame(LayerManager& manager, const QString& camera, bool& 
     return frameCreated;
 }
 
-void BaseNode::withdrawDrawingTarget(const QString& camera, int newLayerIndex, bool frameCreated)
+void BaseNode::withdrawDrawingTarget(const FrameAddress& frame, int newLayerIndex, bool frameCreated)
 {
     const std::shared_ptr<LayerManager> manager = layerManager();
-    if (!manager) {
-        return;
-    }
-    if (newLayerIndex >= 0) {
-        manager->takeLayer(camera, newLayerIndex);
-    } else if (Layer* layer = frameCreated ? manager->activeLayer(camera) : nullptr) {
-        if (const Frame* frame = layer->currentFrame()) {
-            layer->takeFrame(MTime(frame->time()));
-            layer->updateCurrentFrame(::currentFrameNumber());
-        }
-    }
-    if (frameCreated) {
+    Layer* layer = manager ? manager->layer(frame.camera, frame.layerIndex) : nullptr;
+    if (layer && frameCreated) {
+        layer->takeFrame(timeOfFrame(frame.frameNumber));
+        layer->updateCurrentFrame(::currentFrameNumber());
         TimelineMarks::refreshInstalled();
+    }
+    if (layer && newLayerIndex >= 0) {
+        manager->takeLayer(frame.camera, newLayerIndex);
     }
 }
 

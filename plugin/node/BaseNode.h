@@ -20,6 +20,7 @@
 
 class LayerManager;
 class QImage;
+struct FrameAddress;
 
 /// The scene's drawing: a locator whose layerData attribute carries every camera's layers and frames.
 class BaseNode : public MPxLocatorNode {
@@ -70,8 +71,8 @@ public:
     /// nothing to draw on (reported, but for an empty camera or a question put to the user); nothing is left behind
     /// then.
     bool drawingTarget(const QString& camera, int& newLayerIndex, bool& frameCreated);
-    /// Takes back what drawingTarget made for a stroke that came to nothing.
-    void withdrawDrawingTarget(const QString& camera, int newLayerIndex, bool frameCreated);
+    /// Takes back what drawingTarget made for a stroke that came to nothing. frame: the one it was to go to.
+    void withdrawDrawingTarget(const FrameAddress& frame, int newLayerIndex, bool frameCreated);
 
     // Where it is shown ---------------------------------------------------------------------------------------------
 

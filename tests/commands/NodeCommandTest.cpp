@@ -1,0 +1,190 @@
+#include "support/NodeFixture.h"
+
+#include "commands/NodeCommand.h"
+#include "model/LayerListView.h"
+
+#include <maya/MFnDagNode.h>
+#include <maya/MGlobal.h>
+#include <maya/MPlug.h>
+#include <maya/MSelectionList.h>
+#include <maya/MStringArray.h>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class NodeCommandTest : public NodeFixture {
+protected:
+    NodeCommandTest() { addCommand(names::kNodeCommand, NodeCommand::creator, NodeCommand::newSyntax); }
+
+    bool command(const std::string& arguments) { return run("tqLumisketchNode " + arguments); }
+    bool exists(const std::string& name)
+    {
+        MSelectionList found;
+        return found.add(name.c_str());
+    }
+    std::string selection()
+    {
+        MSelectionList list;
+        MGlobal::getActiveSelectionList(list);
+        MStringArray names;
+        list.getSelectionStrings(names);
+        std::string all;
+        for (unsigned int i = 0; i < names.length(); ++i) {
+            all += std::string(i ? " " : "") + names[i].asChar();
+        }
+        return all;
+    }
+    MPlug plug(const std::string& node, const char* attribute)
+    {
+        MSelectionList list;
+        MObject object;
+        list.add(node.c_str());
+        list.getDependNode(0, object);
+        return MFnDependencyNode(object).findPlug(attribute, false);
+    }
+    void expectLockedTransform()
+    {
+        for (const char* name : {"translateX", "translateY", "translateZ", "rotateX", "rotateY", "rotateZ", "scaleX",
+                                 "scaleY", "scaleZ"}) {
+            MPlug channel = plug("lumisketch", name);
+            ASSERT_FALSE(channel.isNull()) << name;
+            EXPECT_TRUE(channel.isLocked()) << name;
+            EXPECT_FALSE(channel.isKeyable()) << name;
+            EXPECT_FALSE(channel.isChannelBoxFlagSet()) << name;
+        }
+    }
+};
+
+TEST_F(NodeCommandTest, MakesTheOneDrawingNodeOfAScene)
+{
+    EXPECT_EQ(evaluate("tqLumisketchNode -exists"), kernel::Value(0));
+    ASSERT_TRUE(command(""));
+    EXPECT_TRUE(exists("|lumisketch|lumisketchShape"));
+    EXPECT_EQ(evaluate("tqLumisketchNode -exists"), kernel::Value(1));
+    EXPECT_EQ(drawing().totalLayerCount(), 0);
+    EXPECT_TRUE(node().isMaster());
+    expectLockedTransform();
+
+    EXPECT_FALSE(command(""));
+    EXPECT_THAT(errors(), testing::Contains("[Lumisketch2] Node already exists"));
+    EXPECT_EQ(BaseNode::allNodes().size(), 1u);
+}
+
+TEST_F(NodeCommandTest, UndoAndRedoRestoreSelectionAndLocksButNotTheFirstLayer)
+{
+    run("createNode transform -n other");
+    ASSERT_EQ(selection(), "other");
+    ASSERT_TRUE(command("-l -c persp -ln Ink"));
+    EXPECT_EQ(selection(), "");
+    EXPECT_EQ(drawing().layerName("persp", 0), "Ink");
+    for (int round = 0; round < 2; ++round) {
+        run("undo");
+        EXPECT_EQ(BaseNode::masterNode(), nullptr);
+        EXPECT_FALSE(exists("lumisketch"));
+        EXPECT_EQ(selection(), "other");
+        run("redo");
+        ASSERT_NE(BaseNode::masterNode(), nullptr);
+        EXPECT_TRUE(exists("|lumisketch|lumisketchShape"));
+        EXPECT_EQ(drawing().totalLayerCount(), 0);
+        EXPECT_TRUE(node().isMaster());
+        EXPECT_EQ(selection(), "");
+        expectLockedTransform();
+    }
+    EXPECT_THAT(errors(), IsEmpty());
+}
+
+TEST_F(NodeCommandTest, GivesTheCameraAFirstLayerAsTheFlagsSay)
+{
+    const struct {
+        const char* flags;
+        const char* name;
+        int state;
+        QList<int> keys;
+    } cases[] = {
+        {"-l -c persp", "Layer", kLayerAnim, {}},
+        {"-l -c persp -ln \"Two words\"", "Two words", kLayerAnim, {}},
+        {"-l -c persp -ls 1", "Layer", kLayerStatic, {}},
+        {"-layer -camera persp -layerName Ink -layerState 2 -frame", "Ink", kLayerLocked, {10, 11, 12, 13, 14}},
+        {"-l -c persp -ls 7", "Layer", kLayerAnim, {}},
+    };
+    for (const auto& c : cases) {
+        run("file -f -new");
+        session().scene.highlightSliderRange({10, 15});
+        ASSERT_TRUE(command(c.flags)) << c.flags;
+        ASSERT_EQ(drawing().layerCount("persp"), 1) << c.flags;
+        EXPECT_EQ(drawing().layerName("persp", 0), c.name) << c.flags;
+        EXPECT_EQ(drawing().layerState("persp", 0), c.state) << c.flags;
+        EXPECT_EQ(drawing().frameNumbers("persp"), c.keys) << c.flags;
+        EXPECT_EQ(evaluate("tqLumisketchNode -q -c"), kernel::Value(std::string("persp"))) << c.flags;
+    }
+    EXPECT_THAT(errors(), IsEmpty());
+}
+
+TEST_F(NodeCommandTest, KeysTheCurrentFrameWhenNothingIsHighlighted)
+{
+    goTo(6);
+    ASSERT_TRUE(command("-l -c persp -f"));
+    EXPECT_EQ(drawing().frameNumbers("persp"), QList<int>{6});
+}
+
+TEST_F(NodeCommandTest, WithoutALayerTheOtherFlagsMeanNothing)
+{
+    ASSERT_TRUE(command("-f -ln Ink -ls 1 -c persp"));
+    EXPECT_EQ(drawing().totalLayerCount(), 0);
+}
+
+TEST_F(NodeCommandTest, QueriesAndRefreshesLeaveNoUndoStep)
+{
+    EXPECT_FALSE(command("-q -c"));
+    EXPECT_FALSE(command("-refresh"));
+    EXPECT_FALSE(command("-rg"));
+    ASSERT_TRUE(command("-l -c persp"));
+    const unsigned steps = session().undo.count();
+    EXPECT_TRUE(command("-r"));
+    EXPECT_TRUE(command("-rg"));
+    EXPECT_TRUE(command("-ex"));
+    EXPECT_TRUE(command("-q -c"));
+    EXPECT_EQ(session().undo.count(), steps);
+}
+
+TEST_F(NodeCommandTest, TheFirstModeInOrderOfPrecedenceIsTaken)
+{
+    EXPECT_EQ(evaluate("tqLumisketchNode -rg -r -ex"), kernel::Value(0)) << "-refresh fails without a node";
+    ASSERT_TRUE(command("-l -c persp"));
+    struct List : LayerListView {
+        void clear() override { ++cleared; }
+        void addRow(const QString&, int, const QString&, int, bool) override {}
+        void select(const QString&, int) override {}
+        void refresh() override {}
+        int cleared = 0;
+    } list;
+    LayerManager::setLayerListView(&list);
+    EXPECT_TRUE(command("-rg"));
+    EXPECT_EQ(list.cleared, 0);
+    EXPECT_TRUE(command("-rg -r"));
+    EXPECT_EQ(list.cleared, 1);
+}
+
+TEST_F(NodeCommandTest, RefreshingGhostsHasTheCurrentCameraComposedAnew)
+{
+    ASSERT_TRUE(command("-l -c persp"));
+    drawing().composite("persp");
+    ASSERT_FALSE(drawing().needsRedraw("persp"));
+    EXPECT_TRUE(command("-rg"));
+    EXPECT_TRUE(drawing().needsRedraw("persp"));
+}
+
+TEST_F(NodeCommandTest, RefusesOtherEditsAndQueries)
+{
+    EXPECT_FALSE(command("-e -l"));
+    EXPECT_THAT(errors(), testing::Contains("[Lumisketch2] Invalid edit parameter"));
+    EXPECT_FALSE(command("-q -ex"));
+    EXPECT_THAT(errors(), testing::Contains("[Lumisketch2] Invalid query parameter"));
+    EXPECT_FALSE(command("-noSuchFlag"));
+    EXPECT_FALSE(command("-l -ls -1"));
+    EXPECT_EQ(BaseNode::masterNode(), nullptr);
+}
+
+}  // namespace

@@ -1,0 +1,208 @@
+#include "support/NodeFixture.h"
+
+#include "commands/StrokeCommand.h"
+
+namespace {
+
+using testing::Contains;
+using testing::IsEmpty;
+
+class StrokeCommandTest : public NodeFixture {
+protected:
+    StrokeCommandTest() { addCommand(names::kStrokeCommand, StrokeCommand::creator, StrokeCommand::newSyntax); }
+
+    bool command(const std::string& arguments) { return run("tqLumisketchStroke " + arguments); }
+
+    /// What the draw tool leaves behind for the command: a line across the canvas, not yet in the frame.
+    void drag(const QString& camera, int y, ToolType tool = ToolType::Pencil)
+    {
+        Preferences::instance().setActiveTool(tool);
+        ActiveStroke* stroke = drawing().beginStroke(camera, false);
+        ASSERT_NE(stroke, nullptr);
+        for (int x = 100; x <= 900; x += 100) {
+            stroke->points.append({20, 1.0f, 1.0f, QPoint(x, y)});
+        }
+        stroke->changed = true;
+    }
+    void keyed(const QString& camera, std::initializer_list<int> frameNumbers)
+    {
+        drawing().insertLayer(camera, -1, "Ink");
+        for (int frameNumber : frameNumbers) {
+            drawing().addFrame(camera, timeOfFrame(frameNumber));
+        }
+    }
+    /// Undo gives `before` again and redo `after`, as often as one likes.
+    void expectUndoAndRedo(const QString& before, const QString& after)
+    {
+        ASSERT_NE(before, after);
+        for (int round = 0; round < 3; ++round) {
+            run("undo");
+            EXPECT_EQ(describeDrawing(), before) << "round " << round;
+            run("redo");
+            EXPECT_EQ(describeDrawing(), after) << "round " << round;
+        }
+    }
+};
+
+TEST_F(StrokeCommandTest, AStrokeOnAnExistingFrameIsOneStepThatGivesTheSamePixelsBack)
+{
+    keyed("persp", {1});
+    drag("persp", 300);
+    ASSERT_TRUE(command("persp"));
+    const QString first = describeDrawing();
+    const unsigned steps = session().undo.count();
+    drag("persp", 600, ToolType::Brush);
+    ASSERT_TRUE(command("persp"));
+    EXPECT_EQ(session().undo.count(), steps + 1);
+    const QString second = describeDrawing();
+    expectUndoAndRedo(first, second);
+    drag("persp", 300, ToolType::Eraser);
+    ASSERT_TRUE(command("persp"));
+    expectUndoAndRedo(second, describeDrawing());
+    EXPECT_THAT(errors(), IsEmpty());
+}
+
+TEST_F(StrokeCommandTest, AFirstStrokeOnASecondCameraTakesItsLayerBackAndGivesTheFirstItsOwn)
+{
+    keyed("persp", {1});
+    drawing().insertLayer("persp", -1, "Paint");
+    drawing().setActiveLayer("persp", 1, true);
+    const QString before = describeDrawing();
+
+    int layer = -1;
+    bool frame = false;
+    drawing().setCurrentCamera("top");  // as the press in its view does
+    ASSERT_TRUE(node().drawingTarget("top", layer, frame));
+    drag("top", 300);
+    ASSERT_TRUE(command("-la 0 -fa top"));
+    const QString after = describeDrawing();
+    EXPECT_EQ(drawing().currentCamera(), "top");
+    expectUndoAndRedo(before, after);
+}
+
+TEST_F(StrokeCommandTest, AFrameKeyedForTheStrokeGoesWithIt)
+{
+    keyed("persp", {1});
+    const QString before = describeDrawing();
+    goTo(5);
+    int layer = -1;
+    bool frame = false;
+    ASSERT_TRUE(node().drawingTarget("persp", layer, frame));
+    drag("persp", 300);
+    ASSERT_TRUE(command("-fa persp"));
+    EXPECT_EQ(drawing().frameNumbers("persp"), (QList<int>{1, 5}));
+    expectUndoAndRedo(before, describeDrawing());
+    run("undo");
+    EXPECT_EQ(drawing().activeLayer("persp")->currentFrameIndex(), 0);
+}
+
+TEST_F(StrokeCommandTest, AStaticLayersFirstFrameIsTakenBackWhereItStands)
+{
+    keyed("persp", {});
+    drawing().setLayerState("persp", 0, kLayerStatic);
+    const QString before = describeDrawing();
+    goTo(12);
+    int layer = -1;
+    bool frame = false;
+    ASSERT_TRUE(node().drawingTarget("persp", layer, frame));
+    drag("persp", 300);
+    ASSERT_TRUE(command("-fa persp"));
+    EXPECT_EQ(drawing().frameNumbers("persp"), QList<int>{-999});
+    expectUndoAndRedo(before, describeDrawing());
+}
+
+TEST_F(StrokeCommandTest, UndoAndRedoFindTheStrokesFrameWhereverTheSceneHasMoved)
+{
+    keyed("persp", {1, 10});
+    drawing().insertLayer("persp", -1, "Paint");
+    drag("persp", 300);
+    goTo(10);
+    const QString before = describeDrawing();
+    ASSERT_TRUE(command("persp"));
+    drawing().setActiveLayer("persp", 1, true);
+    const QString after = describeDrawing();
+    run("undo");
+    drawing().setActiveLayer("persp", 0, true);
+    EXPECT_EQ(describeDrawing(), before);
+    drawing().setActiveLayer("persp", 1, true);
+    run("redo");
+    EXPECT_EQ(describeDrawing(), after);
+    EXPECT_TRUE(pixels::hash(drawing().layer("persp", 0)->frameAt(0)->image())
+                != pixels::hash(drawing().layer("persp", 0)->frameAt(1)->image()));
+}
+
+TEST_F(StrokeCommandTest, AStrokeBegunBeforePlaybackMovedOnUndoesItsOwnFrame)
+{
+    goTo(1);
+    int layer = -1;
+    bool frame = false;
+    ASSERT_TRUE(node().drawingTarget("persp", layer, frame));
+    drag("persp", 300);
+    goTo(8);
+    ASSERT_TRUE(command("-la 0 -fa persp"));
+    EXPECT_EQ(drawing().frameNumbers("persp"), QList<int>{1});
+    run("undo");
+    EXPECT_EQ(drawing().totalLayerCount(), 0);
+    run("redo");
+    EXPECT_EQ(drawing().frameNumbers("persp"), QList<int>{1});
+}
+
+TEST_F(StrokeCommandTest, ARedoThatCannotBeCompletedTakesBackWhatItMade)
+{
+    // The layer is made again, but without -fa it has no frame for the picture.
+    int layer = -1;
+    bool frame = false;
+    ASSERT_TRUE(node().drawingTarget("persp", layer, frame));
+    drag("persp", 300);
+    ASSERT_TRUE(command("-la 0 persp"));
+    run("undo");
+    ASSERT_EQ(drawing().totalLayerCount(), 0);
+    run("redo");
+    EXPECT_EQ(drawing().totalLayerCount(), 0);
+}
+
+TEST_F(StrokeCommandTest, ARedoNeverReplacesAFrameThatWasKeyedMeanwhile)
+{
+    keyed("persp", {1});
+    goTo(5);
+    int layer = -1;
+    bool frame = false;
+    ASSERT_TRUE(node().drawingTarget("persp", layer, frame));
+    drag("persp", 300);
+    ASSERT_TRUE(command("-fa persp"));
+    run("undo");
+    drawing().addFrame("persp", timeOfFrame(5));
+    const QString meanwhile = describeDrawing();
+    run("redo");
+    EXPECT_EQ(describeDrawing(), meanwhile);
+}
+
+TEST_F(StrokeCommandTest, RefusesWithoutACameraADrawingOrAStroke)
+{
+    const struct {
+        const char* arguments;
+        const char* message;  // null when it fails silently
+    } cases[] = {
+        {"", "[Lumisketch2] Camera not specified"},
+        {"nowhere", "[Lumisketch2] Camera does not exist: nowhere"},
+        {"persp", nullptr},
+    };
+    for (bool withDrawing : {false, true}) {
+        if (withDrawing) {
+            keyed("persp", {1});
+        }
+        for (const auto& c : cases) {
+            forgetLines();
+            const unsigned steps = session().undo.count();
+            EXPECT_FALSE(command(c.arguments)) << c.arguments;
+            if (c.message) {
+                EXPECT_THAT(errors(), Contains(c.message));
+            }
+            EXPECT_EQ(session().undo.count(), steps) << c.arguments;
+        }
+    }
+    EXPECT_FALSE(command("-fa persp"));
+    EXPECT_EQ(drawing().frameNumbers("persp"), QList<int>{1});
+}
+
+}  // namespace

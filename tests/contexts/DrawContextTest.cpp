@@ -1,0 +1,236 @@
+#include "support/NodeFixture.h"
+
+#include "contexts/DrawContextCommand.h"
+#include "contexts/TestView.h"
+#include "contexts/ThreadManager.h"
+
+#include "api/Tools.h"
+
+#include <QCoreApplication>
+#include <QCursor>
+#include <QTabletEvent>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// The tool in the views of a window; the real pointer is put where the test wants it. In place of the stroke command
+/// stands one that notes its arguments and commits.
+class DrawContextTest : public NodeFixture {
+protected:
+    DrawContextTest()
+    {
+        session().batch = false;
+        EXPECT_TRUE(m_plugin.registerContextCommand(names::kDrawContextCommand, DrawContextCommand::creator));
+        session().commands.add(names::kStrokeCommand, [this](const kernel::ValueList& args) { return commit(args); });
+        run("setAttr perspShape.filmFit 1; setAttr topShape.filmFit 1");
+        node();
+        run("tqLmDrawCtx drawTool; setToolTo drawTool");
+        pointAt(views.persp(), 100, 100);
+    }
+    ~DrawContextTest() override
+    {
+        run("setToolTo selectSuperContext");
+        ThreadManager::destroy();
+    }
+
+    kernel::Value commit(const kernel::ValueList& args)
+    {
+        std::string text;
+        for (const kernel::Value& arg : args) {
+            text += (text.empty() ? "" : " ") + kernel::toText(arg);
+        }
+        commits.push_back(text);
+        QByteArray before;
+        if (refuseCommits || !drawing().commitStroke(QString::fromStdString(kernel::toText(args.back())), before)) {
+            throw kernel::CommandError("refused");
+        }
+        return {};
+    }
+
+    void pointAt(TestView& view, int x, int y) { QCursor::setPos(view.widget()->mapToGlobal(QPoint(x, y))); }
+    void send(api::ToolEvent::Kind kind, api::ToolEvent::Button button = api::ToolEvent::Button::Left)
+    {
+        api::ToolEvent event;
+        event.kind = kind;
+        event.x = 100;
+        event.y = 100;
+        event.button = button;
+        api::ToolBox::instance().send(event, nullptr, nullptr);
+    }
+    void press() { send(api::ToolEvent::Kind::Press); }
+    void release() { send(api::ToolEvent::Kind::Release); }
+    void click()
+    {
+        press();
+        release();
+    }
+    void pen(TestView& view, double pressure, QTabletEvent::PointerType end)
+    {
+        QTabletEvent event(QEvent::TabletPress, QPointF(), QPointF(), QTabletEvent::Stylus, end, pressure, 0, 0, 0, 0,
+                           0, Qt::NoModifier, 1, Qt::LeftButton, Qt::LeftButton);
+        event.ignore();
+        QCoreApplication::sendEvent(view.widget(), &event);
+    }
+    QString pixels(const QString& camera, int index = 0)
+    {
+        const Layer* layer = drawing().layer(camera, index);
+        return layer && layer->currentFrame() ? pixels::hash(layer->currentFrame()->image()) : QString();
+    }
+
+    const QString blank = pixels::hash(Frame(timeOfFrame(0)).image());
+    TestViews views;
+    std::vector<std::string> commits;
+    bool refuseCommits = false;
+};
+
+TEST_F(DrawContextTest, AClickDrawsAndTellsTheCommandWhatWasMadeForIt)
+{
+    click();
+    EXPECT_NE(pixels("persp"), blank);
+    click();
+    goTo(5);
+    click();
+    EXPECT_THAT(commits, ElementsAre("-la 0 -fa persp", "persp", "-fa persp"));
+    EXPECT_FALSE(drawing().hasStroke());
+    EXPECT_THAT(errors(), IsEmpty());
+}
+
+TEST_F(DrawContextTest, APressInAnotherViewDrawsOnlyThere)
+{
+    click();
+    const QString persp = pixels("persp");
+    views.activate(views.top());
+    pointAt(views.top(), 300, 200);
+    press();
+    EXPECT_EQ(drawing().currentCamera(), "top");
+    EXPECT_EQ(drawing().stroke("persp"), nullptr);
+    // Another view is drawn meanwhile; the points still go where this view shows them.
+    MDagPath perspCamera;
+    M3dView view;
+    M3dView::get3dView(0, view);
+    view.getCamera(perspCamera);
+    node().updateViewportMetrics(perspCamera, 200, 100);
+    ASSERT_NE(drawing().stroke("top"), nullptr);
+    ThreadManager::instance().OnMousePositionChanged(QPoint(512, 256), 10, 1.0f, 1.0f);
+    EXPECT_EQ(drawing().stroke("top")->points.last().position, QPoint(512, 512));
+    release();
+    EXPECT_EQ(pixels("persp"), persp);
+    EXPECT_NE(pixels("top"), blank);
+}
+
+TEST_F(DrawContextTest, ARefusedPressLeavesNothingForTheReleaseToCommit)
+{
+    Preferences::instance().setDefaultLayerState(kLayerLocked);
+    click();
+    EXPECT_THAT(commits, IsEmpty());
+    EXPECT_EQ(drawing().totalLayerCount(), 0);
+
+    Preferences::instance().setDefaultLayerState(kLayerAnim);
+    send(api::ToolEvent::Kind::Press, api::ToolEvent::Button::Middle);
+    send(api::ToolEvent::Kind::Release, api::ToolEvent::Button::Middle);
+    Preferences::instance().setActiveTool(ToolType::Transform);
+    click();
+    EXPECT_THAT(commits, IsEmpty());
+    EXPECT_EQ(drawing().totalLayerCount(), 0);
+}
+
+TEST_F(DrawContextTest, ARecordNobodyFillsIsNotCommittedButDropped)
+{
+    drawing().insertLayer("persp", -1, "Ink");
+    drawing().addFrameAtCurrentTime("persp");
+    ActiveStroke* stale = drawing().beginStroke("persp", false);
+    stale->points = {{20, 1.0f, 1.0f, QPoint(800, 800)}, {20, 1.0f, 1.0f, QPoint(900, 900)}};
+    release();
+    EXPECT_THAT(commits, IsEmpty());
+    EXPECT_EQ(pixels("persp"), blank);
+
+    press();
+    EXPECT_TRUE(drawing().stroke("persp")->points.isEmpty());
+    release();
+    EXPECT_THAT(commits, ElementsAre("persp"));
+}
+
+TEST_F(DrawContextTest, ARefusedCommitTakesBackWhatThePressMade)
+{
+    refuseCommits = true;
+    click();
+    EXPECT_EQ(drawing().totalLayerCount(), 0);
+    EXPECT_FALSE(drawing().hasStroke());
+}
+
+TEST_F(DrawContextTest, LeavingTheToolOrPressingAnewEndsAStroke)
+{
+    press();
+    run("setToolTo selectSuperContext");
+    EXPECT_THAT(commits, ElementsAre("-la 0 -fa persp"));
+    run("setToolTo drawTool");
+    press();
+    press();
+    EXPECT_EQ(commits.size(), 2u);
+    release();
+    EXPECT_EQ(commits.size(), 3u);
+}
+
+TEST_F(DrawContextTest, AStrokeWhoseSceneIsGoneEndsQuietly)
+{
+    press();
+    run("file -f -new");
+    send(api::ToolEvent::Kind::Drag);
+    release();
+    EXPECT_THAT(commits, IsEmpty());
+    EXPECT_THAT(errors(), IsEmpty());
+    press();
+    release();
+    EXPECT_THAT(commits, IsEmpty());
+}
+
+TEST_F(DrawContextTest, ThePensEndAndPressureCountUntilTheRelease)
+{
+    Preferences::instance().setActiveTool(ToolType::Pencil);
+    Preferences::instance().setTabletEnabled(ToolType::Pencil, true);
+    pen(views.persp(), 0.7, QTabletEvent::Pen);
+    EXPECT_FLOAT_EQ(penState::pressure(), 0.82f);
+    pen(views.persp(), 0.0, QTabletEvent::Eraser);
+    EXPECT_FLOAT_EQ(penState::pressure(), 0.82f) << "no pressure says nothing";
+    press();
+    ASSERT_NE(drawing().stroke("persp"), nullptr);
+    EXPECT_EQ(drawing().stroke("persp")->tool, ToolType::Eraser);
+    release();
+    EXPECT_FLOAT_EQ(penState::pressure(), 1.0f);
+    EXPECT_FALSE(penState::isEraserTip());
+
+    // A view is watched from its first press on, and no longer once the tool is left.
+    pen(views.top(), 0.3, QTabletEvent::Pen);
+    EXPECT_FLOAT_EQ(penState::pressure(), 1.0f);
+    views.activate(views.top());
+    click();
+    pen(views.top(), 0.3, QTabletEvent::Pen);
+    EXPECT_FLOAT_EQ(penState::pressure(), 0.3f);
+    run("setToolTo selectSuperContext");
+    penState::reset();
+    pen(views.top(), 0.3, QTabletEvent::Pen);
+    EXPECT_FLOAT_EQ(penState::pressure(), 1.0f);
+}
+
+TEST_F(DrawContextTest, EnteringTheToolAsksForADrawingNodeWhereThereIsNone)
+{
+    int asked = 0;
+    session().commands.add(names::kNodeCommand, [&](const kernel::ValueList&) {
+        ++asked;
+        return kernel::Value();
+    });
+    run("setToolTo selectSuperContext");
+    run("setToolTo drawTool");
+    host().drainIdle();
+    EXPECT_EQ(asked, 0);
+    run("file -f -new");
+    run("setToolTo selectSuperContext");
+    run("setToolTo drawTool");
+    EXPECT_EQ(api::ToolBox::instance().helpString(), "Draw on viewport");
+    host().drainIdle();
+    EXPECT_EQ(asked, 1);
+}
+
+}  // namespace

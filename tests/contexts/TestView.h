@@ -1,0 +1,55 @@
+#pragma once
+
+#include "api/Views.h"
+#include "kernel/Session.h"
+
+#include <QWidget>
+
+/// A host window with views that draw nothing: plain widgets of a given size.
+class TestView : public api::View {
+public:
+    TestView(const char* camera, int width, int height) : m_camera(camera)
+    {
+        m_widget.setGeometry(40, 60, width, height);
+    }
+
+    std::string panelName() const override { return m_camera + "Panel"; }
+    QWidget* widget() override { return &m_widget; }
+    kernel::NodePtr camera() const override { return kernel::Session::current().scene.findOrNull(m_camera + "Shape"); }
+    void setCamera(const kernel::NodePtr&) override {}
+    int portWidth() const override { return m_widget.width(); }
+    int portHeight() const override { return m_widget.height(); }
+    bool isLegacy() const override { return false; }
+    api::ViewMatrices matrices() const override { return {}; }
+    void refresh(bool) override { ++refreshes; }
+    void scheduleRefresh() override { ++scheduled; }
+    void beginXorDrawing(float, const float[4]) override {}
+    void endXorDrawing() override {}
+
+    int refreshes = 0;
+    int scheduled = 0;
+
+private:
+    const std::string m_camera;
+    QWidget m_widget;
+};
+
+class TestViews : public api::ViewHost {
+public:
+    TestViews() { api::installViewHost(this); }
+    ~TestViews() override { api::installViewHost(nullptr); }
+
+    std::vector<api::View*> views() const override { return {&m_persp, &m_top}; }
+    api::View* activeView() const override { return m_active; }
+    QWidget* mainWindow() const override { return nullptr; }
+    QWidget* findControl(const std::string&) const override { return nullptr; }
+
+    TestView& persp() { return m_persp; }
+    TestView& top() { return m_top; }
+    void activate(TestView& view) { m_active = &view; }
+
+private:
+    mutable TestView m_persp{"persp", 512, 512};
+    mutable TestView m_top{"top", 1024, 512};
+    TestView* m_active = &m_persp;
+};

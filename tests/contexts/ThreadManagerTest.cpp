@@ -1,0 +1,208 @@
+#include "support/NodeFixture.h"
+
+#include "contexts/InputWorker.h"
+#include "contexts/TestView.h"
+#include "contexts/ThreadManager.h"
+
+#include <QCoreApplication>
+#include <QSemaphore>
+#include <QThread>
+
+#include <atomic>
+
+namespace {
+
+/// A pointer that other threads read and the test moves.
+class TestPointer {
+public:
+    void moveTo(int x, int y) { m_position = x * 10000 + y; }
+    QPoint read()
+    {
+        ++reads;
+        const int position = m_position;
+        return QPoint(position / 10000, position % 10000);
+    }
+
+    std::atomic<int> reads{0};
+
+private:
+    std::atomic<int> m_position{0};
+};
+
+class ThreadManagerTest : public NodeFixture {
+protected:
+    ThreadManagerTest()
+    {
+        run("setAttr perspShape.filmFit 1");  // the canvas is as wide as the view
+        pointer.moveTo(140, 160);             // (100, 100) in the view
+        drawing().insertLayer("persp", -1, "Ink");
+        drawing().addFrameAtCurrentTime("persp");
+        M3dView view = M3dView::active3dView();
+        EXPECT_TRUE(node().prepareToolView(view));
+    }
+
+    ActiveStroke* begin(ToolType tool)
+    {
+        Preferences::instance().setActiveTool(tool);
+        return drawing().beginStroke("persp", false);
+    }
+    void sample(int x, int y) { manager.OnMousePositionChanged(QPoint(x, y), 6, 1.0f, 1.0f); }
+    void waitForReads(int more)
+    {
+        const int wanted = pointer.reads + more;
+        while (pointer.reads < wanted) {
+            QThread::yieldCurrentThread();
+        }
+    }
+
+    TestViews views;
+    TestPointer pointer;
+    ThreadManager manager{[this] { return pointer.read(); }};
+};
+
+TEST_F(ThreadManagerTest, SamplesWhileTheMainThreadIsBusyAndDeliversThemAtTheEnd)
+{
+    ActiveStroke* stroke = begin(ToolType::Pencil);
+    manager.start(views.persp().widget(), &node(), "persp");
+    ASSERT_TRUE(manager.isRunning());
+    for (int i = 1; i <= 5; ++i) {  // no event is processed here
+        pointer.moveTo(140 + i * 30, 160);
+        waitForReads(2);
+    }
+    EXPECT_TRUE(stroke->points.isEmpty());
+    manager.stop();
+    EXPECT_FALSE(manager.isRunning());
+    ASSERT_GE(stroke->points.size(), 6);
+    EXPECT_TRUE(stroke->changed);
+    for (int i = 1; i < stroke->points.size(); ++i) {
+        EXPECT_GE(stroke->points[i].position.x(), stroke->points[i - 1].position.x());
+    }
+}
+
+TEST_F(ThreadManagerTest, TheShortestClickLeavesItsMarkEachTime)
+{
+    for (int click = 0; click < 50; ++click) {
+        ActiveStroke* stroke = begin(ToolType::Pencil);
+        manager.start(views.persp().widget(), &node(), "persp");
+        manager.stop();
+        ASSERT_EQ(stroke->points.size(), 2);
+        // A view of 512 pixels shows the canvas at half its size; the view's origin is its lower left.
+        EXPECT_EQ(stroke->points[0].position, QPoint(200, 198));
+        EXPECT_EQ(stroke->points[1].position, QPoint(201, 198));
+        drawing().dropStroke();
+    }
+}
+
+TEST_F(ThreadManagerTest, ToolValuesAreThoseOfTheStrokesStart)
+{
+    Preferences& preferences = Preferences::instance();
+    preferences.setToolSize(ToolType::Brush, 33);
+    preferences.setToolOpacity(ToolType::Brush, 40);
+    preferences.setToolHardness(ToolType::Brush, 70);
+    ActiveStroke* stroke = begin(ToolType::Brush);
+    manager.start(views.persp().widget(), &node(), "persp");
+    preferences.setToolSize(ToolType::Brush, 5);
+    preferences.setActiveTool(ToolType::Line);
+    manager.stop();
+    ASSERT_FALSE(stroke->points.isEmpty());
+    EXPECT_EQ(stroke->points[0].width, 33);
+    EXPECT_FLOAT_EQ(stroke->points[0].opacity, 0.4f);
+    EXPECT_FLOAT_EQ(stroke->points[0].hardness, 0.7f);
+}
+
+TEST_F(ThreadManagerTest, FreehandPointsAreSmoothedAndTheFirstSegmentShowsAtOnce)
+{
+    ActiveStroke* stroke = begin(ToolType::Pencil);
+    pointer.moveTo(0, 0);
+    manager.start(views.persp().widget(), &node(), "persp");
+    sample(100, 100);
+    EXPECT_EQ(views.persp().refreshes, 0);
+    sample(130, 100);
+    EXPECT_EQ(views.persp().refreshes, 1);
+    sample(130, 100);
+    ASSERT_EQ(stroke->points.size(), 3);
+    EXPECT_EQ(stroke->points[1].position.x(), 240);  // 2/3 of the way
+    EXPECT_EQ(views.persp().refreshes, 1);
+    EXPECT_GT(views.persp().scheduled, 0);
+}
+
+TEST_F(ThreadManagerTest, AShapeIsSpannedBetweenItsStartAndTheLatestPosition)
+{
+    for (ToolType tool : {ToolType::Line, ToolType::Arrow, ToolType::Ellipse, ToolType::Rectangle}) {
+        ActiveStroke* stroke = begin(tool);
+        manager.start(views.persp().widget(), &node(), "persp");
+        sample(99, 100);
+        sample(100, 100);
+        sample(150, 120);
+        sample(151, 120);  // shapes are not thinned
+        ASSERT_EQ(stroke->points.size(), 2);
+        EXPECT_EQ(stroke->points[0].position, QPoint(200, 824));
+        EXPECT_EQ(stroke->points[1].position, QPoint(302, 784));
+        drawing().dropStroke();
+        manager.stop();
+    }
+}
+
+TEST_F(ThreadManagerTest, TextStandsAtTheLatestPositionInTheChosenFont)
+{
+    Preferences::instance().setTextFontFamily("Nimbus");
+    ActiveStroke* stroke = begin(ToolType::Text);
+    manager.start(views.persp().widget(), &node(), "persp");
+    sample(99, 100);
+    sample(150, 120);
+    ASSERT_EQ(stroke->points.size(), 1);
+    EXPECT_EQ(stroke->points[0].position, QPoint(300, 784));
+    EXPECT_EQ(stroke->fontFamily, "Nimbus");
+}
+
+TEST_F(ThreadManagerTest, SamplesWithoutAStrokeAreIgnored)
+{
+    sample(10, 10);
+    manager.stop();
+    manager.start(nullptr, &node(), "persp");
+    EXPECT_FALSE(manager.isRunning());
+    manager.start(views.persp().widget(), nullptr, "persp");
+    EXPECT_FALSE(manager.isRunning());
+    manager.start(views.persp().widget(), &node(), "persp");  // nothing was begun
+    EXPECT_FALSE(manager.isRunning());
+
+    begin(ToolType::Pencil);
+    manager.start(views.persp().widget(), &node(), "persp");
+    drawing().dropStroke();
+    sample(10, 10);
+    run("file -f -new");
+    sample(10, 10);
+    manager.stop();
+}
+
+TEST_F(ThreadManagerTest, AWorkerThatIsStuckIsLeftBehindAndNeverDisturbsTheNextStroke)
+{
+    QSemaphore stuck;
+    QSemaphore reading;
+    std::atomic<bool> jam{true};
+    ThreadManager jammed([&] {
+        if (jam.exchange(false)) {
+            reading.release();
+            stuck.acquire();
+            return QPoint(400, 400);
+        }
+        return pointer.read();
+    });
+    ActiveStroke* stroke = begin(ToolType::Pencil);
+    jammed.start(views.persp().widget(), &node(), "persp");
+    reading.acquire();
+    jammed.stop();  // gives up waiting
+    EXPECT_EQ(stroke->points.size(), 2) << "the main thread's own poll";
+    drawing().dropStroke();
+
+    ActiveStroke* next = begin(ToolType::Pencil);
+    jammed.start(views.persp().widget(), &node(), "persp");
+    stuck.release();
+    waitForReads(3);
+    jammed.stop();
+    EXPECT_EQ(next->points.size(), 2) << "only where the pointer is now";
+    EXPECT_EQ(next->points[0].position, QPoint(200, 198));
+    // Leaving the scope waits for the thread left behind; the leak checker sees that both objects went.
+}
+
+}  // namespace

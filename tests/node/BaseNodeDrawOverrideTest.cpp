@@ -1,0 +1,165 @@
+#include "support/NodeFixture.h"
+
+#include "node/BaseNodeUserData.h"
+
+#include "api/DrawList.h"
+
+#include <maya/MDagPath.h>
+#include <maya/MFnDagNode.h>
+
+#include <memory>
+
+namespace {
+
+class BaseNodeDrawOverrideTest : public NodeFixture {
+protected:
+    BaseNodeDrawOverrideTest()
+    {
+        api::setRendererAvailable(true);
+        run("setAttr perspShape.filmFit 1; setAttr topShape.filmFit 1");
+        MFnDagNode(node().thisMObject()).getPath(path);
+        drawer.reset(BaseNodeDrawOverride::creator(node().thisMObject()));
+    }
+    ~BaseNodeDrawOverrideTest() override
+    {
+        drawer.reset();
+        api::setRendererAvailable(false);
+    }
+
+    void draw(const QString& camera)
+    {
+        drawing().insertLayer(camera, -1, "Ink");
+        drawing().addFrameAtCurrentTime(camera);
+    }
+
+    /// One refresh of one view.
+    struct View {
+        View(const char* camera, int width, int height)
+        {
+            state.camera = kernel::Session::current().scene.findOrNull(std::string(camera) + "Shape");
+            state.width = width;
+            state.height = height;
+            context = api::makeFrameContext(state);
+        }
+
+        api::FrameState state;
+        std::unique_ptr<MHWRender::MFrameContext> context;
+        std::unique_ptr<MUserData> data;
+        api::DrawList list;
+    };
+    void prepare(View& view)
+    {
+        view.data.reset(
+            drawer->prepareForDraw(path, view.context->getCurrentCameraPath(), *view.context, view.data.release()));
+    }
+    void paint(View& view)
+    {
+        const auto manager = api::makeDrawManager(view.list);
+        drawer->addUIDrawables(path, *manager, *view.context, view.data.get());
+    }
+    /// Left, right, bottom and top of the one square that was drawn.
+    std::vector<double> square(const View& view)
+    {
+        if (view.list.items.size() != 1) {
+            return {};
+        }
+        std::vector<double> box = {1e9, -1e9, 1e9, -1e9};
+        for (const kernel::Vector3& point : view.list.items[0].points) {
+            box = {std::min(box[0], point.x), std::max(box[1], point.x), std::min(box[2], point.y),
+                   std::max(box[3], point.y)};
+        }
+        return box;
+    }
+
+    MDagPath path;
+    std::unique_ptr<MHWRender::MPxDrawOverride> drawer;
+};
+
+TEST_F(BaseNodeDrawOverrideTest, DrawsNothingForACameraWithoutADrawing)
+{
+    draw("top");
+    View view("persp", 400, 300);
+    prepare(view);
+    paint(view);
+    EXPECT_TRUE(view.list.items.empty());
+}
+
+TEST_F(BaseNodeDrawOverrideTest, DrawsTheCanvasAsASquareInTheNodesOpacity)
+{
+    draw("persp");
+    run("setAttr lumisketchShape.opacity 0.5; setAttr tqLumisketch1.opacity 0.5");
+    View view("persp", 400, 300);
+    prepare(view);
+    paint(view);
+    ASSERT_EQ(view.list.items.size(), 1u);
+    const api::DrawItem& item = view.list.items[0];
+    EXPECT_EQ(square(view), (std::vector<double>{0, 400, -50, 350}));
+    EXPECT_FLOAT_EQ(item.state.colour[0], 1.f);
+    EXPECT_FLOAT_EQ(item.state.colour[3], node().opacity());
+    ASSERT_NE(item.state.texture, nullptr);
+    EXPECT_EQ(item.state.texture->width, 1024);
+    const QImage& image = *drawing().composite("persp");
+    EXPECT_TRUE(std::equal(item.state.texture->pixels.begin(), item.state.texture->pixels.end(), image.constBits()));
+}
+
+TEST_F(BaseNodeDrawOverrideTest, ViewsOfDifferentSizesPreparedTogetherKeepTheirOwnPlaces)
+{
+    draw("persp");
+    draw("top");
+    View persp("persp", 400, 300);
+    View top("top", 200, 200);
+    prepare(persp);
+    prepare(top);
+    paint(persp);
+    paint(top);
+    EXPECT_EQ(square(persp), (std::vector<double>{0, 400, -50, 350}));
+    EXPECT_EQ(square(top), (std::vector<double>{0, 200, 0, 200}));
+}
+
+TEST_F(BaseNodeDrawOverrideTest, TheTextureIsKeptAndShowsEachChange)
+{
+    draw("persp");
+    View view("persp", 400, 300);
+    prepare(view);
+    paint(view);
+    const std::shared_ptr<api::Texture> texture = view.list.items.at(0).state.texture;
+    QImage red(kCanvasSize, kCanvasSize, QImage::Format_RGBA8888);
+    red.fill(Qt::red);
+    drawing().activeLayer("persp")->setCurrentImage(red);
+    prepare(view);
+    paint(view);
+    EXPECT_EQ(view.list.items.at(1).state.texture, texture);
+    EXPECT_EQ(texture->pixels[0], 255);
+    EXPECT_EQ(texture->pixels[3], 255);
+}
+
+TEST_F(BaseNodeDrawOverrideTest, TwoNodesNeverShareATexture)
+{
+    draw("persp");
+    std::unique_ptr<MHWRender::MPxDrawOverride> other(BaseNodeDrawOverride::creator(node().thisMObject()));
+    View first("persp", 400, 300);
+    prepare(first);
+    paint(first);
+    drawer.swap(other);
+    View second("persp", 400, 300);
+    prepare(second);
+    paint(second);
+    EXPECT_NE(first.list.items.at(0).state.texture->name, second.list.items.at(0).state.texture->name);
+}
+
+TEST_F(BaseNodeDrawOverrideTest, FollowsThe2dPanUnlessToldNotTo)
+{
+    draw("persp");
+    run("setAttr perspShape.panZoomEnabled 1; setAttr perspShape.zoom 0.5");
+    View view("persp", 400, 300);
+    prepare(view);
+    const auto* data = dynamic_cast<const BaseNodeUserData*>(view.data.get());
+    ASSERT_NE(data, nullptr);
+    EXPECT_FLOAT_EQ(data->halfSize, 400.f);
+    Preferences::instance().setIgnore2dPanZoom(true);
+    prepare(view);
+    EXPECT_FLOAT_EQ(data->halfSize, 200.f);
+    EXPECT_EQ(data->centre, MPoint(200, 150));
+}
+
+}  // namespace

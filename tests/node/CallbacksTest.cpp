@@ -1,0 +1,109 @@
+#include "support/NodeFixture.h"
+
+#include "model/LayerListView.h"
+#include "node/Callbacks.h"
+
+#include <maya/MFileIO.h>
+
+namespace {
+
+using testing::ElementsAre;
+
+struct Marks : TimelineMarks {
+    bool update() override
+    {
+        ++updates;
+        return changed;
+    }
+    void refresh() override { ++refreshes; }
+
+    bool changed = false;
+    int updates = 0;
+    int refreshes = 0;
+};
+
+struct List : LayerListView {
+    void clear() override { rows.clear(); }
+    void addRow(const QString& camera, int, const QString& name, int, bool) override { rows << camera + ' ' + name; }
+    void select(const QString&, int) override {}
+    void refresh() override { ++refreshes; }
+
+    QStringList rows;
+    int refreshes = 0;
+};
+
+class CallbacksTest : public NodeFixture {
+protected:
+    CallbacksTest()
+    {
+        EXPECT_TRUE(callbacks::install());
+        TimelineMarks::install(&marks);
+        LayerManager::setLayerListView(&list);
+    }
+    ~CallbacksTest() override { callbacks::remove(); }
+
+    Marks marks;
+    List list;
+};
+
+TEST_F(CallbacksTest, AChangeOfTimeShowsEveryNodesFrames)
+{
+    drawing().insertLayer("persp", -1, "Ink");
+    drawing().addFrame("persp", timeOfFrame(1));
+    drawing().addFrame("persp", timeOfFrame(10));
+    run("currentTime 10");
+    EXPECT_EQ(drawing().activeLayer("persp")->currentFrameIndex(), 1);
+    EXPECT_EQ(marks.updates, 1);
+    EXPECT_EQ(marks.refreshes, 0);
+
+    // Marks that moved with the time are shown anew; the layer under edit keeps its frame.
+    marks.changed = true;
+    run("currentTime 5");
+    EXPECT_EQ(marks.refreshes, 1);
+    EXPECT_EQ(drawing().activeLayer("persp")->currentFrameIndex(), 1);
+}
+
+TEST_F(CallbacksTest, UndoAndRedoRefreshMarksAndPanelWithOrWithoutADrawing)
+{
+    run("createNode transform");
+    run("undo");
+    run("redo");
+    EXPECT_EQ(marks.refreshes, 2);
+    EXPECT_GE(list.refreshes, 2);
+
+    drawing().insertLayer("persp", -1, "Ink");
+    list.rows.clear();
+    run("createNode transform");
+    run("undo");
+    EXPECT_EQ(marks.refreshes, 3);
+    EXPECT_EQ(list.rows, QStringList{"persp Ink"});
+}
+
+TEST_F(CallbacksTest, AnOpenedSceneIsPublishedAtItsTime)
+{
+    drawing().insertLayer("persp", -1, "Ink");
+    drawing().addFrame("persp", timeOfFrame(1));
+    drawing().addFrame("persp", timeOfFrame(10));
+    run("currentTime 10");
+    const MString file = toMString(prefsDir() + "/scene.ma");
+    ASSERT_TRUE(MFileIO::saveAs(file, "mayaAscii", true));
+    run("file -new -force");
+    list.rows.clear();
+    marks.refreshes = 0;
+    ASSERT_TRUE(MFileIO::open(file, "mayaAscii", true));
+    host().drainIdle();
+    EXPECT_EQ(list.rows, QStringList{"persp Ink"});
+    EXPECT_EQ(marks.refreshes, 1);
+    EXPECT_EQ(drawing().activeLayer("persp")->currentFrameIndex(), frameNumberOf(MAnimControl::currentTime()) >= 10);
+}
+
+TEST_F(CallbacksTest, NothingIsHeardAfterTheyAreRemoved)
+{
+    EXPECT_TRUE(callbacks::remove());
+    session().events.raise("Undo");
+    session().events.raise("timeChanged");
+    EXPECT_EQ(marks.refreshes, 0);
+    EXPECT_EQ(marks.updates, 0);
+}
+
+}  // namespace

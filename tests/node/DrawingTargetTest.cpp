@@ -1,0 +1,144 @@
+#include "support/NodeFixture.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class DrawingTargetTest : public NodeFixture {
+protected:
+    struct Outcome {
+        bool found;
+        int newLayer;
+        bool frameCreated;
+    };
+
+    Outcome resolve(const QString& camera = "persp")
+    {
+        Outcome outcome = {false, 77, true};
+        outcome.found = node().drawingTarget(camera, outcome.newLayer, outcome.frameCreated);
+        return outcome;
+    }
+
+    void expectRefused(const char* message)
+    {
+        const QString before = describeDrawing();
+        const Outcome outcome = resolve();
+        EXPECT_FALSE(outcome.found);
+        EXPECT_EQ(outcome.newLayer, -1);
+        EXPECT_FALSE(outcome.frameCreated);
+        EXPECT_THAT(errors(), ElementsAre(std::string(names::kMessagePrefix) + message));
+        EXPECT_EQ(describeDrawing(), before);
+        forgetLines();
+    }
+
+    Preferences& preferences = Preferences::instance();
+};
+
+TEST_F(DrawingTargetTest, AFirstStrokeGetsALayerAndAFrame)
+{
+    goTo(7);
+    const Outcome outcome = resolve();
+    EXPECT_TRUE(outcome.found);
+    EXPECT_EQ(outcome.newLayer, 0);
+    EXPECT_TRUE(outcome.frameCreated);
+    EXPECT_EQ(drawing().frameNumbers("persp"), QList<int>{7});
+
+    const Outcome again = resolve();
+    EXPECT_TRUE(again.found);
+    EXPECT_EQ(again.newLayer, -1);
+    EXPECT_FALSE(again.frameCreated);
+    EXPECT_THAT(errors(), IsEmpty());
+}
+
+TEST_F(DrawingTargetTest, AnAnimatedLayerIsKeyedWhereItHolds)
+{
+    drawing().insertLayer("persp", -1, "Ink");
+    drawing().addFrame("persp", timeOfFrame(3));
+    goTo(7);
+    const Outcome outcome = resolve();
+    EXPECT_TRUE(outcome.found);
+    EXPECT_EQ(outcome.newLayer, -1);
+    EXPECT_TRUE(outcome.frameCreated);
+    EXPECT_EQ(drawing().frameNumbers("persp"), (QList<int>{3, 7}));
+}
+
+TEST_F(DrawingTargetTest, AStaticLayerIsDrawnOnWhereItHolds)
+{
+    drawing().insertLayer("persp", -1, "Ink");
+    drawing().setLayerState("persp", 0, kLayerStatic);
+    drawing().addFrame("persp", timeOfFrame(3));
+    goTo(7);
+    const Outcome outcome = resolve();
+    EXPECT_TRUE(outcome.found);
+    EXPECT_FALSE(outcome.frameCreated);
+    EXPECT_EQ(drawing().frameNumbers("persp"), QList<int>{3});
+}
+
+TEST_F(DrawingTargetTest, AStaticLayerWithoutAFrameTakesTheDefaultOneWhenThatIsNotAhead)
+{
+    preferences.setDefaultLayerState(kLayerStatic);
+    goTo(7);
+    preferences.setDefaultStaticFrameTime(8);
+    expectRefused("Static layer: A frame is required at or before the current time.");
+    preferences.setDefaultStaticFrameTime(-999);
+    preferences.setInsertDefaultStaticFrame(false);
+    expectRefused("Static layer: A frame is required at or before the current time.");
+
+    preferences.setInsertDefaultStaticFrame(true);
+    const Outcome outcome = resolve();
+    EXPECT_TRUE(outcome.found);
+    EXPECT_EQ(outcome.newLayer, 0);
+    EXPECT_TRUE(outcome.frameCreated);
+    EXPECT_EQ(drawing().frameNumbers("persp"), QList<int>{-999});
+}
+
+TEST_F(DrawingTargetTest, RefusesWithAMessageAndLeavesNothingBehind)
+{
+    preferences.setAutomaticallyAddFirstLayer(false);
+    expectRefused("A layer does not exist for the current camera");
+
+    preferences.setAutomaticallyAddFirstLayer(true);
+    preferences.setDefaultLayerState(kLayerLocked);  // the layer made for the stroke is taken back
+    expectRefused("Active layer is locked.");
+
+    preferences.setDefaultLayerState(kLayerAnim);
+    drawing().insertLayer("persp", -1, "Ink");
+    drawing().setLayerState("persp", 0, kLayerLocked);
+    expectRefused("Active layer is locked.");
+    drawing().setLayerVisible("persp", 0, false);
+    expectRefused("Active layer is not visible.");
+    drawing().layer("persp", 0)->setActive(false);
+    expectRefused("An active layer does not exist.");
+}
+
+TEST_F(DrawingTargetTest, AnEmptyCameraIsRefusedSilently)
+{
+    EXPECT_FALSE(resolve(QString()).found);
+    EXPECT_THAT(errors(), IsEmpty());
+}
+
+TEST_F(DrawingTargetTest, WithdrawingTakesBackTheFrameOrTheLayerWhereverTimeHasMoved)
+{
+    goTo(5);
+    Outcome made = resolve();
+    ASSERT_TRUE(made.frameCreated);
+    goTo(8);
+    node().withdrawDrawingTarget({"persp", 0, 5}, made.newLayer, made.frameCreated);
+    EXPECT_EQ(drawing().totalLayerCount(), 0);
+
+    drawing().insertLayer("persp", -1, "Ink");
+    drawing().addFrame("persp", timeOfFrame(1));
+    drawing().addFrame("persp", timeOfFrame(8));
+    goTo(8);
+    const QString before = describeDrawing();
+    goTo(5);
+    made = resolve();
+    ASSERT_TRUE(made.frameCreated);
+    goTo(8);
+    node().withdrawDrawingTarget({"persp", 0, 5}, made.newLayer, made.frameCreated);
+    EXPECT_EQ(describeDrawing(), before);
+    EXPECT_EQ(drawing().activeLayer("persp")->currentFrameIndex(), 1);
+}
+
+}  // namespace
