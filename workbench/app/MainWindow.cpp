@@ -84,6 +84,9 @@ MainWindow::~MainWindow()
     for (const unsigned id : m_callbacks) {
         m_session.events.remove(id);
     }
+    for (const unsigned id : m_watchers) {
+        m_session.events.unwatch(id);
+    }
     // The views go before what they report to.
     delete takeCentralWidget();
 }
@@ -173,6 +176,9 @@ void MainWindow::listen()
     for (const char* event :
          {"Undo", "Redo", "NewSceneOpened", "SceneOpened", "SceneSaved", "SelectionChanged", "timeChanged"}) {
         m_callbacks.push_back(m_session.events.add(event, [this] { ScheduleStatus(); }));
+    }
+    for (const char* condition : {"UndoAvailable", "RedoAvailable"}) {
+        m_watchers.push_back(m_session.events.watch(condition, [this](bool) { ScheduleStatus(); }));
     }
     api::ToolBox::instance().setListener([] {
         if (s_window) {
@@ -327,6 +333,7 @@ void MainWindow::showTool()
 {
     m_help->setText(QString::fromStdString(api::ToolBox::instance().helpString()));
     m_help->setToolTip(m_help->text());
+    m_viewports->setCursor(api::ToolBox::instance().cursor());
 }
 
 // --- keys ----------------------------------------------------------------------------------------------------------

@@ -95,6 +95,7 @@ private:
     TimeField* m_time = nullptr;
     QTimer m_statusTimer;
     std::vector<unsigned> m_callbacks;
+    std::vector<unsigned> m_watchers;
     int m_exitCode = 0;
 };
 

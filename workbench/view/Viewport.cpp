@@ -154,6 +154,11 @@ void Viewport::paintGL()
     }
     api::DrawList shapes;
     api::drawOverrides(frame, shapes);
+    {
+        const auto manager = api::makeDrawManager(shapes);
+        const auto context = api::makeFrameContext(frame);
+        api::ToolBox::instance().drawFeedback(*manager, *context);
+    }
     shapes.items.insert(shapes.items.end(), m_toolShapes.items.begin(), m_toolShapes.items.end());
 
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE);

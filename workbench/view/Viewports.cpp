@@ -71,6 +71,15 @@ void Viewports::setActive(Viewport* view)
     }
 }
 
+void Viewports::setCursor(const QCursor& cursor)
+{
+    for (const Entry& entry : m_entries) {
+        if (entry.view) {
+            entry.view->setCursor(cursor);
+        }
+    }
+}
+
 void Viewports::Activate(view::Viewport* view)
 {
     setActive(view);

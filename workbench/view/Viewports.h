@@ -3,6 +3,7 @@
 #include "api/Views.h"
 #include "kernel/Session.h"
 
+#include <QCursor>
 #include <QObject>
 #include <QPointer>
 
@@ -29,6 +30,8 @@ public:
     Viewport* find(const std::string& panelName) const;
     Viewport* active() const { return m_active; }
     void setActive(Viewport* view);
+    /// The pointer's shape over the views.
+    void setCursor(const QCursor& cursor);
 
     std::vector<api::View*> views() const override;
     api::View* activeView() const override;

@@ -1,0 +1,221 @@
+#include "app/MainWindow.h"
+
+#include "api/Tools.h"
+#include "app/TimeField.h"
+#include "support/HostFixture.h"
+#include "view/Viewport.h"
+#include "view/Viewports.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QSpinBox>
+
+#include <maya/MPxContext.h>
+
+namespace {
+
+class KeyTool : public MPxContext {
+public:
+    explicit KeyTool(QStringList& log) : m_log(log) { setHelpString("Press a key."); }
+    void completeAction() override { m_log << "complete"; }
+    void abortAction() override { m_log << "abort"; }
+    void deleteAction() override { m_log << "delete"; }
+
+private:
+    QStringList& m_log;
+};
+
+class MainWindow : public testing::Test {
+protected:
+    MainWindow()
+    {
+        app::HostOptions options;
+        options.batch = false;
+        options.prefsDir = m_prefs.path().toStdString();
+        host = std::make_unique<app::Host>(options);
+        window = std::make_unique<app::MainWindow>(*host);
+    }
+    ~MainWindow() override
+    {
+        host->shutDown();
+        window.reset();
+    }
+
+    std::string value(const std::string& text) { return kernel::toText(host->evaluate(text)); }
+    QAction* action(const QString& name)
+    {
+        QCoreApplication::processEvents();
+        for (QAction* candidate : window->findChildren<QAction*>()) {
+            if (candidate->text().remove('&').startsWith(name)) {
+                return candidate;
+            }
+        }
+        return nullptr;
+    }
+    QString textOf(const char* label) { return window->findChild<QLabel*>(label)->text(); }
+    void pressKey(QWidget* widget, int key)
+    {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QApplication::sendEvent(widget, &event);
+    }
+
+    QTemporaryDir m_prefs;
+    std::unique_ptr<app::Host> host;
+    std::unique_ptr<app::MainWindow> window;
+};
+
+}  // namespace
+
+TEST_F(MainWindow, MenusUndoAndRedoByName)
+{
+    EXPECT_FALSE(action("Undo")->isEnabled());
+    window->runAction("createNode transform -n thing");
+    EXPECT_TRUE(action("Undo")->isEnabled());
+    EXPECT_EQ(action("Undo")->text(), "&Undo createNode transform -n thing");
+    action("Undo")->trigger();
+    EXPECT_EQ(value("objExists thing"), "0");
+    EXPECT_FALSE(action("Undo")->isEnabled());
+    EXPECT_TRUE(action("Redo")->isEnabled());
+    action("Redo")->trigger();
+    EXPECT_EQ(value("objExists thing"), "1");
+    EXPECT_FALSE(action("Redo")->isEnabled());
+}
+
+TEST_F(MainWindow, TitleNamesTheFileAndMarksChanges)
+{
+    EXPECT_TRUE(window->windowTitle().startsWith("untitled - "));
+    host->run("createNode transform");
+    action("Undo");
+    EXPECT_TRUE(window->windowTitle().startsWith("untitled* - "));
+    host->run("file -rename \"" + m_prefs.filePath("shot.ma").toStdString() + "\"; file -save -type \"mayaAscii\"");
+    action("Undo");
+    EXPECT_TRUE(window->windowTitle().startsWith("shot.ma - ")) << window->windowTitle().toStdString();
+}
+
+TEST_F(MainWindow, TimeFieldFollowsAndSetsTheCurrentTime)
+{
+    auto* const field = window->findChild<QSpinBox*>("currentTime");
+    host->run("currentTime 12");
+    EXPECT_EQ(field->value(), 12);
+    host->run("currentTime 12.75");
+    EXPECT_EQ(field->value(), 12);
+    EXPECT_EQ(value("currentTime -q"), "12.75") << "showing a time must not change it";
+    field->setValue(30);
+    EXPECT_EQ(value("currentTime -q"), "30");
+    action("Undo")->trigger();
+    EXPECT_EQ(field->value(), 12);
+
+    EXPECT_EQ(app::frameRateText(kernel::TimeUnit::Film), "24 fps");
+    EXPECT_EQ(app::frameRateText(kernel::TimeUnit::Fps23_976), "23.976 fps");
+    EXPECT_EQ(app::frameRateText(kernel::TimeUnit::Fps44100), "44100 fps");
+}
+
+TEST_F(MainWindow, LinesShowTheLastMessageAndTheToolsHelp)
+{
+    host->session().output.info("all is well");
+    EXPECT_EQ(textOf("messageLine"), "all is well");
+    window->runAction("noSuchCommand");
+    EXPECT_TRUE(textOf("messageLine").startsWith("Error: ")) << textOf("messageLine").toStdString();
+    window->runAction("objExists persp");
+    EXPECT_EQ(textOf("messageLine"), "Result: 1");
+
+    QStringList log;
+    api::ToolBox& tools = api::ToolBox::instance();
+    tools.setCurrent(tools.add("keyToolCtx", "", new KeyTool(log), nullptr));
+    EXPECT_EQ(textOf("helpLine"), "Press a key.");
+    tools.removeOf("keyToolCtx");
+    EXPECT_EQ(textOf("helpLine"), "Select Tool");
+}
+
+TEST_F(MainWindow, KeysThatNobodyWantedGoToTheTool)
+{
+    QStringList log;
+    api::ToolBox& tools = api::ToolBox::instance();
+    tools.setCurrent(tools.add("keyToolCtx", "", new KeyTool(log), nullptr));
+    view::Viewport* const view = window->viewports().active();
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Escape}) {
+        pressKey(view, key);
+    }
+    EXPECT_EQ(log.join(' '), "complete complete delete delete abort");
+
+    // A filter on the window, as modules have them, is asked first.
+    struct Filter : QObject {
+        bool eventFilter(QObject*, QEvent* event) override { return event->type() == QEvent::KeyPress; }
+    } filter;
+    window->installEventFilter(&filter);
+    pressKey(view, Qt::Key_Escape);
+    window->removeEventFilter(&filter);
+    EXPECT_EQ(log.size(), 5);
+}
+
+TEST_F(MainWindow, TheSelectToolDeletesWhatIsSelected)
+{
+    host->run("createNode transform -n thing; select thing");
+    view::Viewport* const view = window->viewports().active();
+    pressKey(view, Qt::Key_Delete);
+    EXPECT_EQ(value("objExists thing"), "0");
+    action("Undo")->trigger();
+    EXPECT_EQ(value("objExists thing"), "1");
+    host->run("select -cl");
+    pressKey(view, Qt::Key_Delete);
+    EXPECT_EQ(value("objExists thing"), "1");
+}
+
+TEST_F(MainWindow, ShowsOneOrTwoViewsAndLooksThroughCameras)
+{
+    EXPECT_EQ(value("workbenchView -q -panes"), "1");
+    EXPECT_EQ(value("modelPanel -exists modelPanel1"), "0");
+    EXPECT_EQ(value("lookThru -q modelPanel4"), "persp");
+    action("Two Panes")->trigger();
+    EXPECT_EQ(value("workbenchView -q -panes"), "2");
+    EXPECT_EQ(value("modelPanel -q -camera modelPanel1"), "top");
+    EXPECT_EQ(value("getPanel -type modelPanel"), "modelPanel4 modelPanel1");
+    EXPECT_EQ(value("size(`workbenchView -q -screenRect -panel modelPanel1`)"), "4");
+
+    EXPECT_TRUE(host->run("lookThru modelPanel1 side; lookThru frontShape modelPanel4"));
+    EXPECT_EQ(value("lookThru -q modelPanel1"), "side");
+    EXPECT_EQ(value("modelEditor -q -camera modelPanel4"), "front");
+    EXPECT_TRUE(host->run("lookThru top"));
+    EXPECT_EQ(value("lookThru -q"), "top") << "without a panel, the view worked in";
+    EXPECT_TRUE(host->run("modelPanel -e -camera persp modelPanel4"));
+    EXPECT_EQ(value("lookThru -q"), "persp");
+
+    for (const char* wrong : {"lookThru noSuchCamera", "lookThru modelPanel9 persp", "lookThru time1",
+                              "workbenchView -q -screenRect -panel modelPanel9", "workbenchView -panes 3",
+                              "modelPanel -q -camera modelPanel9", "workbenchPen -pressure 2", "workbenchPen"}) {
+        EXPECT_FALSE(host->run(wrong)) << wrong;
+    }
+    EXPECT_EQ(value("workbenchView -q -panes"), "2");
+}
+
+TEST_F(MainWindow, NamesItsPartsForScripts)
+{
+    EXPECT_EQ(value("$window = $gMainWindow"), "MayaWindow");
+    EXPECT_EQ(window->viewports().findControl(value("$slider = $gPlayBackSlider")),
+              window->findChild<QWidget*>("timeControl1"));
+}
+
+TEST_F(MainWindow, TheCommandFieldRunsALineAndRemembersIt)
+{
+    auto* const field = window->findChild<QLineEdit*>("commandField");
+    field->setText("createNode transform -n typed");
+    pressKey(field, Qt::Key_Return);
+    EXPECT_EQ(value("objExists typed"), "1");
+    EXPECT_EQ(field->text(), "");
+    pressKey(field, Qt::Key_Up);
+    EXPECT_EQ(field->text(), "createNode transform -n typed");
+}
+
+TEST_F(MainWindow, WorkForIdleTimeIsDoneByTheEventLoop)
+{
+    host->session().script().execute("evalDeferred \"createNode transform -n later\"", false, true);
+    EXPECT_EQ(host->session().scene.findOrNull("later"), nullptr);
+    for (int i = 0; i < 1000 && !host->session().scene.findOrNull("later"); ++i) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+    EXPECT_NE(host->session().scene.findOrNull("later"), nullptr);
+}

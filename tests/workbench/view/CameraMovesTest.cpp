@@ -1,0 +1,106 @@
+#include "view/CameraMoves.h"
+
+#include "kernel/Session.h"
+#include "view/CameraMath.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using view::CameraPose;
+
+namespace {
+
+/// What the camera looks at, by the node's own matrix rather than by the code under test.
+kernel::Vector3 interestOf(const kernel::Node& shape)
+{
+    return kernel::transformPoint({0, 0, -shape.number("centerOfInterest")}, shape.worldMatrix());
+}
+
+double distance(const kernel::Vector3& a, const kernel::Vector3& b)
+{
+    return std::sqrt((a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y) + (a.z - b.z) * (a.z - b.z));
+}
+
+class CameraMoves : public testing::Test {
+protected:
+    kernel::Node& camera(const char* name) { return *session.scene.findOne(std::string(name) + "Shape"); }
+    void apply(kernel::Node& shape, const CameraPose& pose) { view::applyPose(session.scene, shape, pose); }
+
+    kernel::Session session;
+};
+
+}  // namespace
+
+TEST_F(CameraMoves, OrbitingKeepsThePointOfInterestAndItsDistance)
+{
+    kernel::Node& persp = camera("persp");
+    const kernel::Vector3 before = interestOf(persp);
+    const double coi = persp.number("centerOfInterest");
+    const double steps[][2] = {{30, 0}, {0, 20}, {-75, -40}, {10, 65}};
+    for (const auto& step : steps) {
+        apply(persp, view::orbited(view::poseOf(persp), step[0], step[1]));
+        EXPECT_LT(distance(interestOf(persp), before), 1e-6);
+        EXPECT_NEAR(persp.number("centerOfInterest"), coi, 1e-9);
+    }
+    // A drag to the right turns the scene with it: the camera goes left around.
+    CameraPose pose;
+    pose.interest = 10;
+    pose.translate = {0, 0, 10};
+    EXPECT_LT(view::orbited(pose, 20, 0).translate.x, 0);
+    EXPECT_GT(view::orbited(pose, 0, 20).translate.y, 0);
+}
+
+TEST_F(CameraMoves, TrackingByAPixelMovesThePictureByOne)
+{
+    kernel::Node& persp = camera("persp");
+    const int width = 640, height = 360;
+    const kernel::Vector3 point = interestOf(persp);
+    const view::Frustum frustum = view::frustumOf(view::lensOf(persp), width, height);
+    const double units = view::unitsPerPixel(frustum, height, persp.number("centerOfInterest"));
+    apply(persp, view::tracked(view::poseOf(persp), -units, 2 * units));
+
+    const api::ViewMatrices matrices = view::matricesOf(persp, width, height);
+    const kernel::Vector3 eye = kernel::transformPoint(point, matrices.view);
+    EXPECT_NEAR(eye.x / -eye.z * frustum.nearPlane / frustum.width() * width, 1, 1e-6);
+    EXPECT_NEAR(eye.y / -eye.z * frustum.nearPlane / frustum.height() * height, -2, 1e-6);
+}
+
+TEST_F(CameraMoves, DollyingComesNearerOrNarrowsAFlatView)
+{
+    kernel::Node& persp = camera("persp");
+    const kernel::Vector3 before = interestOf(persp);
+    const double coi = persp.number("centerOfInterest");
+    apply(persp, view::dollied(view::poseOf(persp), 0.5, false));
+    EXPECT_NEAR(persp.number("centerOfInterest"), coi / 2, 1e-9);
+    EXPECT_LT(distance(interestOf(persp), before), 1e-6);
+    for (int i = 0; i < 100; ++i) {
+        apply(persp, view::dollied(view::poseOf(persp), 0.5, false));
+    }
+    EXPECT_GT(persp.number("centerOfInterest"), 0) << "never through the point it looks at";
+
+    kernel::Node& top = camera("top");
+    apply(top, view::dollied(view::poseOf(top), 2, true));
+    EXPECT_DOUBLE_EQ(top.number("orthographicWidth"), 60);
+    EXPECT_DOUBLE_EQ(top.parent()->number("translateY"), 1000.1);
+}
+
+TEST_F(CameraMoves, OnlyCamerasOfTheScenesOwnMakeItCountAsChanged)
+{
+    apply(camera("persp"), view::orbited(view::poseOf(camera("persp")), 10, 10));
+    EXPECT_FALSE(session.scene.isModified());
+
+    const kernel::NodePtr transform = session.scene.makeNode(*session.nodeTypes.find("transform"), "shotCam");
+    const kernel::NodePtr shape = session.scene.makeNode(*session.nodeTypes.find("camera"), "shotCamShape");
+    session.scene.attach(transform);
+    session.scene.attach(shape, transform.get());
+    session.scene.setModified(false);
+    kernel::PlugFlags locked;
+    locked.locked = true;
+    transform->setFlags(*transform->attribute("translateX"), locked);
+    session.scene.setModified(false);
+    apply(*shape, view::tracked(view::poseOf(*shape), 3, 4));
+    EXPECT_TRUE(session.scene.isModified());
+    EXPECT_EQ(transform->number("translateX"), 0) << "locked";
+    EXPECT_DOUBLE_EQ(transform->number("translateY"), 4);
+}
