@@ -78,8 +78,9 @@ void Scene::keepAsStatements(Node& node, const AttributeSpec& attribute)
         m_session.output.warning(error.what());
         return;
     }
-    if (!text.str().empty())
-        node.unknownStatements.push_back(text.str());
+    std::string statements = text.str();
+    if (!statements.empty())
+        node.unknownStatements.push_back(std::move(statements));
 }
 
 }  // namespace kernel
