@@ -18,7 +18,7 @@ std::vector<std::string>& journal()
 
 int s_alive = 0;
 
-/// `probe -say TEXT [-undoable] [-fail] [-times N]`: undoable only when asked to be.
+/// `probe -words TEXT [-undoable] [-fail] [-times N]`: undoable only when asked to be.
 class Probe : public MPxCommand {
 public:
     Probe() { ++s_alive; }
@@ -28,7 +28,7 @@ public:
     static MSyntax newSyntax()
     {
         MSyntax syntax;
-        syntax.addFlag("-s", "-say", MSyntax::kString);
+        syntax.addFlag("-s", "-words", MSyntax::kString);
         syntax.addFlag("-u", "-undoable");
         syntax.addFlag("-f", "-fail");
         syntax.addFlag("t", "times", MSyntax::kLong);
@@ -43,7 +43,7 @@ public:
         if (!status)
             return status;
         MString text;
-        parsed.getFlagArgument("say", 0, text);
+        parsed.getFlagArgument("words", 0, text);
         m_text = text.asUTF8();
         m_undoable = parsed.isFlagSet("-undoable");
         journal().push_back("do " + m_text);
@@ -100,7 +100,7 @@ public:
         const MString kind = args.asString(0);
         if (kind == "bool")
             setResult(true);
-        else if (kind == "float")
+        else if (kind == "real")
             setResult(0.5f);
         else if (kind == "ints") {
             appendToResult(1);
@@ -138,13 +138,13 @@ protected:
 
 TEST_F(MPxCommandTest, IsKeptOnlyWhenUndoableAfterDoIt)
 {
-    ASSERT_TRUE(run("probe -say a"));
+    ASSERT_TRUE(run("probe -words a"));
     EXPECT_EQ(s_alive, 0);
     EXPECT_EQ(session().undo.count(), 0u);
 
-    ASSERT_TRUE(run("probe -say b -undoable"));
+    ASSERT_TRUE(run("probe -words b -undoable"));
     EXPECT_EQ(s_alive, 1);
-    ASSERT_TRUE(run("probe -say c; probe -u -s d"));
+    ASSERT_TRUE(run("probe -words c; probe -u -s d"));
     EXPECT_EQ(session().undo.count(), 2u);
     EXPECT_EQ(s_alive, 2);
 
@@ -156,7 +156,7 @@ TEST_F(MPxCommandTest, IsKeptOnlyWhenUndoableAfterDoIt)
 
 TEST_F(MPxCommandTest, LeavesNothingBehindWhenDoItFails)
 {
-    EXPECT_FALSE(run("probe -say a -undoable -fail; probe -say never"));
+    EXPECT_FALSE(run("probe -words a -undoable -fail; probe -words never"));
     EXPECT_THAT(journal(), ElementsAre("do a"));
     EXPECT_EQ(s_alive, 0);
     EXPECT_EQ(session().undo.count(), 0u);
@@ -185,7 +185,7 @@ TEST_F(MPxCommandTest, IsNotRunWhenItsArgumentsDoNotFitItsSyntax)
 
 TEST_F(MPxCommandTest, GivesEachExecutionAResultOfItsOwn)
 {
-    EXPECT_EQ(evaluate("nesting \"probe -say x\""), kernel::Value(std::string("outer 41, inner x")));
+    EXPECT_EQ(evaluate("nesting \"probe -words x\""), kernel::Value(std::string("outer 41, inner x")));
     // the inner one's result does not stand in for a missing outer one
     EXPECT_FALSE(kernel::hasValue(evaluate("results none")));
 }
@@ -193,7 +193,7 @@ TEST_F(MPxCommandTest, GivesEachExecutionAResultOfItsOwn)
 TEST_F(MPxCommandTest, GivesResultsAsScriptTypes)
 {
     EXPECT_EQ(evaluate("results bool"), kernel::Value(1));
-    EXPECT_EQ(evaluate("results float"), kernel::Value(0.5));
+    EXPECT_EQ(evaluate("results real"), kernel::Value(0.5));
     EXPECT_EQ(evaluate("results ints"), kernel::Value(kernel::IntArray{1, 2}));
     EXPECT_EQ(evaluate("results texts"), kernel::Value(kernel::StringArray{"a", "b"}));
     EXPECT_EQ(evaluate("results mixed"), kernel::Value(7));
