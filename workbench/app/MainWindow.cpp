@@ -20,6 +20,7 @@
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -131,15 +132,14 @@ void MainWindow::buildLines()
     layout->setVerticalSpacing(4);
     layout->addWidget(m_splitter, 0, 0, 1, 2);
     layout->setRowStretch(0, 1);
+    layout->setColumnStretch(0, 1);
     layout->addWidget(m_help, 1, 0);
     layout->addWidget(m_time, 1, 1);
-    auto* const lines = new QSplitter(Qt::Horizontal);
-    lines->setHandleWidth(4);
-    lines->addWidget(m_command);
-    lines->addWidget(m_messages);
-    lines->setStretchFactor(0, 2);
-    lines->setStretchFactor(1, 3);
-    layout->addWidget(lines, 2, 0, 1, 2);
+    auto* const lines = new QHBoxLayout;
+    lines->setSpacing(4);
+    lines->addWidget(m_command, 2);
+    lines->addWidget(m_messages, 3);
+    layout->addLayout(lines, 2, 0, 1, 2);
     setCentralWidget(whole);
 }
 

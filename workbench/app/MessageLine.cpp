@@ -25,7 +25,8 @@ MessageLine::MessageLine(kernel::Output& output, QWidget* parent) : QLabel(paren
     setObjectName("messageLine");
     setTextFormat(Qt::PlainText);
     setTextInteractionFlags(Qt::NoTextInteraction);
-    setMinimumHeight(22);
+    setFixedHeight(22);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // a long message must not widen the window
     m_listener =
         m_output.addListener([this](kernel::Severity severity, const std::string& text) { show(severity, text); });
 }

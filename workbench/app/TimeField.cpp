@@ -40,7 +40,7 @@ TimeField::TimeField(kernel::Session& session, std::function<bool(const std::str
     m_number->setAlignment(Qt::AlignRight);
     m_number->setKeyboardTracking(false);  // the scene follows a finished number, not each digit
     m_number->setFixedHeight(22);
-    m_number->setMinimumWidth(72);
+    m_number->setFixedWidth(80);
     m_number->setFocusPolicy(Qt::ClickFocus);
     m_number->setToolTip(tr("Current time"));
     m_rate->setMinimumWidth(m_rate->fontMetrics().horizontalAdvance("23.976 fps") + 4);

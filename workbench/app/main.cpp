@@ -17,6 +17,14 @@ namespace {
 
 constexpr char kVersion[] = "2.5.4";
 
+/// Without a login session there is no runtime folder, which the toolkit mentions at every start; nothing here uses it.
+void writeToolkitMessage(QtMsgType, const QMessageLogContext&, const QString& text)
+{
+    if (!text.startsWith("QStandardPaths: ")) {
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+    }
+}
+
 /// Qt takes the user's locale over; numbers in scenes and scripts have a point in every country.
 void keepNumbersPlain()
 {
@@ -119,6 +127,7 @@ int main(int argc, char** argv)
         std::printf("lumisketch-workbench %s\n", kVersion);
         return 0;
     }
+    qInstallMessageHandler(writeToolkitMessage);
     if (line.batch) {
         return runWithoutWindow(argc, argv, line);
     }
