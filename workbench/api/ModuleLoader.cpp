@@ -158,6 +158,7 @@ void unload(const ModulePtr& module, bool force)
         session.output.warning("uninitializePlugin function failed (" + module->name + ")");
     for (const std::string& leftover : dropLeftovers(*module))
         session.output.warning(quotedName(module->name) + " left behind " + leftover + ".");
+    dropUndoOf(*module);  // what its tools and entry point did while they were leaving
     closeLibrary(*module);
     forget(module);
 }

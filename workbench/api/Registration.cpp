@@ -4,6 +4,7 @@
 #include "api/ContextCommand.h"
 #include "api/DrawOverrides.h"
 #include "api/Messages.h"
+#include "api/Module.h"
 #include "api/ModuleCommand.h"
 
 #include <algorithm>
@@ -78,9 +79,8 @@ std::string moduleOfCode(const void* code)
     Dl_info info;
     if (!code || dladdr(code, &info) == 0 || !info.dli_fname)
         return {};
-    const std::string path = info.dli_fname;
-    const std::string file = path.substr(path.rfind('/') + 1);
-    return file.substr(0, file.rfind('.'));
+    const ModulePtr found = findModule(info.dli_fname);
+    return found ? found->name : std::string();
 }
 
 bool registerCommand(kernel::Session& session, const std::string& module, const std::string& name, Creator creator,

@@ -25,7 +25,7 @@ private:
     std::string m_before;
 };
 
-/// The current module, or the base name of the library that holds `code` (a callback's address).
+/// The current module, or the loaded one that holds `code` (a callback's address); empty for the host's own.
 std::string moduleOfCode(const void* code);
 
 using Creator = void* (*)();
