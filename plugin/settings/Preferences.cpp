@@ -72,7 +72,7 @@ const Preferences::ToolOptions* Preferences::optionsOf(ToolType tool)
     return nullptr;
 }
 
-// The order is that of the file.
+// In the order in which they are read and written.
 const std::vector<PreferenceRow>& Preferences::rows()
 {
     using P = Preferences;

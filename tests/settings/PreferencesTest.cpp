@@ -1,6 +1,6 @@
 #include "settings/PreferenceRow.h"
-#include "support/PluginFixture.h"
 #include "support/QtPrint.h"
+#include "support/SettingsFixture.h"
 
 #include <QDir>
 #include <QFile>
@@ -11,7 +11,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class PreferencesTest : public PluginFixture {
+class PreferencesTest : public SettingsFixture {
 protected:
     QString path() const { return prefsDir() + "/tried.ini"; }
 
@@ -70,17 +70,6 @@ TEST_F(PreferencesTest, EveryValueComesBackFromTheFile)
         EXPECT_EQ(row.value(loaded), otherValue(row)) << row.group() << "/" << row.key();
     }
     EXPECT_EQ(QSettings(path(), QSettings::IniFormat).value("main/version").toInt(), 1);
-}
-
-TEST_F(PreferencesTest, TheFileHoldsThreeGroupsInOrder)
-{
-    Preferences().saveTo(path());
-    QFile file(path());
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray text = file.readAll();
-    EXPECT_LT(text.indexOf("[main]"), text.indexOf("[tools]"));
-    EXPECT_LT(text.indexOf("[tools]"), text.indexOf("[preferences]"));
-    EXPECT_GE(text.indexOf("[main]"), 0);
 }
 
 TEST_F(PreferencesTest, NumbersOutOfRangeFollowTheirRule)

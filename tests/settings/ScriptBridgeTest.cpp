@@ -2,8 +2,8 @@
 #include "settings/Messages.h"
 #include "settings/Names.h"
 #include "settings/Text.h"
-#include "support/PluginFixture.h"
 #include "support/QtPrint.h"
+#include "support/SettingsFixture.h"
 
 #include <maya/MSelectionList.h>
 
@@ -11,7 +11,7 @@ namespace {
 
 using testing::ElementsAre;
 
-class ScriptBridgeTest : public PluginFixture {
+class ScriptBridgeTest : public SettingsFixture {
 protected:
     /// What the host got to run under a name: the arguments, a blank between them.
     void listenTo(const char* command)

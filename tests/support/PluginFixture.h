@@ -1,12 +1,10 @@
 #pragma once
 
 #include "model/LayerManager.h"
-#include "settings/PenState.h"
-#include "settings/Preferences.h"
-#include "support/HostFixture.h"
+#include "support/SettingsFixture.h"
 
-/// A fresh host, and everything of the plug-in that is process-wide as it is when the module has just been loaded.
-class PluginFixture : public HostFixture {
+/// The same, and nobody listening to drawings.
+class PluginFixture : public SettingsFixture {
 protected:
     PluginFixture() { reset(); }
     ~PluginFixture() override { reset(); }
@@ -14,8 +12,6 @@ protected:
 private:
     static void reset()
     {
-        Preferences::instance() = Preferences();
-        penState::reset();
         LayerManager::setLayerListView(nullptr);
         LayerManager::setDrawingViews(nullptr);
     }
