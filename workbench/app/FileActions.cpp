@@ -2,6 +2,7 @@
 
 #include "app/ScriptText.h"
 
+#include <QAbstractButton>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -37,11 +38,14 @@ bool FileActions::mayDiscardScene()
         return true;
     }
     const QString name = QFileInfo(QString::fromStdString(m_session.scene.fileName())).fileName();
-    QMessageBox question(QMessageBox::Warning, tr("Unsaved Changes"),
+    QMessageBox question(QMessageBox::NoIcon, tr("Unsaved Changes"),
                          tr("Save changes to %1?").arg(name.isEmpty() ? tr("untitled scene") : name),
                          QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, m_window);
     question.setInformativeText(tr("What is not saved is lost."));
     question.setDefaultButton(QMessageBox::Save);
+    for (QAbstractButton* button : question.buttons()) {
+        button->setIcon(QIcon());
+    }
     switch (question.exec()) {
     case QMessageBox::Save: return Save();
     case QMessageBox::Discard: return true;

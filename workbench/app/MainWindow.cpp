@@ -120,6 +120,7 @@ void MainWindow::buildLines()
     m_help->setObjectName("helpLine");
     m_help->setTextFormat(Qt::PlainText);
     m_help->setMinimumSize(80, 22);
+    m_help->setContentsMargins(6, 0, 6, 0);  // in line with the text of the field below
     m_help->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     m_time = new TimeField(m_session, run);
     m_time->setObjectName("timeControl1");

@@ -6,7 +6,7 @@ namespace view {
 
 namespace {
 
-constexpr int kSegments = 64;  // around a circle
+constexpr int kSegments = 96;  // around a circle
 constexpr int kRings = 32;     // from pole to pole
 
 unsigned add(Mesh& mesh, const kernel::Vector3& position, const kernel::Vector3& normal)

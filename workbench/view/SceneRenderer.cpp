@@ -40,24 +40,40 @@ QColor surfaceColour(const kernel::Node& shape)
     return QColor(0xa0, 0xa0, 0xa0);
 }
 
-void setLight()
+/// Two lights that go with the viewer, so that forms read from everywhere: one over the left shoulder, a weaker, cooler
+/// one from the right that keeps shadow sides apart from each other.
+void setLights()
 {
-    // Over the viewer's left shoulder, so that forms read from everywhere.
-    const float direction[] = {-0.45f, 0.65f, 0.75f, 0};
-    const float diffuse[] = {0.78f, 0.77f, 0.75f, 1};
+    const struct {
+        unsigned light;
+        float direction[4];
+        float diffuse[4];
+    } lights[] = {
+        {GL_LIGHT0, {-0.45f, 0.70f, 0.70f, 0}, {0.66f, 0.65f, 0.63f, 1}},
+        {GL_LIGHT1, {0.85f, 0.10f, 0.35f, 0}, {0.20f, 0.22f, 0.25f, 1}},
+    };
     const float none[] = {0, 0, 0, 1};
-    const float ambient[] = {0.30f, 0.31f, 0.33f, 1};
-    const kernel::Matrix4 inEyeSpace;
+    const float ambient[] = {0.34f, 0.35f, 0.37f, 1};
     glMatrixMode(GL_MODELVIEW);
     glPushMatrix();
-    glLoadMatrixd(&inEyeSpace.m[0][0]);
-    glLightfv(GL_LIGHT0, GL_POSITION, direction);
+    glLoadIdentity();  // directions are the viewer's
+    for (const auto& light : lights) {
+        glLightfv(light.light, GL_POSITION, light.direction);
+        glLightfv(light.light, GL_DIFFUSE, light.diffuse);
+        glLightfv(light.light, GL_SPECULAR, none);
+        glLightfv(light.light, GL_AMBIENT, none);
+        glEnable(light.light);
+    }
     glPopMatrix();
-    glLightfv(GL_LIGHT0, GL_DIFFUSE, diffuse);
-    glLightfv(GL_LIGHT0, GL_SPECULAR, none);
-    glLightfv(GL_LIGHT0, GL_AMBIENT, none);
     glLightModelfv(GL_LIGHT_MODEL_AMBIENT, ambient);
-    glLightModeli(GL_LIGHT_MODEL_TWO_SIDE, 1);
+}
+
+bool isMirrored(const kernel::Matrix4& world)
+{
+    const double(&m)[4][4] = world.m;
+    return m[0][0] * (m[1][1] * m[2][2] - m[1][2] * m[2][1]) - m[0][1] * (m[1][0] * m[2][2] - m[1][2] * m[2][0])
+             + m[0][2] * (m[1][0] * m[2][1] - m[1][1] * m[2][0])
+         < 0;
 }
 
 /// The two axes the grid lies along: the ground, or for a flat view the plane it looks at.
@@ -158,10 +174,11 @@ void SceneRenderer::drawGrid(const api::FrameState& frame) const
 
 void SceneRenderer::drawShapes(const kernel::Scene& scene) const
 {
-    setLight();
+    setLights();
     glEnable(GL_NORMALIZE);
+    glEnable(GL_CULL_FACE);
     glEnable(GL_POLYGON_OFFSET_FILL);  // the grid and outlines lie on surfaces
-    glPolygonOffset(1, 1);
+    glPolygonOffset(0.5f, 1);
     scene.walkDag([&](kernel::Node& node) {
         if (!node.isVisible()) {
             return false;
@@ -172,6 +189,7 @@ void SceneRenderer::drawShapes(const kernel::Scene& scene) const
         return true;
     });
     glDisable(GL_POLYGON_OFFSET_FILL);
+    glDisable(GL_CULL_FACE);
     glDisable(GL_NORMALIZE);
 }
 
@@ -194,9 +212,8 @@ void SceneRenderer::drawShape(kernel::Node& shape, bool selected) const
     const float colour[] = {float(surface.redF()), float(surface.greenF()), float(surface.blueF()), 1};
     glMaterialfv(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE, colour);
     glEnable(GL_LIGHTING);
-    glEnable(GL_LIGHT0);
+    glFrontFace(isMirrored(world) ? GL_CW : GL_CCW);
     glDrawElements(GL_TRIANGLES, int(mesh->triangles.size()), GL_UNSIGNED_INT, mesh->triangles.data());
-    glDisable(GL_LIGHT0);
     glDisable(GL_LIGHTING);
     glDisableClientState(GL_NORMAL_ARRAY);
     if (selected) {

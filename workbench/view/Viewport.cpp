@@ -40,8 +40,9 @@ QSurfaceFormat viewFormat()
 }  // namespace
 
 Viewport::Viewport(kernel::Session& session, std::string panelName, const kernel::NodePtr& camera, QWidget* parent)
-    : QOpenGLWidget(parent), m_session(session), m_panelName(std::move(panelName)), m_camera(camera)
+    : QOpenGLWidget(parent), m_session(session), m_panelName(std::move(panelName))
 {
+    setCamera(camera);
     setObjectName(QString::fromStdString(m_panelName));
     setFormat(viewFormat());
     // The last picture stays until a new one is drawn: inverted lines are drawn onto it.
@@ -80,6 +81,7 @@ kernel::NodePtr Viewport::camera() const
 void Viewport::setCamera(const kernel::NodePtr& cameraShape)
 {
     m_camera = cameraShape;
+    m_cameraName = cameraShape ? cameraShape->name() : std::string();
     scheduleRefresh();
 }
 
