@@ -41,11 +41,6 @@ const std::pair<Tok, BinaryOp> kAssignments[] = {
     {Tok::ModuloAssign, BinaryOp::Modulo},  {Tok::CrossAssign, BinaryOp::Cross},
 };
 
-bool endsArguments(Tok kind)
-{
-    return kind == Tok::Semicolon || kind == Tok::End || kind == Tok::Backquote;
-}
-
 }  // namespace
 
 BaseType typeOfWord(Tok kind)
@@ -341,19 +336,24 @@ ExprPtr ExpressionParser::parseCatch()
 
 ExprPtr ExpressionParser::parseBackquotes()
 {
-    rejectDepth();
+    // Looking ahead from each level of many would take quadratic time.
+    constexpr int kMostLevels = 100;
+    if (m_backquotes >= kMostLevels)
+        m_tokens.fail(kTooDeep);
+    ++m_backquotes;
     m_tokens.advance();
     if (!m_tokens.is(Tok::Identifier))
         m_tokens.fail();
-    ExprPtr command = isCallSyntax() ? parseCall() : parseCommand();
+    ExprPtr command = isCallSyntax() ? parseCall() : parseCommand(true);
     m_tokens.accept(Tok::Semicolon);
     m_tokens.expect(Tok::Backquote);
+    --m_backquotes;
     return command;
 }
 
 ExprPtr ExpressionParser::parseCallStatement()
 {
-    return isCallSyntax() ? parseExpression() : parseCommand();
+    return isCallSyntax() ? parseExpression() : parseCommand(false);
 }
 
 // A name followed by "(" may be a call, `f($x) + 1`, or a command whose first argument is in parentheses,
@@ -399,11 +399,12 @@ bool ExpressionParser::isCallSyntax()
     return isCall;
 }
 
-ExprPtr ExpressionParser::parseCommand()
+// Within backquotes the next one ends the command; elsewhere it starts an argument.
+ExprPtr ExpressionParser::parseCommand(bool inBackquotes)
 {
     auto call = std::make_unique<CallExpr>(m_tokens.at(), m_tokens.text());
     m_tokens.advanceToArgument();
-    while (!endsArguments(m_tokens.kind()))
+    while (!m_tokens.is(Tok::Semicolon) && !m_tokens.is(Tok::End) && !(inBackquotes && m_tokens.is(Tok::Backquote)))
         call->args.push_back(parseArgument());
     return call;
 }

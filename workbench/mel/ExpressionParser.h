@@ -32,7 +32,7 @@ private:
     ExprPtr parseCast(std::size_t at, Type type);
     ExprPtr parseName();
     ExprPtr parseCall();
-    ExprPtr parseCommand();
+    ExprPtr parseCommand(bool inBackquotes);
     ExprPtr parseBackquotes();
     ExprPtr parseArray();
     ExprPtr parseAngles();
@@ -47,6 +47,7 @@ private:
     void rejectDepth() const;
 
     TokenStream& m_tokens;
+    int m_backquotes = 0;  ///< those open right now
 };
 
 /// The type a reserved word names; None for other tokens.

@@ -188,7 +188,8 @@ void Resolver::declareGlobal(Declarator& declarator)
         checkRedeclaration(fresh->second, declarator.type, variable);
     else if (const Type* known = m_knownGlobal(variable.name))
         checkRedeclaration(*known, declarator.type, variable);
-    m_newGlobals[variable.name] = declarator.type;
+    // Behind an assignment that declared it the type is not known before the text runs; then it is compared.
+    m_newGlobals.emplace(variable.name, declarator.type);
     if (!isGlobalScope()) {
         const auto local = m_scopes.back().find(variable.name);
         if (local != m_scopes.back().end() && local->second.slot >= 0)

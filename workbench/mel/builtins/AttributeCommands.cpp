@@ -4,6 +4,7 @@
 #include "mel/builtins/SetAttrRequest.h"
 #include "mel/builtins/Subjects.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace mel {
@@ -66,7 +67,7 @@ public:
     }
 
 private:
-    [[noreturn]] void fail(const std::string& message) const { throw CommandError("setAttr: " + message); }
+    [[noreturn]] void fail(const std::string& message) const { throw CommandError(message); }
 
     /// The value of that place is missing or of the wrong kind.
     [[noreturn]] void failAt(std::size_t place) const
@@ -94,8 +95,6 @@ private:
 
     void setValue()
     {
-        if (isLocked(*m_node, m_attribute) || !m_attribute.writable)
-            fail("The attribute '" + nameOf(m_attribute) + "' is locked or connected and cannot be modified.");
         switch (m_attribute.kind) {
         case ValueKind::Custom: return setData();
         case ValueKind::String: return setText();
@@ -135,21 +134,17 @@ private:
         }
         if (!std::isfinite(number))
             failAt(place);
-        number = inRange(*attribute, number);
-        m_call.apply(kernel::setValueEdit(m_node, attribute, number));
+        m_call.apply(kernel::setValueEdit(m_node, attribute, clamped(*attribute, number)));
     }
 
-    double inRange(const AttributeSpec& attribute, double number) const
+    /// Out of range the edit refuses the number; -clamp brings it inside.
+    double clamped(const AttributeSpec& attribute, double number) const
     {
-        const bool isAbove = attribute.maximum && number > *attribute.maximum;
-        const bool isBelow = attribute.minimum && number < *attribute.minimum;
-        if (!isAbove && !isBelow)
-            return number;
-        const double limit = isAbove ? *attribute.maximum : *attribute.minimum;
-        if (m_request.clamp)
-            return limit;
-        fail("Cannot set the attribute '" + nameOf(attribute) + "' "
-             + (isAbove ? "past its maximum" : "below its minimum") + " value of " + kernel::numberText(limit) + ".");
+        if (m_request.clamp && attribute.maximum)
+            number = std::min(number, *attribute.maximum);
+        if (m_request.clamp && attribute.minimum)
+            number = std::max(number, *attribute.minimum);
+        return number;
     }
 
     void setText()
@@ -183,11 +178,12 @@ private:
     const Plug m_plug;
 };
 
-Plug findPlugFor(const char* command, const Interpreter& interpreter, const kernel::Scene& scene,
-                 const std::string& name)
+/// Errors of the work itself name the command.
+template <typename Work>
+auto named(const char* command, Work work)
 {
     try {
-        return findPlug(interpreter, scene, name);
+        return work();
     } catch (const CommandError& error) {
         throw CommandError(std::string(command) + ": " + error.what());
     }
@@ -196,7 +192,7 @@ Plug findPlugFor(const char* command, const Interpreter& interpreter, const kern
 Value runSetAttr(const Interpreter& interpreter, BuiltinCall& call)
 {
     const SetAttrRequest request = readSetAttr(call.session, call.all);
-    SetAttr(call, request, findPlugFor("setAttr", interpreter, call.scene, request.plug)).run();
+    named("setAttr", [&] { SetAttr(call, request, findPlug(interpreter, call.scene, request.plug)).run(); });
     return {};
 }
 
@@ -274,7 +270,7 @@ Value readValue(const BuiltinCall& call, const Node& node, const AttributeSpec& 
 
 Value runGetAttr(const Interpreter& interpreter, BuiltinCall& call)
 {
-    const Plug plug = findPlugFor("getAttr", interpreter, call.scene, call.objectNames().front());
+    const Plug plug = named("getAttr", [&] { return findPlug(interpreter, call.scene, call.objectNames().front()); });
     const AttributeSpec& attribute = *plug.attribute;
     const kernel::PlugFlags flags = plug.node->flags(attribute);
     if (call.args.has("type"))

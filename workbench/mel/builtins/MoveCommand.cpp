@@ -42,11 +42,6 @@ Move readMove(const BuiltinCall& call, std::size_t& firstName)
     return move;
 }
 
-Vector3 translation(const kernel::Matrix4& matrix)
-{
-    return {matrix.m[3][0], matrix.m[3][1], matrix.m[3][2]};
-}
-
 void applyTo(double (&place)[3], const Move& move)
 {
     for (int axis = 0; axis < 3; ++axis) {

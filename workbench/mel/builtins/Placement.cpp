@@ -37,14 +37,13 @@ bool isLocked(const kernel::Node& node, const kernel::AttributeSpec& attribute)
 
 void setNumber(BuiltinCall& call, const NodePtr& node, const std::string& attribute, double value, const char* command)
 {
-    const AttributePtr spec = node->attribute(attribute);
     if (node->number(attribute) == value)
         return;
-    if (isLocked(*node, *spec)) {
-        throw kernel::CommandError(std::string(command) + ": The attribute '" + call.scene.partialPath(*node) + "."
-                                   + spec->longName + "' is locked or connected and cannot be modified.");
+    try {
+        call.apply(kernel::setValueEdit(node, node->attribute(attribute), value));
+    } catch (const kernel::CommandError& error) {
+        throw kernel::CommandError(std::string(command) + ": " + error.what());
     }
-    call.apply(kernel::setValueEdit(node, spec, value));
 }
 
 void place(BuiltinCall& call, const NodePtr& node, const kernel::Matrix4& local)

@@ -4,8 +4,8 @@
 
 namespace mel {
 
-/// Sets one attribute of a node as an undoable edit; throws the host's words when it is locked.
-/// command: named in the message.
+/// Sets one attribute of a node as an undoable edit, unless it has the value already. When that is refused the error
+/// names the command.
 void setNumber(BuiltinCall& call, const kernel::NodePtr& node, const std::string& attribute, double value,
                const char* command);
 

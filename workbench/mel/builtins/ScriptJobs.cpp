@@ -36,22 +36,27 @@ unsigned ScriptJobs::watch(Trigger trigger, const std::string& name, std::functi
     });
 }
 
-// Jobs that end with the scene do so before the next one is told about.
+// Jobs that end with the scene do so before anybody is told about the next one.
 void ScriptJobs::watchScene()
 {
     if (m_watchesScene)
         return;
     m_watchesScene = true;
-    m_session.events.add("deleteAll", [weak = weak_from_this()] {
-        const auto jobs = weak.lock();
-        if (!jobs)
-            return;
-        const std::vector<Job> all = jobs->m_jobs;
-        for (const Job& job : all) {
-            if (job.options.endsWithScene)
-                jobs->remove(job.number);
-        }
-    });
+    for (const char* event : {"deleteAll", "PostSceneRead"}) {
+        m_session.events.add(event, [weak = weak_from_this()] {
+            if (const auto jobs = weak.lock())
+                jobs->endWithScene();
+        });
+    }
+}
+
+void ScriptJobs::endWithScene()
+{
+    const std::vector<Job> all = m_jobs;
+    for (const Job& job : all) {
+        if (job.options.endsWithScene)
+            remove(job.number);
+    }
 }
 
 void ScriptJobs::fire(int number)

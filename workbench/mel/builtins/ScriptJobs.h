@@ -51,6 +51,7 @@ private:
     void remove(int number);
     Job* find(int number);
     void watchScene();
+    void endWithScene();
 
     kernel::Session& m_session;
     std::vector<Job> m_jobs;

@@ -8,7 +8,7 @@ namespace mel {
 
 /// A regular expression of the script language: characters, ".", "[a-z]", "[^...]", "*", "+", "?" behind one of them
 /// or behind "(...)", "^" and "$", "\" before a character that means itself. Matching follows every possibility side
-/// by side, so that no pattern can make it slow or deep.
+/// by side, so that no pattern makes it go deep or takes exponential time.
 class TextPattern {
 public:
     /// Throws CommandError when the pattern is not complete.

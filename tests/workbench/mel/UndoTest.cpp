@@ -1,0 +1,152 @@
+#include "workbench/mel/ScriptHost.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Everything undo has to bring back, as text.
+std::string describe(ScriptHost& host)
+{
+    std::string text;
+    const kernel::Scene& scene = host.session.scene;
+    for (const kernel::NodePtr& node : scene.nodes()) {
+        text += scene.fullPath(*node);
+        for (const kernel::AttributePtr& attribute : node->type().allAttributes()) {
+            const kernel::PlugValue value = node->value(*attribute);
+            const kernel::PlugFlags flags = node->flags(*attribute);
+            if (const double* number = std::get_if<double>(&value))
+                text += " " + attribute->shortName + "=" + kernel::exactNumberText(*number);
+            else if (const auto* words = std::get_if<std::string>(&value))
+                text += " " + attribute->shortName + "=" + *words;
+            text += std::to_string(flags.locked) + std::to_string(flags.keyable) + std::to_string(flags.channelBox);
+        }
+        text += "\n";
+    }
+    text += "selected:";
+    for (const kernel::NodePtr& node : scene.selection())
+        text += " " + scene.partialPath(*node);
+    text += "\ntime: " + kernel::toText(scene.currentTime().value) + " " + kernel::timeUnitName(scene.timeUnit());
+    const kernel::Scene::Range ranges[] = {scene.playbackRange(), scene.animationRange()};
+    for (const auto& range : ranges)
+        text += " " + kernel::numberText(range.first) + ".." + kernel::numberText(range.last);
+    return text;
+}
+
+}  // namespace
+
+TEST(ScriptUndo, EveryTextIsOneStepThatGoesBackAndForth)
+{
+    ScriptHost host;
+    const char* const texts[] = {
+        "createNode transform -n a; createNode transform -n b; createNode locator -n c -p b;",
+        "setAttr a.t 1 2 3; setAttr a.v off; setAttr -l on a.v;",
+        "move -r 1 0 0 a b; move 5 5 5 b;",
+        "select a b; select -tgl a; select -add a;",
+        "rename b ball;",
+        "parent a ball;",
+        "camera -n shot -fl 50 -p 1 2 3 -ff overscan;",
+        "camera -e -fl 80 -lt on shot1;",
+        "currentTime 7; playbackOptions -min 3 -max 30 -ast 2 -aet 60;",
+        "currentUnit -t pal; currentTime 9;",
+        "parent -w a;",
+        "camera -e -n shotB shot1;",
+        "delete ball; select -cl;",
+        "for ($i = 0; $i < 5; $i++) { createNode transform; setAttr (`rename \"item#\"` + \".tx\") $i; }",
+        "delete shotB;",
+    };
+    std::vector<std::string> states{describe(host)};
+    for (const char* text : texts) {
+        ASSERT_TRUE(host.run(text)) << text << ": " << host.errors.back();
+        states.push_back(describe(host));
+        EXPECT_NE(states.back(), *(states.end() - 2)) << text;
+    }
+    for (int round = 0; round < 2; ++round) {
+        for (std::size_t i = states.size() - 1; i-- > 0;) {
+            ASSERT_TRUE(host.run("undo"));
+            EXPECT_EQ(describe(host), states[i]) << "undoing " << texts[i];
+        }
+        for (std::size_t i = 1; i < states.size(); ++i) {
+            ASSERT_TRUE(host.run("redo"));
+            EXPECT_EQ(describe(host), states[i]) << "redoing " << texts[i - 1];
+        }
+    }
+}
+
+TEST(ScriptUndo, WhatLeavesNoTraceIsNoStep)
+{
+    ScriptHost host;
+    ASSERT_TRUE(host.run("createNode transform -n a;"));
+    for (const char* text : {"getAttr a.tx;", "ls;", "$x = 1;", "select -r {};", "about -batch;", "optionVar -iv a 1;"})
+        ASSERT_TRUE(host.run(text));
+    EXPECT_EQ(host.eval("undoInfo -q"), "1");
+    EXPECT_EQ(host.eval("undoInfo -q -undoName"), "createNode transform -n a");
+    host.session.script().execute("createNode transform -n b;", false, false);
+    EXPECT_EQ(host.eval("undoInfo -q"), "1");
+    EXPECT_FALSE(host.run("setAttr a.tx 4; setAttr a.noSuch 1;"));
+    EXPECT_EQ(host.eval("getAttr a.tx"), "4") << "what was done before the error stays";
+    EXPECT_TRUE(host.run("undo"));
+    EXPECT_EQ(host.eval("getAttr a.tx"), "0") << "and can be undone";
+    EXPECT_FALSE(host.run("setAttr a.t 1 2 x;"));
+    EXPECT_EQ(host.eval("getAttr a.t"), "0 0 0") << "a command that fails half way takes its own work back";
+}
+
+TEST(ScriptUndo, TheCommandsSayWhatTheyDo)
+{
+    ScriptHost host;
+    int undone = 0;
+    int redone = 0;
+    host.session.events.add("Undo", [&] { ++undone; });
+    host.session.events.add("Redo", [&] { ++redone; });
+    host.run("undo; redo;");
+    EXPECT_EQ(host.warnings,
+              (std::vector<std::string>{"There are no more commands to undo.", "There are no more commands to redo."}));
+    host.run("createNode transform -n a;");
+    host.run("undo");
+    host.run("redo");
+    EXPECT_EQ(host.infos,
+              (std::vector<std::string>{"Undo: createNode transform -n a", "Redo: createNode transform -n a"}));
+    EXPECT_EQ(undone, 1);
+    EXPECT_EQ(redone, 1);
+    EXPECT_EQ(host.eval("objExists a"), "1");
+    host.run("undoInfo -state off; createNode transform -n b; undoInfo -state on;");
+    EXPECT_EQ(host.eval("undoInfo -q"), "0");
+    host.run("createNode transform;");
+    host.run("flushUndo;");
+    EXPECT_EQ(host.eval("undoInfo -q -uqe"), "1");
+}
+
+TEST(ScriptUndo, InBatchEveryStatementIsAStep)
+{
+    ScriptHost host;
+    const kernel::ScriptResult result = host.interpreter().executeBatch(
+        "createNode transform -n a;\nfor ($i = 0; $i < 2; $i++) createNode transform -n b;\nundo;\n"
+        "int $bs = size(`ls \"b*\"`); redo; undo; undo; int $as = size(`ls a`); print ($bs + \" \" + $as);");
+    EXPECT_TRUE(result.ok);
+    EXPECT_EQ(host.printed, "0 0");
+
+    host.printed.clear();
+    EXPECT_FALSE(host.interpreter().executeBatch("print 1; noSuch; print 2;").ok);
+    EXPECT_EQ(host.printed, "1") << "the first error ends the text";
+    EXPECT_FALSE(host.interpreter().executeBatch("print 3; print (;").ok);
+    EXPECT_EQ(host.printed, "1");
+    EXPECT_EQ(kernel::toText(host.interpreter().executeBatch("int $z = 4; { int $y = 5; print $y; } $z + 1;").value),
+              "5");
+}
+
+TEST(ScriptUndo, OneSelectionEventStandsForAWholeText)
+{
+    ScriptHost host;
+    int events = 0;
+    std::string seen;
+    host.session.events.add("SelectionChanged", [&] {
+        ++events;
+        seen = host.eval("ls -sl");
+    });
+    host.run("createNode transform -n a; select -cl; select persp; select -add a;");
+    EXPECT_EQ(events, 1);
+    EXPECT_EQ(seen, "persp a");
+    host.run("ls -sl; select -cl; select persp a;");
+    EXPECT_EQ(events, 2) << "even when nothing has changed in the end";
+    host.run("ls;");
+    EXPECT_EQ(events, 2);
+}
