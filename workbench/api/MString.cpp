@@ -56,7 +56,7 @@ char32_t nextCharacter(const std::string& text, std::size_t& i)
     const auto lead = static_cast<unsigned char>(text[i++]);
     if (lead < 0x80)
         return lead;
-    const int following = lead >= 0xf0 ? 3 : lead >= 0xe0 ? 2 : lead >= 0xc0 ? 1 : -1;
+    const int following = lead >= 0xf8 ? -1 : lead >= 0xf0 ? 3 : lead >= 0xe0 ? 2 : lead >= 0xc0 ? 1 : -1;
     if (following < 0)
         return kReplacement;
     char32_t c = lead & (0x3f >> following);

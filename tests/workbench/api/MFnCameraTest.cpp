@@ -1,0 +1,105 @@
+#include "workbench/api/SampleTypes.h"
+
+#include <maya/MFnCamera.h>
+#include <maya/MSelectionList.h>
+
+namespace {
+
+class MFnCameraTest : public SampleTypes {
+protected:
+    static MDagPath pathOf(const char* name)
+    {
+        MSelectionList list;
+        MDagPath path;
+        list.add(name);
+        list.getDagPath(0, path);
+        return path;
+    }
+    struct Aperture {
+        double x = 0;
+        double y = 0;
+        double offsetX = 0;
+        double offsetY = 0;
+    };
+    static Aperture apertureOf(const MFnCamera& camera, double aspect)
+    {
+        Aperture a;
+        EXPECT_TRUE(camera.getViewParameters(aspect, a.x, a.y, a.offsetX, a.offsetY, true, false, true));
+        return a;
+    }
+};
+
+TEST_F(MFnCameraTest, ServesShapesAndPathsThatEndAtTheTransform)
+{
+    MStatus status;
+    const MFnCamera byTransform(pathOf("persp"), &status);
+    ASSERT_TRUE(status);
+    EXPECT_EQ(byTransform.name(), "perspShape");
+    const MFnCamera byShape(pathOf("topShape"), &status);
+    ASSERT_TRUE(status);
+    EXPECT_TRUE(byShape.isOrtho());
+    EXPECT_FALSE(byTransform.isOrtho());
+    const MFnCamera byObject(pathOf("persp").node(), &status);
+    EXPECT_FALSE(status);  // a transform is no camera
+    EXPECT_EQ(byObject.zoom(&status), 0);
+    EXPECT_FALSE(status);
+}
+
+TEST_F(MFnCameraTest, LooksDownItsOwnNegativeZ)
+{
+    MDagPath path = pathOf("top");
+    const MFnCamera camera(path);
+    EXPECT_TRUE(camera.viewDirection(MSpace::kWorld).isEquivalent(MVector(0, -1, 0), 1e-9));
+    EXPECT_TRUE(camera.upDirection(MSpace::kWorld).isEquivalent(MVector(0, 0, -1), 1e-9));
+    EXPECT_TRUE(camera.rightDirection(MSpace::kWorld).isEquivalent(MVector(1, 0, 0), 1e-9));
+    EXPECT_TRUE(camera.eyePoint(MSpace::kWorld).isEquivalent(MPoint() * path.inclusiveMatrix(), 1e-9));
+    EXPECT_TRUE(camera.viewDirection().isEquivalent(MVector::zNegAxis));
+    MStatus status;
+    path.extendToShape();
+    MFnCamera(path.node()).eyePoint(MSpace::kWorld, &status);
+    EXPECT_FALSE(status);  // without a path there is no world
+}
+
+TEST_F(MFnCameraTest, FitsTheFilmToTheWindow)
+{
+    MFnCamera camera(pathOf("persp"));
+    camera.setHorizontalFilmAperture(1.5);
+    camera.setVerticalFilmAperture(1);
+    camera.setOverscan(1);
+    const double wide = 2;
+    const double narrow = 1;
+    const struct {
+        MFnCamera::FilmFit fit;
+        double window;
+        double x;
+        double y;
+    } cases[] = {{MFnCamera::kFillFilmFit, wide, 1.5, 0.75},       {MFnCamera::kFillFilmFit, narrow, 1, 1},
+                 {MFnCamera::kHorizontalFilmFit, wide, 1.5, 0.75}, {MFnCamera::kHorizontalFilmFit, narrow, 1.5, 1.5},
+                 {MFnCamera::kVerticalFilmFit, wide, 2, 1},        {MFnCamera::kVerticalFilmFit, narrow, 1, 1},
+                 {MFnCamera::kOverscanFilmFit, wide, 2, 1},        {MFnCamera::kOverscanFilmFit, narrow, 1.5, 1.5}};
+    for (const auto& c : cases) {
+        ASSERT_TRUE(camera.setFilmFit(c.fit));
+        const Aperture a = apertureOf(camera, c.window);
+        EXPECT_NEAR(a.x, c.x, 1e-12) << "fit " << c.fit << " window " << c.window;
+        EXPECT_NEAR(a.y, c.y, 1e-12) << "fit " << c.fit << " window " << c.window;
+    }
+    EXPECT_EQ(camera.aspectRatio(), 1.5);
+    EXPECT_FALSE(camera.setFilmFit(MFnCamera::kInvalid));
+}
+
+TEST_F(MFnCameraTest, PanAndZoomCountOnlyWhileEnabled)
+{
+    MFnCamera camera(pathOf("persp"));
+    camera.setFilmFit(MFnCamera::kHorizontalFilmFit);
+    camera.setHorizontalPan(0.2);
+    camera.setZoom(0.5);
+    const Aperture off = apertureOf(camera, 1);
+    EXPECT_EQ(off.offsetX, 0);
+    camera.setPanZoomEnabled(true);
+    const Aperture on = apertureOf(camera, 1);
+    EXPECT_NEAR(on.offsetX, 0.2, 1e-12);
+    EXPECT_NEAR(on.x, off.x / 2, 1e-12);
+    EXPECT_FALSE(camera.setZoom(0));  // below what the attribute allows
+}
+
+}  // namespace

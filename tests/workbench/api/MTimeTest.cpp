@@ -1,0 +1,112 @@
+#include "kernel/Session.h"
+
+#include <maya/MTime.h>
+
+#include <gtest/gtest.h>
+
+#include <locale>
+#include <sstream>
+
+namespace {
+
+std::string printed(const MTime& time)
+{
+    std::ostringstream out;
+    out << time;
+    return out.str();
+}
+
+TEST(MTime, GivesWholeFramesBackExactlyInEveryUnit)
+{
+    for (int unit = MTime::kHours; unit < MTime::kUserDef; ++unit) {
+        const auto u = static_cast<MTime::Unit>(unit);
+        for (const int frame : {-100001, -7, 0, 1, 3, 29, 1001, 86399, 1000003})
+            EXPECT_EQ(MTime(double(frame), u).asUnits(u), frame) << "unit " << unit;
+    }
+}
+
+TEST(MTime, ConvertsWholeFramesBetweenRatesWithoutLoss)
+{
+    const struct {
+        double value;
+        MTime::Unit from;
+        MTime::Unit to;
+        double expected;
+    } cases[] = {
+        {1, MTime::kSeconds, MTime::kFilm, 24},
+        {24, MTime::kFilm, MTime::kSeconds, 1},
+        {100001, MTime::kFilm, MTime::kNTSCField, 250002.5},
+        {7, MTime::kPALFrame, MTime::kMilliseconds, 280},
+        {30, MTime::kNTSCFrame, MTime::kFilm, 24},
+        {90, MTime::k90FPS, MTime::kFilm, 24},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(MTime(c.value, c.from).as(c.to), c.expected) << c.value << " of unit " << c.from;
+}
+
+TEST(MTime, ReadsABareNumberAsFilmFramesWhateverTheUiUnit)
+{
+    kernel::Session session;
+    session.scene.setTimeUnit(kernel::TimeUnit::PalFrame);
+    EXPECT_EQ(MTime(10.0).unit(), MTime::kFilm);
+    EXPECT_EQ(MTime().unit(), MTime::kPALFrame);
+    EXPECT_EQ(MTime::uiUnit(), MTime::kPALFrame);
+    ASSERT_TRUE(MTime::setUIUnit(MTime::kNTSCFrame));
+    EXPECT_EQ(session.scene.timeUnit(), kernel::TimeUnit::NtscFrame);
+    EXPECT_FALSE(MTime::setUIUnit(MTime::kInvalid));
+    EXPECT_EQ(MTime::uiUnit(), MTime::kNTSCFrame);
+}
+
+TEST(MTime, ComparesInstantsAndKeepsTheLeftUnitInSums)
+{
+    const MTime second(1, MTime::kSeconds);
+    EXPECT_EQ(second, MTime(24, MTime::kFilm));
+    EXPECT_LT(MTime(23, MTime::kFilm), second);
+    EXPECT_GE(MTime(25, MTime::kPALFrame), second);
+    EXPECT_EQ(MTime(0.1, MTime::kSeconds), MTime(2.4, MTime::kFilm));  // off by a rounding error
+    const MTime sum = MTime(12, MTime::kFilm) + second;
+    EXPECT_EQ(sum.unit(), MTime::kFilm);
+    EXPECT_EQ(sum.value(), 36);
+    EXPECT_EQ((sum - 6.0).value(), 30);
+    EXPECT_EQ(sum / second, 1.5);
+}
+
+TEST(MTime, PrintsInTheUiUnitWithEnoughDigitsToReadBack)
+{
+    kernel::Session session;
+    session.scene.setTimeUnit(kernel::TimeUnit::Film);
+    const struct {
+        MTime time;
+        const char* text;
+    } cases[] = {{MTime(12, MTime::kFilm), "12"},
+                 {MTime(-3, MTime::kFilm), "-3"},
+                 {MTime(2, MTime::kSeconds), "48"},
+                 {MTime(1234567, MTime::kFilm), "1234567"},
+                 {MTime(2.5, MTime::kFilm), "2.5"}};
+    for (const auto& c : cases)
+        EXPECT_EQ(printed(c.time), c.text);
+    for (const double value : {0.1, 1.0 / 3, 100000.123456789, 7.000000000001}) {
+        double read = 0;
+        ASSERT_TRUE(kernel::parseDouble(printed(MTime(value, MTime::kFilm)), read));
+        EXPECT_EQ(read, value);
+    }
+}
+
+/// Groups digits by threes and writes a decimal comma.
+class Grouping : public std::numpunct<char> {
+protected:
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+};
+
+TEST(MTime, PrintsAlikeInAnyLocale)
+{
+    kernel::Session session;
+    std::ostringstream out;
+    out.imbue(std::locale(std::locale::classic(), new Grouping));
+    out << MTime(12345.5, MTime::kFilm);
+    EXPECT_EQ(out.str(), "12345.5");
+}
+
+}  // namespace
