@@ -1,5 +1,6 @@
 #include "support/NodeFixture.h"
 
+#include "model/Canvas.h"
 #include "node/BaseNodeUserData.h"
 
 #include "api/DrawList.h"

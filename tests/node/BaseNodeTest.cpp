@@ -1,8 +1,7 @@
 #include "support/NodeFixture.h"
 
-#include "node/NodeRegistry.h"
-
 #include <maya/MFileIO.h>
+#include <maya/MFnDagNode.h>
 #include <maya/MFnDependencyNode.h>
 #include <maya/MPlug.h>
 
@@ -25,7 +24,8 @@ protected:
         const kernel::Scene::Activity guard(session().scene, activity);
         return make();
     }
-    std::string nameOf(BaseNode* node) { return MFnDependencyNode(node->thisMObject()).name().asChar(); }
+    std::string nameOf(const MObject& node) { return MFnDependencyNode(node).name().asChar(); }
+    std::string nameOf(BaseNode* node) { return nameOf(node->thisMObject()); }
 };
 
 TEST_F(BaseNodeTest, OnlyTheFirstNodeOfASceneIsMaster)
@@ -73,9 +73,9 @@ TEST_F(BaseNodeTest, AmongSeveralMastersTheFirstInTheHierarchyCounts)
     BaseNode* second = make();
     second->layerManager()->setMaster(true);
     EXPECT_EQ(BaseNode::masterNode(), first);
-    run("group -n below " + nameOf(first));
-    EXPECT_EQ(BaseNode::masterNode(), NodeRegistry::firstInHierarchy({first, second}));
-    run("reorder -back below");
+    MObject transform = MFnDagNode(first->thisMObject()).parent(0);
+    run("createNode transform -n below");  // the new root comes last
+    ASSERT_TRUE(run("parent " + nameOf(transform) + " below"));
     EXPECT_EQ(BaseNode::masterNode(), second);
 }
 

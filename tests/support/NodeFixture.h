@@ -40,6 +40,7 @@ protected:
     ~NodeFixture() override
     {
         TimelineMarks::install(nullptr);
+        MHWRender::MDrawRegistry::deregisterDrawOverrideCreator(names::kDrawClassification, names::kDrawRegistrant);
         api::dropLeftoversOf(session(), m_module->name);
         api::removeNodeType(*m_module, names::kNodeType);
         api::removeDataType(*m_module, names::kLayerDataType);
