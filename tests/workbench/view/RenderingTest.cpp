@@ -1,0 +1,198 @@
+// What really arrives on the screen. Needs a display with OpenGL; the other tests of this program do not.
+
+#include "api/Tools.h"
+#include "kernel/Session.h"
+#include "view/Viewport.h"
+#include "view/Viewports.h"
+
+#include <QGuiApplication>
+#include <QWidget>
+#include <gtest/gtest.h>
+
+#include <maya/MPxContext.h>
+#include <maya/MViewport2Renderer.h>
+
+#include <functional>
+
+namespace {
+
+using Draw = std::function<void(MHWRender::MUIDrawManager&)>;
+
+/// Draws into every frame while it is current.
+class DrawingTool : public MPxContext {
+public:
+    MStatus drawFeedback(MHWRender::MUIDrawManager& manager, const MHWRender::MFrameContext&) override
+    {
+        if (draw) {
+            manager.beginDrawable();
+            draw(manager);
+            manager.endDrawable();
+        }
+        return MStatus::kSuccess;
+    }
+    Draw draw;
+};
+
+constexpr int kWidth = 240;
+constexpr int kHeight = 160;
+
+class Rendering : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (QGuiApplication::platformName() == "offscreen") {
+            GTEST_SKIP() << "no OpenGL on this platform";
+        }
+        session.batch = false;
+        window.resize(kWidth, kHeight);
+        views = std::make_unique<view::Viewports>(session, &window);
+        viewport = views->add("modelPanel4", session.scene.findOrNull("perspShape"), &window);
+        viewport->setGeometry(0, 0, kWidth, kHeight);
+        window.show();
+        tool = new DrawingTool;
+        api::ToolBox& tools = api::ToolBox::instance();
+        tools.setCurrent(tools.add("drawingToolCtx", "", tool, nullptr));
+        empty = picture(nullptr);
+        ASSERT_EQ(empty.size(), QSize(kWidth, kHeight));
+    }
+    void TearDown() override { api::ToolBox::instance().clear(); }
+
+    QImage picture(const Draw& draw)
+    {
+        tool->draw = draw;
+        return viewport->grabFramebuffer().convertToFormat(QImage::Format_RGB32);
+    }
+    /// The colour at port coordinates.
+    static QColor at(const QImage& image, int x, int y) { return image.pixelColor(x, kHeight - 1 - y); }
+
+    static MHWRender::MTexture* makeTexture(int width, int height, const std::vector<QRgb>& rgba)
+    {
+        MHWRender::MTextureDescription description;
+        description.setToDefault2DTexture();
+        description.fWidth = width;
+        description.fHeight = height;
+        description.fBytesPerRow = width * 4;
+        description.fBytesPerSlice = width * height * 4;
+        const std::vector<unsigned char> bytes = bytesOf(rgba);
+        return textures()->acquireTexture("", description, bytes.data(), false);
+    }
+    static std::vector<unsigned char> bytesOf(const std::vector<QRgb>& rgba)
+    {
+        std::vector<unsigned char> bytes;
+        for (const QRgb pixel : rgba) {
+            for (const int channel : {qRed(pixel), qGreen(pixel), qBlue(pixel), qAlpha(pixel)}) {
+                bytes.push_back(static_cast<unsigned char>(channel));
+            }
+        }
+        return bytes;
+    }
+    static MHWRender::MTextureManager* textures() { return MHWRender::MRenderer::theRenderer()->getTextureManager(); }
+    /// The whole of a texture over a square in the middle of the view.
+    static Draw square(MHWRender::MTexture* texture, double halfSize, MColor colour = MColor(1, 1, 1, 1))
+    {
+        return [=](MHWRender::MUIDrawManager& manager) {
+            manager.setColor(colour);
+            manager.setTexture(texture);
+            manager.rect2d(MPoint(kWidth / 2, kHeight / 2, 0), MVector(0, 1, 0), halfSize, halfSize, true);
+            manager.setTexture(nullptr);
+        };
+    }
+
+    kernel::Session session;
+    QWidget window;
+    std::unique_ptr<view::Viewports> views;
+    view::Viewport* viewport = nullptr;
+    DrawingTool* tool = nullptr;
+    QImage empty;
+};
+
+void expectNear(const QColor& colour, const QColor& wanted, const char* what)
+{
+    EXPECT_NEAR(colour.red(), wanted.red(), 1) << what;
+    EXPECT_NEAR(colour.green(), wanted.green(), 1) << what;
+    EXPECT_NEAR(colour.blue(), wanted.blue(), 1) << what;
+}
+
+}  // namespace
+
+TEST_F(Rendering, TheSameStateGivesTheSamePicture)
+{
+    EXPECT_EQ(picture(nullptr), empty);
+    const Draw stroke = [](MHWRender::MUIDrawManager& manager) {
+        manager.line2d(MPoint(3, 5, 0), MPoint(200, 131, 0));
+        manager.text2d(MPoint(100, 60, 0), "Frame 12");
+    };
+    const QImage drawn = picture(stroke);
+    EXPECT_NE(drawn, empty);
+    EXPECT_EQ(picture(stroke), drawn);
+    EXPECT_EQ(picture(nullptr), empty) << "what a tool drew is gone with the next frame";
+}
+
+TEST_F(Rendering, ATransparentPictureLeavesNoTrace)
+{
+    // Ink's own colour stands behind alpha 0 too; linear filtering must not let it through.
+    MHWRender::MTexture* const blank = makeTexture(4, 4, std::vector<QRgb>(16, qRgba(255, 40, 10, 0)));
+    EXPECT_EQ(picture(square(blank, 71.5)), empty);
+    textures()->releaseTexture(blank);
+}
+
+TEST_F(Rendering, PicturesStandUprightAndBlendByTheirAlpha)
+{
+    const QRgb red = qRgba(200, 0, 0, 255), green = qRgba(0, 200, 0, 255), blue = qRgba(0, 0, 200, 255);
+    const QRgb half = qRgba(250, 250, 250, 128);
+    MHWRender::MTexture* const texture = makeTexture(2, 2, {red, green, blue, half});
+    const QImage image = picture(square(texture, 60));
+    const int left = kWidth / 2 - 55, right = kWidth / 2 + 55, top = kHeight / 2 + 55, bottom = kHeight / 2 - 55;
+    expectNear(at(image, left, top), QColor(200, 0, 0), "row 0 is the top one");
+    expectNear(at(image, right, top), QColor(0, 200, 0), "top right");
+    expectNear(at(image, left, bottom), QColor(0, 0, 200), "bottom left");
+    const QColor under = at(empty, right, bottom);
+    const auto mixed = [](int over, int below) { return int(over * 128 / 255.0 + below * 127 / 255.0 + 0.5); };
+    expectNear(at(image, right, bottom),
+               QColor(mixed(250, under.red()), mixed(250, under.green()), mixed(250, under.blue())), "half there");
+    EXPECT_EQ(at(image, kWidth / 2 - 61, kHeight / 2), at(empty, kWidth / 2 - 61, kHeight / 2)) << "sharp edge";
+
+    const QImage faint = picture(square(texture, 60, MColor(1, 1, 1, 0)));
+    EXPECT_EQ(faint, empty) << "the drawing colour's alpha counts";
+    textures()->releaseTexture(texture);
+}
+
+TEST_F(Rendering, AChangedTextureShowsAtTheNextFrame)
+{
+    MHWRender::MTexture* const texture = makeTexture(2, 2, std::vector<QRgb>(4, qRgba(200, 0, 0, 255)));
+    picture(square(texture, 30));
+    const std::vector<unsigned char> bytes = bytesOf(std::vector<QRgb>(4, qRgba(0, 0, 200, 255)));
+    ASSERT_TRUE(texture->update(bytes.data(), false));
+    expectNear(at(picture(square(texture, 30)), kWidth / 2, kHeight / 2), QColor(0, 0, 200), "after the update");
+    textures()->releaseTexture(texture);
+    EXPECT_EQ(picture(nullptr), empty);
+}
+
+TEST_F(Rendering, HigherPrioritiesLieAboveLowerOnes)
+{
+    const QImage image = picture([](MHWRender::MUIDrawManager& manager) {
+        const auto block = [&](const MColor& colour, unsigned priority) {
+            manager.setColor(colour);
+            manager.setDepthPriority(priority);
+            manager.rect2d(MPoint(50, 50, 0), MVector(0, 1, 0), 20, 20, true);
+        };
+        block(MColor(1, 0, 0), 5);
+        block(MColor(0, 1, 0), 7);
+        block(MColor(0, 0, 1), 5);
+    });
+    expectNear(at(image, 50, 50), QColor(0, 255, 0), "the highest");
+}
+
+TEST_F(Rendering, LinesRunThroughThePixelsTheyName)
+{
+    const QImage image = picture([](MHWRender::MUIDrawManager& manager) {
+        manager.setColor(MColor(1, 1, 0));
+        manager.line2d(MPoint(20, 30, 0), MPoint(60, 30, 0));
+        manager.line2d(MPoint(100, 10, 0), MPoint(100, 90, 0));
+    });
+    expectNear(at(image, 40, 30), QColor(255, 255, 0), "a level line");
+    expectNear(at(image, 100, 50), QColor(255, 255, 0), "an upright line");
+    for (const QPoint& beside : {QPoint(40, 29), QPoint(40, 31), QPoint(99, 50), QPoint(101, 50)}) {
+        EXPECT_EQ(at(image, beside.x(), beside.y()), at(empty, beside.x(), beside.y())) << "one pixel wide";
+    }
+}
