@@ -337,7 +337,7 @@ ExprPtr ExpressionParser::parseCatch()
 ExprPtr ExpressionParser::parseBackquotes()
 {
     // Looking ahead from each level of many would take quadratic time.
-    constexpr int kMostLevels = 100;
+    constexpr int kMostLevels = 32;
     if (m_backquotes >= kMostLevels)
         m_tokens.fail(kTooDeep);
     ++m_backquotes;
