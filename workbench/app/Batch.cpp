@@ -1,7 +1,7 @@
 #include "app/Batch.h"
 
-#include "app/ScriptText.h"
 #include "mel/Interpreter.h"
+#include "mel/builtins/Quoting.h"
 
 namespace app {
 
@@ -22,7 +22,7 @@ bool runStep(Host& host, const CommandLine::Step& step)
 
 bool openScene(Host& host, const std::string& path)
 {
-    const bool ok = host.session().script().execute("file -force -open " + quoted(path), false, false).ok;
+    const bool ok = host.session().script().execute("file -force -open " + mel::quoted(path), false, false).ok;
     host.drainIdle();
     return ok;
 }

@@ -1,6 +1,6 @@
 #include "app/FileActions.h"
 
-#include "app/ScriptText.h"
+#include "mel/builtins/Quoting.h"
 
 #include <QAbstractButton>
 #include <QDir>
@@ -67,7 +67,7 @@ void FileActions::Open()
     }
     const QString path = QFileDialog::getOpenFileName(m_window, tr("Open"), folder(), tr(kSceneFilter));
     if (!path.isEmpty()) {
-        m_run("file -force -open " + quoted(path.toStdString()));
+        m_run("file -force -open " + mel::quoted(path.toStdString()));
     }
 }
 
@@ -86,7 +86,7 @@ bool FileActions::SaveAs()
     }
     const std::string path = dialog.selectedFiles().value(0).toStdString();
     const std::string before = m_session.scene.fileName();
-    if (m_run("file -rename " + quoted(path) + "; file -save -type \"mayaAscii\"")) {
+    if (m_run("file -rename " + mel::quoted(path) + "; file -save -type \"mayaAscii\"")) {
         return true;
     }
     m_session.scene.setFileName(before);  // the next Save must not go where this one could not

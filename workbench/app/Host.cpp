@@ -4,6 +4,7 @@
 #include "app/Arguments.h"
 #include "app/ViewCommands.h"
 #include "mel/Builtins.h"
+#include "mel/builtins/OptionVars.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -43,9 +44,8 @@ Host::Host(const HostOptions& options) : m_session(std::make_unique<kernel::Sess
     api::installHostApi(*m_session);
     registerViewCommands(*m_session);
     registerQuit();
-    // Names of what only a window has; it fills them in.
-    m_session->script().setGlobalString("gMainWindow", "");
-    m_session->script().setGlobalString("gPlayBackSlider", "");
+    mel::loadOptionVars(*m_session);
+    m_savedOptionVars = mel::optionVarScript(*m_session);
 }
 
 Host::~Host()
@@ -61,6 +61,10 @@ void Host::shutDown()
     m_isDown = true;
     m_session->events.raise("quitApplication");
     api::shutDownHostApi(*m_session);
+    // Runs that change nothing leave the file to those that do.
+    if (mel::optionVarScript(*m_session) != m_savedOptionVars) {
+        mel::saveOptionVars(*m_session);
+    }
 }
 
 bool Host::run(const std::string& text)

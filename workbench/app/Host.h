@@ -39,8 +39,8 @@ public:
     const QuitRequest* quitRequest() const { return m_quitRequest.get(); }  ///< null when nobody asked
     void forgetQuitRequest() { m_quitRequest.reset(); }
 
-    /// Raises quitApplication, then unloads modules. For a program with a window, which must outlive this: callbacks
-    /// still reach its widgets.
+    /// Raises quitApplication, unloads modules, keeps the option variables. For a program with a window, which must
+    /// outlive this: callbacks still reach its widgets.
     void shutDown();
 
 private:
@@ -49,6 +49,7 @@ private:
     std::unique_ptr<kernel::Session> m_session;
     std::unique_ptr<QuitRequest> m_quitRequest;
     std::function<void()> m_quitListener;
+    std::string m_savedOptionVars;  ///< as they stand in the preferences folder
     bool m_isDown = false;
 };
 

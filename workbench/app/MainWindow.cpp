@@ -6,10 +6,10 @@
 #include "app/FileActions.h"
 #include "app/IdleRunner.h"
 #include "app/MessageLine.h"
-#include "app/ScriptText.h"
 #include "app/TimeField.h"
 #include "app/ViewPanel.h"
 #include "app/WindowCommands.h"
+#include "mel/builtins/Quoting.h"
 #include "view/Viewport.h"
 #include "view/Viewports.h"
 
@@ -249,7 +249,7 @@ void MainWindow::FillCameraMenu()
 void MainWindow::LookThrough(QAction* camera)
 {
     if (const view::Viewport* const view = m_viewports->active()) {
-        runAction("lookThru " + view->panelName() + " " + quoted(camera->text().toStdString()));
+        runAction("lookThru " + view->panelName() + " " + mel::quoted(camera->text().toStdString()));
     }
 }
 

@@ -45,6 +45,7 @@ TimeField::TimeField(kernel::Session& session, std::function<bool(const std::str
     m_number->setToolTip(tr("Current time"));
     m_rate->setMinimumWidth(m_rate->fontMetrics().horizontalAdvance("23.976 fps") + 4);
     connect(m_number, SIGNAL(valueChanged(int)), this, SLOT(Apply(int)));
+    connect(m_number, SIGNAL(editingFinished()), this, SLOT(LeaveField()));
 
     for (const char* event : kEvents) {
         m_callbacks.push_back(m_session.events.add(event, [this] { showTime(); }));
@@ -63,6 +64,11 @@ void TimeField::Apply(int frameNumber)
 {
     m_run("currentTime " + std::to_string(frameNumber));
     showTime();
+}
+
+void TimeField::LeaveField()
+{
+    m_number->clearFocus();  // the next keys are the tool's
 }
 
 void TimeField::showTime()

@@ -22,6 +22,7 @@ public:
 
 private slots:
     void Apply(int frameNumber);
+    void LeaveField();
 
 private:
     void showTime();

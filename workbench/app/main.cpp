@@ -3,8 +3,8 @@
 #include "app/Console.h"
 #include "app/Host.h"
 #include "app/MainWindow.h"
-#include "app/ScriptText.h"
 #include "app/Theme.h"
+#include "mel/builtins/Quoting.h"
 
 #include <QApplication>
 #include <QScreen>
@@ -54,7 +54,7 @@ void runArguments(app::Host& host, app::MainWindow& window, const app::CommandLi
         host.loadModule(app::ownModulePath(QCoreApplication::applicationDirPath().toStdString()));
     }
     if (!line.file.empty()) {
-        window.runAction("file -force -open " + app::quoted(line.file));
+        window.runAction("file -force -open " + mel::quoted(line.file));
     }
     for (const app::CommandLine::Step& step : line.steps) {
         if (step.kind == app::CommandLine::Step::Kind::Script) {

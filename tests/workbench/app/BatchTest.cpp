@@ -1,7 +1,6 @@
 #include "app/Batch.h"
 
 #include "app/Console.h"
-#include "app/ScriptText.h"
 #include "support/HostFixture.h"
 
 #include <QFile>
@@ -93,12 +92,6 @@ TEST_F(Batch, WindowCommandsDoNothingWithoutAWindow)
     EXPECT_EQ(kernel::toText(evaluate("$here = $gPlayBackSlider")), "");
     EXPECT_FALSE(run("lookThru noSuchCamera"));
     EXPECT_FALSE(run("modelPanel -q -camera modelPanel4"));
-}
-
-TEST_F(Batch, TextsReachScriptsAsTheyAre)
-{
-    const std::string text = "a \"quoted\" \\ name;\n\tsecond `line` $x Ü";
-    EXPECT_EQ(kernel::toText(evaluate("$text = " + app::quoted(text))), text);
 }
 
 TEST_F(Batch, TheConsoleWritesTheFormsOfBatchMode)
