@@ -1,10 +1,6 @@
 #include "model/CameraDrawing.h"
 
-#include "model/Canvas.h"
-
 #include <algorithm>
-
-CameraDrawing::CameraDrawing() : image(blankCanvas()) {}
 
 int CameraDrawing::activeIndex() const
 {

@@ -10,8 +10,6 @@
 
 /// One camera's layers, bottom first, with the picture composed of them.
 struct CameraDrawing {
-    CameraDrawing();
-
     int layerCount() const { return static_cast<int>(layers.size()); }
     bool isValid(int index) const { return index >= 0 && index < layerCount(); }
     Layer* layer(int index) const { return isValid(index) ? layers[static_cast<size_t>(index)].get() : nullptr; }
@@ -25,7 +23,7 @@ struct CameraDrawing {
     void move(int from, int to);                          ///< both are valid
 
     std::vector<std::unique_ptr<Layer>> layers;
-    QImage image;  ///< canvas
+    QImage image;  ///< canvas; null until it is composed first
     GhostImages ghosts;
-    bool redraw = false;  ///< compose anew although no layer is dirty
+    bool redraw = true;  ///< compose anew although no layer is dirty
 };

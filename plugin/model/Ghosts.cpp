@@ -6,10 +6,18 @@
 
 namespace {
 
+void makeBlank(QImage& image)
+{
+    if (image.isNull()) {
+        image = blankCanvas();
+    } else {
+        image.fill(Qt::transparent);
+    }
+}
+
 // The ghosts on one side, farthest first, so that nearer ones lie over it. direction: -1 earlier, +1 later.
 void drawGhosts(QImage& image, Layer& layer, int count, int direction)
 {
-    image.fill(Qt::transparent);
     QPainter painter(&image);
     prepareDrawingPainter(painter);
     const float step = kStrongestGhost / static_cast<float>(count);
@@ -36,11 +44,10 @@ GhostOptions ghostOptions()
             preferences.ghostColorOverrideNext()};
 }
 
-GhostImages::GhostImages() : m_previous(blankCanvas()), m_image(blankCanvas()) {}
-
 void GhostImages::rebuild(Layer& layer, const GhostOptions& options)
 {
     if (options.previous && options.previousCount >= 1) {
+        makeBlank(m_previous);
         drawGhosts(m_previous, layer, options.previousCount, -1);
         if (options.tinted) {
             tintImage(m_previous, options.previousTint);
@@ -49,7 +56,7 @@ void GhostImages::rebuild(Layer& layer, const GhostOptions& options)
     if (!options.previous && !options.next) {
         return;
     }
-    m_image.fill(Qt::transparent);
+    makeBlank(m_image);
     if (options.next && options.nextCount >= 1) {
         drawGhosts(m_image, layer, options.nextCount, +1);
         if (options.tinted) {
@@ -58,7 +65,9 @@ void GhostImages::rebuild(Layer& layer, const GhostOptions& options)
     }
     QPainter painter(&m_image);
     painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);
-    painter.drawImage(0, 0, m_previous);
+    if (!m_previous.isNull()) {
+        painter.drawImage(0, 0, m_previous);
+    }
 }
 
 void tintImage(QImage& image, const QColor& colour)

@@ -24,11 +24,11 @@ constexpr float kStrongestGhost = 0.4f;
 /// One camera's ghosts. They outlive a stroke, so that they stay on screen while drawing without being made anew.
 class GhostImages {
 public:
-    GhostImages();
     void rebuild(Layer& layer, const GhostOptions& options);
-    const QImage& image() const { return m_image; }  ///< earlier frames behind later ones
+    const QImage& image() const { return m_image; }  ///< earlier frames behind later ones; null before the first
 
 private:
+    // Null is transparent.
     QImage m_previous;  // left as it is while earlier ghosts are off, and still drawn behind later ones: it is meant
     QImage m_image;
 };

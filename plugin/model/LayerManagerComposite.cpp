@@ -28,6 +28,9 @@ const QImage* LayerManager::composite(const QString& camera)
     if (!found || !needsRedraw(camera)) {
         return found ? &found->image : nullptr;
     }
+    if (found->image.isNull()) {
+        found->image = blankCanvas();
+    }
     advanceStroke(camera);
     const QRect area = changedArea(camera, *found);
     if (!area.isEmpty()) {

@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-StrokeInProgress::StrokeInProgress() : m_target(), m_canvas(blankCanvas()) {}
+StrokeInProgress::StrokeInProgress() : m_target() {}
 
 void StrokeInProgress::begin(const Target& target, const QImage& canvas)
 {
@@ -23,6 +23,8 @@ void StrokeInProgress::begin(const Target& target, const QImage& canvas)
 void StrokeInProgress::end()
 {
     m_record.reset();
+    m_canvas = QImage();
+    m_selection = QImage();
 }
 
 void StrokeInProgress::advance(const QImage& base)

@@ -4,6 +4,7 @@
 
 #include <maya/MArgList.h>
 
+#include <cstring>
 #include <limits>
 #include <locale>
 #include <sstream>

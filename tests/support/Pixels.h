@@ -7,6 +7,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <algorithm>
+#include <cstdlib>
+
 /// Pixels as a test reads them.
 namespace pixels {
 
@@ -24,6 +27,24 @@ inline bool same(const QImage& a, const QImage& b)
 inline int alpha(const QImage& image, int x, int y)
 {
     return qAlpha(image.pixel(x, y));
+}
+
+/// The farthest that a channel of the two is apart, premultiplied: what is seen of a colour is its share. 256 when the
+/// sizes differ.
+inline int farthest(const QImage& a, const QImage& b)
+{
+    if (a.size() != b.size()) {
+        return 256;
+    }
+    const QImage p = a.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+    const QImage q = b.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+    int distance = 0;
+    for (int y = 0; y < p.height(); ++y) {
+        for (int i = 0; i < p.width() * 4; ++i) {
+            distance = std::max(distance, std::abs(p.constScanLine(y)[i] - q.constScanLine(y)[i]));
+        }
+    }
+    return distance;
 }
 
 /// One text a row, one character a pixel: "." for alpha 0, else 1 to 9 for ever stronger alpha, 9 being 255.
@@ -60,9 +81,10 @@ inline QImage marked(int seed)
 {
     QImage image(1024, 1024, QImage::Format_RGBA8888);
     image.fill(Qt::transparent);
+    const int n = std::abs(seed);
     for (int y = 0; y < 20; ++y) {
         for (int x = 0; x < 20; ++x) {
-            image.setPixelColor(seed * 7 % 900 + x, seed * 13 % 900 + y, QColor(seed * 37 % 256, seed * 91 % 256, 200));
+            image.setPixelColor(n * 7 % 900 + x, n * 13 % 900 + y, QColor(n * 37 % 256, n * 91 % 256, 200));
         }
     }
     return image;
