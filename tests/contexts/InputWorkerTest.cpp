@@ -2,29 +2,35 @@
 
 #include "settings/PenState.h"
 
-#include <QSignalSpy>
-#include <QThread>
-
 #include <gtest/gtest.h>
 
 namespace {
 
 const SamplingOptions kOptions = {QRect(100, 200, 640, 480), 7, 0.8f, 0.5f, false};
 
-/// A worker on this thread, its pointer where the test puts it.
+struct Sample {
+    QPoint position;
+    int width;
+    float opacity;
+    float hardness;
+};
+
+/// A worker on this thread, its pointer where the test puts it, and what it has sent.
 struct Polled {
     explicit Polled(const SamplingOptions& options = kOptions)
-        : worker(
-            options, [this] { return pointer; }, std::make_shared<SampleGate>()),
-          samples(&worker, SIGNAL(MousePositionChanged(const QPoint&, int, float, float)))
-    {}
-
-    QPoint position(int index) const { return samples.at(index).at(0).toPoint(); }
-    float opacity(int index) const { return samples.at(index).at(2).toFloat(); }
+        : gate(std::make_shared<SampleGate>()), worker(
+                                                    options, [this] { return pointer; }, gate)
+    {
+        QObject::connect(&worker, &InputWorker::MousePositionChanged,
+                         [this](const QPoint& position, int width, float opacity, float hardness) {
+                             samples.push_back({position, width, opacity, hardness});
+                         });
+    }
 
     QPoint pointer{150, 300};
+    std::vector<Sample> samples;
+    std::shared_ptr<SampleGate> gate;
     InputWorker worker;
-    QSignalSpy samples;
 };
 
 struct InputWorkerTest : testing::Test {
@@ -35,12 +41,12 @@ TEST_F(InputWorkerTest, BeginsWithTwoSamplesOnePixelApartCountedFromTheLowerLeft
 {
     Polled polled;
     polled.worker.Poll();
-    ASSERT_EQ(polled.samples.count(), 2);
-    EXPECT_EQ(polled.position(0), QPoint(50, 381));
-    EXPECT_EQ(polled.position(1), QPoint(51, 381));
-    EXPECT_EQ(polled.samples.at(0).at(1).toInt(), 7);
-    EXPECT_FLOAT_EQ(polled.opacity(0), 0.8f);
-    EXPECT_FLOAT_EQ(polled.samples.at(0).at(3).toFloat(), 0.5f);
+    ASSERT_EQ(polled.samples.size(), 2u);
+    EXPECT_EQ(polled.samples[0].position, QPoint(50, 381));
+    EXPECT_EQ(polled.samples[1].position, QPoint(51, 381));
+    EXPECT_EQ(polled.samples[0].width, 7);
+    EXPECT_FLOAT_EQ(polled.samples[0].opacity, 0.8f);
+    EXPECT_FLOAT_EQ(polled.samples[0].hardness, 0.5f);
 }
 
 TEST_F(InputWorkerTest, SendsASampleForEachMoveAndNoneWhileThePointerRests)
@@ -48,12 +54,12 @@ TEST_F(InputWorkerTest, SendsASampleForEachMoveAndNoneWhileThePointerRests)
     Polled polled;
     polled.worker.Poll();
     polled.worker.Poll();
-    EXPECT_EQ(polled.samples.count(), 2);
-    polled.pointer += QPoint(3, 2);
+    EXPECT_EQ(polled.samples.size(), 2u);
+    polled.pointer += QPoint(3, 2u);
     polled.worker.Poll();
     polled.worker.Poll();
-    ASSERT_EQ(polled.samples.count(), 3);
-    EXPECT_EQ(polled.position(2), QPoint(54, 379));
+    ASSERT_EQ(polled.samples.size(), 3u);
+    EXPECT_EQ(polled.samples[2].position, QPoint(54, 379));
 }
 
 TEST_F(InputWorkerTest, WeighsOpacityByThePressureOfEachPollWhereTheToolSaysSo)
@@ -65,13 +71,13 @@ TEST_F(InputWorkerTest, WeighsOpacityByThePressureOfEachPollWhereTheToolSaysSo)
     penState::setPressure(0.5f);
     pressed.worker.Poll();
     unpressed.worker.Poll();
-    EXPECT_FLOAT_EQ(pressed.opacity(1), 0.4f);
-    EXPECT_FLOAT_EQ(unpressed.opacity(1), 0.8f);
+    EXPECT_FLOAT_EQ(pressed.samples.at(1).opacity, 0.4f);
+    EXPECT_FLOAT_EQ(unpressed.samples.at(1).opacity, 0.8f);
 
     penState::setPressure(0.25f);
-    pressed.pointer += QPoint(1, 0);
+    pressed.pointer += QPoint(1, 0u);
     pressed.worker.Poll();
-    EXPECT_FLOAT_EQ(pressed.opacity(2), 0.2f);
+    EXPECT_FLOAT_EQ(pressed.samples.at(2).opacity, 0.2f);
 }
 
 TEST_F(InputWorkerTest, SendsNothingWithoutAViewOrThroughAClosedGate)
@@ -80,15 +86,12 @@ TEST_F(InputWorkerTest, SendsNothingWithoutAViewOrThroughAClosedGate)
     nowhere.view = QRect();
     Polled polled(nowhere);
     polled.worker.Poll();
-    EXPECT_EQ(polled.samples.count(), 0);
+    EXPECT_EQ(polled.samples.size(), 0u);
 
-    const auto gate = std::make_shared<SampleGate>();
-    InputWorker worker(
-        kOptions, [] { return QPoint(); }, gate);
-    QSignalSpy samples(&worker, SIGNAL(MousePositionChanged(const QPoint&, int, float, float)));
-    gate->close();
-    worker.Poll();
-    EXPECT_EQ(samples.count(), 0);
+    Polled closed;
+    closed.gate->close();
+    closed.worker.Poll();
+    EXPECT_EQ(closed.samples.size(), 0u);
 }
 
 }  // namespace
