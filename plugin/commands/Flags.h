@@ -2,7 +2,7 @@
 
 #include <maya/MSyntax.h>
 
-/// A flag of a command. Names are without the dash, as users of look-ups write them.
+/// A flag of a command, named exactly as it is registered.
 struct Flag {
     const char* shortName;
     const char* longName;

@@ -12,10 +12,10 @@
 namespace {
 
 const Flag kFlags[] = {
-    {"ex", "exists", MSyntax::kNoArg},          {"r", "refresh", MSyntax::kNoArg},
-    {"rg", "refreshGhosting", MSyntax::kNoArg}, {"l", "layer", MSyntax::kNoArg},
-    {"c", "camera", MSyntax::kString},          {"ln", "layerName", MSyntax::kString},
-    {"ls", "layerState", MSyntax::kUnsigned},   {"f", "frame", MSyntax::kNoArg},
+    {"-ex", "-exists", MSyntax::kNoArg},          {"-r", "-refresh", MSyntax::kNoArg},
+    {"-rg", "-refreshGhosting", MSyntax::kNoArg}, {"-l", "-layer", MSyntax::kNoArg},
+    {"-c", "-camera", MSyntax::kString},          {"-ln", "-layerName", MSyntax::kString},
+    {"-ls", "-layerState", MSyntax::kUnsigned},   {"-f", "-frame", MSyntax::kNoArg},
 };
 
 QString textArgument(const MArgDatabase& args, const char* flag)
@@ -28,7 +28,7 @@ QString textArgument(const MArgDatabase& args, const char* flag)
 int layerStateArgument(const MArgDatabase& args)
 {
     int state = -1;
-    if (args.getFlagArgument("layerState", 0, state) && (state < 0 || state >= kLayerStateCount)) {
+    if (args.getFlagArgument("-layerState", 0, state) && (state < 0 || state >= kLayerStateCount)) {
         return kLayerAnim;
     }
     return state;
@@ -43,9 +43,9 @@ struct NodeCommand::Mode {
 };
 
 const NodeCommand::Mode NodeCommand::kModes[] = {
-    {"exists", &NodeCommand::queryExists},
-    {"refresh", &NodeCommand::refreshLayers},
-    {"refreshGhosting", &NodeCommand::refreshGhosting},
+    {"-exists", &NodeCommand::queryExists},
+    {"-refresh", &NodeCommand::refreshLayers},
+    {"-refreshGhosting", &NodeCommand::refreshGhosting},
 };
 
 void* NodeCommand::creator()
@@ -74,7 +74,7 @@ MStatus NodeCommand::doIt(const MArgList& list)
         return MStatus::kInvalidParameter;
     }
     if (args.isQuery()) {
-        if (args.isFlagSet("camera")) {
+        if (args.isFlagSet("-camera")) {
             return queryCamera();
         }
         messages::error("Invalid query parameter");
@@ -131,9 +131,9 @@ MStatus NodeCommand::refreshGhosting()
 MStatus NodeCommand::createNode(const MArgDatabase& args)
 {
     // What describes the layer is read only when there is to be one.
-    const bool withLayer = args.isFlagSet("layer");
-    const FirstLayerRequest layer = {withLayer, withLayer ? textArgument(args, "camera") : QString(),
-                                     withLayer ? textArgument(args, "layerName") : QString(),
-                                     withLayer ? layerStateArgument(args) : -1, args.isFlagSet("frame")};
+    const bool withLayer = args.isFlagSet("-layer");
+    const FirstLayerRequest layer = {withLayer, withLayer ? textArgument(args, "-camera") : QString(),
+                                     withLayer ? textArgument(args, "-layerName") : QString(),
+                                     withLayer ? layerStateArgument(args) : -1, args.isFlagSet("-frame")};
     return execute(std::unique_ptr<Edit>(new CreateNodeEdit(layer)));
 }

@@ -13,8 +13,8 @@
 namespace {
 
 const Flag kFlags[] = {
-    {"la", "layerAdded", MSyntax::kLong},
-    {"fa", "frameAdded", MSyntax::kNoArg},
+    {"-la", "-layerAdded", MSyntax::kLong},
+    {"-fa", "-frameAdded", MSyntax::kNoArg},
 };
 
 }  // namespace
@@ -52,7 +52,7 @@ MStatus StrokeCommand::doIt(const MArgList& list)
         return MStatus::kFailure;
     }
     int layerAdded = -1;
-    args.getFlagArgument("layerAdded", 0, layerAdded);
-    const StrokeTarget target = {camera, layerAdded, args.isFlagSet("frameAdded")};
+    args.getFlagArgument("-layerAdded", 0, layerAdded);
+    const StrokeTarget target = {camera, layerAdded, args.isFlagSet("-frameAdded")};
     return execute(std::unique_ptr<Edit>(new CommitStrokeEdit(target)));
 }

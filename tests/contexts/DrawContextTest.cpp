@@ -1,7 +1,7 @@
 #include "support/NodeFixture.h"
 
 #include "contexts/DrawContextCommand.h"
-#include "contexts/TestView.h"
+#include "support/TestView.h"
 #include "contexts/ThreadManager.h"
 
 #include "api/Tools.h"

@@ -1,7 +1,7 @@
 #include "support/NodeFixture.h"
 
 #include "contexts/InputWorker.h"
-#include "contexts/TestView.h"
+#include "support/TestView.h"
 #include "contexts/ThreadManager.h"
 
 #include <QCoreApplication>

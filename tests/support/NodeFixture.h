@@ -25,7 +25,7 @@ class NodeFixture : public PluginFixture {
 protected:
     NodeFixture() : m_module(std::make_shared<api::Module>())
     {
-        m_module->name = "lumisketch2";
+        m_module->name = "nodeFixture";  // reading a scene back must not load the built module beside it
         m_module->session = &session();
         MObject object = api::toObject(m_module);
         m_plugin.setObject(object);

@@ -17,15 +17,17 @@ public:
     QWidget* widget() override { return &m_widget; }
     kernel::NodePtr camera() const override { return kernel::Session::current().scene.findOrNull(m_camera + "Shape"); }
     void setCamera(const kernel::NodePtr&) override {}
-    int portWidth() const override { return m_widget.width(); }
-    int portHeight() const override { return m_widget.height(); }
+    int portWidth() const override { return m_widget.width() * pixelRatio; }
+    int portHeight() const override { return m_widget.height() * pixelRatio; }
     bool isLegacy() const override { return false; }
-    api::ViewMatrices matrices() const override { return {}; }
+    api::ViewMatrices matrices() const override { return projection; }
     void refresh(bool) override { ++refreshes; }
     void scheduleRefresh() override { ++scheduled; }
     void beginXorDrawing(float, const float[4]) override {}
     void endXorDrawing() override {}
 
+    int pixelRatio = 1;  ///< port pixels for each of the widget's
+    api::ViewMatrices projection;
     int refreshes = 0;
     int scheduled = 0;
 
