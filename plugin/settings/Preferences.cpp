@@ -81,8 +81,10 @@ const std::vector<PreferenceRow>& Preferences::rows()
     constexpr OutOfRange kKeep = OutOfRange::KeepCurrent;
     constexpr OutOfRange kDefault = OutOfRange::UseDefault;
     constexpr Row::Missing kMissingIsDefault = Row::TakesDefault;
+    // No string literals kept in place here: the file cache of the settings keeps the values beyond the module's
+    // unload.
     static const std::vector<PreferenceRow> kRows = {
-        Row("main", "mainMenuName", &P::m_mainMenuName, QStringLiteral("LM2")),
+        Row("main", "mainMenuName", &P::m_mainMenuName, QString::fromLatin1("LM2")),
         Row("main", "toolboxGeometry", &P::m_toolboxGeometry),
         Row("main", "toolOptionsGeometry", &P::m_toolOptionsGeometry),
         Row("main", "layerManagerGeometry", &P::m_layerManagerGeometry),
@@ -98,7 +100,7 @@ const std::vector<PreferenceRow>& Preferences::rows()
         Row("tools", "brushOpacity", &P::m_brushOpacity, 100, 1, 100, kClamp),
         Row("tools", "brushTabletEnabled", &P::m_brushTabletEnabled, true),
         Row("tools", "eraserSize", &P::m_eraserSize, 40, 1, 100, kClamp),
-        Row("tools", "textFontFamily", &P::m_textFontFamily, QStringLiteral("Arial")),
+        Row("tools", "textFontFamily", &P::m_textFontFamily, QString::fromLatin1("Arial")),
         Row("tools", "textSize", &P::m_textSize, 20, 1, 100, kClamp),
         Row("tools", "textOpacity", &P::m_textOpacity, 100, 1, 100, kClamp),
         Row("tools", "lineSize", &P::m_lineSize, 6, 1, 50, kClamp),
