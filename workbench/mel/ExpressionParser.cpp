@@ -8,30 +8,28 @@ namespace mel {
 
 namespace {
 
-struct LevelOperator {
-    Tok token;
+struct ChainOperator {
     BinaryOp op;
-    int level;
+    int level;  ///< higher binds tighter; -1 for tokens that are no such operator
 };
 
-// Higher binds tighter; operators of one level are taken from left to right.
-const LevelOperator kChainOperators[] = {
-    {Tok::Equal, BinaryOp::Equal, 0},     {Tok::NotEqual, BinaryOp::NotEqual, 0},
-    {Tok::Less, BinaryOp::Less, 1},       {Tok::LessEqual, BinaryOp::LessEqual, 1},
-    {Tok::Greater, BinaryOp::Greater, 1}, {Tok::GreaterEqual, BinaryOp::GreaterEqual, 1},
-    {Tok::Plus, BinaryOp::Add, 2},        {Tok::Minus, BinaryOp::Subtract, 2},
-    {Tok::Times, BinaryOp::Multiply, 3},  {Tok::Divide, BinaryOp::Divide, 3},
-    {Tok::Modulo, BinaryOp::Modulo, 3},   {Tok::Cross, BinaryOp::Cross, 3},
-};
-constexpr int kTightestLevel = 3;
-
-const LevelOperator* chainOperator(Tok token)
+ChainOperator chainOperator(Tok token)
 {
-    for (const LevelOperator& row : kChainOperators) {
-        if (row.token == token)
-            return &row;
+    switch (token) {
+    case Tok::Equal: return {BinaryOp::Equal, 0};
+    case Tok::NotEqual: return {BinaryOp::NotEqual, 0};
+    case Tok::Less: return {BinaryOp::Less, 1};
+    case Tok::LessEqual: return {BinaryOp::LessEqual, 1};
+    case Tok::Greater: return {BinaryOp::Greater, 1};
+    case Tok::GreaterEqual: return {BinaryOp::GreaterEqual, 1};
+    case Tok::Plus: return {BinaryOp::Add, 2};
+    case Tok::Minus: return {BinaryOp::Subtract, 2};
+    case Tok::Times: return {BinaryOp::Multiply, 3};
+    case Tok::Divide: return {BinaryOp::Divide, 3};
+    case Tok::Modulo: return {BinaryOp::Modulo, 3};
+    case Tok::Cross: return {BinaryOp::Cross, 3};
+    default: return {BinaryOp::Add, -1};
     }
-    return nullptr;
 }
 
 // The operator behind +=, -= and so on.
@@ -116,21 +114,25 @@ ExprPtr ExpressionParser::parseLogical(Tok op)
     return logical;
 }
 
-ExprPtr ExpressionParser::parseChain(int level)
+// Operators of one level are taken from left to right into one list; a tighter one belongs to the operand.
+ExprPtr ExpressionParser::parseChain(int lowestLevel)
 {
-    const auto operand = [&] { return level == kTightestLevel ? parseUnary() : parseChain(level + 1); };
-    ExprPtr first = operand();
-    std::unique_ptr<ChainExpr> chain;
+    ExprPtr left = parseUnary();
+    ChainExpr* chain = nullptr;
+    int chainLevel = -1;
     for (;;) {
-        const LevelOperator* row = chainOperator(m_tokens.kind());
-        if (!row || row->level != level)
-            break;
-        if (!chain)
-            chain = std::make_unique<ChainExpr>(std::move(first));
+        const ChainOperator next = chainOperator(m_tokens.kind());
+        if (next.level < lowestLevel)
+            return left;
+        if (next.level != chainLevel) {
+            auto outer = std::make_unique<ChainExpr>(std::move(left));
+            chain = outer.get();
+            chainLevel = next.level;
+            left = std::move(outer);
+        }
         m_tokens.advance();
-        chain->links.push_back({row->op, operand()});
+        chain->links.push_back({next.op, parseChain(next.level + 1)});
     }
-    return chain ? ExprPtr(std::move(chain)) : std::move(first);
 }
 
 ExprPtr ExpressionParser::parseUnary()
@@ -249,14 +251,12 @@ ExprPtr ExpressionParser::parseName()
     if (!m_tokens.is(Tok::LeftParen))
         throw SyntaxError("Invalid use of Maya object \"" + std::string(m_tokens.lexer().text(name)) + "\".",
                           name.begin);
-    m_tokens.seek(name.begin);
-    return parseCall();
+    return parseCall(name);
 }
 
-ExprPtr ExpressionParser::parseCall()
+ExprPtr ExpressionParser::parseCall(const Token& name)
 {
-    auto call = std::make_unique<CallExpr>(m_tokens.at(), m_tokens.text());
-    m_tokens.advance();
+    auto call = std::make_unique<CallExpr>(name.begin, std::string(m_tokens.lexer().text(name)));
     m_tokens.expect(Tok::LeftParen);
     call->args = parseList(Tok::RightParen);
     return call;
@@ -344,7 +344,7 @@ ExprPtr ExpressionParser::parseBackquotes()
     m_tokens.advance();
     if (!m_tokens.is(Tok::Identifier))
         m_tokens.fail();
-    ExprPtr command = isCallSyntax() ? parseCall() : parseCommand(true);
+    ExprPtr command = isCallSyntax() ? parseName() : parseCommand(true);
     m_tokens.accept(Tok::Semicolon);
     m_tokens.expect(Tok::Backquote);
     --m_backquotes;
@@ -360,6 +360,8 @@ ExprPtr ExpressionParser::parseCallStatement()
 // `move ($x) 0 0`. What follows the closing parenthesis decides.
 bool ExpressionParser::isCallSyntax()
 {
+    if (!m_tokens.mayBeFollowedBy('('))
+        return false;
     const std::size_t start = m_tokens.at();
     m_tokens.advance();
     bool isCall = false;
@@ -411,31 +413,43 @@ ExprPtr ExpressionParser::parseCommand(bool inBackquotes)
 
 ExprPtr ExpressionParser::parseArgument()
 {
-    ExprPtr argument;
     switch (m_tokens.kind()) {
-    case Tok::Flag:
-        argument = std::make_unique<LiteralExpr>(m_tokens.at(), m_tokens.text());
-        m_tokens.advance();
-        break;
-    case Tok::Word: argument = parseWord(); break;
+    case Tok::Flag: return literalArgument(m_tokens.text());
     case Tok::Integer:
-    case Tok::Float: argument = parseNumber(); break;
-    case Tok::String: argument = parseString(); break;
-    case Tok::Variable:
-        argument = parseVariable();
-        // `$node.tx` looks like joining, but only parentheses and + join.
-        if (static_cast<VariableExpr&>(*argument).component >= 0)
-            throw SyntaxError("Syntax error", argument->at);
-        break;
-    case Tok::LeftParen: argument = parseParentheses(); break;
-    case Tok::Backquote: argument = parseBackquotes(); break;
-    case Tok::LeftBrace: argument = parseArray(); break;
-    case Tok::LeftAngles: argument = parseAngles(); break;
-    case Tok::Minus: argument = parseNegatedArgument(); break;
-    default: m_tokens.fail();
+    case Tok::Float: return literalArgument(m_tokens.lexer().numberValue(m_tokens.token()));
+    case Tok::String: return literalArgument(m_tokens.lexer().stringContent(m_tokens.token()));
+    case Tok::Word: return parseWord();
+    default: break;
     }
+    ExprPtr argument = parseComputedArgument();
     m_tokens.rereadAsArgument();
     return argument;
+}
+
+ExprPtr ExpressionParser::literalArgument(kernel::Value value)
+{
+    auto literal = std::make_unique<LiteralExpr>(m_tokens.at(), std::move(value));
+    m_tokens.advanceToArgument();
+    return literal;
+}
+
+ExprPtr ExpressionParser::parseComputedArgument()
+{
+    switch (m_tokens.kind()) {
+    case Tok::Variable: {
+        auto variable = parseVariable();
+        // `$node.tx` looks like joining, but only parentheses and + join.
+        if (variable->component >= 0)
+            throw SyntaxError("Syntax error", variable->at);
+        return variable;
+    }
+    case Tok::LeftParen: return parseParentheses();
+    case Tok::Backquote: return parseBackquotes();
+    case Tok::LeftBrace: return parseArray();
+    case Tok::LeftAngles: return parseAngles();
+    case Tok::Minus: return parseNegatedArgument();
+    default: m_tokens.fail();
+    }
 }
 
 ExprPtr ExpressionParser::parseNegatedArgument()
@@ -454,17 +468,17 @@ ExprPtr ExpressionParser::parseNegatedArgument()
 // A word is its own text, except for an index that must be computed: cv[$i], vtx[$a:$b].
 ExprPtr ExpressionParser::parseWord()
 {
-    const std::size_t at = m_tokens.at();
-    std::string text = m_tokens.text();
-    if (m_tokens.followingByte() != '[') {
-        Lexer word(text);
-        const Tok kind = word.next().kind;
-        if (isReservedWord(kind) && word.offset() == text.size() && kind != Tok::True && kind != Tok::False)
-            m_tokens.fail();
-        m_tokens.advance();
-        return std::make_unique<LiteralExpr>(at, std::move(text));
-    }
-    auto joined = std::make_unique<ChainExpr>(std::make_unique<LiteralExpr>(at, text + "["));
+    if (m_tokens.followingByte() == '[')
+        return parseIndexedWord();
+    const Tok kind = kindOfName(m_tokens.lexer().text(m_tokens.token()));
+    if (isReservedWord(kind) && kind != Tok::True && kind != Tok::False)
+        m_tokens.fail();
+    return literalArgument(m_tokens.text());
+}
+
+ExprPtr ExpressionParser::parseIndexedWord()
+{
+    auto joined = std::make_unique<ChainExpr>(std::make_unique<LiteralExpr>(m_tokens.at(), m_tokens.text() + "["));
     const auto add = [&](ExprPtr part) { joined->links.push_back({BinaryOp::Add, std::move(part)}); };
     const auto addText = [&](std::string part) { add(std::make_unique<LiteralExpr>(m_tokens.at(), std::move(part))); };
     m_tokens.advance();
@@ -482,11 +496,13 @@ ExprPtr ExpressionParser::parseWord()
             addText("]");
             return joined;
         }
-        addText("]" + m_tokens.text());
-        m_tokens.advance();
-        if (!m_tokens.is(Tok::LeftBracket) || !m_tokens.isAdjacent())
+        const bool goesOn = m_tokens.followingByte() == '[';
+        addText("]" + m_tokens.text() + (goesOn ? "[" : ""));
+        if (!goesOn) {
+            m_tokens.advanceToArgument();
             return joined;
-        addText("[");
+        }
+        m_tokens.advance();
     }
 }
 

@@ -22,7 +22,7 @@ public:
 private:
     ExprPtr parseConditional();
     ExprPtr parseLogical(Tok op);
-    ExprPtr parseChain(int level);
+    ExprPtr parseChain(int lowestLevel);
     ExprPtr parseUnary();
     ExprPtr parsePrimary();
     ExprPtr parseNumber();
@@ -31,14 +31,17 @@ private:
     ExprPtr parseParentheses();
     ExprPtr parseCast(std::size_t at, Type type);
     ExprPtr parseName();
-    ExprPtr parseCall();
+    ExprPtr parseCall(const Token& name);
     ExprPtr parseCommand(bool inBackquotes);
     ExprPtr parseBackquotes();
     ExprPtr parseArray();
     ExprPtr parseAngles();
     ExprPtr parseMatrix(std::size_t at, std::vector<ExprPtr> firstRow);
     ExprPtr parseCatch();
+    ExprPtr literalArgument(kernel::Value value);
+    ExprPtr parseComputedArgument();
     ExprPtr parseWord();
+    ExprPtr parseIndexedWord();
     ExprPtr parseNegatedArgument();
     std::vector<ExprPtr> parseList(Tok end);
     std::unique_ptr<VariableExpr> asVariable(ExprPtr expression) const;

@@ -56,14 +56,6 @@ const std::unordered_map<std::string_view, Tok> kReservedWords = {
 };
 constexpr std::size_t kLongestReservedWord = 10;
 
-Tok wordKind(std::string_view word)
-{
-    if (word.size() > kLongestReservedWord || !(word[0] >= 'a' && word[0] <= 'z'))
-        return Tok::Identifier;
-    const auto found = kReservedWords.find(word);
-    return found == kReservedWords.end() ? Tok::Identifier : found->second;
-}
-
 struct Operator {
     const char* text;
     Tok kind;
@@ -97,6 +89,14 @@ char unescaped(char c)
 bool isReservedWord(Tok kind)
 {
     return kind >= Tok::Break && kind <= Tok::While;
+}
+
+Tok kindOfName(std::string_view name)
+{
+    if (name.size() > kLongestReservedWord || !(name[0] >= 'a' && name[0] <= 'z'))
+        return Tok::Identifier;
+    const auto found = kReservedWords.find(name);
+    return found == kReservedWords.end() ? Tok::Identifier : found->second;
 }
 
 Token Lexer::next()
@@ -205,7 +205,7 @@ Token Lexer::scanIdentifier(std::size_t begin)
 {
     while (is(peek(), kLetter | kDigit))
         ++m_at;
-    return finish(wordKind(m_text.substr(begin, m_at - begin)), begin);
+    return finish(kindOfName(m_text.substr(begin, m_at - begin)), begin);
 }
 
 bool Lexer::startsNumber(std::size_t ahead) const

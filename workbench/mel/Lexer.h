@@ -86,6 +86,8 @@ enum class Tok : unsigned char {
 };
 
 bool isReservedWord(Tok kind);
+/// The reserved word a name is; Identifier for other names.
+Tok kindOfName(std::string_view name);
 
 struct Token {
     Tok kind = Tok::End;

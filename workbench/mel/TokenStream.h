@@ -34,6 +34,14 @@ public:
     /// The byte right behind the current token; 0 at the end.
     char followingByte() const { return m_token.end < m_lexer.whole().size() ? m_lexer.whole()[m_token.end] : '\0'; }
 
+    /// False when the next token certainly does not start with that byte; comments are left undecided.
+    bool mayBeFollowedBy(char byte) const
+    {
+        const std::string_view rest = m_lexer.whole().substr(m_token.end);
+        const std::size_t next = rest.find_first_not_of(" \t\r\n\f");
+        return next != std::string_view::npos && (rest[next] == byte || rest[next] == '/');
+    }
+
     void advance()
     {
         m_previousEnd = m_token.end;

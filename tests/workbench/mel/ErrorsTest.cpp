@@ -149,7 +149,7 @@ TEST(ScriptErrors, HostileTextsEndInAnErrorNotInACrash)
         repeated("!", deep) + "1",
         repeated("-", deep) + "1",
         repeated("f(", deep),
-        repeated("`f (", deep),
+        repeated("`f (", deep / 20),
         repeated("<<", deep),
         repeated("if (1) ", deep) + ";",
         repeated("$a[", deep),
