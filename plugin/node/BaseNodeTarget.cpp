@@ -1,0 +1,90 @@
+// What a stroke goes into: found, or made, before the stroke begins.
+
+#include "node/BaseNode.h"
+
+#include "model/FrameNumber.h"
+#include "model/LayerManager.h"
+#include "node/TimelineMarks.h"
+#include "settings/Messages.h"
+#include "settings/Preferences.h"
+#include "settings/ScriptBridge.h"
+
+bool BaseNode::drawingTarget(const QString& camera, int& newLayerIndex, bool& frameCreated)
+{
+    newLayerIndex = -1;
+    frameCreated = false;
+    const std::shared_ptr<LayerManager> manager = camera.isEmpty() ? nullptr : layerManager();
+    if (!manager) {
+        return false;
+    }
+    if (manager->layerCount(camera) == 0) {
+        const Preferences& preferences = Preferences::instance();
+        if (!preferences.automaticallyAddFirstLayer()) {
+            messages::error("A layer does not exist for the current camera");
+            return false;
+        }
+        if (preferences.alwaysDisplayNewLayerDialog()) {
+            script::openNewLayerDialogDeferred();
+            return false;
+        }
+        newLayerIndex = manager->insertLayer(camera, -1, QString());
+        if (newLayerIndex < 0) {
+            return false;
+        }
+    }
+    if (prepareFrame(*manager, camera, frameCreated)) {
+        return true;
+    }
+    manager->takeLayer(camera, newLayerIndex);
+    newLayerIndex = -1;
+    return false;
+}
+
+bool BaseNode::prepareFrame(LayerManager& manager, const QString& camera, bool& frameCreated) const
+{
+    Layer* layer = manager.activeLayer(camera);
+    if (!layer) {
+        messages::error("An active layer does not exist.");
+        return false;
+    }
+    if (!layer->isVisible()) {
+        messages::error("Active layer is not visible.");
+        return false;
+    }
+    if (layer->state() == kLayerLocked) {
+        messages::error("Active layer is locked.");
+        return false;
+    }
+    if (layer->hasFrameAtCurrentTime()) {
+        return true;
+    }
+    if (layer->state() == kLayerStatic) {
+        const Preferences& preferences = Preferences::instance();
+        const int frameNumber = preferences.defaultStaticFrameTime();
+        if (!preferences.insertDefaultStaticFrame() || frameNumber > ::currentFrameNumber()) {
+            messages::error("Static layer: A frame is required at or before the current time.");
+            return false;
+        }
+        frameCreated = layer->addFrame(timeOfFrame(frameNumber)) >= 0;
+    } else {
+        frameCreated = layer->addFrameAtCurrentTime() >= 0;
+    }
+    if (frameCreated) {
+        TimelineMarks::refreshInstalled();
+    }
+    return frameCreated;
+}
+
+void BaseNode::withdrawDrawingTarget(const FrameAddress& frame, int newLayerIndex, bool frameCreated)
+{
+    const std::shared_ptr<LayerManager> manager = layerManager();
+    Layer* layer = manager ? manager->layer(frame.camera, frame.layerIndex) : nullptr;
+    if (layer && frameCreated) {
+        layer->takeFrame(timeOfFrame(frame.frameNumber));
+        layer->updateCurrentFrame(::currentFrameNumber());
+        TimelineMarks::refreshInstalled();
+    }
+    if (layer && newLayerIndex >= 0) {
+        manager->takeLayer(frame.camera, newLayerIndex);
+    }
+}
