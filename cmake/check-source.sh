@@ -34,6 +34,9 @@ qt=$(git grep -nE '#include <Q[A-Z]' -- workbench/kernel workbench/mel)
 forward=$(git grep -nE '^\s*(class|struct)\s+M[A-Z][A-Za-z0-9]+\s*;' -- plugin)
 [ -n "$forward" ] && report "Host types come by including their header" "$forward"
 
+literals=$(git grep -nE 'Q(String|ByteArray)Literal' -- plugin)
+[ -n "$literals" ] && report "Qt's literals point into the module: what outlives it (a settings cache) would dangle after unloading" "$literals"
+
 words=$(git grep -nIiE '\b(spec\.md|specification|the spec\b|part [1-6]\.[1-6]\b|parts [1-6]\.[1-6]\b|TODO|FIXME|XXX)' \
     -- . ':!*.svg' ':!cmake/check-source.sh')
 [ -n "$words" ] && report "Words that do not belong here" "$words"

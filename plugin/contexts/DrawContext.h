@@ -38,6 +38,6 @@ private:
     bool m_drawing = false;  // this press has begun a stroke; what follows is about that stroke
     MObjectHandle m_node;
     FrameAddress m_frame = {QString(), -1, 0};  // where it goes
-    int m_layerIndex = -1;  // of the layer made for it
+    int m_layerIndex = -1;                      // of the layer made for it
     bool m_frameCreated = false;
 };

@@ -16,7 +16,7 @@ quint64 nextId()
 
 }  // namespace
 
-Layer::Layer() : m_id(nextId()), m_name(QStringLiteral("New Layer")) {}
+Layer::Layer() : m_id(nextId()), m_name(QString("New Layer")) {}
 
 void Layer::setVisible(bool visible)
 {

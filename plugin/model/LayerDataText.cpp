@@ -122,7 +122,7 @@ bool readFrame(Arguments& arguments, int index, Layer& layer)
     if (frame) {
         layer.insertFrame(std::move(frame));
     } else {
-        messages::error(QStringLiteral("Failed to load draw data: %1 (%2)").arg(layer.name(), QString::number(index)));
+        messages::error(QString("Failed to load draw data: %1 (%2)").arg(layer.name(), QString::number(index)));
     }
     return true;
 }
@@ -132,7 +132,7 @@ bool readLayer(Arguments& arguments, const QString& camera, LayerManager& manage
     LayerHeader header;
     switch (readLayerHeader(arguments, header)) {
     case LayerKind::Broken: return false;
-    case LayerKind::Absent: messages::warning(QStringLiteral("Skipping invalid layer")); return true;
+    case LayerKind::Absent: messages::warning(QString("Skipping invalid layer")); return true;
     case LayerKind::Present: break;
     }
     std::unique_ptr<Layer> made(new Layer);
@@ -242,7 +242,7 @@ MStatus read(const MArgList& list, unsigned int& next, LayerManager& manager)
     Arguments arguments(list, next);
     const int version = arguments.takeVersion();
     if (arguments.status() && version <= 0) {
-        messages::error(QStringLiteral("Invalid version"));
+        messages::error(QString("Invalid version"));
         return MS::kFailure;
     }
     bool master = false;

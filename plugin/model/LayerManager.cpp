@@ -18,7 +18,7 @@ namespace {
 
 void reportInvalidLayer(const QString& camera, int index)
 {
-    messages::error(QStringLiteral("Invalid layer: %1 (%2)").arg(camera, QString::number(index)));
+    messages::error(QString("Invalid layer: %1 (%2)").arg(camera, QString::number(index)));
 }
 
 }  // namespace
@@ -186,10 +186,10 @@ QString LayerManager::uniqueLayerName(const QString& name) const
 {
     QString candidate = recordableName(name);
     if (candidate.isEmpty()) {
-        candidate = QStringLiteral("Layer");
+        candidate = QString("Layer");
     }
     for (int number = 1; layerNameExists(candidate); ++number) {
-        candidate = QStringLiteral("Layer %1").arg(number);
+        candidate = QString("Layer %1").arg(number);
     }
     return candidate;
 }
@@ -263,7 +263,7 @@ int LayerManager::moveLayer(const QString& camera, int from, int to)
 int LayerManager::moveLayerToCamera(const QString& camera, int index, const QString& toCamera, int toIndex)
 {
     if (!script::cameraExists(toCamera)) {
-        messages::error(QStringLiteral("Camera does not exist: %1").arg(toCamera));
+        messages::error(QString("Camera does not exist: %1").arg(toCamera));
         return -1;
     }
     if (!isValidLayer(camera, index)) {
@@ -279,7 +279,7 @@ bool LayerManager::setActiveLayer(const QString& camera, int index, bool makeCur
 {
     const int count = layerCount(camera);
     if ((index < 0 && count > 0) || index >= count) {
-        messages::error(QStringLiteral("Invalid layer index: %1").arg(index));
+        messages::error(QString("Invalid layer index: %1").arg(index));
         return false;
     }
     if (CameraDrawing* stack = drawing(camera)) {

@@ -95,7 +95,7 @@ void drawText(QPainter& painter, const ActiveStroke& record, bool preview)
     pen.setWidth(start.width);
     painter.setPen(pen);
     QRectF bounds;
-    const QString text = record.text.isEmpty() ? QStringLiteral(" ") : record.text;
+    const QString text = record.text.isEmpty() ? QString(" ") : record.text;
     painter.drawText(QRectF(position.x(), position.y(), kCanvasSize, kCanvasSize), Qt::AlignLeft, text, &bounds);
     if (preview) {
         pen.setWidth(kTextFrameWidth);

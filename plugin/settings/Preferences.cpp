@@ -36,7 +36,7 @@ int usableHardness(int value, int ofNegative)
 
 void reportUnknownTool(ToolType tool)
 {
-    messages::error(QStringLiteral("Unknown tool type: %1").arg(static_cast<int>(tool)));
+    messages::error(QString("Unknown tool type: %1").arg(static_cast<int>(tool)));
 }
 
 }  // namespace
@@ -157,7 +157,7 @@ QString Preferences::filePath()
 {
     const QString folder = script::userPrefDir();
     if (folder.isEmpty()) {
-        messages::error(QStringLiteral("Failed to retrieve Maya prefs directory"));
+        messages::error(QString("Failed to retrieve Maya prefs directory"));
         return QString();
     }
     return QFileInfo(folder + QLatin1Char('/') + QLatin1String(kFileName)).absoluteFilePath();

@@ -211,7 +211,7 @@ QString timeControlName()
 {
     MString name;
     if (!ask(kTimeControlName, name) || name.length() == 0) {
-        messages::error(QStringLiteral("Failed to get time control name"));
+        messages::error(QString("Failed to get time control name"));
         return QString();
     }
     return toQString(name);
