@@ -1,8 +1,8 @@
 #include "support/NodeFixture.h"
 
 #include "contexts/InputWorker.h"
-#include "support/TestView.h"
 #include "contexts/ThreadManager.h"
+#include "support/TestView.h"
 
 #include <QCoreApplication>
 #include <QSemaphore>
