@@ -1,6 +1,6 @@
 #pragma once
 
-#include "mel/Types.h"
+#include "mel/Variables.h"
 
 #include <cstddef>
 #include <map>

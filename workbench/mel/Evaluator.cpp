@@ -15,25 +15,6 @@ using kernel::Value;
 
 namespace {
 
-constexpr std::size_t kLargestIndex = std::size_t(1) << 26;
-
-Type scalarOf(Type type)
-{
-    return {type.base, false};
-}
-
-template <typename ValueType, typename Visit>
-auto visitArray(ValueType& value, Visit visit)
-{
-    if (auto* ints = std::get_if<kernel::IntArray>(&value))
-        return visit(*ints);
-    if (auto* doubles = std::get_if<kernel::DoubleArray>(&value))
-        return visit(*doubles);
-    if (auto* strings = std::get_if<kernel::StringArray>(&value))
-        return visit(*strings);
-    return visit(std::get<kernel::VectorArray>(value));
-}
-
 Value component(const Value& value, int which)
 {
     if (!std::holds_alternative<kernel::Vector3>(value))
@@ -170,13 +151,7 @@ void Evaluator::declare(const Declarator& declarator, bool isGlobal)
     if (declarator.isFirst)
         target = Variable();
     if (target.type.base == BaseType::None) {
-        target.type = declarator.type;
-        target.value = freshValue(declarator.type);
-        target.columns = unsigned(declarator.columns);
-        if (declarator.type.base == BaseType::Matrix)
-            target.value = kernel::DoubleArray(std::size_t(declarator.size) * declarator.columns);
-        else if (declarator.size > 0)
-            visitArray(target.value, [&](auto& elements) { elements.resize(declarator.size); });
+        target = freshVariable(declarator.type, std::size_t(declarator.size), std::size_t(declarator.columns));
     } else if (target.type != declarator.type) {
         throw CommandError("Invalid redeclaration of variable \"$" + declarator.variable->name
                            + "\" as a different type.");
@@ -244,10 +219,8 @@ Evaluator::Flow Evaluator::executeForIn(const ForInStmt& loop)
     if (!kernel::isArray(source))
         failConversion(typeOf(source), {typeOf(source).base, true});
     Variable& element = variable(*loop.variable);
-    if (loop.type.base != BaseType::None) {
-        element.type = loop.type;
-        element.value = freshValue(loop.type);
-    }
+    if (loop.type.base != BaseType::None)
+        element = freshVariable(loop.type);
     return visitArray(source, [&](const auto& elements) {
         for (const auto& value : elements) {
             store(*loop.variable, value);
@@ -402,44 +375,20 @@ Value Evaluator::read(const VariableExpr& expression)
     const Variable& source = variable(expression);
     if (expression.isWhole())
         return source.value;
-    Value value = expression.indices.empty() ? source.value : readElement(expression, source);
+    Value value = expression.indices.empty() ? source.value : readElement(source, indices(expression));
     return expression.component < 0 ? value : component(value, expression.component);
 }
 
-Value Evaluator::readElement(const VariableExpr& expression, const Variable& source)
+Indices Evaluator::indices(const VariableExpr& expression)
 {
-    if (source.type.base == BaseType::Matrix)
-        return std::get<kernel::DoubleArray>(source.value)[matrixPlace(expression, source)];
-    if (!source.type.array || expression.indices.size() > 1)
-        failConversion(source.type, {source.type.base, true});
-    const std::size_t place = index(*expression.indices[0]);
-    Value value = freshValue(scalarOf(source.type));
-    visitArray(source.value, [&](const auto& elements) {
-        if (place < elements.size())
-            value = elements[place];
-    });
-    return value;
-}
-
-std::size_t Evaluator::index(const Expr& expression)
-{
-    const int number = asInteger(evaluate(expression));
-    if (number < 0)
-        throw CommandError("Array index " + std::to_string(number) + " is out of range.");
-    return std::size_t(number);
-}
-
-std::size_t Evaluator::matrixPlace(const VariableExpr& expression, const Variable& matrix)
-{
-    if (expression.indices.size() != 2)
-        failConversion(matrix.type, {BaseType::Float, false});
-    const std::size_t row = index(*expression.indices[0]);
-    const std::size_t column = index(*expression.indices[1]);
-    const std::size_t size = std::get<kernel::DoubleArray>(matrix.value).size();
-    if (column >= matrix.columns || row >= size / matrix.columns)
-        throw CommandError("Array index " + std::to_string(column >= matrix.columns ? column : row)
-                           + " is out of range.");
-    return row * matrix.columns + column;
+    Indices indices;
+    for (const ExprPtr& index : expression.indices) {
+        const int number = asInteger(evaluate(*index));
+        if (number < 0)
+            throw CommandError("Array index " + std::to_string(number) + " is out of range.");
+        indices.push_back(std::size_t(number));
+    }
+    return indices;
 }
 
 void Evaluator::assign(const AssignExpr& assignment)
@@ -469,51 +418,21 @@ Value Evaluator::step(const StepExpr& expression)
 void Evaluator::store(const VariableExpr& target, Value value)
 {
     Variable& whole = variable(target);
-    // Met again in a loop, the declaring assignment of a local makes it anew; a global's type never changes.
-    if (target.declares && target.slot >= 0 && target.indices.empty())
-        whole = Variable();
-    if (target.indices.empty())
-        storeIn(whole, std::move(value));
-    else
-        storeElement(target, whole, std::move(value));
+    if (target.indices.empty()) {
+        // Met again in a loop, the declaring assignment of a local makes it anew; a global's type never changes.
+        if (target.declares && target.slot >= 0)
+            whole = Variable();
+        return storeIn(whole, std::move(value));
+    }
+    adoptType(whole, value, true);
+    const Indices places = indices(target);
+    writeElement(whole, places, convert(std::move(value), elementType(whole.type)));
 }
 
 void Evaluator::storeIn(Variable& target, Value value)
 {
-    if (target.type.base == BaseType::None) {
-        if (!kernel::hasValue(value))
-            throw CommandError("A value is needed, but there is none.");
-        target.type = typeOf(value);
-    }
-    value = convert(std::move(value), target.type);
-    if (target.type.base == BaseType::Matrix)
-        std::get<kernel::DoubleArray>(value).resize(std::get<kernel::DoubleArray>(target.value).size());
-    target.value = std::move(value);
-}
-
-void Evaluator::storeElement(const VariableExpr& target, Variable& whole, Value value)
-{
-    if (whole.type.base == BaseType::Matrix) {
-        const std::size_t place = matrixPlace(target, whole);
-        std::get<kernel::DoubleArray>(whole.value)[place] = asNumber(value);
-        return;
-    }
-    if (whole.type.base == BaseType::None && kernel::hasValue(value)) {
-        whole.type = {typeOf(value).base, true};
-        whole.value = freshValue(whole.type);
-    }
-    if (!whole.type.array || target.indices.size() > 1)
-        failConversion(whole.type, {whole.type.base, true});
-    const std::size_t place = index(*target.indices[0]);
-    if (place >= kLargestIndex)
-        throw CommandError("Array index " + std::to_string(place) + " is out of range.");
-    value = convert(std::move(value), scalarOf(whole.type));
-    visitArray(whole.value, [&](auto& elements) {
-        using Element = typename std::decay_t<decltype(elements)>::value_type;
-        if (place >= elements.size())
-            elements.resize(place + 1);
-        elements[place] = std::get<Element>(std::move(value));
-    });
+    adoptType(target, value, false);
+    writeWhole(target, convert(std::move(value), target.type));
 }
 
 Value Evaluator::convert(Value value, Type type)

@@ -37,7 +37,6 @@ private:
     void define(const ProcedureStmt& procedure);
 
     kernel::Value read(const VariableExpr& variable);
-    kernel::Value readElement(const VariableExpr& expression, const Variable& variable);
     kernel::Value step(const StepExpr& expression);
     kernel::Value chain(const ChainExpr& expression);
     kernel::Value logical(const LogicalExpr& expression);
@@ -45,7 +44,6 @@ private:
     kernel::Value catchError(const CatchExpr& expression);
     void assign(const AssignExpr& assignment);
     void store(const VariableExpr& target, kernel::Value value);
-    void storeElement(const VariableExpr& target, Variable& variable, kernel::Value value);
     void storeIn(Variable& variable, kernel::Value value);
 
     kernel::Value call(const CallExpr& expression);
@@ -56,8 +54,7 @@ private:
     kernel::ValueList spreadArguments(const CallExpr& expression);
 
     Variable& variable(const VariableExpr& expression);
-    std::size_t index(const Expr& expression);
-    std::size_t matrixPlace(const VariableExpr& expression, const Variable& variable);
+    Indices indices(const VariableExpr& expression);
     kernel::Value convert(kernel::Value value, Type type);
     /// The error with its place in the text in front.
     ScriptError located(const kernel::CommandError& error) const;

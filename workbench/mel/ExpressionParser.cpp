@@ -1,5 +1,6 @@
 #include "mel/ExpressionParser.h"
 
+#include "mel/ArgumentParser.h"
 #include "mel/Stack.h"
 
 #include <utility>
@@ -344,7 +345,7 @@ ExprPtr ExpressionParser::parseBackquotes()
     m_tokens.advance();
     if (!m_tokens.is(Tok::Identifier))
         m_tokens.fail();
-    ExprPtr command = isCallSyntax() ? parseName() : parseCommand(true);
+    ExprPtr command = isCallSyntax(m_tokens) ? parseName() : ArgumentParser(m_tokens, *this).parseCommand(true);
     m_tokens.accept(Tok::Semicolon);
     m_tokens.expect(Tok::Backquote);
     --m_backquotes;
@@ -353,157 +354,7 @@ ExprPtr ExpressionParser::parseBackquotes()
 
 ExprPtr ExpressionParser::parseCallStatement()
 {
-    return isCallSyntax() ? parseExpression() : parseCommand(false);
-}
-
-// A name followed by "(" may be a call, `f($x) + 1`, or a command whose first argument is in parentheses,
-// `move ($x) 0 0`. What follows the closing parenthesis decides.
-bool ExpressionParser::isCallSyntax()
-{
-    if (!m_tokens.mayBeFollowedBy('('))
-        return false;
-    const std::size_t start = m_tokens.at();
-    m_tokens.advance();
-    bool isCall = false;
-    if (m_tokens.is(Tok::LeftParen)) {
-        unsigned depth = 0;
-        bool isList = false;
-        unsigned count = 0;
-        do {
-            const Tok kind = m_tokens.kind();
-            if (kind == Tok::LeftParen || kind == Tok::LeftBrace || kind == Tok::LeftAngles)
-                ++depth;
-            else if (kind == Tok::RightParen || kind == Tok::RightBrace || kind == Tok::RightAngles)
-                --depth;
-            else if (kind == Tok::Comma && depth == 1)
-                isList = true;
-            ++count;
-            m_tokens.advance();
-        } while (depth > 0 && !m_tokens.is(Tok::End));
-        if (count == 2)
-            isList = true;
-        const Tok after = m_tokens.kind();
-        if (isList)
-            isCall = true;
-        else if (after == Tok::Minus) {
-            // `setAttr ($a) -lock on` and `move ($x) -1 0` go on as commands.
-            const bool spaceBefore = !m_tokens.isAdjacent();
-            m_tokens.advance();
-            isCall = !(spaceBefore && m_tokens.isAdjacent());
-        } else {
-            isCall = after == Tok::Semicolon || after == Tok::End || after == Tok::RightParen
-                  || after == Tok::RightBracket || after == Tok::RightBrace || after == Tok::Comma
-                  || after == Tok::Colon || after == Tok::Question || after == Tok::Backquote
-                  || (after >= Tok::Plus && after <= Tok::Decrement && after != Tok::Not);
-        }
-    }
-    m_tokens.seek(start);
-    return isCall;
-}
-
-// Within backquotes the next one ends the command; elsewhere it starts an argument.
-ExprPtr ExpressionParser::parseCommand(bool inBackquotes)
-{
-    auto call = std::make_unique<CallExpr>(m_tokens.at(), m_tokens.text());
-    m_tokens.advanceToArgument();
-    while (!m_tokens.is(Tok::Semicolon) && !m_tokens.is(Tok::End) && !(inBackquotes && m_tokens.is(Tok::Backquote)))
-        call->args.push_back(parseArgument());
-    return call;
-}
-
-ExprPtr ExpressionParser::parseArgument()
-{
-    switch (m_tokens.kind()) {
-    case Tok::Flag: return literalArgument(m_tokens.text());
-    case Tok::Integer:
-    case Tok::Float: return literalArgument(m_tokens.lexer().numberValue(m_tokens.token()));
-    case Tok::String: return literalArgument(m_tokens.lexer().stringContent(m_tokens.token()));
-    case Tok::Word: return parseWord();
-    default: break;
-    }
-    ExprPtr argument = parseComputedArgument();
-    m_tokens.rereadAsArgument();
-    return argument;
-}
-
-ExprPtr ExpressionParser::literalArgument(kernel::Value value)
-{
-    auto literal = std::make_unique<LiteralExpr>(m_tokens.at(), std::move(value));
-    m_tokens.advanceToArgument();
-    return literal;
-}
-
-ExprPtr ExpressionParser::parseComputedArgument()
-{
-    switch (m_tokens.kind()) {
-    case Tok::Variable: {
-        auto variable = parseVariable();
-        // `$node.tx` looks like joining, but only parentheses and + join.
-        if (variable->component >= 0)
-            throw SyntaxError("Syntax error", variable->at);
-        return variable;
-    }
-    case Tok::LeftParen: return parseParentheses();
-    case Tok::Backquote: return parseBackquotes();
-    case Tok::LeftBrace: return parseArray();
-    case Tok::LeftAngles: return parseAngles();
-    case Tok::Minus: return parseNegatedArgument();
-    default: m_tokens.fail();
-    }
-}
-
-ExprPtr ExpressionParser::parseNegatedArgument()
-{
-    const std::size_t at = m_tokens.at();
-    m_tokens.advance();
-    if (!m_tokens.isAdjacent())
-        m_tokens.fail();
-    if (m_tokens.is(Tok::Variable))
-        return std::make_unique<UnaryExpr>(ExprKind::Negate, at, parseVariable());
-    if (m_tokens.is(Tok::LeftParen))
-        return std::make_unique<UnaryExpr>(ExprKind::Negate, at, parseParentheses());
-    m_tokens.fail();
-}
-
-// A word is its own text, except for an index that must be computed: cv[$i], vtx[$a:$b].
-ExprPtr ExpressionParser::parseWord()
-{
-    if (m_tokens.followingByte() == '[')
-        return parseIndexedWord();
-    const Tok kind = kindOfName(m_tokens.lexer().text(m_tokens.token()));
-    if (isReservedWord(kind) && kind != Tok::True && kind != Tok::False)
-        m_tokens.fail();
-    return literalArgument(m_tokens.text());
-}
-
-ExprPtr ExpressionParser::parseIndexedWord()
-{
-    auto joined = std::make_unique<ChainExpr>(std::make_unique<LiteralExpr>(m_tokens.at(), m_tokens.text() + "["));
-    const auto add = [&](ExprPtr part) { joined->links.push_back({BinaryOp::Add, std::move(part)}); };
-    const auto addText = [&](std::string part) { add(std::make_unique<LiteralExpr>(m_tokens.at(), std::move(part))); };
-    m_tokens.advance();
-    for (;;) {
-        m_tokens.expect(Tok::LeftBracket);
-        add(parseExpression());
-        if (m_tokens.accept(Tok::Colon)) {
-            addText(":");
-            add(parseExpression());
-        }
-        if (!m_tokens.is(Tok::RightBracket))
-            m_tokens.fail();
-        m_tokens.advanceToArgument();
-        if (!m_tokens.is(Tok::Word) || !m_tokens.isAdjacent()) {
-            addText("]");
-            return joined;
-        }
-        const bool goesOn = m_tokens.followingByte() == '[';
-        addText("]" + m_tokens.text() + (goesOn ? "[" : ""));
-        if (!goesOn) {
-            m_tokens.advanceToArgument();
-            return joined;
-        }
-        m_tokens.advance();
-    }
+    return isCallSyntax(m_tokens) ? parseExpression() : ArgumentParser(m_tokens, *this).parseCommand(false);
 }
 
 }  // namespace mel

@@ -5,7 +5,7 @@
 
 namespace mel {
 
-/// Reads expressions and command calls. On return the stream stands on the first token that does not belong to them.
+/// Reads expressions and calls. On return the stream stands on the first token that does not belong to them.
 /// Throws SyntaxError.
 class ExpressionParser {
 public:
@@ -15,16 +15,14 @@ public:
     /// A statement that starts with a name: a call in either syntax, or an expression that starts with a call.
     ExprPtr parseCallStatement();
     std::unique_ptr<VariableExpr> parseVariable();
-    /// What stands between a command's name and its end as one argument; the stream is on its first token, read as
-    /// an argument, and is left on the first token of the next.
-    ExprPtr parseArgument();
+    /// An expression without operators: a literal, a variable, a call, or anything in brackets.
+    ExprPtr parsePrimary();
 
 private:
     ExprPtr parseConditional();
     ExprPtr parseLogical(Tok op);
     ExprPtr parseChain(int lowestLevel);
     ExprPtr parseUnary();
-    ExprPtr parsePrimary();
     ExprPtr parseNumber();
     ExprPtr parseBoolean();
     ExprPtr parseString();
@@ -32,21 +30,14 @@ private:
     ExprPtr parseCast(std::size_t at, Type type);
     ExprPtr parseName();
     ExprPtr parseCall(const Token& name);
-    ExprPtr parseCommand(bool inBackquotes);
     ExprPtr parseBackquotes();
     ExprPtr parseArray();
     ExprPtr parseAngles();
     ExprPtr parseMatrix(std::size_t at, std::vector<ExprPtr> firstRow);
     ExprPtr parseCatch();
-    ExprPtr literalArgument(kernel::Value value);
-    ExprPtr parseComputedArgument();
-    ExprPtr parseWord();
-    ExprPtr parseIndexedWord();
-    ExprPtr parseNegatedArgument();
     std::vector<ExprPtr> parseList(Tok end);
     std::unique_ptr<VariableExpr> asVariable(ExprPtr expression) const;
 
-    bool isCallSyntax();
     void rejectDepth() const;
 
     TokenStream& m_tokens;

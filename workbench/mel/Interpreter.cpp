@@ -246,9 +246,7 @@ void Interpreter::declareGlobals(const Resolver& resolver, const std::shared_ptr
         const Type type = resolver.newGlobals().at(name);
         if (type.base == BaseType::Matrix)
             continue;  // its size is known to the declaration itself
-        Variable& variable = declareGlobal(name);
-        variable.type = type;
-        variable.value = freshValue(variable.type);
+        declareGlobal(name) = freshVariable(type);
     }
 }
 

@@ -1,7 +1,7 @@
 #include "mel/SceneReader.h"
 
 #include "kernel/Session.h"
-#include "mel/Conversion.h"
+#include "mel/ArgumentParser.h"
 #include "mel/Evaluator.h"
 #include "mel/ExpressionParser.h"
 #include "mel/Resolver.h"
@@ -125,7 +125,8 @@ Value SceneReader::readArgument()
         break;
     default: {
         // Long texts are written as parts in parentheses, joined by +.
-        const ExprPtr argument = ExpressionParser(m_tokens).parseArgument();
+        ExpressionParser expressions(m_tokens);
+        const ExprPtr argument = ArgumentParser(m_tokens, expressions).parseArgument();
         if (!isConstant(*argument))
             throw SyntaxError("Syntax error", argument->at);
         return Evaluator(m_interpreter, std::make_shared<Unit>(), 0).evaluate(*argument);

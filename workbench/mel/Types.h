@@ -24,11 +24,4 @@ Type typeOf(const kernel::Value& value);
 /// 0, 0.0, "", the zero vector or an empty array; a matrix is a float array, row by row.
 kernel::Value freshValue(Type type);
 
-/// What a variable holds. A matrix keeps its rows one after the other in a float array.
-struct Variable {
-    Type type;
-    unsigned columns = 0;  ///< matrix only
-    kernel::Value value;
-};
-
 }  // namespace mel

@@ -1,6 +1,7 @@
 #include "mel/builtins/Builtin.h"
 #include "mel/builtins/Subjects.h"
 
+#include <chrono>
 #include <cstdlib>
 
 namespace mel {
@@ -64,6 +65,15 @@ Value runInternalVar(BuiltinCall& call)
     throw CommandError("internalVar: No folder was asked for.");
 }
 
+// Seconds since the session's first call, or since the start time given.
+Value runTimer(BuiltinCall& call)
+{
+    using Clock = std::chrono::steady_clock;
+    static const Clock::time_point begin = Clock::now();
+    const double now = std::chrono::duration<double>(Clock::now() - begin).count();
+    return now - call.args.number("startTime");
+}
+
 Value runIsTrue(BuiltinCall& call)
 {
     const std::string name = call.objectNames().front();
@@ -102,6 +112,7 @@ void addSessionCommands(kernel::Session& session)
                            {"userPresetsDir", "ups"}},
                           Modes::Create, 0, 0),
                runInternalVar);
+    addBuiltin(session, "timerX", makeSyntax({{"startTime", "st", "f"}}, Modes::Create, 0, 0), runTimer);
     addBuiltin(session, "isTrue", makeSyntax({}, Modes::Create, 1, 1), runIsTrue);
 }
 
