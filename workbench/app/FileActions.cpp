@@ -15,6 +15,14 @@ namespace {
 
 const char kSceneFilter[] = "Scenes (*.ma);;All files (*)";
 
+/// Runs a dialog and gives the keyboard back to the window, which without a window manager nobody else does.
+int runDialog(QDialog& dialog, QWidget* window)
+{
+    const int answer = dialog.exec();
+    window->activateWindow();
+    return answer;
+}
+
 }  // namespace
 
 FileActions::FileActions(kernel::Session& session, QWidget* window, std::function<bool(const std::string&)> run)
@@ -46,7 +54,7 @@ bool FileActions::mayDiscardScene()
     for (QAbstractButton* button : question.buttons()) {
         button->setIcon(QIcon());
     }
-    switch (question.exec()) {
+    switch (runDialog(question, m_window)) {
     case QMessageBox::Save: return Save();
     case QMessageBox::Discard: return true;
     default: return false;
@@ -65,9 +73,10 @@ void FileActions::Open()
     if (!mayDiscardScene()) {
         return;
     }
-    const QString path = QFileDialog::getOpenFileName(m_window, tr("Open"), folder(), tr(kSceneFilter));
-    if (!path.isEmpty()) {
-        m_run("file -force -open " + mel::quoted(path.toStdString()));
+    QFileDialog dialog(m_window, tr("Open"), folder(), tr(kSceneFilter));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    if (runDialog(dialog, m_window) == QDialog::Accepted) {
+        m_run("file -force -open " + mel::quoted(dialog.selectedFiles().value(0).toStdString()));
     }
 }
 
@@ -81,7 +90,7 @@ bool FileActions::SaveAs()
     QFileDialog dialog(m_window, tr("Save As"), folder(), tr(kSceneFilter));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix("ma");
-    if (dialog.exec() != QDialog::Accepted) {
+    if (runDialog(dialog, m_window) != QDialog::Accepted) {
         return false;
     }
     const std::string path = dialog.selectedFiles().value(0).toStdString();

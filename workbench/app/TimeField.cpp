@@ -26,7 +26,7 @@ TimeField::TimeField(kernel::Session& session, std::function<bool(const std::str
     : QWidget(parent), m_session(session), m_run(std::move(run)), m_number(new QSpinBox), m_rate(new QLabel)
 {
     auto* const row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
+    row->setContentsMargins(0, 0, 6, 0);
     row->setSpacing(4);
     auto* const label = new QLabel(tr("Frame"));
     label->setBuddy(m_number);
@@ -43,6 +43,7 @@ TimeField::TimeField(kernel::Session& session, std::function<bool(const std::str
     m_number->setFixedWidth(80);
     m_number->setFocusPolicy(Qt::ClickFocus);
     m_number->setToolTip(tr("Current time"));
+    m_rate->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_rate->setMinimumWidth(m_rate->fontMetrics().horizontalAdvance("23.976 fps") + 4);
     connect(m_number, SIGNAL(valueChanged(int)), this, SLOT(Apply(int)));
     connect(m_number, SIGNAL(editingFinished()), this, SLOT(LeaveField()));
