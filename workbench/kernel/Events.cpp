@@ -136,6 +136,14 @@ bool Events::condition(const std::string& name) const
     return it != m_conditions.end() && it->second;
 }
 
+std::vector<std::string> Events::conditionNames() const
+{
+    std::vector<std::string> names;
+    for (const auto& condition : m_conditions)
+        names.push_back(condition.first);
+    return names;
+}
+
 void Events::setCondition(const std::string& name, bool state)
 {
     bool& current = m_conditions[name];

@@ -26,6 +26,7 @@ public:
 
     bool isCondition(const std::string& name) const;
     bool condition(const std::string& name) const;
+    std::vector<std::string> conditionNames() const;
     /// Tells watchers when it changes; an unknown name becomes a condition.
     void setCondition(const std::string& name, bool state);
     using ConditionCallback = std::function<void(bool)>;

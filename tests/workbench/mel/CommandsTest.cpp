@@ -273,14 +273,14 @@ TEST(SessionCommands, OptionVariablesSurviveTheSession)
 TEST(SessionCommands, AboutAndFolders)
 {
     ScriptHost host;
-    host.session.prefsDir = "/home/x/app/prefs/";
+    host.session.prefsDir = "/srv/x/app/prefs/";
     expectValues(host, {
                            {"about -batch", "1"},
                            {"about -version", "2019"},
                            {"about -api", "20190000"},
-                           {"internalVar -userPrefDir", "/home/x/app/prefs/"},
-                           {"internalVar -usd", "/home/x/app/prefs/scripts/"},
-                           {"internalVar -uad", "/home/x/app/"},
+                           {"internalVar -userPrefDir", "/srv/x/app/prefs/"},
+                           {"internalVar -usd", "/srv/x/app/prefs/scripts/"},
+                           {"internalVar -uad", "/srv/x/app/"},
                            {"isTrue playingBack", "0"},
                            {"isTrue SomethingSelected", "0"},
                        });

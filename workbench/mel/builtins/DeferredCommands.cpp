@@ -107,18 +107,6 @@ Value createJob(const BuiltinCall& call, ScriptJobs& jobs)
     throw CommandError("scriptJob: No event or condition was named.");
 }
 
-kernel::StringArray conditionNames(const kernel::Events& events)
-{
-    kernel::StringArray names;
-    for (const char* name :
-         {"RedoAvailable", "SomethingSelected", "UndoAvailable", "autoKeyframeState", "busy", "deleteAllCondition",
-          "flushingScene", "playblasting", "playingBack", "readingFile", "writingFile"}) {
-        if (events.isCondition(name))
-            names.push_back(name);
-    }
-    return names;
-}
-
 Value runScriptJob(BuiltinCall& call, ScriptJobs& jobs)
 {
     const kernel::ParsedArgs& args = call.args;
@@ -126,7 +114,7 @@ Value runScriptJob(BuiltinCall& call, ScriptJobs& jobs)
     if (args.has("listEvents"))
         return call.session.events.names();
     if (args.has("listConditions"))
-        return conditionNames(call.session.events);
+        return call.session.events.conditionNames();
     if (args.has("listJobs"))
         return jobs.list();
     if (args.has("exists"))
