@@ -10,7 +10,7 @@
 
 namespace {
 
-struct Run {
+struct Outcome {
     int status = -1;
     QString output;
 };
@@ -32,7 +32,7 @@ protected:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
-    Run run(const QStringList& arguments)
+    Outcome run(const QStringList& arguments)
     {
         QProcess process;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -42,7 +42,7 @@ protected:
         process.setProcessChannelMode(QProcess::MergedChannels);
         process.start(LUMISKETCH_BIN "/lumisketch-workbench",
                       QStringList{"-batch", "-prefs", m_folder.filePath("prefs")} + arguments);
-        Run result;
+        Outcome result;
         if (process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit) {
             result.status = process.exitCode();
         }
@@ -50,7 +50,7 @@ protected:
         return result;
     }
 
-    Run command(const QString& text) { return run({"-command", text}); }
+    Outcome command(const QString& text) { return run({"-command", text}); }
 
     QString save(const QString& name)
     {
@@ -65,9 +65,10 @@ private:
 
 TEST_F(Batch, CreatesNodeLayerAndFrameWithoutADisplay)
 {
-    const Run result = command("tqLumisketchNode -l -c persp -ln Ink -ls 0 -f; print (`tqLumisketchNode -ex` + \" \" + "
-                               "`tqLumisketchNode -q -c` + \"\\n\"); "
-                               + save("a.ma"));
+    const Outcome result =
+        command("tqLumisketchNode -l -c persp -ln Ink -ls 0 -f; print (`tqLumisketchNode -ex` + \" \" + "
+                "`tqLumisketchNode -q -c` + \"\\n\"); "
+                + save("a.ma"));
     EXPECT_EQ(result.status, 0) << result.output.toStdString();
     EXPECT_TRUE(result.output.contains("1 persp")) << result.output.toStdString();
     const QByteArray scene = read("a.ma");
@@ -80,7 +81,7 @@ TEST_F(Batch, ASceneWithDrawingsIsTheSameAfterReopeningAndASecondSaveIsByteIdent
     ASSERT_EQ(command("tqLumisketchNode -l -c persp -ln \"Ünder Zeichnung\" -ls 1 -f; " + save("a.ma")).status, 0);
     const QByteArray first = read("a.ma");
     ASSERT_FALSE(first.isEmpty());
-    const Run again = run({"-file", path("a.ma"), "-command", "file -save"});
+    const Outcome again = run({"-file", path("a.ma"), "-command", "file -save"});
     EXPECT_EQ(again.status, 0) << again.output.toStdString();
     EXPECT_EQ(read("a.ma"), first);
 }
@@ -103,7 +104,7 @@ TEST_F(Batch, FailuresGiveAMessageAndExitStatusOne)
         {{"-command", "file -rename \"/nowhere/at/all.ma\"; file -save -type \"mayaAscii\""}, "/nowhere/at/all.ma"},
     };
     for (const auto& c : cases) {
-        const Run result = run(c.arguments);
+        const Outcome result = run(c.arguments);
         EXPECT_EQ(result.status, 1) << c.arguments.join(' ').toStdString() << "\n" << result.output.toStdString();
         EXPECT_TRUE(result.output.contains(c.message)) << result.output.toStdString();
     }
@@ -122,7 +123,7 @@ TEST_F(Batch, ADamagedSceneKeepsWhatCouldBeRead)
                     "createNode mysteryNode -n \"mystery\";\n\tsetAttr \".q\" 5;\ncreateNode transform -n \"keepMe\";");
     foreign.replace("currentUnit -l", "currentUnit -zz 3 -l");
     write("foreign.ma", foreign);
-    const Run result =
+    const Outcome result =
         run({"-file", path("foreign.ma"), "-command",
              "print (`objExists keepMe` + \"/\" + `objExists mystery` + \"/\" + `tqLumisketchNode -ex`); file -save"});
     EXPECT_TRUE(result.output.contains("1/1/1")) << result.output.toStdString();
@@ -135,14 +136,14 @@ TEST_F(Batch, ADamagedSceneKeepsWhatCouldBeRead)
     // Cut anywhere: never a crash, and always a word about it.
     for (int percent = 5; percent < 100; percent += 19) {
         write("cut.ma", whole.left(whole.size() * percent / 100));
-        const Run cut = run({"-file", path("cut.ma"), "-command", "print \"alive\""});
+        const Outcome cut = run({"-file", path("cut.ma"), "-command", "print \"alive\""});
         EXPECT_TRUE(cut.output.contains("alive")) << percent << "%: " << cut.output.toStdString();
     }
 }
 
 TEST_F(Batch, TheModuleLoadsAndUnloadsAgainAndAgain)
 {
-    const Run result =
+    const Outcome result =
         run({"-noPlugin", "-command",
              "for ($i = 0; $i < 10; $i++) { loadPlugin \"lumisketch2\"; tqLumisketchNode -l -c persp -ls 0 -f; "
              "file -f -new; flushUndo; unloadPlugin \"lumisketch2\"; } print \"ten times\";"});

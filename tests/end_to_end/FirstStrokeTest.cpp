@@ -190,19 +190,21 @@ TEST_F(FirstStroke, APressOnASecondCamerasViewDrawsOnlyThere)
 
 TEST_F(FirstStroke, IsAsSmoothWhenTheMainLoopIsBusy)
 {
+    // A press is answered when the loop comes round, so the pointer waits for it before it moves off.
+    const int kHold = 250;
     const QVector<QPoint> dragged = arc(host().viewRect());
     const QImage empty = viewPicture();
-    host().drag(dragged);
+    host().drag(dragged, 8, kHold);
     const QVector<QPoint> idleInk = changedPixels(empty, viewPicture());
     host().key("ctrl+z");
 
-    // Each turn of the loop hangs about 100 ms in a script and then queues itself again.
-    host().run("global int $gBusy = 1; global proc keepBusy() { global int $gBusy; int $i; "
-               "float $t = `timerX`; while (`timerX -st $t` < 0.1) $i++; "
-               "if ($gBusy) evalDeferred(\"keepBusy\"); }");
-    host().run("keepBusy");
-    host().drag(dragged);
-    host().run("$gBusy = 0");
+    // Each turn of the loop hangs 100 ms in a script, which then queues itself again.
+    ASSERT_EQ(host().run("global int $gBusy = 1; global int $gTurns = 0; global proc keepBusy() { "
+                         "global int $gBusy; global int $gTurns; $gTurns++; float $start = `timerX`; "
+                         "while (`timerX -st $start` < 0.1) ; if ($gBusy) evalDeferred(\"keepBusy\"); } keepBusy;"),
+              "");
+    host().drag(dragged, 8, kHold);
+    EXPECT_GT(host().run("$gBusy = 0; $gTurns").toInt(), 10) << "the loop was not kept busy";
     const QVector<QPoint> busyInk = changedPixels(empty, viewPicture());
     EXPECT_LE(largestDistance(idleInk, busyInk), 4.0);
     EXPECT_LE(largestDistance(busyInk, idleInk), 4.0);

@@ -92,12 +92,13 @@ void LiveWorkbench::pointer(const QStringList& arguments)
     QProcess::execute("xdotool", arguments);
 }
 
-void LiveWorkbench::drag(const QVector<QPoint>& path, int stepMs)
+void LiveWorkbench::drag(const QVector<QPoint>& path, int stepMs, int holdMs)
 {
     if (path.isEmpty()) {
         return;
     }
     const QString pause = QString::number(stepMs / 1000.0);
+    const QString hold = QString::number(holdMs / 1000.0);
     QStringList steps;
     for (int i = 0; i < path.size(); ++i) {
         steps << "mousemove" << QString::number(path[i].x()) << QString::number(path[i].y());
@@ -111,9 +112,7 @@ void LiveWorkbench::drag(const QVector<QPoint>& path, int stepMs)
         }
         steps << "sleep" << pause;
     }
-    steps << "sleep"
-          << "0.03"
-          << "mouseup"
+    steps << "sleep" << hold << "mouseup"
           << "1";
     pointer(steps);
     settle();

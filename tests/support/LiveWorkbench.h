@@ -31,7 +31,8 @@ public:
     QRect viewRect(const QString& panel = QString());
 
     /// Moves the real pointer along `path` (screen pixels) with the left button down; `stepMs` between points.
-    void drag(const QVector<QPoint>& path, int stepMs = 8);
+    /// holdMs: how long it rests at either end with the button down.
+    void drag(const QVector<QPoint>& path, int stepMs = 8, int holdMs = 30);
     void click(const QPoint& point);
     void moveTo(const QPoint& point);
     /// A key or chord in the X server's names: "ctrl+z", "Return".

@@ -2,6 +2,7 @@
 // fails the test during which it comes.
 
 #include <QApplication>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -20,9 +21,10 @@ void failOnWarning(QtMsgType type, const QMessageLogContext&, const QString& tex
 
 int main(int argc, char** argv)
 {
-    // The platform complains about a missing runtime folder before any test starts; it is not ours to judge.
+    // Without a private runtime folder the platform warns before any test starts.
+    const QTemporaryDir runtime;
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
-        qputenv("XDG_RUNTIME_DIR", "/tmp");
+        qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
     }
     QApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
