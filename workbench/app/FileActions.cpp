@@ -13,6 +13,7 @@ namespace app {
 
 namespace {
 
+constexpr QSize kFileDialogSize(800, 480);
 const char kSceneFilter[] = "Scenes (*.ma);;All files (*)";
 
 /// Runs a dialog and gives the keyboard back to the window, which without a window manager nobody else does.
@@ -75,6 +76,7 @@ void FileActions::Open()
     }
     QFileDialog dialog(m_window, tr("Open"), folder(), tr(kSceneFilter));
     dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.resize(kFileDialogSize);
     if (runDialog(dialog, m_window) == QDialog::Accepted) {
         m_run("file -force -open " + mel::quoted(dialog.selectedFiles().value(0).toStdString()));
     }
@@ -90,6 +92,7 @@ bool FileActions::SaveAs()
     QFileDialog dialog(m_window, tr("Save As"), folder(), tr(kSceneFilter));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix("ma");
+    dialog.resize(kFileDialogSize);
     if (runDialog(dialog, m_window) != QDialog::Accepted) {
         return false;
     }
