@@ -8,6 +8,8 @@
 #include "api/Registration.h"
 #include "api/TypeRegistration.h"
 
+#include <maya/MPxLocatorNode.h>
+
 #include <filesystem>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
@@ -42,6 +44,22 @@ const char* baseTypeOf(MPxNode::Type type)
     case MPxNode::kTransformNode: return "transform";
     default: return nullptr;
     }
+}
+
+/// The attributes that locator classes name are those of the current session's own locator type.
+void setLocatorAttributes(const kernel::NodeType& locator)
+{
+    const struct {
+        MObject& object;
+        const char* name;
+    } attributes[] = {
+        {MPxLocatorNode::localPosition, "localPosition"},   {MPxLocatorNode::localPositionX, "localPositionX"},
+        {MPxLocatorNode::localPositionY, "localPositionY"}, {MPxLocatorNode::localPositionZ, "localPositionZ"},
+        {MPxLocatorNode::localScale, "localScale"},         {MPxLocatorNode::localScaleX, "localScaleX"},
+        {MPxLocatorNode::localScaleY, "localScaleY"},       {MPxLocatorNode::localScaleZ, "localScaleZ"},
+    };
+    for (const auto& attribute : attributes)
+        attribute.object = api::toObject(locator.attribute(attribute.name));
 }
 
 }  // namespace
@@ -158,6 +176,8 @@ MStatus MFnPlugin::registerNode(const MString& typeName, const MTypeId& typeId, 
     };
     if (types.find(added.name) || types.findId(added.id))
         return MStatus::kFailure;
+    if (type == MPxNode::kLocatorNode)
+        setLocatorAttributes(*added.base);
     if (initialize) {
         const api::TypeRegistration registration(added);
         const MStatus status = initialize();

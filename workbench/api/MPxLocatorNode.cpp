@@ -4,6 +4,15 @@
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
+MObject MPxLocatorNode::localPosition;
+MObject MPxLocatorNode::localPositionX;
+MObject MPxLocatorNode::localPositionY;
+MObject MPxLocatorNode::localPositionZ;
+MObject MPxLocatorNode::localScale;
+MObject MPxLocatorNode::localScaleX;
+MObject MPxLocatorNode::localScaleY;
+MObject MPxLocatorNode::localScaleZ;
+
 namespace {
 
 /// The colours locators are drawn in by the views.

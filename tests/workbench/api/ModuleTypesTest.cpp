@@ -50,6 +50,7 @@ TEST_F(ModuleTypesTest, InheritsTheHostsAttributes)
     const MFnDependencyNode shape(createShape());
     for (const char* name : {"localPositionX", "lsz", "template", "visibility", "amount", "sampleList"})
         EXPECT_TRUE(shape.hasAttribute(name)) << name;
+    EXPECT_FALSE(MPlug(shape.object(), SampleNode::localScaleY).isNull());
     EXPECT_EQ(MFnDependencyNode::classification("sampleNode"), "");
 }
 

@@ -31,6 +31,16 @@ public:
     unsigned int color(M3dView::DisplayStatus status);
     MColor colorRGB(M3dView::DisplayStatus status);
     static const char* className();
+
+    // The host's own attributes of every locator; null before the first locator type is registered.
+    static MObject localPosition;
+    static MObject localPositionX;
+    static MObject localPositionY;
+    static MObject localPositionZ;
+    static MObject localScale;
+    static MObject localScaleX;
+    static MObject localScaleY;
+    static MObject localScaleZ;
 };
 
 OPENMAYA_MAJOR_NAMESPACE_CLOSE
