@@ -8,6 +8,8 @@
 #include "settings/Preferences.h"
 #include "settings/ScriptBridge.h"
 
+#include <QWidget>
+
 #include <maya/M3dView.h>
 #include <maya/MCursor.h>
 #include <maya/MDagPath.h>
@@ -16,6 +18,18 @@
 namespace {
 
 const char kHelp[] = "Draw on viewport";
+
+/// Where an event took place, in the pixels in which the pointer is sampled.
+QPoint pressPosition(const MEvent& event, M3dView& view)
+{
+    short x = 0;
+    short y = 0;
+    event.getPosition(x, y);
+    const QWidget* widget = view.widget();
+    const double scale = widget && view.portWidth() > 0 ? double(widget->width()) / view.portWidth() : 1.0;
+    // An event counts from pixel (0, 0) at the lower left, samples from (1, 2).
+    return QPoint(qRound(x * scale) + 1, qRound(y * scale) + 2);
+}
 
 }  // namespace
 
@@ -56,7 +70,7 @@ MStatus DrawContext::doPress(MEvent& event)
     endStroke();  // of a press whose release never came
     m_inputHandler.watchActiveView();
     if (event.mouseButton() == MEvent::kLeftMouse) {
-        beginStroke();
+        beginStroke(event);
     }
     return MStatus::kSuccess;
 }
@@ -92,7 +106,7 @@ MStatus DrawContext::doRelease(MEvent& event, MHWRender::MUIDrawManager&, const 
     return doRelease(event);
 }
 
-void DrawContext::beginStroke()
+void DrawContext::beginStroke(const MEvent& event)
 {
     MStatus status;
     M3dView view = M3dView::active3dView(&status);
@@ -115,7 +129,7 @@ void DrawContext::beginStroke()
     const Layer* layer = manager->activeLayer(camera);
     m_frame = {camera, manager->activeLayerIndex(camera), layer->currentFrame()->frameNumber()};
     if (manager->beginStroke(camera, false)) {
-        ThreadManager::instance().start(view.widget(), node, camera);
+        ThreadManager::instance().start(view.widget(), node, camera, pressPosition(event, view));
     }
     m_drawing = ThreadManager::instance().isRunning();
     if (!m_drawing) {

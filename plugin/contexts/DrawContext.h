@@ -30,7 +30,7 @@ public:
                    const MHWRender::MFrameContext& context) override;
 
 private:
-    void beginStroke();
+    void beginStroke(const MEvent& event);
     void endStroke();
     void giveUpStroke(BaseNode& node, LayerManager& manager);
 

@@ -8,17 +8,30 @@
 
 namespace {
 
-const int kPeriod = 8;  // milliseconds
-const QPoint kNowhere(std::numeric_limits<int>::max(), std::numeric_limits<int>::max());
+const int kPeriod = 8;          // milliseconds
+const int kPressTolerance = 3;  // pixels; an event's position and the pointer's are rounded differently
 
 }  // namespace
 
 InputWorker::InputWorker(const SamplingOptions& options, const PointerSource& pointer, std::shared_ptr<SampleGate> gate)
-    : m_options(options), m_pointer(pointer), m_gate(std::move(gate)), m_lastPosition(kNowhere), m_timer(this)
+    : m_options(options), m_pointer(pointer), m_gate(std::move(gate)), m_pressPosition(unknownPosition()),
+      m_lastPosition(unknownPosition()), m_timer(this)
 {
     m_timer.setInterval(kPeriod);
     m_timer.setTimerType(Qt::PreciseTimer);
     connect(&m_timer, SIGNAL(timeout()), this, SLOT(Poll()));
+}
+
+QPoint InputWorker::unknownPosition()
+{
+    return QPoint(std::numeric_limits<int>::max(), std::numeric_limits<int>::max());
+}
+
+QPoint InputWorker::firstPosition(const QPoint& polled) const
+{
+    const bool left =
+        m_pressPosition != unknownPosition() && (polled - m_pressPosition).manhattanLength() > kPressTolerance;
+    return left ? m_pressPosition : polled;
 }
 
 void InputWorker::Run()
@@ -45,8 +58,12 @@ void InputWorker::Poll()
     if (position == m_lastPosition || !m_gate->open) {
         return;
     }
-    if (m_lastPosition == kNowhere) {
-        emit MousePositionChanged(position - QPoint(1, 0), m_options.width, opacity, m_options.hardness);
+    if (m_lastPosition == unknownPosition()) {
+        const QPoint start = firstPosition(position);
+        emit MousePositionChanged(start - QPoint(1, 0), m_options.width, opacity, m_options.hardness);
+        if (start != position) {
+            emit MousePositionChanged(start, m_options.width, opacity, m_options.hardness);
+        }
     }
     m_lastPosition = position;
     emit MousePositionChanged(position, m_options.width, opacity, m_options.hardness);

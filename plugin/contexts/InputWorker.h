@@ -26,7 +26,13 @@ class InputWorker : public QObject {
     Q_OBJECT
 
 public:
+    static QPoint unknownPosition();
+
     InputWorker(const SamplingOptions& options, const PointerSource& pointer, std::shared_ptr<SampleGate> gate);
+
+    /// Where the button went down, in the samples' pixels. When the pointer has left that place by the first poll (the
+    /// host was busy), the stroke begins there all the same.
+    void setPressPosition(const QPoint& position) { m_pressPosition = position; }
 
 public slots:
     /// Starts sampling; the thread's event loop waits between the polls, so that Shutdown ends a wait at once.
@@ -41,9 +47,12 @@ signals:
     void MousePositionChanged(const QPoint& position, int width, float opacity, float hardness);
 
 private:
+    QPoint firstPosition(const QPoint& polled) const;
+
     const SamplingOptions m_options;
     const PointerSource m_pointer;
     const std::shared_ptr<SampleGate> m_gate;
+    QPoint m_pressPosition;
     QPoint m_lastPosition;
     QTimer m_timer;
 };

@@ -1,6 +1,5 @@
 #include "contexts/ThreadManager.h"
 
-#include "contexts/InputWorker.h"
 #include "model/LayerManager.h"
 #include "node/BaseNode.h"
 #include "settings/Preferences.h"
@@ -73,7 +72,7 @@ ThreadManager::~ThreadManager()
     }
 }
 
-void ThreadManager::start(QWidget* view, BaseNode* node, const QString& camera)
+void ThreadManager::start(QWidget* view, BaseNode* node, const QString& camera, const QPoint& pressed)
 {
     stop();
     m_smoother.clear();
@@ -82,6 +81,7 @@ void ThreadManager::start(QWidget* view, BaseNode* node, const QString& camera)
     }
     m_node = node->thisMObject();
     m_camera = camera;
+    m_pressed = pressed;
     const ActiveStroke* stroke = findTarget().stroke;
     if (!stroke) {
         return;
@@ -91,6 +91,7 @@ void ThreadManager::start(QWidget* view, BaseNode* node, const QString& camera)
     m_gate = std::make_shared<SampleGate>();
     m_thread = new QThread;
     auto* worker = new InputWorker(m_options, m_pointer, m_gate);
+    worker->setPressPosition(pressed);
     connect(this, SIGNAL(RunInputWorker()), worker, SLOT(Run()));
     connect(this, SIGNAL(ShutdownInputWorker()), worker, SLOT(Shutdown()));
     connectSamples(*worker);
@@ -116,6 +117,7 @@ void ThreadManager::stop()
         const ActiveStroke* stroke = findTarget().stroke;
         if (stroke && stroke->points.isEmpty()) {
             InputWorker last(m_options, m_pointer, std::make_shared<SampleGate>());
+            last.setPressPosition(m_pressed);
             connectSamples(last);
             last.Poll();
         }

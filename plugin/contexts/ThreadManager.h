@@ -1,5 +1,6 @@
 #pragma once
 
+#include "contexts/InputWorker.h"
 #include "contexts/PointerSource.h"
 #include "contexts/StrokeSmoother.h"
 #include "contexts/TimerResolution.h"
@@ -14,11 +15,9 @@
 #include <memory>
 
 class BaseNode;
-class InputWorker;
 class LayerManager;
 class QThread;
 class QWidget;
-struct SampleGate;
 
 /// Fills the stroke that is being drawn with what the pointer does. Lives on the main thread; the sampling itself is
 /// done by a worker on a thread of its own, both made anew for every stroke.
@@ -37,8 +36,9 @@ public:
 
     bool isRunning() const { return m_running; }
     /// Samples into the stroke that the camera has open on the node, with the tool it was begun for, until stop().
-    /// Does nothing without a view, a node or a stroke.
-    void start(QWidget* view, BaseNode* node, const QString& camera);
+    /// Does nothing without a view, a node or a stroke. pressed: where the button went down, in the samples' pixels.
+    void start(QWidget* view, BaseNode* node, const QString& camera,
+               const QPoint& pressed = InputWorker::unknownPosition());
     /// Takes what has been sampled by now; at least once, so that the shortest click leaves its mark.
     void stop();
 
@@ -68,6 +68,7 @@ private:
     bool m_running = false;
     MObjectHandle m_node;
     QString m_camera;
+    QPoint m_pressed;
     SamplingOptions m_options;
     StrokeSmoother m_smoother;
 };

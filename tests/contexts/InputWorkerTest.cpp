@@ -49,6 +49,27 @@ TEST_F(InputWorkerTest, BeginsWithTwoSamplesOnePixelApartCountedFromTheLowerLeft
     EXPECT_FLOAT_EQ(polled.samples[0].hardness, 0.5f);
 }
 
+TEST_F(InputWorkerTest, BeginsWhereTheButtonWentDownWhenThePointerHasMovedOn)
+{
+    const struct {
+        QPoint pressed;
+        QList<QPoint> positions;
+    } cases[] = {
+        {QPoint(20, 300), {QPoint(19, 300), QPoint(20, 300), QPoint(51, 381)}},
+        {QPoint(52, 380), {QPoint(50, 381), QPoint(51, 381)}},  // the same place, rounded another way
+    };
+    for (const auto& c : cases) {
+        Polled polled;
+        polled.worker.setPressPosition(c.pressed);
+        polled.worker.Poll();
+        QList<QPoint> positions;
+        for (const Sample& sample : polled.samples) {
+            positions << sample.position;
+        }
+        EXPECT_EQ(positions, c.positions);
+    }
+}
+
 TEST_F(InputWorkerTest, SendsASampleForEachMoveAndNoneWhileThePointerRests)
 {
     Polled polled;

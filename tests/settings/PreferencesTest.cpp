@@ -13,10 +13,12 @@ using testing::IsEmpty;
 
 class PreferencesTest : public SettingsFixture {
 protected:
-    QString path() const { return prefsDir() + "/tried.ini"; }
+    QString path() const { return prefsDir() + QString("/tried%1.ini").arg(m_written); }
 
+    // Every text gets a file of its own: settings files are cached by name, size and time.
     void write(const QByteArray& text)
     {
+        ++m_written;
         QFile file(path());
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(text);
@@ -29,6 +31,9 @@ protected:
         preferences.loadFrom(path());
         return preferences;
     }
+
+private:
+    int m_written = 0;
 };
 
 const PreferenceRow& row(const char* key)
