@@ -1,7 +1,7 @@
 // A newcomer's first minutes as a program: opens the workbench with the sample scene and the draw tool, sketches a
 // bouncing ball with the real pointer, undoes, redoes, saves, reopens, and leaves numbered pictures.
 //
-//     first-session WORKBENCH SCENE FOLDER
+//     first-session WORKBENCH SCENE COMMAND FOLDER
 
 #include "support/LiveWorkbench.h"
 
@@ -18,11 +18,12 @@ using support::LiveWorkbench;
 
 namespace {
 
+/// A turn and a bit more, as a hand closes a circle.
 QVector<QPointF> ellipse(QPointF centre, double rx, double ry, double tilt = 0)
 {
     QVector<QPointF> points;
-    for (int i = 0; i < 14; ++i) {
-        const double a = 2 * M_PI * i / 14 - 0.6;
+    for (int i = 0; i < 19; ++i) {
+        const double a = 2 * M_PI * i / 16 - 0.6;
         const QPointF p(rx * std::cos(a), ry * std::sin(a));
         points << centre
                       + QPointF(p.x() * std::cos(tilt) - p.y() * std::sin(tilt),
@@ -49,14 +50,14 @@ QVector<QVector<QPoint>> bouncingBall(const QRect& view)
     strokes << support::curve(
         {at(middle + 0.25, 0.76), at(middle + 0.33, 0.58), at(middle + 0.43, 0.50), at(middle + 0.53, 0.58)}, 4);
     const double r = 0.055 * h;
-    strokes << support::curve(ellipse(at(middle - 0.56, 0.30), r, r), 4, true);
-    strokes << support::curve(ellipse(at(middle - 0.36, 0.55), r * 0.88, r * 1.16, -0.30), 4, true);
-    strokes << support::curve(ellipse(at(middle - 0.30, 0.795), r * 1.35, r * 0.72), 4, true);
-    strokes << support::curve(ellipse(at(middle - 0.18, 0.46), r * 0.9, r * 1.12, 0.45), 4, true);
-    strokes << support::curve(ellipse(at(middle - 0.03, 0.34), r, r), 4, true);
-    strokes << support::curve(ellipse(at(middle + 0.12, 0.46), r * 0.9, r * 1.12, -0.45), 4, true);
-    strokes << support::curve(ellipse(at(middle + 0.23, 0.795), r * 1.3, r * 0.76), 4, true);
-    strokes << support::curve(ellipse(at(middle + 0.43, 0.50), r, r), 4, true);
+    strokes << support::curve(ellipse(at(middle - 0.56, 0.30), r, r), 3);
+    strokes << support::curve(ellipse(at(middle - 0.36, 0.55), r * 0.88, r * 1.16, -0.30), 3);
+    strokes << support::curve(ellipse(at(middle - 0.30, 0.795), r * 1.35, r * 0.72), 3);
+    strokes << support::curve(ellipse(at(middle - 0.18, 0.46), r * 0.9, r * 1.12, 0.45), 3);
+    strokes << support::curve(ellipse(at(middle - 0.03, 0.34), r, r), 3);
+    strokes << support::curve(ellipse(at(middle + 0.12, 0.46), r * 0.9, r * 1.12, -0.45), 3);
+    strokes << support::curve(ellipse(at(middle + 0.23, 0.795), r * 1.3, r * 0.76), 3);
+    strokes << support::curve(ellipse(at(middle + 0.43, 0.50), r, r), 3);
     return strokes;
 }
 
@@ -83,16 +84,16 @@ int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     const QStringList arguments = application.arguments();
-    if (arguments.size() != 4) {
-        std::fprintf(stderr, "usage: first-session WORKBENCH SCENE FOLDER\n");
+    if (arguments.size() != 5) {
+        std::fprintf(stderr, "usage: first-session WORKBENCH SCENE COMMAND FOLDER\n");
         return 2;
     }
-    const QDir folder(QDir(arguments[3]).absolutePath());
+    const QDir folder(QDir(arguments[4]).absolutePath());
     QTemporaryDir work;
     choosePencil(work.path());
-    LiveWorkbench host(QDir::current().absoluteFilePath(arguments[1]),
-                       {"-prefs", work.path(), "-file", QDir::current().absoluteFilePath(arguments[2]), "-command",
-                        "setToolTo `tqLmDrawCtx`"});
+    LiveWorkbench host(
+        QDir::current().absoluteFilePath(arguments[1]),
+        {"-prefs", work.path(), "-file", QDir::current().absoluteFilePath(arguments[2]), "-command", arguments[3]});
     if (!host.isRunning()) {
         std::fprintf(stderr, "The workbench did not start:\n%s\n", qPrintable(host.output()));
         return 1;

@@ -172,14 +172,12 @@ QVector<QPoint> line(QPoint from, QPoint to, double spacing)
     return points;
 }
 
-QVector<QPoint> curve(const QVector<QPointF>& through, double spacing, bool closed)
+QVector<QPoint> curve(const QVector<QPointF>& through, double spacing)
 {
-    const int count = through.size();
-    const auto at = [&](int i) {
-        return closed ? through[(i + count) % count] : through[std::min(std::max(i, 0), count - 1)];
-    };
+    const int last = through.size() - 1;
+    const auto at = [&](int i) { return through[std::min(std::max(i, 0), last)]; };
     QVector<QPoint> points;
-    for (int i = 0; i < (closed ? count : count - 1); ++i) {
+    for (int i = 0; i < last; ++i) {
         const QPointF p0 = at(i - 1), p1 = at(i), p2 = at(i + 1), p3 = at(i + 2);
         const QPointF chord = p2 - p1;
         const int steps = std::max(1, int(std::hypot(chord.x(), chord.y()) / spacing));
@@ -191,7 +189,7 @@ QVector<QPoint> curve(const QVector<QPointF>& through, double spacing, bool clos
             points << p.toPoint();
         }
     }
-    points << (closed ? through[0] : through[count - 1]).toPoint();
+    points << through[last].toPoint();
     return points;
 }
 

@@ -54,7 +54,7 @@ private:
 
 /// The points of a straight line, `spacing` pixels apart, both ends included.
 QVector<QPoint> line(QPoint from, QPoint to, double spacing = 4);
-/// The points of a closed or open curve through the given points (Catmull-Rom spline), about `spacing` apart.
-QVector<QPoint> curve(const QVector<QPointF>& through, double spacing = 4, bool closed = false);
+/// The points of a curve through the given points (Catmull-Rom spline), about `spacing` apart.
+QVector<QPoint> curve(const QVector<QPointF>& through, double spacing = 4);
 
 }  // namespace support
