@@ -16,6 +16,7 @@ MStatus CommitStrokeEdit::executeOn(BaseNode& node)
     }
     rememberPreviousCamera(*manager);
     m_frame = manager->strokeFrame(m_target.camera);
+    m_layerState = manager->layerState(m_target.camera, m_frame.layerIndex);
     if (m_target.frameAdded) {
         const Layer* layer = manager->layer(m_target.camera, m_frame.layerIndex);
         const Frame* frame = layer ? layer->frameNumbered(m_frame.frameNumber) : nullptr;
@@ -70,6 +71,7 @@ bool CommitStrokeEdit::makeTarget(LayerManager& manager) const
         if (index < 0) {
             return false;
         }
+        manager.setLayerState(m_target.camera, index, m_layerState);
         manager.setActiveLayer(m_target.camera, index, true);
     }
     Layer* layer = manager.layer(m_target.camera, m_frame.layerIndex);

@@ -37,6 +37,7 @@ private:
     QByteArray m_imageBytes;   // the frame's other picture
     FrameAddress m_frame;      // where the stroke went, wherever the scene's time and views have moved since
     MTime m_frameTime;         // of the frame the tool added
+    int m_layerState = 0;      // of the layer the tool added: the preference may say another by the time of a redo
     QString m_previousCamera;  // its active layer comes back when the undo takes away another camera's first layer
     int m_previousActiveIndex = -1;
 };

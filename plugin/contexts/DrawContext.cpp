@@ -8,8 +8,6 @@
 #include "settings/Preferences.h"
 #include "settings/ScriptBridge.h"
 
-#include <QWidget>
-
 #include <maya/M3dView.h>
 #include <maya/MCursor.h>
 #include <maya/MDagPath.h>

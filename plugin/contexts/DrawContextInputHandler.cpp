@@ -48,7 +48,10 @@ bool DrawContextInputHandler::eventFilter(QObject* watched, QEvent* event)
 
 void DrawContextInputHandler::followPen(const QTabletEvent& event)
 {
-    penState::setEraserTip(event.pointerType() == QTabletEvent::Eraser);
+    // A pen that only hovers, or lifts, says nothing about its tip: the next press may be the mouse's.
+    if (event.type() == QEvent::TabletPress || event.pressure() > 0.0) {
+        penState::setEraserTip(event.pointerType() == QTabletEvent::Eraser);
+    }
     if (event.pressure() > 0.0) {
         penState::setPressure(penPressureCurve(float(event.pressure())));
     }

@@ -7,6 +7,16 @@
 #include "model/FrameNumber.h"
 #include "settings/Preferences.h"
 
+namespace {
+
+/// These tools change a copy of the frame's picture, the others lay their ink over it.
+bool worksOnCopy(ToolType tool)
+{
+    return tool == ToolType::Eraser || tool == ToolType::Transform;
+}
+
+}  // namespace
+
 void LayerManager::redrawDrawing()
 {
     if (s_views) {
@@ -118,6 +128,9 @@ bool LayerManager::swapImage(const FrameAddress& address, QByteArray& bytes)
     Frame* frame = target ? target->frameNumbered(address.frameNumber) : nullptr;
     if (!frame || !frame->swapPng(bytes)) {
         return false;
+    }
+    if (frame == strokeTargetFrame() && worksOnCopy(m_stroke.record()->tool)) {
+        dropStroke();  // its copy shows the drawing that is gone, and would bring it back
     }
     target->setDirty();
     redrawDrawing();

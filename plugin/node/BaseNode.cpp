@@ -9,8 +9,6 @@
 #include "settings/Messages.h"
 #include "settings/Names.h"
 
-#include <QWidget>
-
 #include <maya/MFileIO.h>
 #include <maya/MFn.h>
 #include <maya/MFnDependencyNode.h>
@@ -202,11 +200,12 @@ bool BaseNode::initializeLayerManager()
     if (plug.isNull()) {
         messages::error("Failed to get layer data plug");
     } else {
-        // The plug adopts the data object.
-        auto* data = static_cast<BaseNodeLayerData*>(BaseNodeLayerData::creator());
+        std::unique_ptr<BaseNodeLayerData> data(new BaseNodeLayerData);
         data->setLayerManager(std::make_shared<LayerManager>());
-        stored = plug.setMPxData(data);
-        if (!stored) {
+        stored = plug.setMPxData(data.get());
+        if (stored) {
+            data.release();  // the plug has adopted it
+        } else {
             messages::error("Failed to set layer data");
         }
     }

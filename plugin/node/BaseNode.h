@@ -2,6 +2,11 @@
 
 #include "node/ViewportMetrics.h"
 
+// Before the host's view headers, which may bring the window system's macros (None, Bool, CursorShape).
+#include <QPoint>
+#include <QString>
+#include <QWidget>
+
 #include <maya/M3dView.h>
 #include <maya/MBoundingBox.h>
 #include <maya/MDagPath.h>
@@ -11,9 +16,6 @@
 #include <maya/MPxLocatorNode.h>
 #include <maya/MStatus.h>
 #include <maya/MString.h>
-
-#include <QPoint>
-#include <QString>
 
 #include <memory>
 #include <vector>

@@ -85,6 +85,7 @@ MUserData* BaseNodeDrawOverride::prepareForDraw(const MDagPath& objPath, const M
     }
     BaseNode* node = BaseNode::fromObject(objPath.node());
     if (!node) {
+        data->image = nullptr;  // was the drawing's, and may have gone with it
         return data;
     }
     int x = 0;

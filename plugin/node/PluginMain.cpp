@@ -197,6 +197,8 @@ MStatus uninitializePlugin(MObject object)
         return status;
     }
     status = leaveAll(plugin);
-    LayerManager::setDrawingViews(nullptr);
+    if (status) {
+        LayerManager::setDrawingViews(nullptr);  // a module that could not leave goes on drawing
+    }
     return status;
 }

@@ -80,6 +80,19 @@ TEST_F(StrokeCommandTest, AFirstStrokeOnASecondCameraTakesItsLayerBackAndGivesTh
     expectUndoAndRedo(before, after);
 }
 
+TEST_F(StrokeCommandTest, ARedoneLayerHasTheStateItHadWhateverThePreferenceSaysByThen)
+{
+    int layer = -1;
+    bool frame = false;
+    ASSERT_TRUE(node().drawingTarget("persp", layer, frame));
+    drag("persp", 300);
+    ASSERT_TRUE(command("-la 0 -fa persp"));
+    run("undo");
+    Preferences::instance().setDefaultLayerState(kLayerStatic);
+    run("redo");
+    EXPECT_EQ(drawing().layerState("persp", 0), kLayerAnim);
+}
+
 TEST_F(StrokeCommandTest, AFrameKeyedForTheStrokeGoesWithIt)
 {
     keyed("persp", {1});

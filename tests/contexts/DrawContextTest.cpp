@@ -66,10 +66,10 @@ protected:
         press();
         release();
     }
-    void pen(TestView& view, double pressure, QTabletEvent::PointerType end)
+    void pen(TestView& view, double pressure, QTabletEvent::PointerType end, QEvent::Type type = QEvent::TabletPress)
     {
-        QTabletEvent event(QEvent::TabletPress, QPointF(), QPointF(), QTabletEvent::Stylus, end, pressure, 0, 0, 0, 0,
-                           0, Qt::NoModifier, 1, Qt::LeftButton, Qt::LeftButton);
+        QTabletEvent event(type, QPointF(), QPointF(), QTabletEvent::Stylus, end, pressure, 0, 0, 0, 0, 0,
+                           Qt::NoModifier, 1, Qt::LeftButton, Qt::LeftButton);
         event.ignore();
         QCoreApplication::sendEvent(view.widget(), &event);
     }
@@ -200,6 +200,8 @@ TEST_F(DrawContextTest, ThePensEndAndPressureCountUntilTheRelease)
     release();
     EXPECT_FLOAT_EQ(penState::pressure(), 1.0f);
     EXPECT_FALSE(penState::isEraserTip());
+    pen(views.persp(), 0.0, QTabletEvent::Eraser, QEvent::TabletMove);
+    EXPECT_FALSE(penState::isEraserTip()) << "a pen that hovers away leaves the mouse its tool";
 
     // A view is watched from its first press on, and no longer once the tool is left.
     pen(views.top(), 0.3, QTabletEvent::Pen);

@@ -71,6 +71,21 @@ TEST_F(StrokeTest, OneSwapUndoesAndTheNextRedoes)
     EXPECT_EQ(describe(drawing), after);
 }
 
+TEST_F(StrokeTest, AnEraserStrokeDoesNotBringBackWhatIsUndoneUnderIt)
+{
+    addLayer("persp", "A", {1});
+    QByteArray bytes;
+    ASSERT_TRUE(drawLine("persp", bytes));
+    for (const ToolType tool : {ToolType::Eraser, ToolType::Pencil}) {
+        Preferences::instance().setActiveTool(tool);
+        ASSERT_NE(drawing.beginStroke("persp", false), nullptr);
+        ASSERT_TRUE(drawing.swapActiveImage("persp", bytes));
+        // A pencil's own ink can still be laid over whatever is there.
+        EXPECT_EQ(drawing.stroke("persp") != nullptr, tool == ToolType::Pencil);
+        drawing.dropStroke();
+    }
+}
+
 TEST_F(StrokeTest, NeedsAnActiveLayerThatCanBeDrawnOnNow)
 {
     EXPECT_EQ(drawing.beginStroke("persp", false), nullptr);
