@@ -231,14 +231,20 @@ QPoint Viewport::portPoint(const QPointF& widgetPoint) const
 
 void Viewport::sendToTool(api::ToolEvent::Kind kind, const QPointF& at, Qt::KeyboardModifiers modifiers)
 {
+    // Before the tool hears of a release the drag is over: it may open a dialog, which ends drags.
+    const Qt::MouseButton button = m_toolButton;
+    if (kind == api::ToolEvent::Kind::Release) {
+        m_toolButton = Qt::NoButton;
+    }
+    m_toolAt = at;
     const QPoint point = portPoint(at);
     api::ToolEvent toolEvent;
     toolEvent.kind = kind;
     toolEvent.x = point.x();
     toolEvent.y = point.y();
-    toolEvent.button = m_toolButton == Qt::LeftButton ? api::ToolEvent::Button::Left
-                     : m_toolButton == Qt::MidButton  ? api::ToolEvent::Button::Middle
-                                                      : api::ToolEvent::Button::None;
+    toolEvent.button = button == Qt::LeftButton ? api::ToolEvent::Button::Left
+                     : button == Qt::MidButton  ? api::ToolEvent::Button::Middle
+                                                : api::ToolEvent::Button::None;
     toolEvent.shift = modifiers & Qt::ShiftModifier;
     toolEvent.control = modifiers & Qt::ControlModifier;
 
@@ -249,16 +255,37 @@ void Viewport::sendToTool(api::ToolEvent::Kind kind, const QPointF& at, Qt::Keyb
     const bool hadShapes = !m_toolShapes.items.empty();
     api::ToolBox::instance().send(toolEvent, manager.get(), context.get());
     // While a button is held, what the tool drew stays until it draws again; otherwise it is there for one frame.
-    m_keepToolShapes = kind == api::ToolEvent::Kind::Press || kind == api::ToolEvent::Kind::Drag;
+    m_keepToolShapes =
+        m_toolButton != Qt::NoButton && (kind == api::ToolEvent::Kind::Press || kind == api::ToolEvent::Kind::Drag);
     m_toolShapes = std::move(drawn);
     if (hadShapes || !m_toolShapes.items.empty()) {
         update();
     }
 }
 
+void Viewport::endLostDrag(Qt::MouseButtons held)
+{
+    if (m_move && !held.testFlag(m_moveButton)) {
+        m_move.reset();
+        m_moveButton = Qt::NoButton;
+    }
+    if (m_toolButton != Qt::NoButton && !held.testFlag(m_toolButton)) {
+        sendToTool(api::ToolEvent::Kind::Release, m_toolAt, Qt::NoModifier);
+    }
+}
+
+bool Viewport::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::Hide) {
+        endLostDrag(Qt::NoButton);
+    }
+    return QOpenGLWidget::event(event);
+}
+
 void Viewport::mousePressEvent(QMouseEvent* event)
 {
     emit Activated(this);
+    endLostDrag(event->buttons() & ~Qt::MouseButtons(event->button()));
     if (m_move || m_toolButton != Qt::NoButton) {
         return;  // a second button while one is at work
     }
@@ -283,6 +310,7 @@ void Viewport::mousePressEvent(QMouseEvent* event)
 
 void Viewport::mouseMoveEvent(QMouseEvent* event)
 {
+    endLostDrag(event->buttons());
     if (m_move) {
         moveCamera(event->pos() - m_movedFrom);
         m_movedFrom = event->pos();
@@ -300,7 +328,6 @@ void Viewport::mouseReleaseEvent(QMouseEvent* event)
         m_moveButton = Qt::NoButton;
     } else if (m_toolButton != Qt::NoButton && event->button() == m_toolButton) {
         sendToTool(api::ToolEvent::Kind::Release, event->localPos(), event->modifiers());
-        m_toolButton = Qt::NoButton;
     } else {
         event->ignore();
     }

@@ -47,6 +47,7 @@ signals:
 protected:
     void initializeGL() override;
     void paintGL() override;
+    bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -62,6 +63,9 @@ private:
     void moveCamera(const QPoint& by);
     QPoint portPoint(const QPointF& widgetPoint) const;
     void sendToTool(api::ToolEvent::Kind kind, const QPointF& at, Qt::KeyboardModifiers modifiers);
+    /// Ends the drag whose button is not among those held: its release went elsewhere, or will (to a dialog that was
+    /// opened meanwhile). The tool gets the release where it last saw the pointer.
+    void endLostDrag(Qt::MouseButtons held);
 
     kernel::Session& m_session;
     const std::string m_panelName;
@@ -75,6 +79,7 @@ private:
     api::DrawList m_toolShapes;  ///< what the tool drew in its last event
     bool m_keepToolShapes = false;
     Qt::MouseButton m_toolButton = Qt::NoButton;
+    QPointF m_toolAt;  ///< where the tool last saw the pointer
     std::optional<Move> m_move;
     Qt::MouseButton m_moveButton = Qt::NoButton;
     QPoint m_movedFrom;

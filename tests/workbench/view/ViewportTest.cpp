@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QMouseEvent>
+#include <QRegularExpression>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
@@ -72,7 +73,8 @@ protected:
     void send(view::Viewport* view, QEvent::Type type, QPoint at, Qt::MouseButton button,
               Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
-        const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::MouseButtons(button);
+        m_held.setFlag(button, type != QEvent::MouseButtonRelease);
+        const Qt::MouseButtons held = m_held;
         const Qt::MouseButton changed = type == QEvent::MouseMove ? Qt::NoButton : button;
         QMouseEvent event(type, at, view->mapToGlobal(at), changed, held, modifiers);
         QApplication::sendEvent(view, &event);
@@ -83,6 +85,12 @@ protected:
         send(view, QEvent::MouseButtonPress, from, button, modifiers);
         send(view, QEvent::MouseMove, to, button, modifiers);
         send(view, QEvent::MouseButtonRelease, to, button, modifiers);
+    }
+    /// The pointer moves and no button is held any more: the release went elsewhere.
+    void moveReleased(view::Viewport* view, QPoint at)
+    {
+        m_held = Qt::NoButton;
+        send(view, QEvent::MouseMove, at, Qt::NoButton);
     }
     kernel::Node& transform(const char* name) { return *session.scene.findOne(name); }
     kernel::Node& shape(const char* name) { return *session.scene.findOne(std::string(name) + "Shape"); }
@@ -103,6 +111,9 @@ protected:
     view::Viewports views{session, &window};
     view::Viewport* persp;
     view::Viewport* top;
+
+private:
+    Qt::MouseButtons m_held;
 };
 
 }  // namespace
@@ -133,6 +144,45 @@ TEST_F(ViewportTest, ASecondButtonDoesNotDisturbAStroke)
     send(persp, QEvent::MouseButtonRelease, {10, 10}, Qt::LeftButton);
     EXPECT_EQ(log.filter("press").size(), 1);
     EXPECT_EQ(log.last(), "release 10 289 left");
+}
+
+TEST_F(ViewportTest, AStrokeWhoseReleaseIsLostEndsWhereItWasLastSeen)
+{
+    send(persp, QEvent::MouseButtonPress, {10, 10}, Qt::LeftButton);
+    send(persp, QEvent::MouseMove, {20, 10}, Qt::LeftButton);
+    moveReleased(persp, {90, 90});
+    moveReleased(persp, {91, 90});
+    EXPECT_EQ(log.filter("release"), QStringList("release 20 289 left"));
+    EXPECT_FALSE(session.undo.isChunkOpen());
+
+    // The same button again, without any move in between.
+    send(persp, QEvent::MouseButtonPress, {30, 10}, Qt::LeftButton);
+    send(persp, QEvent::MouseButtonPress, {40, 10}, Qt::LeftButton);
+    EXPECT_EQ(log.filter(QRegularExpression("press|release")).mid(2).join(", "),
+              "press 30 289 left, release 30 289 left, press 40 289 left");
+    send(persp, QEvent::MouseButtonRelease, {40, 10}, Qt::LeftButton);
+}
+
+TEST_F(ViewportTest, DialogsAndHidingEndAStrokeOnce)
+{
+    for (const QEvent::Type type : {QEvent::WindowBlocked, QEvent::Hide}) {
+        log.clear();
+        send(persp, QEvent::MouseButtonPress, {10, 10}, Qt::LeftButton);
+        QEvent event(type);
+        QApplication::sendEvent(persp, &event);
+        send(persp, QEvent::MouseButtonRelease, {50, 10}, Qt::LeftButton);
+        EXPECT_EQ(log.filter("release"), QStringList("release 10 289 left"));
+    }
+}
+
+TEST_F(ViewportTest, ACameraMoveWhoseReleaseIsLostEnds)
+{
+    send(persp, QEvent::MouseButtonPress, {10, 10}, Qt::LeftButton, Qt::AltModifier);
+    const auto before = pose("persp");
+    moveReleased(persp, {90, 90});
+    EXPECT_EQ(pose("persp"), before);
+    drag(persp, {10, 20}, {30, 40}, Qt::LeftButton);
+    EXPECT_EQ(log.filter("release").size(), 1);
 }
 
 TEST_F(ViewportTest, ThePressedViewIsTheActiveOneBeforeTheToolHearsOfIt)
