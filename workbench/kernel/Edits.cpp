@@ -86,13 +86,7 @@ public:
         scene.rename(*m_node, m_name);
     }
 
-    void undo(Scene& scene) override
-    {
-        for (const auto& entry : m_before) {
-            if (entry.first->name() != entry.second)
-                scene.rename(*entry.first, entry.second);
-        }
-    }
+    void undo(Scene& scene) override { scene.restoreNames(m_before); }
 
 private:
     const NodePtr m_node;
@@ -118,8 +112,7 @@ public:
     void undo(Scene& scene) override
     {
         scene.setParent(m_node, m_oldParent.get(), m_oldIndex);
-        if (m_node->name() != m_oldName)
-            scene.rename(*m_node, m_oldName);
+        scene.restoreNames({{m_node, m_oldName}});
     }
 
 private:

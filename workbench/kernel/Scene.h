@@ -27,6 +27,8 @@ public:
     /// Makes a node that stands for one whose type is not available. isDag: it is read as a shape, not as a node
     /// outside the DAG.
     NodePtr makeUnknownNode(const std::string& typeName, const std::string& name, bool isDag);
+    /// Makes an unknown node of the scene one that can have children, as it turns out to be of a transform's kind.
+    void makeUnknownTransform(const NodePtr& node);
     /// Puts a node (with whatever children it has) under `parent` (null: the world) at `index` (-1: last).
     /// A name clash with a sibling (DAG) or any node (others) gives the next free number. Throws CommandError when the
     /// parent cannot have children or is not in the scene.
@@ -38,6 +40,8 @@ public:
     /// Renames; a shape named after its transform (ball, ballShape; ball2, ballShape2) follows it. Characters no name
     /// may have become "_", a "#" at the end the first free number. Gives the name really used.
     std::string rename(Node& node, const std::string& name);
+    /// Gives nodes exactly the names they had before, which must be free once all are given; for undo.
+    void restoreNames(const std::vector<std::pair<NodePtr, std::string>>& names);
     /// Throws CommandError for a parent that cannot have it, such as one of its own children.
     void setParent(const NodePtr& node, Node* parent, int index = -1);
 

@@ -189,6 +189,19 @@ std::string Scene::rename(Node& node, const std::string& name)
     return node.m_name;
 }
 
+void Scene::restoreNames(const std::vector<std::pair<NodePtr, std::string>>& names)
+{
+    bool isChange = false;
+    for (const auto& entry : names) {
+        isChange = isChange || entry.first->m_name != entry.second;
+        entry.first->m_name = entry.second;
+    }
+    if (isChange) {
+        touch();
+        raise("NameChanged");
+    }
+}
+
 std::vector<NodePtr> Scene::find(const std::string& nameOrPattern) const
 {
     const Query query(nameOrPattern);

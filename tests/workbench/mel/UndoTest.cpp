@@ -72,6 +72,27 @@ TEST(ScriptUndo, EveryTextIsOneStepThatGoesBackAndForth)
     }
 }
 
+TEST(ScriptUndo, ComputedNamesAndTimesComeBackExactly)
+{
+    ScriptHost host;
+    ASSERT_TRUE(
+        host.run("createNode transform -n ball; createNode camera -n ballShape -p ball;"
+                 "createNode camera -n ballShape2 -p ball; playbackOptions -min 1.1 -max 30.7 -ast 0.3 -aet 61.3;"
+                 "currentTime 7.123456789;"));
+    const std::string before = describe(host);
+    const kernel::Scene& scene = host.session.scene;
+    const double time = scene.currentTime().value;
+    const double end = scene.playbackRange().last;
+    for (const char* text : {"rename ball ball2", "currentUnit -t ntscf", "currentUnit -t 2fps"}) {
+        ASSERT_TRUE(host.run(text));
+        ASSERT_TRUE(host.run("undo"));
+        EXPECT_EQ(describe(host), before) << text;
+        EXPECT_EQ(scene.currentTime().value, time) << text;
+        EXPECT_EQ(scene.playbackRange().last, end) << text;
+    }
+    EXPECT_EQ(host.eval("listRelatives -c ball"), "ballShape ballShape2");
+}
+
 TEST(ScriptUndo, WhatLeavesNoTraceIsNoStep)
 {
     ScriptHost host;

@@ -164,8 +164,14 @@ Value runCurrentUnit(BuiltinCall& call)
         const TimeUnit unit = kernel::timeUnitFromName(call.args.text("time"));
         if (unit == TimeUnit::Invalid)
             throw CommandError("currentUnit: Unknown time unit '" + call.args.text("time") + "'.");
+        const Ranges ranges{call.scene.playbackRange(), call.scene.animationRange()};
+        // Converting back would not give the same numbers: not every instant is a whole number of ticks.
         call.apply(functionEdit([unit](Scene& scene) { scene.setTimeUnit(unit); },
-                                [was = call.scene.timeUnit()](Scene& scene) { scene.setTimeUnit(was); }));
+                                [ranges, was = call.scene.timeUnit(), now = call.scene.currentTime()](Scene& scene) {
+                                    scene.setTimeUnit(was);
+                                    setRanges(scene, ranges);
+                                    scene.setCurrentTime(now);
+                                }));
     }
     return {};
 }
