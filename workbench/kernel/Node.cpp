@@ -227,8 +227,8 @@ void Node::changed()
 {
     if (!m_scene)
         return;
-    // Looking around through the startup cameras is no change worth saving.
-    if (startup || isDefaultNode)
+    // Looking around through the startup cameras is no change worth saving, nor is going to another time.
+    if (startup || (isDefaultNode && m_type->name == "time"))
         m_scene->requestRedraw();
     else
         m_scene->touch();

@@ -75,6 +75,20 @@ NodePtr Scene::makeUnknownNode(const std::string& typeName, const std::string& n
     return node;
 }
 
+void Scene::makeUnknownTransform(const NodePtr& node)
+{
+    if (node->unknownType.empty() || node->type().isTransform())
+        return;
+    const bool wasDag = node->type().isDag();
+    node->m_type = m_session.nodeTypes.find("unknownTransform");
+    if (!wasDag) {
+        const auto later = std::find_if(m_roots.begin(), m_roots.end(),
+                                        [&node](const NodePtr& root) { return root->m_serial > node->m_serial; });
+        m_roots.insert(later, node);
+    }
+    touch();
+}
+
 void Scene::checkParent(const Node& node, const Node* parent) const
 {
     if (!parent)

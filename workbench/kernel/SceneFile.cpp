@@ -90,6 +90,14 @@ std::string readWhole(const std::string& path)
     return text;
 }
 
+/// Whether a script node was made by the writer. Where the scene has its name already it came in with a number.
+bool carriesPlaybackRange(const Node& node)
+{
+    const std::string start = kSceneConfigurationNode;
+    return node.name().compare(0, start.size(), start) == 0
+        && node.name().find_first_not_of("0123456789", start.size()) == std::string::npos;
+}
+
 /// Runs the scripts that set up the scene once it is read; the one that carries the playback range has then done all
 /// it is for.
 void runConfigurationScripts(Session& session)
@@ -100,7 +108,7 @@ void runConfigurationScripts(Session& session)
             || node->number("scriptType") != kSceneConfigurationType)
             continue;
         session.script().execute(node->text("before"), false, false);
-        if (node->name() == kSceneConfigurationNode)
+        if (carriesPlaybackRange(*node))
             session.scene.detach(node);
     }
 }

@@ -66,6 +66,12 @@ void writeAttributes(std::ostream& out, const Node& node)
     }
 }
 
+void writeUnknownStatements(std::ostream& out, const Node& node)
+{
+    for (const std::string& statement : node.unknownStatements)
+        out << '\t' << trimmed(statement) << '\n';
+}
+
 bool isConfigurationNode(const Node& node)
 {
     return node.name() == kSceneConfigurationNode && node.type().name == "script";
@@ -189,13 +195,14 @@ void SceneWriter::writeNode(const Node& node)
 {
     if (node.referenced)
         return;
-    m_out << "createNode " << node.typeName() << (node.shared ? " -s" : "") << " -n " << quotedText(node.name());
+    const std::string& type = node.typeName();
+    m_out << "createNode " << (Scene::isLegalName(type) ? type : quotedText(type)) << (node.shared ? " -s" : "")
+          << " -n " << quotedText(node.name());
     if (node.parent())
         m_out << " -p " << quotedText(m_scene.partialPath(*node.parent()));
     m_out << ";\n\trename -uid " << quotedText(node.uid()) << ";\n";
     writeAttributes(m_out, node);
-    for (const std::string& statement : node.unknownStatements)
-        m_out << '\t' << trimmed(statement) << '\n';
+    writeUnknownStatements(m_out, node);
 }
 
 void SceneWriter::writeConfiguration()
@@ -222,6 +229,7 @@ void SceneWriter::writeDefaultNodes()
         } else {
             writeAttributes(settings, *node);
         }
+        writeUnknownStatements(settings, *node);
         if (!settings.str().empty())
             m_out << "select -ne :" << node->name() << ";\n" << settings.str();
     }

@@ -96,6 +96,27 @@ Interpreter::Running::~Running()
         m_interpreter.m_session.scene.deliverSelectionEvent();
 }
 
+/// A scene is read while this lives: it has a current node of its own.
+class Interpreter::ReadingScene {
+public:
+    explicit ReadingScene(Interpreter& interpreter)
+        : m_interpreter(interpreter), m_nodeBefore(std::exchange(interpreter.m_sceneNode, nullptr))
+    {
+        ++m_interpreter.m_scenes;
+    }
+    ~ReadingScene()
+    {
+        --m_interpreter.m_scenes;
+        m_interpreter.m_sceneNode = m_nodeBefore;
+    }
+    ReadingScene(const ReadingScene&) = delete;
+    ReadingScene& operator=(const ReadingScene&) = delete;
+
+private:
+    Interpreter& m_interpreter;
+    const kernel::NodePtr m_nodeBefore;
+};
+
 Interpreter::Call::Call(Interpreter& interpreter, const std::string& procedure) : m_interpreter(interpreter)
 {
     if (m_interpreter.m_calls >= kMostCalls)
@@ -183,12 +204,8 @@ bool Interpreter::executeScene(const std::string& text, const std::string& fileN
 {
     const Running running(*this);
     const kernel::UndoQueue::Suspend suspend(m_session.undo);
-    const kernel::NodePtr before = std::exchange(m_sceneNode, nullptr);
-    ++m_scenes;
-    const bool ok = SceneReader(*this, text, fileName).read();
-    --m_scenes;
-    m_sceneNode = before;
-    return ok;
+    const ReadingScene reading(*this);
+    return SceneReader(*this, text, fileName).read();
 }
 
 Value Interpreter::evaluate(const std::string& text)

@@ -106,6 +106,7 @@ public:
 
 private:
     class UndoStep;
+    class ReadingScene;
     /// Does the work and reports the error it ends with.
     kernel::ScriptResult guarded(const std::function<kernel::Value()>& work);
     std::vector<std::string> scriptFolders() const;

@@ -34,13 +34,34 @@ bool hasFlag(const ValueList& args, const char* shortName, const char* longName)
                        [&](const Value& value) { return isFlag(value, shortName, longName); });
 }
 
+/// The arguments of a createNode without the flags that no host has told of; what follows such a flag goes with it.
+ValueList knownCreateArguments(const ValueList& args)
+{
+    ValueList known;
+    bool hasType = false;
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        const auto* text = std::get_if<std::string>(&args[i]);
+        if (isFlag(args[i], "n", "name") || isFlag(args[i], "p", "parent")) {
+            known.push_back(args[i]);
+            if (i + 1 < args.size())
+                known.push_back(args[++i]);
+        } else if (isFlag(args[i], "s", "shared") || isFlag(args[i], "ss", "skipSelect")) {
+            known.push_back(args[i]);
+        } else if (text && !text->empty() && (*text)[0] != '-' && !std::exchange(hasType, true)) {
+            known.push_back(args[i]);
+        }
+    }
+    return known;
+}
+
 /// Name of the attribute a plug of the current node (".t[0].tx") begins with; empty when there is no such plug.
 std::string ownPlug(const ValueList& args)
 {
     for (const Value& value : args) {
         const auto* text = std::get_if<std::string>(&value);
-        if (text && text->size() > 1 && (*text)[0] == '.')
-            return text->substr(1, text->find_first_of(".[", 1) - 1);
+        if (!text || text->find('.') == std::string::npos)
+            continue;  // a flag or its value
+        return (*text)[0] == '.' ? text->substr(1, text->find_first_of(".[", 1) - 1) : std::string();
     }
     return {};
 }
@@ -82,6 +103,7 @@ bool SceneReader::read()
             skipToNextStatement(error.at());
         }
     }
+    keepAbsentNode();
     return m_ok;
 }
 
@@ -104,13 +126,13 @@ void SceneReader::readStatement()
     statement.command = m_tokens.text();
     m_tokens.advanceToArgument();
     while (!m_tokens.is(Tok::Semicolon))
-        statement.args.push_back(readArgument());
+        statement.args.push_back(readArgument(statement));
     statement.end = m_tokens.token().end;
     m_tokens.advance();
     run(statement);
 }
 
-Value SceneReader::readArgument()
+Value SceneReader::readArgument(Statement& statement)
 {
     Value value;
     switch (m_tokens.kind()) {
@@ -129,7 +151,13 @@ Value SceneReader::readArgument()
         const ExprPtr argument = ArgumentParser(m_tokens, expressions).parseArgument();
         if (!isConstant(*argument))
             throw SyntaxError("Syntax error", argument->at);
-        return Evaluator(m_interpreter, std::make_shared<Unit>(), 0).evaluate(*argument);
+        try {
+            return Evaluator(m_interpreter, std::make_shared<Unit>(), 0).evaluate(*argument);
+        } catch (const CommandError& error) {
+            statement.isComplete = false;
+            statement.failure = error.what();
+            return {};
+        }
     }
     }
     m_tokens.advanceToArgument();
@@ -162,6 +190,11 @@ void SceneReader::run(const Statement& statement)
     try {
         if (!row)
             throw CommandError("The command \"" + statement.command + "\" cannot stand in a scene.");
+        if (!statement.isComplete) {
+            if (row->run == &SceneReader::createNode || row->run == &SceneReader::selectNode)
+                leaveNode();
+            throw CommandError(statement.failure);
+        }
         (this->*row->run)(statement);
     } catch (const CommandError& error) {
         report(error.what(), statement.begin);
@@ -192,7 +225,8 @@ void SceneReader::runCommand(const Statement& statement)
 
 void SceneReader::ignore(const Statement&) {}
 
-// A module that is missing does not stop the scene: its nodes are kept unread, and so is the line that asks for it.
+// A module that is missing does not stop the scene: its nodes are kept unread. The line that asks for it is kept in
+// any case; the writer leaves it out when it says the same for the module's nodes.
 void SceneReader::requireModule(const Statement& statement)
 {
     std::vector<std::string> names;
@@ -211,7 +245,7 @@ void SceneReader::requireModule(const Statement& statement)
     if (session.commands.find("loadPlugin")) {
         try {
             kernel::runCommand(session, "loadPlugin", {std::string("-quiet"), names[0]});
-            return;
+            return keepWithScene(verbatim(statement));
         } catch (const CommandError& error) {
             reason = error.what();
         }
@@ -266,21 +300,51 @@ void SceneReader::keepWithNode(const Statement& statement)
         node->unknownStatements.push_back(verbatim(statement));
 }
 
-void SceneReader::createNode(const Statement& statement)
+// Default nodes that this host does not have are set all the same when the scene is written back.
+void SceneReader::keepWithAbsentNode(const Statement& statement)
 {
+    if (!m_absentNode.empty())
+        m_absentNode += "\n\t" + verbatim(statement);
+}
+
+void SceneReader::keepAbsentNode()
+{
+    if (!m_absentNode.empty())
+        keepWithScene(std::exchange(m_absentNode, {}));
+}
+
+void SceneReader::leaveNode()
+{
+    keepAbsentNode();
     m_addedAttributes.clear();
     m_skipping = true;
     m_interpreter.setSceneNode(nullptr);
-    NodeRequest request = parseCreateNode(statement.args);
+}
+
+void SceneReader::createNode(const Statement& statement)
+{
+    leaveNode();
+    NodeRequest request;
+    try {
+        request = parseCreateNode(statement.args);
+    } catch (const CommandError& error) {
+        report(error.what(), statement.begin);
+        request = parseCreateNode(knownCreateArguments(statement.args));
+    }
     kernel::Session& session = m_interpreter.session();
     if (!session.nodeTypes.find(request.type)) {
         warn("Unknown object type: " + request.type + ". The node " + request.name + " is kept unread.",
              statement.begin);
         request.unknownType = std::exchange(request.type, {});
     }
-    if (!request.parent.empty() && !session.scene.findOrNull(request.parent)) {
-        report("No object matches name: " + request.parent, statement.begin);
-        request.parent.clear();
+    if (!request.parent.empty()) {
+        const NodePtr parent = session.scene.findOrNull(request.parent);
+        if (!parent) {
+            report("No object matches name: " + request.parent, statement.begin);
+            request.parent.clear();
+        } else if (!parent->unknownType.empty()) {
+            session.scene.makeUnknownTransform(parent);  // only transforms have children
+        }
     }
     kernel::EditList edits;
     m_interpreter.setSceneNode(mel::createNode(session, request, edits));
@@ -299,18 +363,20 @@ void SceneReader::renameNode(const Statement& statement)
 void SceneReader::setAttribute(const Statement& statement)
 {
     if (m_skipping)
-        return;
+        return keepWithAbsentNode(statement);
     const NodePtr node = m_interpreter.sceneNode();
-    if (node && (!node->unknownType.empty() || m_addedAttributes.count(ownPlug(statement.args))))
-        keepWithNode(statement);
-    else
-        runCommand(statement);
+    const std::string own = ownPlug(statement.args);
+    if (node && (!node->unknownType.empty() || m_addedAttributes.count(own)))
+        return keepWithNode(statement);
+    if (node && !own.empty() && !node->attribute(own))
+        keepWithNode(statement);  // and say below that it has no effect
+    runCommand(statement);
 }
 
 void SceneReader::addAttribute(const Statement& statement)
 {
     if (m_skipping)
-        return;
+        return keepWithAbsentNode(statement);
     for (std::size_t i = 0; i + 1 < statement.args.size(); ++i) {
         if (isFlag(statement.args[i], "ln", "longName") || isFlag(statement.args[i], "sn", "shortName"))
             m_addedAttributes.insert(kernel::toText(statement.args[i + 1]));
@@ -321,7 +387,7 @@ void SceneReader::addAttribute(const Statement& statement)
 // `select -ne :time1` chooses the node that the following settings are for; the user's selection stays.
 void SceneReader::selectNode(const Statement& statement)
 {
-    m_addedAttributes.clear();
+    leaveNode();
     NodePtr node;
     for (const Value& value : statement.args) {
         if (!isFlag(value, "ne", "noExpand"))
@@ -329,12 +395,15 @@ void SceneReader::selectNode(const Statement& statement)
     }
     m_skipping = !node;
     m_interpreter.setSceneNode(node);
+    if (!node)
+        m_absentNode = verbatim(statement);
 }
 
 void SceneReader::lockNode(const Statement& statement)
 {
-    const NodePtr node = m_interpreter.sceneNode();
-    if (node && !node->unknownType.empty())
+    if (m_skipping)
+        keepWithAbsentNode(statement);
+    else
         keepWithNode(statement);
 }
 

@@ -30,6 +30,8 @@ private:
         kernel::ValueList args;
         std::size_t begin = 0;
         std::size_t end = 0;  ///< behind the semicolon
+        bool isComplete = true;
+        std::string failure;  ///< why an argument has no value, when the statement is not complete
     };
     using Handler = void (SceneReader::*)(const Statement& statement);
     struct Row {
@@ -40,7 +42,7 @@ private:
     static const Row* findRow(std::string_view command);
 
     void readStatement();
-    kernel::Value readArgument();
+    kernel::Value readArgument(Statement& statement);
     void skipToNextStatement(std::size_t from);
     void run(const Statement& statement);
     std::string verbatim(const Statement& statement) const;
@@ -61,13 +63,17 @@ private:
     void keepLink(const Statement& statement);
     void ignore(const Statement& statement);
 
-    void createUnknownNode(const Statement& statement, const std::string& type);
+    /// What follows belongs to no node until one is created or selected.
+    void leaveNode();
+    void keepWithAbsentNode(const Statement& statement);
+    void keepAbsentNode();
     void keepWithNode(const Statement& statement);
     void keepWithScene(const std::string& statement);
 
     Interpreter& m_interpreter;
     const Source m_source;
     TokenStream m_tokens;
+    std::string m_absentNode;  ///< the statements so far about a default node that this host does not have
     std::set<std::string> m_addedAttributes;  ///< names, long and short, that the scene gave its current node itself
     bool m_skipping = false;  ///< the current node could not be made, or is a default node the workbench lacks
     bool m_ok = true;

@@ -259,7 +259,84 @@ TEST(SceneReader, ARequiredModuleIsLoadedInMidRead)
     EXPECT_EQ(loaded, (Texts{"wobblePlugin", "broken"}));
     EXPECT_EQ(host.warnings, Texts{"file: shot.ma line 2: Unable to dynamically load : x"});
     ASSERT_NE(wobblesOf(host, "w"), nullptr);
-    EXPECT_EQ(host.session.scene.keptStatements, Texts{"requires \"broken\" \"1\";"});
+    const std::string ours = "requires -nodeType \"wobble\" -dataType \"wobbleData\" \"wobblePlugin\" \"1.4\";";
+    EXPECT_EQ(host.session.scene.keptStatements, (Texts{ours, "requires \"broken\" \"1\";"}));
+    const std::string text = written(host);
+    EXPECT_EQ(text.find("wobblePlugin"), text.rfind("wobblePlugin")) << "once, for the node\n" << text;
+    host.session.scene.detach(host.session.scene.findOne("w"));
+    EXPECT_NE(written(host).find(ours), std::string::npos) << "the scene still asks for the module";
+}
+
+TEST(SceneReader, AnArgumentThatCannotBeComputedCostsItsStatementOnly)
+{
+    ScriptHost host;
+    EXPECT_FALSE(read(host, "createNode transform -n \"a\";\n\tsetAttr \".tx\" (1/0); setAttr \".ty\" 2;\n"
+                            "createNode transform -n (\"b\" / 0);\n\tsetAttr \".ty\" 5;\n"
+                            "createNode transform -n \"c\";\n\tsetAttr \".tz\" (1/0);"));
+    ASSERT_EQ(host.errors.size(), 3u);
+    const char* const lines[] = {"file: shot.ma line 2: ", "file: shot.ma line 3: ", "file: shot.ma line 6: "};
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(host.errors[i].find(lines[i]), 0u) << host.errors[i];
+    EXPECT_EQ(host.eval("getAttr a.ty"), "2") << "what follows in the line counts, but not a lost node's settings";
+    EXPECT_EQ(host.eval("objExists c"), "1");
+    EXPECT_EQ(host.eval("getAttr .tx"), "<error>") << "no node is current once the scene is read";
+}
+
+TEST(SceneReader, ChildrenOfUnknownNodesKeepTheirPlace)
+{
+    ScriptHost host;
+    EXPECT_TRUE(read(host, "createNode transform -n \"first\";\n"
+                           "createNode joint -n \"j1\";\n\tsetAttr \".jo\" 4;\n"
+                           "createNode transform -n \"last\";\n"
+                           "createNode joint -n \"j2\" -p \"j1\";\n"
+                           "createNode transform -n \"g\" -p \"j1\";\n"
+                           "\tsetAttr \".t\" -type \"double3\" 7 8 9;\n"
+                           "createNode transform -n \"h\" -p \"j2\";\n"));
+    EXPECT_EQ(host.errors, Texts());
+    EXPECT_EQ(host.eval("ls -l g h"), "|j1|g |j1|j2|h");
+    EXPECT_EQ(host.eval("getAttr g.t"), "7 8 9");
+    const std::string once = written(host);
+    EXPECT_LT(once.find("-n \"first\""), once.find("createNode joint -n \"j1\"")) << once;
+    EXPECT_LT(once.find("createNode joint -n \"j1\""), once.find("-n \"last\"")) << once;
+    EXPECT_NE(once.find("createNode joint -n \"j2\" -p \"j1\";"), std::string::npos) << once;
+    EXPECT_NE(once.find("\tsetAttr \".jo\" 4;"), std::string::npos) << once;
+    ScriptHost again;
+    EXPECT_TRUE(read(again, once));
+    EXPECT_EQ(written(again), once);
+}
+
+TEST(SceneReader, WhatHasNoEffectHereIsWrittenBack)
+{
+    const Texts pieces = {
+        "\tlockNode -l 1;\n",
+        "\taddAttr -ln \"extra\" -at \"double\";\n\tsetAttr \".extra\" 3;\n",
+        "select -ne :renderPartition;\n\tsetAttr -s 2 \".st\";\n\taddAttr -ln \"more\" -at \"double\";\n",
+        "select -ne :lightList1;\n\tsetAttr -s 4 \".l\";\n",
+        "createNode \"strange type\" -s -n \"odd\";\n",
+    };
+    ScriptHost host;
+    EXPECT_TRUE(read(host, pieces[4] + "createNode transform -n \"a\";\n" + pieces[0] + "select -ne :time1;\n"
+                               + pieces[1] + pieces[2] + pieces[3]));
+    EXPECT_EQ(host.errors, Texts());
+    const std::string once = written(host);
+    for (const std::string& piece : pieces)
+        EXPECT_NE(once.find(piece), std::string::npos) << piece << "is not in\n" << once;
+    ScriptHost again;
+    EXPECT_TRUE(read(again, once));
+    EXPECT_EQ(written(again), once);
+}
+
+TEST(SceneReader, WhatANewerHostSaysIsReportedAndCostsLittle)
+{
+    ScriptHost host;
+    EXPECT_FALSE(read(host, "createNode transform -n \"group\";\n"
+                            "createNode transform -zz 5 -n \"a\" -p \"group\";\n"
+                            "\tsetAttr \".noSuch\" -type \"string\" \".x\";\n\tsetAttr \".tx\" 3;\n"));
+    EXPECT_EQ(host.errors, (Texts{"file: shot.ma line 2: Invalid flag '-zz'",
+                                  "file: shot.ma line 3: setAttr: No object matches name: a.noSuch"}));
+    EXPECT_EQ(host.eval("ls -l a"), "|group|a");
+    EXPECT_EQ(host.eval("getAttr a.tx"), "3");
+    EXPECT_NE(written(host).find("\tsetAttr \".noSuch\" -type \"string\" \".x\";\n"), std::string::npos);
 }
 
 TEST(SceneReader, LongTokensArriveWhole)

@@ -51,6 +51,7 @@ NodePtr createNode(kernel::Session& session, const NodeRequest& request, kernel:
     NodePtr parent = request.parent.empty() ? nullptr : scene.findOne(request.parent);
     if (!request.unknownType.empty()) {
         const NodePtr node = scene.makeUnknownNode(request.unknownType, request.name, parent != nullptr);
+        node->shared = request.shared;
         return attached(scene, node, parent, edits);
     }
     const kernel::NodeType* type = session.nodeTypes.find(request.type);
