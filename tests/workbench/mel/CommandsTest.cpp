@@ -270,6 +270,26 @@ TEST(SessionCommands, OptionVariablesSurviveTheSession)
     EXPECT_EQ(host.warnings.size(), 1u);
 }
 
+TEST(SessionCommands, OneBadOptionVariableDoesNotCostTheOthers)
+{
+    const std::string file = testing::TempDir() + "optionVars.mel";
+    std::ofstream(file) << "optionVar -iv \"a\" 1;\noptionVar -fv \"f\" inf inf;\noptionVar -sv \"b\" \"open;\n"
+                           "optionVar -iv \"c\"\n  2;\n";
+    ScriptHost host;
+    host.session.prefsDir = testing::TempDir();
+    mel::loadOptionVars(host.session);
+    std::remove(file.c_str());
+    EXPECT_EQ(host.session.optionVars, (std::map<std::string, kernel::Value>{{"a", 1}, {"c", 2}}));
+    ASSERT_EQ(host.warnings.size(), 2u);
+    EXPECT_NE(host.warnings[0].find("line 2 of " + file), std::string::npos) << host.warnings[0];
+    EXPECT_NE(host.warnings[1].find("line 3 of " + file), std::string::npos) << host.warnings[1];
+
+    for (const char* text : {"optionVar -iv a 5 -fv x (1e308 * 10)", "optionVar -fva x (-1e308 * 10)"})
+        EXPECT_NE(host.error(text).find("The value of 'x' must be a finite number."), std::string::npos) << text;
+    EXPECT_EQ(host.eval("optionVar -list"), "a c");
+    EXPECT_EQ(host.eval("optionVar -q a"), "1") << "a refused command sets nothing";
+}
+
 TEST(SessionCommands, AboutAndFolders)
 {
     ScriptHost host;

@@ -3,6 +3,7 @@
 #include "mel/builtins/Quoting.h"
 #include "mel/builtins/Subjects.h"
 
+#include <cmath>
 #include <cstdio>
 #include <fstream>
 #include <variant>
@@ -70,8 +71,18 @@ void clearArray(Value& variable)
         variable = StringArray();
 }
 
+/// The file the variables are kept in could not say another number.
+void requireFinite(const kernel::ValueList& values)
+{
+    if (!std::isfinite(std::get<double>(values[1])))
+        throw kernel::CommandError("optionVar: The value of '" + kernel::toText(values[0])
+                                   + "' must be a finite number.");
+}
+
 void change(const BuiltinCall& call, OptionVars& variables)
 {
+    eachUse(call, "floatValue", requireFinite);
+    eachUse(call, "floatValueAppend", requireFinite);
     const auto name = [](const kernel::ValueList& values) { return kernel::toText(values[0]); };
     eachUse(call, "remove", [&](const auto& values) { variables.erase(name(values)); });
     for (const char* flag : {"intValue", "floatValue", "stringValue"})
@@ -119,9 +130,11 @@ Value runOptionVar(BuiltinCall& call)
     return {};
 }
 
+const std::string kStatementStart = "optionVar -";
+
 std::string line(const char* flag, const std::string& name, const std::string& value)
 {
-    return std::string("optionVar -") + flag + " " + quoted(name) + " " + value + ";\n";
+    return kStatementStart + flag + " " + quoted(name) + " " + value + ";\n";
 }
 
 }  // namespace
@@ -171,11 +184,30 @@ std::string optionVarScript(const kernel::Session& session)
     return script;
 }
 
+// Statement by statement, so that one that is damaged does not cost the others.
 void loadOptionVars(kernel::Session& session)
 {
     const std::string path = session.prefsDir + "optionVars.mel";
-    if (!session.prefsDir.empty() && std::ifstream(path))
-        session.script().executeFile(path, false);
+    if (session.prefsDir.empty())
+        return;
+    std::ifstream in(path, std::ios::binary);
+    std::string statement;
+    int firstLine = 1;
+    const auto runStatement = [&] {
+        if (!statement.empty() && !session.script().execute(statement, false, false).ok)
+            session.output.warning("The option variable in line " + std::to_string(firstLine) + " of " + path
+                                   + " could not be read.");
+    };
+    int number = 1;
+    for (std::string text; std::getline(in, text); ++number) {
+        if (text.compare(0, kStatementStart.size(), kStatementStart) == 0) {
+            runStatement();
+            statement.clear();
+            firstLine = number;
+        }
+        statement += text + '\n';
+    }
+    runStatement();
 }
 
 // Written beside and renamed, so that a full disk does not cost the old values.
