@@ -244,6 +244,10 @@ TEST_F(SceneTest, OnlyWhatIsSavedMakesTheSceneModified)
     EXPECT_FALSE(scene.isModified());
     set(scene.findOne("read"), "translateX", 3.0);
     EXPECT_TRUE(scene.isModified());
+    scene.reset();
+    EXPECT_FALSE(scene.isModified());
+    set(scene.findOne("defaultResolution"), "width", 640.0);
+    EXPECT_TRUE(scene.isModified()) << "the file holds the default nodes' settings";
 }
 
 TEST_F(SceneTest, TransformsTurnInTheirOrderAboutTheirPivot)
