@@ -36,6 +36,16 @@ void append(Element element)
 
 namespace api {
 
+namespace {
+
+/// What a module keeps in its nodes is out of the host's sight; that it did something undoable is not.
+void markChanged()
+{
+    kernel::Session::current().scene.setModified();
+}
+
+}  // namespace
+
 ModuleCommand::ModuleCommand(const CommandRegistration& registration) : m_registration(registration) {}
 
 ModuleCommand::~ModuleCommand()
@@ -74,6 +84,8 @@ kernel::Value ModuleCommand::run(const kernel::ValueList& args)
     const ResultScope results;
     if (!m_command->doIt(Access::arguments(args)))
         throw kernel::CommandError("");  // the module has said why
+    if (m_command->isUndoable())
+        markChanged();
     return slot();
 }
 
@@ -86,14 +98,20 @@ bool ModuleCommand::undo()
 {
     const ModuleScope scope(m_registration.module);
     const ResultScope results;
-    return m_command->undoIt();
+    const bool done = m_command->undoIt();
+    if (done)
+        markChanged();
+    return done;
 }
 
 bool ModuleCommand::redo()
 {
     const ModuleScope scope(m_registration.module);
     const ResultScope results;
-    return m_command->redoIt();
+    const bool done = m_command->redoIt();
+    if (done)
+        markChanged();
+    return done;
 }
 
 }  // namespace api

@@ -245,7 +245,7 @@ bool MRenderer::drawAPIIsOpenGL() const
 void MRenderer::setGeometryDrawDirty(MObject object, bool /*topologyChanged*/)
 {
     if (api::nodeOf(object) && kernel::Session::exists())
-        kernel::Session::current().scene.touch();
+        kernel::Session::current().scene.requestRedraw();
 }
 
 }  // namespace MHWRender

@@ -5,6 +5,7 @@
 
 #include <maya/MDrawRegistry.h>
 #include <maya/MPxDrawOverride.h>
+#include <maya/MViewport2Renderer.h>
 
 using testing::ElementsAre;
 
@@ -165,6 +166,16 @@ TEST_F(DrawOverrideTest, AnotherGraphicsInterfaceDrawsNothingAndSaysSoOnce)
     EXPECT_TRUE(draw().empty());
     ASSERT_EQ(errors().size(), 1u);
     EXPECT_THAT(errors()[0], testing::StartsWith("Failed to create evaluator for drawdb/geometry/dot"));
+}
+
+TEST_F(DrawOverrideTest, AskingForANewPictureDoesNotChangeTheScene)
+{
+    int redraws = 0;
+    session().scene.setTouchListener([&redraws] { ++redraws; });
+    MHWRender::MRenderer::setGeometryDrawDirty(api::toObject(session().scene.findOne("persp")));
+    EXPECT_EQ(redraws, 1);
+    EXPECT_FALSE(session().scene.isModified());
+    session().scene.setTouchListener(nullptr);
 }
 
 TEST_F(DrawOverrideTest, GoesWithItsCreator)

@@ -154,6 +154,21 @@ TEST_F(MPxCommandTest, IsKeptOnlyWhenUndoableAfterDoIt)
     EXPECT_THAT(journal(), ElementsAre("do a", "do b", "do c", "do d", "undo d", "undo b", "redo b"));
 }
 
+TEST_F(MPxCommandTest, MarksTheSceneAsChangedWhenUndoable)
+{
+    ASSERT_TRUE(run("probe -words a"));
+    EXPECT_FALSE(session().scene.isModified());
+    ASSERT_TRUE(run("probe -words b -undoable"));
+    EXPECT_TRUE(session().scene.isModified());
+
+    session().scene.setModified(false);
+    session().undo.undo();
+    EXPECT_TRUE(session().scene.isModified());
+    session().scene.setModified(false);
+    session().undo.redo();
+    EXPECT_TRUE(session().scene.isModified());
+}
+
 TEST_F(MPxCommandTest, LeavesNothingBehindWhenDoItFails)
 {
     EXPECT_FALSE(run("probe -words a -undoable -fail; probe -words never"));
