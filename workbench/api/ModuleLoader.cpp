@@ -274,6 +274,8 @@ void unloadModule(kernel::Session& session, const std::string& name, bool force)
     const auto module = findModule(name);
     if (!module || module->session != &session)
         throw kernel::CommandError(quotedName(name) + " is not loaded.");
+    if (isModuleRunning(module->name))
+        throw kernel::CommandError(quotedName(module->name) + " cannot be unloaded while its code is running");
     unload(module, force);
 }
 

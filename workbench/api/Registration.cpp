@@ -8,6 +8,7 @@
 #include "api/ModuleCommand.h"
 
 #include <algorithm>
+#include <map>
 
 #include <dlfcn.h>
 
@@ -19,6 +20,13 @@ std::string& module()
 {
     static std::string name;
     return name;
+}
+
+/// How often each module is on the stack.
+std::map<std::string, int>& running()
+{
+    static std::map<std::string, int> depths;
+    return depths;
 }
 
 struct Registered {
@@ -65,11 +73,20 @@ const std::string& currentModule()
 ModuleScope::ModuleScope(std::string name) : m_before(std::move(module()))
 {
     module() = std::move(name);
+    ++running()[module()];
 }
 
 ModuleScope::~ModuleScope()
 {
+    const auto own = running().find(module());
+    if (--own->second == 0)
+        running().erase(own);
     module() = std::move(m_before);
+}
+
+bool isModuleRunning(const std::string& name)
+{
+    return running().count(name) > 0;
 }
 
 std::string moduleOfCode(const void* code)

@@ -25,6 +25,9 @@ private:
     std::string m_before;
 };
 
+/// Whether code of that module is on the stack, the current one or one that called back into the host.
+bool isModuleRunning(const std::string& name);
+
 /// The current module, or the loaded one that holds `code` (a callback's address); empty for the host's own.
 std::string moduleOfCode(const void* code);
 

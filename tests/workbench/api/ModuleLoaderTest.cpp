@@ -1,4 +1,5 @@
 #include "api/HostApi.h"
+#include "api/Registration.h"
 #include "kernel/SceneFile.h"
 #include "support/HostFixture.h"
 
@@ -144,6 +145,20 @@ TEST_F(ModuleLoaderTest, AModuleMayRefuseToGoUnlessForced)
     EXPECT_TRUE(api::isModuleLoaded("SampleModule"));
     EXPECT_TRUE(run("unloadPlugin -f SampleModule"));
     EXPECT_FALSE(api::isModuleLoaded("SampleModule"));
+}
+
+TEST_F(ModuleLoaderTest, StaysWhileItsCodeRunsEvenWhenForced)
+{
+    ASSERT_TRUE(run(m_load));
+    {
+        const api::ModuleScope caller("SampleModule");
+        const api::ModuleScope another("another");  // it called back into the host, which runs somebody else's code
+        EXPECT_FALSE(run("unloadPlugin -force SampleModule"));
+        EXPECT_THAT(errors(),
+                    Contains(HasSubstr("Plug-in, \"SampleModule\", cannot be unloaded while its code is running")));
+    }
+    EXPECT_TRUE(api::isModuleLoaded("SampleModule"));
+    EXPECT_TRUE(run("unloadPlugin SampleModule"));
 }
 
 TEST_F(ModuleLoaderTest, ManyRoundsWithNodesAndUndoLeaveNothing)
