@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QSignalBlocker>
 #include <QSpinBox>
+#include <QTimer>
 
 #include <cmath>
 
@@ -69,7 +70,8 @@ void TimeField::Apply(int frameNumber)
 
 void TimeField::LeaveField()
 {
-    m_number->clearFocus();  // the next keys are the tool's
+    // The next keys are the tool's, but not the Return that comes past the field right after this.
+    QTimer::singleShot(0, m_number, &QWidget::clearFocus);
 }
 
 void TimeField::showTime()
