@@ -21,7 +21,7 @@ struct Module {
     // Script procedures that make its part of the user interface and take it away; may be empty.
     std::string createProcedure;
     std::string deleteProcedure;
-    void* library = nullptr;
+    void* handle = nullptr;
     kernel::Session* session = nullptr;
 };
 using ModulePtr = std::shared_ptr<Module>;

@@ -40,7 +40,7 @@ std::string symbolOf(const std::string& function)
 
 EntryPoint entryPoint(const Module& module, const std::string& function)
 {
-    return reinterpret_cast<EntryPoint>(dlsym(module.library, symbolOf(function).c_str()));
+    return reinterpret_cast<EntryPoint>(dlsym(module.handle, symbolOf(function).c_str()));
 }
 
 /// Runs one entry point; an exception counts as a failure.
@@ -83,18 +83,18 @@ std::string findFile(const std::string& pathOrName)
 
 void openLibrary(Module& module)
 {
-    module.library = dlopen(module.path.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (!module.library) {
+    module.handle = dlopen(module.path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (!module.handle) {
         const char* reason = dlerror();
         throw kernel::CommandError("Unable to dynamically load : " + module.path + "\n" + (reason ? reason : ""));
     }
     if (!entryPoint(module, "initializePlugin") || !entryPoint(module, "uninitializePlugin")) {
-        dlclose(module.library);
+        dlclose(module.handle);
         throw kernel::CommandError("Unable to dynamically load : " + module.path
                                    + "\nIt has no initializePlugin and uninitializePlugin of API version "
                                    + std::to_string(MAYA_API_VERSION) + ".");
     }
-    if (const auto* version = static_cast<const char*>(dlsym(module.library, "MApiVersion")))
+    if (const auto* version = static_cast<const char*>(dlsym(module.handle, "MApiVersion")))
         module.apiVersion = version;
 }
 
@@ -118,8 +118,8 @@ void closeLibrary(Module& module)
     // Objects of the module's own classes that are to be deleted later must go while their code is there.
     if (QCoreApplication::instance())
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    dlclose(module.library);
-    module.library = nullptr;
+    dlclose(module.handle);
+    module.handle = nullptr;
 }
 
 void runProcedure(Module& module, const std::string& procedure)
