@@ -8,6 +8,23 @@
 
 namespace app {
 
+namespace {
+
+constexpr int kProbeTime = 1000;  // milliseconds
+const char* const kAnswering = "answering";
+
+/// Whether a running program has that port open. With access options, listening would quietly take it over.
+bool isAnswered(const QString& name)
+{
+    QLocalSocket probe;
+    probe.connectToServer(name);
+    return probe.waitForConnected(kProbeTime)
+        || (probe.error() != QLocalSocket::ConnectionRefusedError
+            && probe.error() != QLocalSocket::ServerNotFoundError);
+}
+
+}  // namespace
+
 CommandPorts::CommandPorts(kernel::Session& session) : m_session(session)
 {
     m_session.commands.add("commandPort", [this](const kernel::ValueList& args) { return command(args); });
@@ -42,11 +59,15 @@ kernel::Value CommandPorts::command(const kernel::ValueList& args)
         if (!open) {
             throw kernel::CommandError("commandPort: " + name.toStdString() + " is not open");
         }
-        m_servers.erase(std::find_if(m_servers.begin(), m_servers.end(),
-                                     [open](const std::unique_ptr<QLocalServer>& s) { return s.get() == open; }));
+        const auto found = std::find_if(m_servers.begin(), m_servers.end(),
+                                        [open](const std::unique_ptr<QLocalServer>& s) { return s.get() == open; });
+        // The line that says so may have come in by this very server, whose sockets are its children.
+        found->release()->deleteLater();
+        m_servers.erase(found);
+        open->close();
         return {};
     }
-    if (open) {
+    if (open || isAnswered(name)) {
         throw kernel::CommandError("commandPort: " + name.toStdString() + " is already open");
     }
     auto server = std::make_unique<QLocalServer>();
@@ -83,12 +104,19 @@ void CommandPorts::Read()
 {
     // Executing a line may run an event loop (a dialog), in which the socket can go away.
     const QPointer<QLocalSocket> socket = qobject_cast<QLocalSocket*>(sender());
+    if (!socket || socket->property(kAnswering).toBool()) {
+        return;  // a line that comes meanwhile waits for the one before it
+    }
+    socket->setProperty(kAnswering, true);
     while (socket && socket->canReadLine()) {
         const QByteArray reply = answer(socket->readLine().trimmed());
         if (socket) {
             socket->write(reply);
             socket->flush();
         }
+    }
+    if (socket) {
+        socket->setProperty(kAnswering, false);
     }
 }
 
