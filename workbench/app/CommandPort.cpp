@@ -96,7 +96,7 @@ void CommandPorts::Accept()
     auto* const server = qobject_cast<QLocalServer*>(sender());
     while (QLocalSocket* socket = server->nextPendingConnection()) {
         connect(socket, SIGNAL(readyRead()), this, SLOT(Read()));
-        connect(socket, SIGNAL(disconnected()), socket, SLOT(deleteLater()));
+        connect(socket, SIGNAL(disconnected()), this, SLOT(Leave()));
     }
 }
 
@@ -117,6 +117,17 @@ void CommandPorts::Read()
     }
     if (socket) {
         socket->setProperty(kAnswering, false);
+        if (socket->state() == QLocalSocket::UnconnectedState) {
+            socket->deleteLater();
+        }
+    }
+}
+
+void CommandPorts::Leave()
+{
+    // While a line of it is answered (a dialog may be open), Read is still inside the socket and sees to it later.
+    if (!sender()->property(kAnswering).toBool()) {
+        sender()->deleteLater();
     }
 }
 

@@ -28,6 +28,7 @@ public:
 private slots:
     void Accept();
     void Read();
+    void Leave();
 
 private:
     kernel::Value command(const kernel::ValueList& args);
