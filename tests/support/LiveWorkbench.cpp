@@ -153,14 +153,6 @@ QString LiveWorkbench::output()
     return QString::fromUtf8(m_output);
 }
 
-int LiveWorkbench::waitForEnd(int timeoutMs)
-{
-    if (!m_process.waitForFinished(timeoutMs) || m_process.exitStatus() != QProcess::NormalExit) {
-        return -1;
-    }
-    return m_process.exitCode();
-}
-
 QVector<QPoint> line(QPoint from, QPoint to, double spacing)
 {
     const QPoint step = to - from;

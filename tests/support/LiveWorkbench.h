@@ -41,8 +41,6 @@ public:
     QImage screenshot(const QRect& area = QRect());
     /// What it has printed so far.
     QString output();
-    /// Waits for the process to end; its exit status, or -1 when it does not end in time or crashed.
-    int waitForEnd(int timeoutMs = 10000);
 
 private:
     void pointer(const QStringList& arguments);

@@ -25,9 +25,7 @@ std::shared_ptr<const ParsedArguments> parse(const std::string& command, const k
 {
     auto parsed = std::make_shared<ParsedArguments>();
     parsed->syntax = syntax;
-    std::string error;
-    if (!kernel::parseArguments(syntax, args, parsed->args, error))
-        throw kernel::CommandError(command + ": " + error);
+    parsed->args = kernel::parsedOrThrow(syntax, args, command);
     return parsed;
 }
 

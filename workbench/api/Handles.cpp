@@ -164,4 +164,11 @@ std::string toKernel(const MString& text)
     return {characters, std::size_t(length)};
 }
 
+kernel::NodePtr nodeOf(const MFnBase& set, MStatus* status)
+{
+    const auto node = nodeOf(HandleAccess::object(set));
+    report(status, node ? MStatus::kSuccess : MStatus::kFailure);
+    return node;
+}
+
 }  // namespace api

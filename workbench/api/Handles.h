@@ -102,6 +102,9 @@ kernel::Time toKernel(const MTime& time);
 MString toHost(const std::string& text);
 std::string toKernel(const MString& text);
 
+/// A function set's node, with the status written where one is wanted; null as above.
+kernel::NodePtr nodeOf(const MFnBase& set, MStatus* status);
+
 /// Writes a status where one is wanted and gives it back.
 inline MStatus report(MStatus* out, MStatus::MStatusCode code)
 {

@@ -11,12 +11,7 @@ OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 namespace {
 
-kernel::NodePtr nodeOf(const MFnBase& set, MStatus* status)
-{
-    const auto node = api::nodeOf(api::HandleAccess::object(set));
-    api::report(status, node ? MStatus::kSuccess : MStatus::kFailure);
-    return node;
-}
+using api::nodeOf;
 
 kernel::Scene& scene()
 {

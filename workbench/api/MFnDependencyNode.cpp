@@ -8,13 +8,7 @@ OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 namespace {
 
-/// The set's node, with the status written; null when it is gone or there never was one.
-kernel::NodePtr nodeOf(const MFnBase& set, MStatus* status)
-{
-    const auto node = api::nodeOf(api::HandleAccess::object(set));
-    api::report(status, node ? MStatus::kSuccess : MStatus::kFailure);
-    return node;
-}
+using api::nodeOf;
 
 kernel::Scene& scene()
 {

@@ -74,12 +74,8 @@ kernel::Value ModuleCommand::run(const kernel::ValueList& args)
         throw kernel::CommandError("Cannot create the command " + m_registration.name);
     Access::state(*m_command).syntax = m_registration.syntax;
 
-    if (m_registration.syntax && m_command->hasSyntax()) {
-        kernel::ParsedArgs unused;
-        std::string error;
-        if (!kernel::parseArguments(*m_registration.syntax, args, unused, error))
-            throw kernel::CommandError(m_registration.name + ": " + error);
-    }
+    if (m_registration.syntax && m_command->hasSyntax())
+        kernel::parsedOrThrow(*m_registration.syntax, args, m_registration.name);
 
     const ResultScope results;
     if (!m_command->doIt(Access::arguments(args)))

@@ -16,15 +16,6 @@ using kernel::Syntax;
 using kernel::Value;
 using kernel::ValueList;
 
-ParsedArgs parse(const char* command, const Syntax& syntax, const ValueList& args)
-{
-    ParsedArgs parsed;
-    std::string error;
-    if (!kernel::parseArguments(syntax, args, parsed, error))
-        throw CommandError(std::string(command) + ": " + error);
-    return parsed;
-}
-
 /// Paths of every module in the folders searched.
 StringArray allModuleFiles()
 {
@@ -46,7 +37,7 @@ Value loadPlugin(kernel::Session& session, const ValueList& args)
     syntax.addFlag("a", "allPlugins");
     syntax.addFlag("n", "name", {kernel::ArgType::String});
     syntax.setObjects(Syntax::Objects::Strings);
-    const ParsedArgs parsed = parse("loadPlugin", syntax, args);
+    const ParsedArgs parsed = kernel::parsedOrThrow(syntax, args, "loadPlugin");
     StringArray wanted;
     if (parsed.has("allPlugins"))
         wanted = allModuleFiles();
@@ -67,7 +58,7 @@ Value unloadPlugin(kernel::Session& session, const ValueList& args)
     Syntax syntax;
     syntax.addFlag("f", "force");
     syntax.setObjects(Syntax::Objects::Strings, 1);
-    const ParsedArgs parsed = parse("unloadPlugin", syntax, args);
+    const ParsedArgs parsed = kernel::parsedOrThrow(syntax, args, "unloadPlugin");
     StringArray names;
     for (const Value& object : parsed.objects) {
         const std::string wanted = kernel::toText(object);
@@ -125,7 +116,7 @@ StringArray moduleNames(bool inUseOnly)
 
 Value pluginInfo(const ValueList& args)
 {
-    const ParsedArgs parsed = parse("pluginInfo", pluginInfoSyntax(), args);
+    const ParsedArgs parsed = kernel::parsedOrThrow(pluginInfoSyntax(), args, "pluginInfo");
     if (parsed.has("listPlugins"))
         return moduleNames(false);
     if (parsed.has("pluginsInUse"))

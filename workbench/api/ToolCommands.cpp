@@ -14,15 +14,6 @@ using kernel::Syntax;
 using kernel::Value;
 using kernel::ValueList;
 
-ParsedArgs parse(const char* command, const Syntax& syntax, const ValueList& args)
-{
-    ParsedArgs parsed;
-    std::string error;
-    if (!kernel::parseArguments(syntax, args, parsed, error))
-        throw CommandError(std::string(command) + ": " + error);
-    return parsed;
-}
-
 Syntax plainSyntax(unsigned objects)
 {
     Syntax syntax;
@@ -32,27 +23,27 @@ Syntax plainSyntax(unsigned objects)
 
 Value setToolTo(const ValueList& args)
 {
-    const ParsedArgs parsed = parse("setToolTo", plainSyntax(1), args);
+    const ParsedArgs parsed = kernel::parsedOrThrow(plainSyntax(1), args, "setToolTo");
     ToolBox::instance().setCurrent(kernel::toText(parsed.objects[0]));
     return {};
 }
 
 Value currentCtx(const ValueList& args)
 {
-    parse("currentCtx", plainSyntax(0), args);
+    kernel::parsedOrThrow(plainSyntax(0), args, "currentCtx");
     return ToolBox::instance().currentName();
 }
 
 Value ctxAbort(const ValueList& args)
 {
-    parse("ctxAbort", plainSyntax(0), args);
+    kernel::parsedOrThrow(plainSyntax(0), args, "ctxAbort");
     ToolBox::instance().abort();
     return {};
 }
 
 Value ctxCompletion(const ValueList& args)
 {
-    parse("ctxCompletion", plainSyntax(0), args);
+    kernel::parsedOrThrow(plainSyntax(0), args, "ctxCompletion");
     ToolBox::instance().complete();
     return {};
 }
@@ -70,7 +61,7 @@ Syntax contextInfoSyntax()
 
 Value contextInfo(const ValueList& args)
 {
-    const ParsedArgs parsed = parse("contextInfo", contextInfoSyntax(), args);
+    const ParsedArgs parsed = kernel::parsedOrThrow(contextInfoSyntax(), args, "contextInfo");
     const ToolBox& tools = ToolBox::instance();
     const std::string name = kernel::toText(parsed.objects[0]);
     if (parsed.has("exists"))

@@ -42,11 +42,7 @@ kernel::Value CommandPorts::command(const kernel::ValueList& args)
     syntax.addFlag("n", "name", {kernel::ArgType::String});
     syntax.makeQueryWithFullArgs("name");
     syntax.addFlag("cl", "close");
-    kernel::ParsedArgs parsed;
-    std::string error;
-    if (!kernel::parseArguments(syntax, args, parsed, error)) {
-        throw kernel::CommandError(error);
-    }
+    const kernel::ParsedArgs parsed = kernel::parsedOrThrow(syntax, args);
     const QString name = QString::fromStdString(parsed.text("name"));
     if (name.isEmpty()) {
         throw kernel::CommandError("commandPort: A name is required");

@@ -1,8 +1,8 @@
 #include "app/Host.h"
 
 #include "api/HostApi.h"
-#include "app/Arguments.h"
 #include "app/ViewCommands.h"
+#include "kernel/Syntax.h"
 #include "mel/Builtins.h"
 #include "mel/builtins/OptionVars.h"
 
@@ -101,7 +101,7 @@ void Host::registerQuit()
         syntax.addFlag("f", "force");
         syntax.addFlag("a", "abort");
         syntax.addFlag("ec", "exitCode", {kernel::ArgType::Int});
-        const kernel::ParsedArgs parsed = parsedOrThrow(syntax, args);
+        const kernel::ParsedArgs parsed = kernel::parsedOrThrow(syntax, args);
         m_quitRequest = std::make_unique<QuitRequest>();
         m_quitRequest->force = parsed.has("force") || parsed.has("abort");
         m_quitRequest->exitCode = parsed.integer("exitCode");

@@ -1,7 +1,7 @@
 #include "app/ViewCommands.h"
 
 #include "api/Views.h"
-#include "app/Arguments.h"
+#include "kernel/Syntax.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -75,7 +75,7 @@ Value refresh(const ValueList& args)
     kernel::Syntax syntax;
     syntax.addFlag("cv", "currentView");
     syntax.addFlag("f", "force");
-    const kernel::ParsedArgs parsed = parsedOrThrow(syntax, args);
+    const kernel::ParsedArgs parsed = kernel::parsedOrThrow(syntax, args);
     for (api::View* view : allViews()) {
         if (!parsed.has("currentView") || view == activeView()) {
             view->refresh(parsed.has("force"));
@@ -89,7 +89,7 @@ Value lookThru(kernel::Session& session, const ValueList& args)
     kernel::Syntax syntax;
     syntax.enableQuery();
     syntax.setObjects(kernel::Syntax::Objects::Strings, 0, 2);
-    const kernel::ParsedArgs parsed = parsedOrThrow(syntax, args);
+    const kernel::ParsedArgs parsed = kernel::parsedOrThrow(syntax, args);
     api::View* view = nullptr;
     std::vector<std::string> others;
     for (const Value& object : parsed.objects) {
@@ -137,7 +137,7 @@ Value modelView(kernel::Session& session, const std::string& command, const Valu
         syntax.addFlag("rnm", "rendererName");
     }
     syntax.setObjects(kernel::Syntax::Objects::Strings, 0, 1);
-    const kernel::ParsedArgs parsed = parsedOrThrow(syntax, args);
+    const kernel::ParsedArgs parsed = kernel::parsedOrThrow(syntax, args);
     const std::string name = parsed.objects.empty() ? std::string() : kernel::toText(parsed.objects.front());
     if (parsed.has("exists")) {
         return viewOf(name) ? 1 : 0;
@@ -173,7 +173,7 @@ Value getPanel(const ValueList& args)
     syntax.addFlag("all", "allPanels");
     syntax.addFlag("typ", "type", {ArgType::String});
     syntax.addFlag("to", "typeOf", {ArgType::String});
-    const kernel::ParsedArgs parsed = parsedOrThrow(syntax, args);
+    const kernel::ParsedArgs parsed = kernel::parsedOrThrow(syntax, args);
     if (parsed.has("withFocus")) {
         return activeView() ? activeView()->panelName() : std::string();
     }

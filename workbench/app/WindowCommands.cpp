@@ -1,7 +1,7 @@
 #include "app/WindowCommands.h"
 
-#include "app/Arguments.h"
 #include "app/MainWindow.h"
+#include "kernel/Syntax.h"
 #include "view/Viewport.h"
 #include "view/Viewports.h"
 
@@ -46,7 +46,7 @@ Value WindowCommands::workbenchView(const kernel::ValueList& args)
     syntax.addFlag("p", "panel", {ArgType::String});
     syntax.makeQueryWithFullArgs("panel");
     syntax.addFlag("cp", "capture", {ArgType::String});
-    const kernel::ParsedArgs parsed = parsedOrThrow(syntax, args);
+    const kernel::ParsedArgs parsed = kernel::parsedOrThrow(syntax, args);
     if (parsed.query && parsed.has("panes")) {
         return m_window.paneCount();
     }
@@ -81,7 +81,7 @@ Value WindowCommands::workbenchPen(const kernel::ValueList& args)
     syntax.addFlag("pr", "pressure", {ArgType::Double});
     syntax.addFlag("er", "eraser", {ArgType::Bool});
     syntax.addFlag("rl", "release");
-    const kernel::ParsedArgs parsed = parsedOrThrow(syntax, args);
+    const kernel::ParsedArgs parsed = kernel::parsedOrThrow(syntax, args);
     const bool release = parsed.has("release");
     if (!parsed.has("pressure") && !release) {
         throw CommandError("workbenchPen: -pressure or -release is needed");

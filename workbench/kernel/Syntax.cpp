@@ -1,5 +1,7 @@
 #include "kernel/Syntax.h"
 
+#include "kernel/Command.h"
+
 #include "kernel/Session.h"
 
 #include <algorithm>
@@ -278,6 +280,15 @@ double ParsedArgs::number(const std::string& longName, unsigned i, double fallba
 bool parseArguments(const Syntax& syntax, const ValueList& args, ParsedArgs& out, std::string& error)
 {
     return ArgumentSorter(syntax, args, out, error).sort();
+}
+
+ParsedArgs parsedOrThrow(const Syntax& syntax, const ValueList& args, const std::string& command)
+{
+    ParsedArgs parsed;
+    std::string error;
+    if (!parseArguments(syntax, args, parsed, error))
+        throw CommandError(command.empty() ? error : command + ": " + error);
+    return parsed;
 }
 
 }  // namespace kernel

@@ -85,5 +85,7 @@ private:
 
 /// Sorts `args`. False with the host's wording in `error` ("Invalid flag '-zz'", ...) when they do not fit.
 bool parseArguments(const Syntax& syntax, const ValueList& args, ParsedArgs& out, std::string& error);
+/// The same for commands: throws CommandError when they do not fit. command: named before the error unless empty.
+ParsedArgs parsedOrThrow(const Syntax& syntax, const ValueList& args, const std::string& command = {});
 
 }  // namespace kernel

@@ -101,14 +101,8 @@ class Interpreter::ReadingScene {
 public:
     explicit ReadingScene(Interpreter& interpreter)
         : m_interpreter(interpreter), m_nodeBefore(std::exchange(interpreter.m_sceneNode, nullptr))
-    {
-        ++m_interpreter.m_scenes;
-    }
-    ~ReadingScene()
-    {
-        --m_interpreter.m_scenes;
-        m_interpreter.m_sceneNode = m_nodeBefore;
-    }
+    {}
+    ~ReadingScene() { m_interpreter.m_sceneNode = m_nodeBefore; }
     ReadingScene(const ReadingScene&) = delete;
     ReadingScene& operator=(const ReadingScene&) = delete;
 

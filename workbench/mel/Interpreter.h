@@ -78,7 +78,6 @@ public:
     /// The node that plugs without a node name (".tx") belong to while a scene is read; null otherwise.
     kernel::NodePtr sceneNode() const { return m_sceneNode; }
     void setSceneNode(kernel::NodePtr node) { m_sceneNode = std::move(node); }
-    bool isReadingScene() const { return m_scenes > 0; }
 
     /// Marks a piece of script as running; the outermost one's end delivers the selection event.
     class Running {
@@ -124,7 +123,6 @@ private:
     std::string m_lastError;
     int m_depth = 0;
     int m_calls = 0;
-    int m_scenes = 0;
 };
 
 }  // namespace mel

@@ -31,10 +31,7 @@ public:
 
     Value run(const kernel::ValueList& args) override
     {
-        kernel::ParsedArgs parsed;
-        std::string error;
-        if (m_syntax && !kernel::parseArguments(*m_syntax, args, parsed, error))
-            throw CommandError(error);
+        const kernel::ParsedArgs parsed = m_syntax ? kernel::parsedOrThrow(*m_syntax, args) : kernel::ParsedArgs();
         BuiltinCall call(m_session, parsed, args, m_edits);
         try {
             return m_run(call);

@@ -32,10 +32,7 @@ NodeRequest parseCreateNode(const kernel::ValueList& args)
 {
     static const kernel::Syntax syntax = makeSyntax(
         {{"name", "n", "s"}, {"parent", "p", "s"}, {"shared", "s"}, {"skipSelect", "ss"}}, Modes::Create, 1, 1);
-    kernel::ParsedArgs parsed;
-    std::string error;
-    if (!kernel::parseArguments(syntax, args, parsed, error))
-        throw CommandError(error);
+    const kernel::ParsedArgs parsed = kernel::parsedOrThrow(syntax, args);
     NodeRequest request;
     request.type = kernel::toText(parsed.objects[0]);
     request.name = parsed.text("name");
