@@ -25,7 +25,7 @@ MStatus CommitStrokeEdit::executeOn(BaseNode& node)
         }
         m_frameTime = frame->time();
     }
-    return manager->commitStroke(m_target.camera, m_imageBytes) ? MStatus::kSuccess : MStatus::kFailure;
+    return manager->commitStroke(m_target.camera, m_picture) ? MStatus::kSuccess : MStatus::kFailure;
 }
 
 MStatus CommitStrokeEdit::redoOn(BaseNode& node)
@@ -34,7 +34,7 @@ MStatus CommitStrokeEdit::redoOn(BaseNode& node)
     if (!manager || !makeTarget(*manager)) {
         return MStatus::kFailure;
     }
-    if (!manager->swapImage(m_frame, m_imageBytes)) {
+    if (!manager->swapImage(m_frame, m_picture)) {
         removeTarget(*manager);
         return MStatus::kFailure;
     }
@@ -44,7 +44,7 @@ MStatus CommitStrokeEdit::redoOn(BaseNode& node)
 MStatus CommitStrokeEdit::undoOn(BaseNode& node)
 {
     const std::shared_ptr<LayerManager> manager = node.layerManager();
-    if (!manager || !manager->swapImage(m_frame, m_imageBytes)) {
+    if (!manager || !manager->swapImage(m_frame, m_picture)) {
         return MStatus::kFailure;
     }
     removeTarget(*manager);

@@ -5,7 +5,6 @@
 
 #include <maya/MTime.h>
 
-#include <QByteArray>
 #include <QString>
 
 /// What the tool made so that there was a frame to draw on.
@@ -15,8 +14,8 @@ struct StrokeTarget {
     bool frameAdded;
 };
 
-/// Merges the pending stroke into its frame. Undo and redo exchange the frame's picture with the other one, kept as
-/// PNG, and take away or make again what the tool made for the stroke.
+/// Merges the pending stroke into its frame. Undo and redo exchange the frame's picture with the other one, and take
+/// away or make again what the tool made for the stroke.
 class CommitStrokeEdit : public DrawingEdit {
 public:
     explicit CommitStrokeEdit(const StrokeTarget& target);
@@ -34,7 +33,7 @@ private:
     void removeLayer(LayerManager& manager) const;
 
     const StrokeTarget m_target;
-    QByteArray m_imageBytes;   // the frame's other picture
+    Picture m_picture;         // the frame's other one
     FrameAddress m_frame;      // where the stroke went, wherever the scene's time and views have moved since
     MTime m_frameTime;         // of the frame the tool added
     int m_layerState = 0;      // of the layer the tool added: the preference may say another by the time of a redo

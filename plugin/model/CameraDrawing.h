@@ -2,8 +2,7 @@
 
 #include "model/Ghosts.h"
 #include "model/Layer.h"
-
-#include <QImage>
+#include "model/PaintedBelow.h"
 
 #include <memory>
 #include <vector>
@@ -23,7 +22,8 @@ struct CameraDrawing {
     void move(int from, int to);                          ///< both are valid
 
     std::vector<std::unique_ptr<Layer>> layers;
-    QImage image;  ///< canvas; null until it is composed first
+    InkedImage picture = blankSheet();
     GhostImages ghosts;
+    PaintedBelow below;
     bool redraw = true;  ///< compose anew although no layer is dirty
 };

@@ -41,12 +41,27 @@ QImage asCanvas(const QImage& image)
     return canvas;
 }
 
+bool isMixable(const QImage& image)
+{
+    return image.width() == kCanvasSize && image.height() == kCanvasSize
+        && (image.format() == QImage::Format_RGBA8888 || image.format() == QImage::Format_ARGB32);
+}
+
 void fillInvisible(QImage& canvas, const QColor& colour)
 {
     const uchar pixel[kBytesPerPixel] = {static_cast<uchar>(colour.red()), static_cast<uchar>(colour.green()),
                                          static_cast<uchar>(colour.blue()), 0};
     for (int y = 0; y < canvas.height(); ++y) {
         fillRow(canvas.scanLine(y), canvas.width(), pixel);
+    }
+}
+
+void copyRect(QImage& canvas, const QImage& source, const QRect& rect)
+{
+    for (int y = rect.top(); y <= rect.bottom(); ++y) {
+        std::memcpy(canvas.scanLine(y) + rect.left() * kBytesPerPixel,
+                    source.constScanLine(y) + rect.left() * kBytesPerPixel,
+                    static_cast<size_t>(rect.width()) * kBytesPerPixel);
     }
 }
 

@@ -11,7 +11,12 @@ QImage blankCanvas();  ///< kCanvasSize square, RGBA8888, transparent
 /// bottom to the canvas size. A null image gives a blank canvas.
 QImage asCanvas(const QImage& image);
 
+/// Whether an image is a canvas already, or one in ARGB32, the format of decoded PNGs: four bytes a pixel, the same but
+/// for the places of red and blue.
+bool isMixable(const QImage& image);
+
 /// Fills a canvas with a colour at alpha 0. Unlike QImage::fill it keeps red, green and blue.
 void fillInvisible(QImage& canvas, const QColor& colour);
+void copyRect(QImage& canvas, const QImage& source, const QRect& rect);  ///< rect lies on both canvases
 /// Makes the part of the rectangle that lies on the canvas transparent.
 void clearRect(QImage& canvas, const QRect& rect);

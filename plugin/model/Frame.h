@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/Picture.h"
+
 #include <maya/MTime.h>
 
 #include <QByteArray>
@@ -7,7 +9,7 @@
 
 #include <memory>
 
-/// One drawing, keyed at one scene time. It is blank (never drawn), packed (only PNG bytes) or unpacked (only pixels).
+/// One drawing, keyed at one scene time. It is blank (never drawn), packed (only PNG bytes) or unpacked (with pixels).
 class Frame {
 public:
     explicit Frame(const MTime& time);
@@ -23,26 +25,23 @@ public:
     int frameNumber() const;
     void setFrameNumber(int frameNumber);
 
+    const Picture& picture() const { return m_picture; }
+    void setPicture(const Picture& picture) { m_picture = picture; }
+
     /// The pixels, unpacked on demand: a blank frame gives a blank canvas, a packed one whatever size and format its
     /// PNG has; a PNG that does not decode gives a null image and leaves the frame blank.
     const QImage& image();
-    void setImage(const QImage& image);  ///< the only way to change pixels; packed bytes are left as they are
-    void pack();                         ///< does nothing to a blank or packed frame
+    void setImage(const QImage& image) { m_picture = Picture(image); }
+    void pack() { m_picture.pack(); }  ///< does nothing to a blank or packed frame
 
-    bool isBlank() const { return m_image.isNull() && m_packed.isEmpty(); }
-    bool isUnpacked() const { return !m_image.isNull(); }
-    const QByteArray& packedBytes() const { return m_packed; }
+    bool isBlank() const { return m_picture.isBlank(); }
+    bool isUnpacked() const { return m_picture.isUnpacked(); }
 
     /// The drawing as PNG, whatever condition the frame is in and without changing it. Unchanged pixels are not
     /// encoded again. Empty when encoding fails.
     QByteArray png() const;
-    /// Exchanges the drawing with the one in bytes. False, and nothing changes, when bytes holds no picture or the
-    /// drawing cannot be encoded.
-    bool swapPng(QByteArray& bytes);
 
 private:
     MTime m_time;
-    QImage m_image;
-    QByteArray m_packed;
-    mutable QByteArray m_clean;  // PNG of m_image, from its last decoding or encoding; empty when it has changed since
+    Picture m_picture;
 };

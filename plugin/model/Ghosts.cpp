@@ -1,32 +1,43 @@
 #include "model/Ghosts.h"
 
-#include "model/Canvas.h"
-#include "model/DrawingPainter.h"
 #include "settings/Preferences.h"
 
 namespace {
 
-void makeBlank(QImage& image)
+void makeBlank(InkedImage& sheet)
 {
-    if (image.isNull()) {
-        image = blankCanvas();
+    if (sheet.image.isNull()) {
+        sheet = blankSheet();
     } else {
-        image.fill(Qt::transparent);
+        wipe(sheet);
     }
 }
 
-// The ghosts on one side, farthest first, so that nearer ones lie over it. direction: -1 earlier, +1 later.
-void drawGhosts(QImage& image, Layer& layer, int count, int direction)
+// In 255ths, rounded down twice, as painters take the opacity that is set for them.
+int paintersOpacity(float opacity)
 {
-    QPainter painter(&image);
-    prepareDrawingPainter(painter);
+    return 255 * static_cast<int>(opacity * 256.0f) >> 8;
+}
+
+// The ghosts on one side, farthest first, so that nearer ones lie over it. direction: -1 earlier, +1 later.
+void drawGhosts(InkedImage& sheet, Layer& layer, int count, int direction)
+{
+    std::vector<Ply> plies;
     const float step = kStrongestGhost / static_cast<float>(count);
     for (int k = count; k >= 1; --k) {
-        const QImage& ghost = layer.imageAtOffset(direction * k);
-        if (!ghost.isNull()) {
-            painter.setOpacity(static_cast<double>(kStrongestGhost - static_cast<float>(k) * step + step));
-            painter.drawImage(0, 0, ghost);
+        const Picture ghost = layer.pictureAtOffset(direction * k);
+        if (!ghost.isBlank()) {
+            plies.push_back(
+                {inkedImage(ghost), paintersOpacity(kStrongestGhost - static_cast<float>(k) * step + step)});
         }
+    }
+    layOver(sheet, plies);
+}
+
+void appendNeighbours(std::vector<quint64>& ids, const Layer& layer, int count, int direction)
+{
+    for (int k = 1; k <= count; ++k) {
+        ids.push_back(layer.pictureIdAtOffset(direction * k));
     }
 }
 
@@ -44,8 +55,35 @@ GhostOptions ghostOptions()
             preferences.ghostColorOverrideNext()};
 }
 
+// Each side's frames from near to far, preceded by whether and how it is drawn.
+std::vector<quint64> GhostImages::ingredients(const Layer& layer, const GhostOptions& options)
+{
+    std::vector<quint64> all = {layer.id(), options.previous, options.next, options.tinted};
+    if (options.tinted) {
+        all.push_back(options.previousTint.rgba());
+        all.push_back(options.nextTint.rgba());
+    }
+    if (options.previous) {
+        all.push_back(static_cast<quint64>(options.previousCount));
+        appendNeighbours(all, layer, options.previousCount, -1);
+    }
+    if (options.next) {
+        all.push_back(static_cast<quint64>(options.nextCount));
+        appendNeighbours(all, layer, options.nextCount, +1);
+    }
+    return all;
+}
+
+bool GhostImages::isOutdated(const Layer& layer, const GhostOptions& options) const
+{
+    return (options.previous || options.next) && ingredients(layer, options) != m_madeOf;
+}
+
 void GhostImages::rebuild(Layer& layer, const GhostOptions& options)
 {
+    if (!isOutdated(layer, options)) {
+        return;
+    }
     if (options.previous && options.previousCount >= 1) {
         makeBlank(m_previous);
         drawGhosts(m_previous, layer, options.previousCount, -1);
@@ -53,37 +91,16 @@ void GhostImages::rebuild(Layer& layer, const GhostOptions& options)
             tintImage(m_previous, options.previousTint);
         }
     }
-    if (!options.previous && !options.next) {
-        return;
-    }
-    makeBlank(m_image);
+    makeBlank(m_sheet);
     if (options.next && options.nextCount >= 1) {
-        drawGhosts(m_image, layer, options.nextCount, +1);
+        drawGhosts(m_sheet, layer, options.nextCount, +1);
         if (options.tinted) {
-            tintImage(m_image, options.nextTint);
+            tintImage(m_sheet, options.nextTint);
         }
     }
-    QPainter painter(&m_image);
-    painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);
-    if (!m_previous.isNull()) {
-        painter.drawImage(0, 0, m_previous);
+    if (!m_previous.image.isNull()) {
+        layUnder(m_sheet, m_previous);
     }
-}
-
-void tintImage(QImage& image, const QColor& colour)
-{
-    const uchar red = static_cast<uchar>(colour.red());
-    const uchar green = static_cast<uchar>(colour.green());
-    const uchar blue = static_cast<uchar>(colour.blue());
-    for (int y = 0; y < image.height(); ++y) {
-        uchar* pixel = image.scanLine(y);
-        const uchar* const end = pixel + image.width() * 4;
-        for (; pixel != end; pixel += 4) {
-            if (pixel[3] != 0) {
-                pixel[0] = red;
-                pixel[1] = green;
-                pixel[2] = blue;
-            }
-        }
-    }
+    m_madeOf = ingredients(layer, options);  // reading unpacks blank frames, which gives them a picture
+    ++m_revision;
 }

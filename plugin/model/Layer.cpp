@@ -38,12 +38,8 @@ Frame* Layer::frameAt(int index) const
 
 Frame* Layer::frameNumbered(int frameNumber) const
 {
-    for (const auto& frame : m_frames) {
-        if (frame->frameNumber() == frameNumber) {
-            return frame.get();
-        }
-    }
-    return nullptr;
+    const auto found = numbered(frameNumber);
+    return found == m_frames.end() ? nullptr : found->get();
 }
 
 bool Layer::hasFrameAtCurrentTime() const
@@ -93,9 +89,7 @@ std::unique_ptr<Frame> Layer::takeFrameAtCurrentTime()
 // look at.
 std::unique_ptr<Frame> Layer::takeNumbered(int frameNumber)
 {
-    const auto place = std::find_if(m_frames.begin(), m_frames.end(), [frameNumber](const std::unique_ptr<Frame>& f) {
-        return f->frameNumber() == frameNumber;
-    });
+    const auto place = m_frames.begin() + (numbered(frameNumber) - m_frames.cbegin());
     if (place == m_frames.end()) {
         return nullptr;
     }
@@ -108,6 +102,7 @@ std::unique_ptr<Frame> Layer::takeNumbered(int frameNumber)
 void Layer::clearFrames()
 {
     m_frames.clear();
+    m_sorted = true;
     m_current = -1;
     m_dirty = true;
 }
@@ -147,6 +142,10 @@ void Layer::retime(const QList<int>& numbers)
     for (int i = 0; i < count; ++i) {
         m_frames[static_cast<size_t>(i)]->setFrameNumber(numbers[i]);
     }
+    m_sorted = std::is_sorted(m_frames.begin(), m_frames.end(),
+                              [](const std::unique_ptr<Frame>& a, const std::unique_ptr<Frame>& b) {
+                                  return a->frameNumber() < b->frameNumber();
+                              });
 }
 
 void Layer::updateCurrentFrame(int frameNumber)
@@ -168,13 +167,47 @@ const QImage& Layer::imageAtOffset(int offset)
 {
     static const QImage kNoImage;
     m_dirty = false;
-    Frame* frame = m_visible ? frameAt(m_current + offset) : nullptr;
+    Frame* frame = shownFrame(offset);
     return frame ? frame->image() : kNoImage;
 }
 
-// A walk, not a search by halves: retiming may leave numbers that are not in order.
-std::vector<std::unique_ptr<Frame>>::const_iterator Layer::firstAfter(int frameNumber) const
+Picture Layer::pictureAtOffset(int offset)
 {
+    imageAtOffset(offset);
+    const Frame* frame = shownFrame(offset);
+    return frame ? frame->picture() : Picture();
+}
+
+quint64 Layer::pictureIdAtOffset(int offset) const
+{
+    const Frame* frame = shownFrame(offset);
+    return frame ? frame->picture().id() : 0;
+}
+
+Frame* Layer::shownFrame(int offset) const
+{
+    return m_visible ? frameAt(m_current + offset) : nullptr;
+}
+
+Layer::Frames::const_iterator Layer::firstAfter(int frameNumber) const
+{
+    const auto isAfter = [](int number, const std::unique_ptr<Frame>& frame) { return number < frame->frameNumber(); };
+    if (m_sorted) {
+        return std::upper_bound(m_frames.begin(), m_frames.end(), frameNumber, isAfter);
+    }
     return std::find_if(m_frames.begin(), m_frames.end(),
-                        [frameNumber](const std::unique_ptr<Frame>& f) { return f->frameNumber() > frameNumber; });
+                        [&](const std::unique_ptr<Frame>& frame) { return isAfter(frameNumber, frame); });
+}
+
+Layer::Frames::const_iterator Layer::numbered(int frameNumber) const
+{
+    if (m_sorted) {
+        const auto first = std::lower_bound(
+            m_frames.begin(), m_frames.end(), frameNumber,
+            [](const std::unique_ptr<Frame>& frame, int number) { return frame->frameNumber() < number; });
+        return first != m_frames.end() && (*first)->frameNumber() == frameNumber ? first : m_frames.end();
+    }
+    return std::find_if(m_frames.begin(), m_frames.end(), [frameNumber](const std::unique_ptr<Frame>& frame) {
+        return frame->frameNumber() == frameNumber;
+    });
 }

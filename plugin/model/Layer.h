@@ -71,9 +71,16 @@ public:
     /// Reads the layer for display, which consumes its dirty mark: the image of the frame that many keys from the
     /// current one. A null image when there is none or the layer is hidden.
     const QImage& imageAtOffset(int offset);
+    Picture pictureAtOffset(int offset);  ///< the same as a picture, unpacked; blank when there is none
+    /// What pictureAtOffset would read, by its id; nothing is read. 0 when there is none.
+    quint64 pictureIdAtOffset(int offset) const;
 
 private:
-    std::vector<std::unique_ptr<Frame>>::const_iterator firstAfter(int frameNumber) const;
+    using Frames = std::vector<std::unique_ptr<Frame>>;
+
+    Frame* shownFrame(int offset) const;  // null when there is none or the layer is hidden
+    Frames::const_iterator firstAfter(int frameNumber) const;
+    Frames::const_iterator numbered(int frameNumber) const;
     std::unique_ptr<Frame> takeNumbered(int frameNumber);
 
     const quint64 m_id;
@@ -82,7 +89,8 @@ private:
     bool m_visible = true;
     float m_opacity = 1.0f;
     int m_state = kLayerAnim;
-    std::vector<std::unique_ptr<Frame>> m_frames;
+    Frames m_frames;
+    bool m_sorted = true;  // frames are looked up by halves; retiming may leave them out of order
     int m_current = -1;
     bool m_dirty = true;
 };

@@ -23,8 +23,15 @@ void reportInvalidLayer(const QString& camera, int index)
 
 }  // namespace
 
-LayerManager::LayerManager() = default;
-LayerManager::~LayerManager() = default;
+LayerManager::LayerManager()
+{
+    PixelBudget::instance().addUser(this);
+}
+
+LayerManager::~LayerManager()
+{
+    PixelBudget::instance().removeUser(this);
+}
 
 void LayerManager::setLayerListView(LayerListView* view)
 {
@@ -424,4 +431,22 @@ void LayerManager::updateCurrentFrames(int frameNumber, bool skipActive)
         markForRedraw(m_currentCamera);  // its ghosts may have to go
     }
     m_wasPlaying = playing;
+    PixelBudget::instance().trim();
+}
+
+void LayerManager::collectPicturesInUse(QSet<quint64>& ids) const
+{
+    const GhostOptions options = ghostOptions();
+    for (const auto& entry : m_cameras) {
+        for (const auto& layer : entry.second.layers) {
+            const int earlier = layer->isActive() && options.previous ? options.previousCount : 0;
+            const int later = layer->isActive() && options.next ? options.nextCount : 0;
+            for (int offset = -earlier; offset <= later; ++offset) {
+                ids.insert(layer->pictureIdAtOffset(offset));
+            }
+        }
+    }
+    if (const Frame* frame = strokeTargetFrame()) {
+        ids.insert(frame->picture().id());
+    }
 }

@@ -2,6 +2,7 @@
 
 #include "model/ActiveStroke.h"
 #include "model/CameraDrawing.h"
+#include "model/PixelBudget.h"
 #include "model/StrokeInProgress.h"
 
 #include <QObject>
@@ -22,7 +23,7 @@ struct FrameAddress {
 /// One node's whole drawing: for every camera a stack of layers with one active, the picture composed of them, and the
 /// stroke in progress. A camera exists here from its first layer to the removal of its last. Main thread only.
 /// Layer pointers handed out are loans until the next insertion, removal or move.
-class LayerManager : public QObject {
+class LayerManager : public QObject, private PictureUser {
     Q_OBJECT
 public:
     LayerManager();
@@ -105,14 +106,14 @@ public:
     FrameAddress strokeFrame(const QString& camera) const;
     /// Draws what the record has gained since the last time into the working images. Nothing is shown yet.
     void advanceStroke(const QString& camera);
-    /// Puts the stroke into its frame and ends it; undoBytes becomes the drawing before it, as PNG. False when the
-    /// camera has no stroke, or nothing to put it into (the stroke is dropped then).
-    bool commitStroke(const QString& camera, QByteArray& undoBytes);
+    /// Puts the stroke into its frame and ends it; undo becomes the drawing before it. False when the camera has no
+    /// stroke, or nothing to put it into (the stroke is dropped then).
+    bool commitStroke(const QString& camera, Picture& undo);
     void dropStroke();
-    /// Exchanges a drawing with the PNG in bytes: one call undoes a stroke, the next redoes it. False when nothing
-    /// changed.
-    bool swapImage(const FrameAddress& frame, QByteArray& bytes);
-    bool swapActiveImage(const QString& camera, QByteArray& bytes);  ///< the active layer's current frame
+    /// Exchanges a frame's drawing with the given one: one call undoes a stroke, the next redoes it. False when there
+    /// is no such frame.
+    bool swapImage(const FrameAddress& frame, Picture& other);
+    bool swapActiveImage(const QString& camera, Picture& other);  ///< the active layer's current frame
 
     // What is shown
     void markForRedraw(const QString& camera);
@@ -126,12 +127,23 @@ private:
     const CameraDrawing* drawing(const QString& camera) const;
     void prepareCamera(const QString& camera, CameraDrawing& drawing);
     void dropCamera(const QString& camera);
-    static QImage strokeStart(Layer& layer, ToolType tool, bool blank);
-    Layer* strokeLayer() const;  // null without a stroke and when the layer is gone
+    static InkedImage strokeStart(Layer& layer, ToolType tool, bool blank);
+    Layer* strokeLayer() const;       // null without a stroke and when the layer is gone
+    Layer* shownStrokeLayer() const;  // null also when it is hidden, and when the frame drawn on is gone
     Frame* strokeTargetFrame() const;
-    QRect changedArea(const QString& camera, const CameraDrawing& drawing);
-    void paintGhosts(QPainter& painter, const QString& camera, CameraDrawing& drawing, const QRect& area);
-    void paintLayers(QPainter& painter, const QString& camera, const CameraDrawing& drawing, const QRect& area);
+
+    bool onlyTheStrokeChanged(const QString& camera, const CameraDrawing& drawing) const;
+    const InkedImage* shownGhosts(const CameraDrawing& drawing) const;  // null when there are none to see
+    void rebuild(const QString& camera, CameraDrawing& drawing);
+    void rebuildGhosts(const QString& camera, CameraDrawing& drawing);
+    void appendStroke(std::vector<Ply>& plies);
+    void floatSelection(InkedImage& picture);
+    void refreshStroke(CameraDrawing& drawing, const QRect& area);
+    static void paintLayers(QPainter& painter, const CameraDrawing& drawing, int first, int end, const QRect& area);
+    void paintStroke(QPainter& painter, Layer& layer, const QRect& area);
+
+    void collectPicturesInUse(QSet<quint64>& ids) const override;
+    bool isDrawnOn() const override { return hasStroke(); }
 
     static void redrawDrawing();
 

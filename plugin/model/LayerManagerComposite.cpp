@@ -4,6 +4,7 @@
 
 #include "model/Canvas.h"
 #include "model/DrawingPainter.h"
+#include "model/PixelBudget.h"
 #include "settings/Preferences.h"
 
 #include <maya/MAnimControl.h>
@@ -26,68 +27,149 @@ const QImage* LayerManager::composite(const QString& camera)
 {
     CameraDrawing* found = drawing(camera);
     if (!found || !needsRedraw(camera)) {
-        return found ? &found->image : nullptr;
-    }
-    if (found->image.isNull()) {
-        found->image = blankCanvas();
+        return found ? &found->picture.image : nullptr;
     }
     advanceStroke(camera);
-    const QRect area = changedArea(camera, *found);
-    if (!area.isEmpty()) {
-        clearRect(found->image, area);
-        QPainter painter(&found->image);
-        prepareDrawingPainter(painter);
-        paintGhosts(painter, camera, *found, area);
-        paintLayers(painter, camera, *found, area);
+    if (onlyTheStrokeChanged(camera, *found)) {
+        refreshStroke(*found, paintableArea(m_stroke.takeTouched()));
+    } else {
+        rebuild(camera, *found);
     }
     if (ActiveStroke* record = stroke(camera)) {
         record->changed = false;
     }
     found->redraw = false;
-    return &found->image;
+    return &found->picture.image;
 }
 
-// While a stroke is drawn and nothing else changes, only what its newest segments touched; otherwise everything.
-QRect LayerManager::changedArea(const QString& camera, const CameraDrawing& drawing)
+bool LayerManager::onlyTheStrokeChanged(const QString& camera, const CameraDrawing& drawing) const
 {
     const ActiveStroke* record = stroke(camera);
-    const QRect touched = record ? m_stroke.takeTouched() : QRect();
-    const bool onlyTheStroke = record && !record->points.isEmpty() && !drawing.redraw && !drawing.isDirty()
-                            && MAnimControl::isPlaying() == m_wasPlaying;
-    return onlyTheStroke ? paintableArea(touched) : drawing.image.rect();
+    if (!record || drawing.redraw || drawing.isDirty() || MAnimControl::isPlaying() != m_wasPlaying) {
+        return false;
+    }
+    const Layer* active = drawing.layer(drawing.activeIndex());
+    const bool ghostsStay = !record->points.isEmpty() || !active || !drawing.ghosts.isOutdated(*active, ghostOptions());
+    return ghostsStay && strokeLayer();
 }
 
-void LayerManager::paintGhosts(QPainter& painter, const QString& camera, CameraDrawing& drawing, const QRect& area)
+// Ghosts are made anew only while no stroke is drawn.
+const InkedImage* LayerManager::shownGhosts(const CameraDrawing& drawing) const
+{
+    const GhostOptions options = ghostOptions();
+    const bool silenced = m_wasPlaying && Preferences::instance().disableGhostingDuringPlayback();
+    const bool shown = (options.previous || options.next) && !silenced && drawing.activeIndex() != -1;
+    return shown && !drawing.ghosts.sheet().image.isNull() ? &drawing.ghosts.sheet() : nullptr;
+}
+
+// All of the picture: mixed from the inked parts of everything that is seen.
+void LayerManager::rebuild(const QString& camera, CameraDrawing& drawing)
 {
     m_wasPlaying = MAnimControl::isPlaying();
-    const bool silenced = m_wasPlaying && Preferences::instance().disableGhostingDuringPlayback();
-    Layer* active = drawing.layer(drawing.activeIndex());
-    if (!active || silenced) {
-        return;
+    rebuildGhosts(camera, drawing);
+    wipe(drawing.picture);
+    std::vector<Ply> plies;
+    if (const InkedImage* ghosts = shownGhosts(drawing)) {
+        plies.push_back({*ghosts});
     }
-    const GhostOptions options = ghostOptions();
+    const Layer* drawnOn = stroke(camera) ? shownStrokeLayer() : nullptr;
+    for (const auto& layer : drawing.layers) {
+        const Picture picture = layer->pictureAtOffset(0);
+        if (layer.get() != drawnOn) {
+            if (!picture.isBlank()) {
+                plies.push_back({inkedImage(picture)});
+            }
+            continue;
+        }
+        appendStroke(plies);
+        layOver(drawing.picture, plies);
+        plies.clear();
+        floatSelection(drawing.picture);
+    }
+    layOver(drawing.picture, plies);
+    if (stroke(camera)) {
+        m_stroke.takeTouched();
+    }
+    PixelBudget::instance().trim();
+}
+
+void LayerManager::rebuildGhosts(const QString& camera, CameraDrawing& drawing)
+{
     const ActiveStroke* record = stroke(camera);
     const bool drawingNow = record && !record->points.isEmpty();
-    if (!drawingNow) {
-        drawing.ghosts.rebuild(*active, options);
-    }
-    if (options.previous || options.next) {
-        drawPart(painter, drawing.ghosts.image(), area);
+    const bool silenced = m_wasPlaying && Preferences::instance().disableGhostingDuringPlayback();
+    Layer* active = drawing.layer(drawing.activeIndex());
+    if (active && !drawingNow && !silenced) {
+        drawing.ghosts.rebuild(*active, ghostOptions());
     }
 }
 
-void LayerManager::paintLayers(QPainter& painter, const QString& camera, const CameraDrawing& drawing,
-                               const QRect& area)
+void LayerManager::appendStroke(std::vector<Ply>& plies)
 {
-    const Layer* drawnOn = stroke(camera) ? strokeLayer() : nullptr;
-    Frame* base = drawnOn ? strokeTargetFrame() : nullptr;
-    const bool targetIsThere = base || !m_stroke.target().hasFrame;
-    for (const auto& layer : drawing.layers) {
-        const QImage& image = layer->imageAtOffset(0);
-        if (layer.get() != drawnOn || !targetIsThere) {
-            drawPart(painter, image, area);
-        } else if (layer->isVisible()) {
-            m_stroke.paint(painter, base ? base->image() : QImage(), area);
+    Frame* base = strokeTargetFrame();
+    if (base && m_stroke.showsBase()) {
+        base->image();
+        plies.push_back({inkedImage(base->picture())});
+    }
+    if (m_stroke.showsCanvas()) {
+        plies.push_back({m_stroke.canvas()});
+    }
+}
+
+void LayerManager::floatSelection(InkedImage& picture)
+{
+    if (m_stroke.showsCanvas()) {
+        QPainter painter(&picture.image);
+        prepareDrawingPainter(painter);
+        m_stroke.paintFloating(painter);
+        picture.ink.add(m_stroke.floatingBox());
+    }
+}
+
+// The part of the picture that a stroke's newest segments touched, byte for byte as painting everything would give it.
+void LayerManager::refreshStroke(CameraDrawing& drawing, const QRect& area)
+{
+    if (area.isEmpty()) {
+        return;
+    }
+    const int index = drawing.indexOf(m_stroke.target().layerId);
+    const InkedImage* ghosts = shownGhosts(drawing);
+    std::vector<quint64> below = {ghosts ? drawing.ghosts.revision() : 0};
+    for (int i = 0; i < index; ++i) {
+        below.push_back(drawing.layer(i)->pictureIdAtOffset(0));
+    }
+    drawing.below.copyTo(drawing.picture.image, area, below, [&](QPainter& painter, const QRect& part) {
+        if (ghosts) {
+            drawPart(painter, ghosts->image, part);
         }
+        paintLayers(painter, drawing, 0, index, part);
+    });
+    QPainter painter(&drawing.picture.image);
+    prepareDrawingPainter(painter);
+    paintStroke(painter, *drawing.layer(index), area);
+    paintLayers(painter, drawing, index + 1, drawing.layerCount(), area);
+    drawing.picture.ink.add(area);
+}
+
+void LayerManager::paintLayers(QPainter& painter, const CameraDrawing& drawing, int first, int end, const QRect& area)
+{
+    for (int i = first; i < end; ++i) {
+        drawPart(painter, drawing.layer(i)->imageAtOffset(0), area);
+    }
+}
+
+void LayerManager::paintStroke(QPainter& painter, Layer& layer, const QRect& area)
+{
+    if (shownStrokeLayer() != &layer) {
+        drawPart(painter, layer.imageAtOffset(0), area);
+        return;
+    }
+    Frame* base = strokeTargetFrame();
+    if (base && m_stroke.showsBase()) {
+        drawPart(painter, base->image(), area);
+    }
+    if (m_stroke.showsCanvas()) {
+        drawPart(painter, m_stroke.canvas().image, area);
+        m_stroke.paintFloating(painter);
     }
 }

@@ -49,17 +49,18 @@ ActiveStroke* LayerManager::beginStroke(const QString& camera, bool blank)
 }
 
 // Soft edges blend toward the stroke's own colour, never toward black, so the canvas holds that colour unseen.
-QImage LayerManager::strokeStart(Layer& layer, ToolType tool, bool blank)
+InkedImage LayerManager::strokeStart(Layer& layer, ToolType tool, bool blank)
 {
     if (blank) {
-        return blankCanvas();
+        return blankSheet();
     }
     if (tool == ToolType::Eraser) {
-        return asCanvas(layer.currentFrame()->image());
+        Frame& frame = *layer.currentFrame();
+        return {asCanvas(frame.image()), frame.picture().ink()};
     }
     QImage canvas(kCanvasSize, kCanvasSize, QImage::Format_RGBA8888);
     fillInvisible(canvas, Preferences::instance().activeColor());
-    return canvas;
+    return {canvas, InkMap()};
 }
 
 Layer* LayerManager::strokeLayer() const
@@ -78,6 +79,13 @@ Frame* LayerManager::strokeTargetFrame() const
     return m_stroke.target().hasFrame ? layer->frameNumbered(m_stroke.target().frameNumber) : layer->currentFrame();
 }
 
+Layer* LayerManager::shownStrokeLayer() const
+{
+    Layer* layer = strokeLayer();
+    const bool targetIsThere = !m_stroke.target().hasFrame || strokeTargetFrame();
+    return layer && layer->isVisible() && targetIsThere ? layer : nullptr;
+}
+
 FrameAddress LayerManager::strokeFrame(const QString& camera) const
 {
     const Frame* frame = stroke(camera) ? strokeTargetFrame() : nullptr;
@@ -90,12 +98,12 @@ FrameAddress LayerManager::strokeFrame(const QString& camera) const
 void LayerManager::advanceStroke(const QString& camera)
 {
     if (stroke(camera)) {
-        Frame* frame = strokeTargetFrame();
-        m_stroke.advance(frame ? frame->image() : QImage());
+        const Frame* frame = strokeTargetFrame();
+        m_stroke.advance(frame ? frame->picture() : Picture());
     }
 }
 
-bool LayerManager::commitStroke(const QString& camera, QByteArray& undoBytes)
+bool LayerManager::commitStroke(const QString& camera, Picture& undo)
 {
     if (!stroke(camera)) {
         return false;
@@ -106,10 +114,11 @@ bool LayerManager::commitStroke(const QString& camera, QByteArray& undoBytes)
         return false;
     }
     advanceStroke(camera);
-    undoBytes = frame->png();
-    frame->setImage(m_stroke.committed(frame->image()));
+    undo = frame->picture();
+    frame->setPicture(m_stroke.committed(undo));
     strokeLayer()->setDirty();
     m_stroke.end();
+    PixelBudget::instance().trim();
     redrawDrawing();
     return true;
 }
@@ -122,13 +131,16 @@ void LayerManager::dropStroke()
     }
 }
 
-bool LayerManager::swapImage(const FrameAddress& address, QByteArray& bytes)
+bool LayerManager::swapImage(const FrameAddress& address, Picture& other)
 {
     Layer* target = layer(address.camera, address.layerIndex);
     Frame* frame = target ? target->frameNumbered(address.frameNumber) : nullptr;
-    if (!frame || !frame->swapPng(bytes)) {
+    if (!frame) {
         return false;
     }
+    const Picture own = frame->picture();
+    frame->setPicture(other);
+    other = own;
     if (frame == strokeTargetFrame() && worksOnCopy(m_stroke.record()->tool)) {
         dropStroke();  // its copy shows the drawing that is gone, and would bring it back
     }
@@ -137,9 +149,9 @@ bool LayerManager::swapImage(const FrameAddress& address, QByteArray& bytes)
     return true;
 }
 
-bool LayerManager::swapActiveImage(const QString& camera, QByteArray& bytes)
+bool LayerManager::swapActiveImage(const QString& camera, Picture& other)
 {
     const Layer* active = activeLayer(camera);
     const Frame* frame = active ? active->currentFrame() : nullptr;
-    return frame && swapImage({camera, activeLayerIndex(camera), frame->frameNumber()}, bytes);
+    return frame && swapImage({camera, activeLayerIndex(camera), frame->frameNumber()}, other);
 }

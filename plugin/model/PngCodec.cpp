@@ -1,7 +1,5 @@
 #include "model/PngCodec.h"
 
-#include "model/Canvas.h"
-
 #include <QBuffer>
 #include <QtEndian>
 
@@ -46,11 +44,5 @@ QByteArray encodePng(const QImage& image)
     if (!image.save(&buffer, "PNG", -1)) {
         bytes.clear();
     }
-    return bytes;
-}
-
-const QByteArray& blankCanvasPng()
-{
-    static const QByteArray bytes = encodePng(blankCanvas());
     return bytes;
 }

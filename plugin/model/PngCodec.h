@@ -10,4 +10,3 @@ constexpr int kLargestPictureSide = 8192;
 /// format are those of the file.
 QImage decodePng(const QByteArray& bytes);
 QByteArray encodePng(const QImage& image);  ///< default quality; empty when the image cannot be encoded
-const QByteArray& blankCanvasPng();

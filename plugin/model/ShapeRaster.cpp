@@ -118,6 +118,14 @@ QPoint centreOf(const QRect& region)
     return centre;
 }
 
+QMatrix turnAndScale(const ActiveStroke& record)
+{
+    QMatrix matrix;
+    matrix.rotate(static_cast<double>(record.angle));
+    matrix.scale(record.scaleX, record.scaleY);
+    return matrix;
+}
+
 }  // namespace
 
 void renderShape(QImage& canvas, const ActiveStroke& record, bool preview)
@@ -142,10 +150,19 @@ void drawTransformed(QPainter& painter, const ActiveStroke& record, const QImage
         painter.drawImage(record.region.topLeft() + record.translation, image);
         return;
     }
-    QMatrix matrix;
-    matrix.rotate(static_cast<double>(record.angle));
-    matrix.scale(record.scaleX, record.scaleY);
-    const QImage transformed = image.transformed(matrix, Qt::SmoothTransformation);
+    const QImage transformed = image.transformed(turnAndScale(record), Qt::SmoothTransformation);
     const QPoint corner = centreOf(record.region) - QPoint(transformed.width() / 2, transformed.height() / 2);
     painter.drawImage(record.translation + corner, transformed);
+}
+
+QRect transformedBox(const ActiveStroke& record, const QSize& size)
+{
+    constexpr qreal kRounding = 2;
+    QRectF box(record.region.topLeft(), size);
+    if (!record.pasteAsIs) {
+        box = turnAndScale(record).mapRect(QRectF(QPointF(0, 0), size));
+        box.moveCenter(centreOf(record.region));
+        box.adjust(-kRounding, -kRounding, kRounding, kRounding);
+    }
+    return (box.translated(record.translation) & QRectF(0, 0, kCanvasSize, kCanvasSize)).toAlignedRect();
 }

@@ -9,12 +9,13 @@
 
 StrokeInProgress::StrokeInProgress() : m_target() {}
 
-void StrokeInProgress::begin(const Target& target, const QImage& canvas)
+void StrokeInProgress::begin(const Target& target, const InkedImage& canvas)
 {
     m_record.reset(new ActiveStroke);
     m_target = target;
     m_canvas = canvas;
     m_selection = QImage();
+    m_floatingBox = QRect();
     m_lastRasterised = 0;
     m_regionTaken = false;
     m_touched = QRect();
@@ -23,84 +24,98 @@ void StrokeInProgress::begin(const Target& target, const QImage& canvas)
 void StrokeInProgress::end()
 {
     m_record.reset();
-    m_canvas = QImage();
+    m_canvas = InkedImage();
     m_selection = QImage();
 }
 
-void StrokeInProgress::advance(const QImage& base)
+void StrokeInProgress::advance(const Picture& base)
 {
     if (isFreehand(m_record->tool)) {
-        m_touched |= rasteriseStroke(m_canvas, m_record->points, m_lastRasterised, m_record->tool);
-        m_lastRasterised = std::max(m_record->points.size() - 1, 0);
+        drawNewestPoints();
     } else if (m_record->tool != ToolType::Transform) {
-        renderShape(m_canvas, *m_record, true);
-    } else if (m_record->takeRegion && m_record->region.isValid()) {
-        takeRegion(base);
+        m_touched |= m_canvas.ink.box();
+        renderShape(m_canvas.image, *m_record, true);
+        m_canvas.ink = InkMap::of(m_canvas.image);
+        m_touched |= m_canvas.ink.box();
+    } else if (m_record->region.isValid()) {
+        if (m_record->takeRegion) {
+            takeRegion(base);
+        }
+        m_touched |= m_floatingBox;
+        m_floatingBox = m_selection.isNull() ? QRect() : transformedBox(*m_record, m_selection.size());
+        m_touched |= m_floatingBox;
     }
 }
 
+void StrokeInProgress::drawNewestPoints()
+{
+    const QRect touched = rasteriseStroke(m_canvas.image, m_record->points, m_lastRasterised, m_record->tool);
+    m_lastRasterised = std::max(m_record->points.size() - 1, 0);
+    m_canvas.ink.add(touched);
+    m_touched |= touched;
+}
+
 // Once only: taken again, the region would be found empty where it was cleared.
-void StrokeInProgress::takeRegion(const QImage& base)
+void StrokeInProgress::takeRegion(const Picture& base)
 {
     const QRect region = m_record->region;
     m_record->takeRegion = false;
     m_regionTaken = true;
-    m_canvas = asCanvas(base);
-    m_selection = m_record->clearOnly ? QImage() : m_canvas.copy(region);
+    m_canvas = {asCanvas(base.image()), base.ink()};
+    m_selection = m_record->clearOnly ? QImage() : m_canvas.image.copy(region);
     if (m_record->keepCut) {
-        m_cut = m_canvas.copy(region);
+        m_cut = m_canvas.image.copy(region);
     }
     if (m_record->pasteAsIs) {
         m_selection = m_cut;
     } else if (m_record->clearOnly || !m_record->keepCut) {
-        clearRect(m_canvas, region);
+        clearRect(m_canvas.image, region);
     }
+    m_touched = m_canvas.image.rect();  // the canvas shows instead of base from now on
 }
 
 QRect StrokeInProgress::takeTouched()
 {
-    const QRect touched = isFreehand(m_record->tool) ? m_touched : m_canvas.rect();
+    const QRect touched = m_touched;
     m_touched = QRect();
     return touched;
 }
 
-void StrokeInProgress::paint(QPainter& painter, const QImage& base, const QRect& area) const
+bool StrokeInProgress::showsBase() const
 {
-    if (m_record->tool == ToolType::Transform) {
-        if (!m_record->region.isValid()) {
-            return;
-        }
-        drawPart(painter, m_canvas, area);
-        if (!m_selection.isNull()) {
-            drawTransformed(painter, *m_record, m_selection);
-        }
-        return;
-    }
-    if (m_record->tool != ToolType::Eraser) {
-        drawPart(painter, base, area);
-    }
-    drawPart(painter, m_canvas, area);
+    return m_record->tool != ToolType::Eraser && m_record->tool != ToolType::Transform;
 }
 
-QImage StrokeInProgress::committed(const QImage& base)
+bool StrokeInProgress::showsCanvas() const
 {
-    if (m_record->tool == ToolType::Eraser) {
-        return m_canvas;
-    }
-    const bool transforming = m_record->tool == ToolType::Transform;
-    if (transforming && !m_regionTaken) {
-        return asCanvas(base);
-    }
-    if (m_record->tool == ToolType::Text) {
-        renderShape(m_canvas, *m_record, false);
-    }
-    QImage result = transforming ? m_canvas : asCanvas(base);
-    QPainter painter(&result);
-    prepareDrawingPainter(painter);
-    if (!transforming) {
-        painter.drawImage(0, 0, m_canvas);
-    } else if (!m_selection.isNull()) {
+    return m_record->tool != ToolType::Transform || m_record->region.isValid();
+}
+
+void StrokeInProgress::paintFloating(QPainter& painter) const
+{
+    if (!m_selection.isNull()) {
         drawTransformed(painter, *m_record, m_selection);
     }
-    return result;
+}
+
+Picture StrokeInProgress::committed(const Picture& base)
+{
+    if (m_record->tool == ToolType::Eraser) {
+        return Picture(m_canvas.image, m_canvas.ink);
+    }
+    if (m_record->tool == ToolType::Transform) {
+        QImage result = m_regionTaken ? m_canvas.image : asCanvas(base.image());
+        QPainter painter(&result);
+        prepareDrawingPainter(painter);
+        paintFloating(painter);
+        painter.end();
+        return Picture(result);
+    }
+    if (m_record->tool == ToolType::Text) {
+        renderShape(m_canvas.image, *m_record, false);
+        m_canvas.ink = InkMap::of(m_canvas.image);
+    }
+    InkedImage result = {asCanvas(base.image()), base.ink()};
+    layOver(result, {{m_canvas}});
+    return Picture(result.image, result.ink);
 }

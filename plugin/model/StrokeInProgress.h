@@ -1,7 +1,8 @@
 #pragma once
 
 #include "model/ActiveStroke.h"
-#include "model/Layer.h"
+#include "model/InkedImage.h"
+#include "model/Picture.h"
 
 #include <QImage>
 #include <QPainter>
@@ -24,29 +25,36 @@ public:
     ActiveStroke* record() const { return m_record.get(); }  ///< null when nothing is in progress
     const Target& target() const { return m_target; }        ///< meaningful while there is a record
 
-    void begin(const Target& target, const QImage& canvas);  ///< canvas: what is drawn into, RGBA8888
-    void end();                                              ///< forgets the record; what was cut stays
+    void begin(const Target& target, const InkedImage& canvas);  ///< canvas: what is drawn into, RGBA8888
+    void end();                                                  ///< forgets the record; what was cut stays
 
     /// Brings the working images up to date with the record: draws the newest points, renders the shape, takes the
     /// region. base: the drawing beneath.
-    void advance(const QImage& base);
+    void advance(const Picture& base);
     /// The box of what may look different since this was asked last.
     QRect takeTouched();
-    /// Draws an area of base with the stroke or transform on it, as it is seen before it is committed. What a transform
-    /// floats is drawn whole.
-    void paint(QPainter& painter, const QImage& base, const QRect& area) const;
-    /// The drawing that a commit leaves behind: a canvas.
-    QImage committed(const QImage& base);
+
+    // The drawing with the stroke or transform on it, as it is seen before it is committed: base, unless the stroke
+    // works on a copy of it, then the canvas, then what floats.
+    bool showsBase() const;
+    bool showsCanvas() const;  ///< a transform without a region shows nothing
+    const InkedImage& canvas() const { return m_canvas; }
+    void paintFloating(QPainter& painter) const;
+    QRect floatingBox() const { return m_floatingBox; }  ///< holds what floats
+
+    Picture committed(const Picture& base);  ///< the drawing that a commit leaves behind: a canvas
 
 private:
-    void takeRegion(const QImage& base);
+    void drawNewestPoints();
+    void takeRegion(const Picture& base);
 
     std::unique_ptr<ActiveStroke> m_record;
     Target m_target;
     int m_lastRasterised = 0;  // index of the last point that is drawn
     bool m_regionTaken = false;
     QRect m_touched;
-    QImage m_canvas;
+    InkedImage m_canvas;
     QImage m_selection;  // what floats in a transform
-    QImage m_cut;        // what pasting brings back
+    QRect m_floatingBox;
+    QImage m_cut;  // what pasting brings back
 };

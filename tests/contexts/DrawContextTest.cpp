@@ -42,7 +42,7 @@ protected:
             text += (text.empty() ? "" : " ") + kernel::toText(arg);
         }
         commits.push_back(text);
-        QByteArray before;
+        Picture before;
         if (refuseCommits || !drawing().commitStroke(QString::fromStdString(kernel::toText(args.back())), before)) {
             throw kernel::CommandError("refused");
         }

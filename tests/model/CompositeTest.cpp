@@ -196,17 +196,14 @@ TEST_F(CompositeTest, TintedGhostsHaveTheirSidesColour)
 
 TEST(Tint, KeepsAlphaAndLeavesTransparentPixels)
 {
-    QImage image(3, 1, QImage::Format_RGBA8888);
-    image.setPixelColor(0, 0, QColor(1, 2, 3, 0));
-    image.setPixelColor(1, 0, QColor(1, 2, 3, 7));
-    image.setPixelColor(2, 0, QColor(1, 2, 3, 255));
-    const QRgb untouched = image.pixel(0, 0);
-    tintImage(image, QColor(9, 8, 7));
-    EXPECT_EQ(image.pixel(0, 0), untouched);
-    EXPECT_EQ(image.pixelColor(1, 0), QColor(9, 8, 7, 7));
-    EXPECT_EQ(image.pixelColor(2, 0), QColor(9, 8, 7, 255));
-    QImage none;
-    tintImage(none, Qt::red);
+    InkedImage sheet = blankSheet();
+    sheet.image.setPixelColor(40, 7, QColor(1, 2, 3, 7));
+    sheet.image.setPixelColor(41, 7, QColor(1, 2, 3, 255));
+    sheet.ink = InkMap::of(sheet.image);
+    tintImage(sheet, QColor(9, 8, 7));
+    EXPECT_EQ(sheet.image.pixel(39, 7), 0u);
+    EXPECT_EQ(sheet.image.pixelColor(40, 7), QColor(9, 8, 7, 7));
+    EXPECT_EQ(sheet.image.pixelColor(41, 7), QColor(9, 8, 7, 255));
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ protected:
     }
 
     /// Draws across the middle of the canvas with the active tool.
-    bool drawLine(const QString& camera, QByteArray& undo)
+    bool drawLine(const QString& camera, Picture& undo)
     {
         ActiveStroke* record = drawing.beginStroke(camera, false);
         if (!record) {
@@ -45,41 +45,39 @@ protected:
 TEST_F(StrokeTest, ACommitDrawsIntoTheFrameEvenBeforeAnyRefresh)
 {
     addLayer("persp", "A", {1});
-    QByteArray undo;
+    Picture undo;
     ASSERT_TRUE(drawLine("persp", undo));
     EXPECT_EQ(drawing.stroke("persp"), nullptr);
     EXPECT_EQ(shown("persp").pixelColor(500, 500), QColor(Qt::red));
     EXPECT_TRUE(pixels::same(shown("persp").copy(0, 0, 100, 100), base().copy(0, 0, 100, 100)));
-    EXPECT_TRUE(pixels::same(decodePng(undo), base()));
+    EXPECT_TRUE(pixels::same(undo.image(), base()));
 }
 
 TEST_F(StrokeTest, OneSwapUndoesAndTheNextRedoes)
 {
     addLayer("persp", "A", {1});
-    QByteArray bytes;
-    ASSERT_TRUE(drawLine("persp", bytes));
+    Picture other;
+    ASSERT_TRUE(drawLine("persp", other));
     const QString after = describe(drawing);
-    ASSERT_TRUE(drawing.swapActiveImage("persp", bytes));
+    ASSERT_TRUE(drawing.swapActiveImage("persp", other));
     EXPECT_TRUE(pixels::same(shown("persp"), base()));
-    ASSERT_TRUE(drawing.swapActiveImage("persp", bytes));
+    ASSERT_TRUE(drawing.swapActiveImage("persp", other));
     EXPECT_EQ(describe(drawing), after);
-    QByteArray broken = "nothing";
-    EXPECT_FALSE(drawing.swapActiveImage("persp", broken));
-    EXPECT_FALSE(drawing.swapImage({"persp", 0, 2}, bytes));
-    EXPECT_FALSE(drawing.swapImage({"persp", 1, 1}, bytes));
-    EXPECT_FALSE(drawing.swapActiveImage("none", bytes));
+    EXPECT_FALSE(drawing.swapImage({"persp", 0, 2}, other));
+    EXPECT_FALSE(drawing.swapImage({"persp", 1, 1}, other));
+    EXPECT_FALSE(drawing.swapActiveImage("none", other));
     EXPECT_EQ(describe(drawing), after);
 }
 
 TEST_F(StrokeTest, AnEraserStrokeDoesNotBringBackWhatIsUndoneUnderIt)
 {
     addLayer("persp", "A", {1});
-    QByteArray bytes;
-    ASSERT_TRUE(drawLine("persp", bytes));
+    Picture other;
+    ASSERT_TRUE(drawLine("persp", other));
     for (const ToolType tool : {ToolType::Eraser, ToolType::Pencil}) {
         Preferences::instance().setActiveTool(tool);
         ASSERT_NE(drawing.beginStroke("persp", false), nullptr);
-        ASSERT_TRUE(drawing.swapActiveImage("persp", bytes));
+        ASSERT_TRUE(drawing.swapActiveImage("persp", other));
         // A pencil's own ink can still be laid over whatever is there.
         EXPECT_EQ(drawing.stroke("persp") != nullptr, tool == ToolType::Pencil);
         drawing.dropStroke();
@@ -113,7 +111,7 @@ TEST_F(StrokeTest, BelongsToOneCamera)
     record->changed = true;
     EXPECT_TRUE(drawing.needsRedraw("persp"));
     EXPECT_FALSE(drawing.needsRedraw("top"));
-    QByteArray undo;
+    Picture undo;
     EXPECT_FALSE(drawing.commitStroke("top", undo));
     EXPECT_EQ(drawing.stroke("persp"), record);
 }
@@ -146,7 +144,7 @@ TEST_F(StrokeTest, GoesToTheFrameItWasBegunOnWhateverIsShownMeanwhile)
     EXPECT_EQ(address.layerIndex, 1);
     EXPECT_EQ(address.frameNumber, 1);
     const QString before = describe(drawing);
-    QByteArray undo;
+    Picture undo;
     ASSERT_TRUE(drawing.commitStroke("persp", undo));
     EXPECT_FALSE(pixels::same(drawing.layer("persp", 1)->frameNumbered(1)->image(), base()));
     EXPECT_TRUE(pixels::same(drawing.layer("persp", 1)->frameNumbered(5)->image(), pixels::marked(5)));
@@ -162,7 +160,7 @@ TEST_F(StrokeTest, IsDroppedWhenItsFrameIsGone)
     drawing.takeFrame("persp", timeOfFrame(1));
     drawing.composite("persp");
     EXPECT_EQ(drawing.strokeFrame("persp").layerIndex, -1);
-    QByteArray undo;
+    Picture undo;
     EXPECT_FALSE(drawing.commitStroke("persp", undo));
     EXPECT_FALSE(drawing.hasStroke());
     drawing.beginStroke("persp", true);
@@ -183,7 +181,7 @@ TEST_F(StrokeTest, DroppingLeavesNoTraceInThePicture)
     EXPECT_EQ(*drawing.composite("persp"), before);
 }
 
-// Pictures from elsewhere decode to other formats and sizes; the eraser writes bytes.
+// Pictures from elsewhere decode to other formats and sizes; the eraser writes other.
 TEST_F(StrokeTest, ErasesOnWhateverPictureTheFrameHolds)
 {
     Preferences::instance().setActiveTool(ToolType::Eraser);
@@ -198,17 +196,17 @@ TEST_F(StrokeTest, ErasesOnWhateverPictureTheFrameHolds)
         picture.fill(Qt::white);
         drawing.clear(false);
         addLayer("persp", "A", {1});
-        QByteArray png = encodePng(picture);
-        ASSERT_TRUE(drawing.swapActiveImage("persp", png));
+        Picture foreign = Picture::fromPng(encodePng(picture));
+        ASSERT_TRUE(drawing.swapActiveImage("persp", foreign));
         ActiveStroke* record = drawing.beginStroke("persp", false);
         record->points = drawings::line({0, 0}, {1023, 1023}, 20);
         record->changed = true;
         drawing.composite("persp");
-        QByteArray undo;
+        Picture undo;
         ASSERT_TRUE(drawing.commitStroke("persp", undo));
         EXPECT_EQ(shown("persp").size(), QSize(kCanvasSize, kCanvasSize));
         EXPECT_EQ(pixels::alpha(shown("persp"), 0, 0), 0);
-        EXPECT_TRUE(pixels::same(decodePng(undo), decodePng(encodePng(picture))));
+        EXPECT_TRUE(pixels::same(undo.image(), decodePng(encodePng(picture))));
     }
 }
 
@@ -223,7 +221,7 @@ TEST_F(StrokeTest, LiveAndCommittedPicturesAreTheSame)
         record->points = drawings::line({0, 0}, {300, 200}, 20, 0.5f);
         record->changed = true;
         const QImage live = drawing.composite("persp")->copy();
-        QByteArray undo;
+        Picture undo;
         ASSERT_TRUE(drawing.commitStroke("persp", undo));
         EXPECT_LE(pixels::farthest(*drawing.composite("persp"), live), 1) << static_cast<int>(tool);
         EXPECT_FALSE(pixels::same(live, base())) << static_cast<int>(tool);
@@ -238,7 +236,7 @@ TEST_F(StrokeTest, ATextsFrameIsNotCommitted)
     record->points = {drawings::point(300, 300, 20)};
     record->changed = true;
     EXPECT_FALSE(pixels::same(*drawing.composite("persp"), base()));
-    QByteArray undo;
+    Picture undo;
     ASSERT_TRUE(drawing.commitStroke("persp", undo));
     EXPECT_TRUE(pixels::same(shown("persp"), base()));
 }
@@ -252,7 +250,7 @@ TEST_F(StrokeTest, ATransformMovesItsRegion)
     const QImage live = drawing.composite("persp")->copy();
     record->changed = true;
     EXPECT_EQ(*drawing.composite("persp"), live) << "the region is taken once";
-    QByteArray undo;
+    Picture undo;
     ASSERT_TRUE(drawing.commitStroke("persp", undo));
     EXPECT_EQ(pixels::inkBox(shown("persp")), QRect(107, 63, 20, 20));
     EXPECT_EQ(*drawing.composite("persp"), live);
@@ -261,7 +259,7 @@ TEST_F(StrokeTest, ATransformMovesItsRegion)
 TEST_F(StrokeTest, CutCopyAndPasteGoThroughTheKeptRegion)
 {
     addLayer("persp", "A", {1});
-    QByteArray undo;
+    Picture undo;
     ActiveStroke* record = transform(QRect(7, 13, 10, 20));
     record->clearOnly = true;
     record->keepCut = true;
@@ -283,7 +281,7 @@ TEST_F(StrokeTest, CutCopyAndPasteGoThroughTheKeptRegion)
 TEST_F(StrokeTest, OddRegionsAreHarmless)
 {
     addLayer("persp", "A", {1});
-    QByteArray undo;
+    Picture undo;
     const QString before = describe(drawing);
     transform(QRect());
     drawing.composite("persp");

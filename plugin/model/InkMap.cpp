@@ -1,0 +1,68 @@
+#include "model/InkMap.h"
+
+#include "model/Canvas.h"
+#include "model/RowLoops.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kColumns = kCanvasSize / InkMap::kColumnWidth;
+static_assert(kColumns == 32, "a row of columns is held in 32 bits");
+
+// Bits of the columns that the pixels from left to end - 1 lie in.
+quint32 columnsOf(int left, int end)
+{
+    const int first = left / InkMap::kColumnWidth;
+    const int last = (end - 1) / InkMap::kColumnWidth;
+    return (~0u >> (kColumns - 1 - last)) & (~0u << first);
+}
+
+}  // namespace
+
+constexpr int InkMap::kColumnWidth;
+
+InkMap::InkMap() : m_rows(kCanvasSize, 0u) {}
+
+InkMap InkMap::of(const QImage& canvas)
+{
+    const RowLoops& loops = rowLoops();
+    InkMap map;
+    for (int y = 0; y < kCanvasSize; ++y) {
+        map.m_rows[y] = loops.inkColumns(reinterpret_cast<const quint32*>(canvas.constScanLine(y)), kColumns);
+    }
+    return map;
+}
+
+bool InkMap::isEmpty() const
+{
+    return std::all_of(m_rows.begin(), m_rows.end(), [](quint32 row) { return row == 0; });
+}
+
+QRect InkMap::box() const
+{
+    QRect box;
+    for (int y = 0; y < kCanvasSize; ++y) {
+        forInkSpans(m_rows[y], [&box, y](int left, int end) { box |= QRect(left, y, end - left, 1); });
+    }
+    return box;
+}
+
+void InkMap::add(const QRect& area)
+{
+    const QRect inside = area & QRect(0, 0, kCanvasSize, kCanvasSize);
+    if (inside.isEmpty()) {
+        return;
+    }
+    const quint32 columns = columnsOf(inside.left(), inside.left() + inside.width());
+    for (int y = inside.top(); y <= inside.bottom(); ++y) {
+        m_rows[y] |= columns;
+    }
+}
+
+void InkMap::add(const InkMap& other)
+{
+    for (int y = 0; y < kCanvasSize; ++y) {
+        m_rows[y] |= other.m_rows[y];
+    }
+}

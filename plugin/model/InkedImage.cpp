@@ -1,0 +1,93 @@
+#include "model/InkedImage.h"
+
+#include "model/Canvas.h"
+#include "model/Picture.h"
+#include "model/RowLoops.h"
+
+#include <cstring>
+
+namespace {
+
+// The rows of an image, fetched once.
+class Rows {
+public:
+    explicit Rows(QImage& canvas) : m_bits(canvas.bits()), m_stride(canvas.bytesPerLine()) {}
+    quint32* row(int y) const { return reinterpret_cast<quint32*>(m_bits + y * m_stride); }
+
+private:
+    uchar* const m_bits;
+    const int m_stride;
+};
+
+const quint32* sourceRow(const QImage& image, int y)
+{
+    return reinterpret_cast<const quint32*>(image.constScanLine(y));
+}
+
+}  // namespace
+
+InkedImage inkedImage(const Picture& picture)
+{
+    const QImage& image = picture.image();
+    return {isMixable(image) ? image : asCanvas(image), picture.ink()};
+}
+
+InkedImage blankSheet()
+{
+    return {blankCanvas(), InkMap()};
+}
+
+// Row by row through all plies, so that the changed row stays in the processor's cache.
+void layOver(InkedImage& canvas, const std::vector<Ply>& plies)
+{
+    const RowLoops& loops = rowLoops();
+    const Rows rows(canvas.image);
+    for (int y = 0; y < kCanvasSize; ++y) {
+        quint32* const back = rows.row(y);
+        for (const Ply& ply : plies) {
+            const bool swapped = ply.sheet.image.format() == QImage::Format_ARGB32;
+            forInkSpans(ply.sheet.ink.row(y), [&](int left, int end) {
+                loops.over(back + left, sourceRow(ply.sheet.image, y) + left, end - left, swapped, ply.opacity);
+            });
+        }
+    }
+    for (const Ply& ply : plies) {
+        canvas.ink.add(ply.sheet.ink);
+    }
+}
+
+void layUnder(InkedImage& canvas, const InkedImage& sheet)
+{
+    const RowLoops& loops = rowLoops();
+    const Rows rows(canvas.image);
+    for (int y = 0; y < kCanvasSize; ++y) {
+        forInkSpans(sheet.ink.row(y), [&](int left, int end) {
+            loops.under(rows.row(y) + left, sourceRow(sheet.image, y) + left, end - left);
+        });
+    }
+    canvas.ink.add(sheet.ink);
+}
+
+void wipe(InkedImage& canvas)
+{
+    const Rows rows(canvas.image);
+    for (int y = 0; y < kCanvasSize; ++y) {
+        forInkSpans(canvas.ink.row(y), [&](int left, int end) {
+            std::memset(rows.row(y) + left, 0, static_cast<size_t>(end - left) * sizeof(quint32));
+        });
+    }
+    canvas.ink = InkMap();
+}
+
+void tintImage(InkedImage& canvas, const QColor& colour)
+{
+    const RowLoops& loops = rowLoops();
+    const Rows rows(canvas.image);
+    const uchar bytes[] = {static_cast<uchar>(colour.red()), static_cast<uchar>(colour.green()),
+                           static_cast<uchar>(colour.blue()), 0};
+    quint32 pixel;
+    std::memcpy(&pixel, bytes, sizeof pixel);
+    for (int y = 0; y < kCanvasSize; ++y) {
+        forInkSpans(canvas.ink.row(y), [&](int left, int end) { loops.tint(rows.row(y) + left, end - left, pixel); });
+    }
+}

@@ -1,0 +1,152 @@
+#include "model/Picture.h"
+
+#include "model/Canvas.h"
+#include "model/PictureData.h"
+#include "model/PixelBudget.h"
+#include "model/PngCodec.h"
+
+namespace {
+
+quint64 nextId()
+{
+    static quint64 s_last = 0;
+    return ++s_last;
+}
+
+}  // namespace
+
+Picture::Data::Data() : id(nextId()) {}
+
+Picture::Data::~Data()
+{
+    leaveBudget();
+}
+
+void Picture::Data::leaveBudget()
+{
+    if (budgeted > 0) {
+        PixelBudget::instance().remove(*this);
+    }
+}
+
+const QByteArray& Picture::Data::encoded()
+{
+    if (png.isEmpty() && !image.isNull()) {
+        png = encodePng(image);
+    }
+    return png;
+}
+
+void Picture::Data::setPixels(const QImage& pixels)
+{
+    image = pixels;
+    PixelBudget::instance().enter(*this);
+}
+
+void Picture::Data::dropPixels()
+{
+    leaveBudget();
+    image = QImage();
+}
+
+Picture::Picture() = default;
+Picture::Picture(std::shared_ptr<Data> data) : m_data(std::move(data)) {}
+
+Picture::Picture(const QImage& image)
+{
+    if (!image.isNull()) {
+        m_data = std::make_shared<Data>();
+        m_data->setPixels(image);
+    }
+}
+
+Picture::Picture(const QImage& image, const InkMap& ink) : Picture(image)
+{
+    if (m_data) {
+        m_data->ink = ink;
+        m_data->inkKnown = true;
+    }
+}
+
+Picture Picture::fromPng(const QByteArray& png)
+{
+    Picture picture;
+    if (!png.isEmpty()) {
+        picture.m_data = std::make_shared<Data>();
+        picture.m_data->png = png;
+    }
+    return picture;
+}
+
+// Shared by all, so it is not the budget's business.
+Picture Picture::emptyCanvas()
+{
+    static const std::shared_ptr<Data> data = [] {
+        auto made = std::make_shared<Data>();
+        made->image = blankCanvas();
+        made->inkKnown = true;
+        return made;
+    }();
+    return Picture(data);
+}
+
+quint64 Picture::id() const
+{
+    return m_data ? m_data->id : 0;
+}
+
+bool Picture::isUnpacked() const
+{
+    return m_data && !m_data->image.isNull();
+}
+
+const QImage& Picture::image() const
+{
+    static const QImage kNone;
+    if (!m_data) {
+        return kNone;
+    }
+    if (m_data->image.isNull()) {
+        m_data->setPixels(decodePng(m_data->png));
+    } else {
+        PixelBudget::instance().touch(*m_data);
+    }
+    return m_data->image;
+}
+
+QByteArray Picture::png() const
+{
+    return m_data ? m_data->encoded() : QByteArray();
+}
+
+InkMap Picture::ink() const
+{
+    if (!m_data) {
+        return InkMap();
+    }
+    if (!m_data->inkKnown) {
+        const QImage& pixels = image();
+        m_data->ink = InkMap::of(isMixable(pixels) ? pixels : asCanvas(pixels));
+        m_data->inkKnown = true;
+    }
+    return m_data->ink;
+}
+
+void Picture::pack()
+{
+    // Better unpacked than lost: what does not encode stays.
+    if (isUnpacked() && !m_data->encoded().isEmpty()) {
+        *this = packedCopy();  // others that share it keep its pixels
+    }
+}
+
+Picture Picture::packedCopy() const
+{
+    Picture copy = fromPng(png());
+    if (copy.m_data) {
+        copy.m_data->id = m_data->id;
+        copy.m_data->ink = m_data->ink;
+        copy.m_data->inkKnown = m_data->inkKnown;
+    }
+    return copy;
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "model/InkMap.h"
+
+#include <QByteArray>
+#include <QImage>
+
+#include <memory>
+
+/// A drawing as a value: nothing, pixels, PNG bytes, or both of the latter. Its pixels never change; a changed drawing
+/// is another Picture. Copies are cheap and share what is decoded or encoded for one of them. Main thread only.
+class Picture {
+public:
+    Picture();  ///< blank: never drawn
+    /// Unpacked; blank for a null image. ink: where it has some, when that is known.
+    explicit Picture(const QImage& image);
+    Picture(const QImage& image, const InkMap& ink);
+    /// Packed; blank for no bytes. The bytes are decoded when the pixels are asked for first.
+    static Picture fromPng(const QByteArray& png);
+    static Picture emptyCanvas();  ///< a transparent canvas, unpacked; it takes no memory of its own
+
+    /// Differs from that of every picture with other pixels; 0 when blank.
+    quint64 id() const;
+    bool isBlank() const { return !m_data; }
+    bool isUnpacked() const;
+
+    /// The pixels, decoded when they are packed; null when blank or when the PNG does not decode. The reference is good
+    /// while the picture is not packed.
+    const QImage& image() const;
+    /// The drawing as PNG, encoded when that was not done before; empty when blank or when encoding fails.
+    QByteArray png() const;
+    /// Where the picture has ink, as a canvas. Asked for the first time, it may unpack the picture.
+    InkMap ink() const;
+
+    /// Lets go of the pixels, which costs nothing when the PNG is at hand already; does nothing when it cannot be made.
+    void pack();
+    Picture packedCopy() const;  ///< the same drawing, packed, whatever condition this one is in
+
+    struct Data;
+
+private:
+    explicit Picture(std::shared_ptr<Data> data);
+
+    std::shared_ptr<Data> m_data;  // null when blank
+};
