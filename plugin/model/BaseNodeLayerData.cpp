@@ -2,6 +2,7 @@
 
 #include "model/LayerDataBinary.h"
 #include "model/LayerDataText.h"
+#include "model/PixelBudget.h"
 #include "settings/Names.h"
 
 #include <istream>
@@ -51,6 +52,7 @@ MStatus BaseNodeLayerData::writeASCII(std::ostream& out)
         return MS::kFailure;
     }
     layerText::write(out, *m_manager);
+    PixelBudget::instance().trim();  // what is encoded now packs at no cost
     return MS::kSuccess;
 }
 
@@ -60,6 +62,7 @@ MStatus BaseNodeLayerData::writeBinary(std::ostream& out)
         return MS::kFailure;
     }
     layerBinary::write(out, *m_manager);
+    PixelBudget::instance().trim();
     return out.fail() ? MS::kFailure : MS::kSuccess;
 }
 

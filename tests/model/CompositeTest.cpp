@@ -91,27 +91,6 @@ TEST_F(CompositeTest, IsMadeAnewOnlyWhenSomethingChanged)
     }
 }
 
-TEST_F(CompositeTest, RepaintingWhatAStrokeTouchedEqualsRepaintingEverything)
-{
-    addFlatLayer({1, 2});
-    addLayer("persp", "Above", {2});
-    goTo(2);
-    Preferences::instance().setGhostPrev(true);
-    for (const ToolType tool : {ToolType::Pencil, ToolType::Brush, ToolType::Eraser}) {
-        Preferences::instance().setActiveTool(tool);
-        picture();
-        ActiveStroke* record = drawing.beginStroke("persp", false);
-        for (const QPoint& at : {QPoint(-20, 3), QPoint(13, 7), QPoint(60, 21), QPoint(60, 21), QPoint(1030, 500)}) {
-            record->points << drawings::point(at.x(), at.y(), 11, 0.7f);
-            record->changed = true;
-            const QImage partly = picture();
-            drawing.markForRedraw("persp");
-            ASSERT_EQ(partly, picture()) << static_cast<int>(tool) << " " << record->points.size();
-        }
-        drawing.dropStroke();
-    }
-}
-
 TEST_F(CompositeTest, GhostsFadeByKeysAndNotByTime)
 {
     addFlatLayer({1, 2, 10, 50, 51});
