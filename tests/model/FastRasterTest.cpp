@@ -3,36 +3,18 @@
 #include "model/Canvas.h"
 #include "model/CpuFeatures.h"
 #include "model/StrokeRaster.h"
+#include "support/Dice.h"
 #include "support/LiteralRaster.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <random>
 
 namespace {
 
 constexpr ToolType kFreehand[] = {ToolType::Pencil, ToolType::Brush, ToolType::Eraser};
 // The smallest, the block of four, the narrow brushes' limit, odd and even, the largest, and beyond it.
 constexpr int kTellingWidths[] = {1, 2, 3, 19, 20, 21, 99, 100, 130};
-
-class Dice {
-public:
-    explicit Dice(unsigned seed) : m_random(seed) {}
-    /// From first to last, both included.
-    int between(int first, int last)
-    {
-        return first + static_cast<int>(m_random() % static_cast<unsigned>(last - first + 1));
-    }
-    bool oneIn(int chances) { return between(1, chances) == 1; }
-    float opacity()
-    {
-        return oneIn(8) ? static_cast<float>(between(0, 1)) : static_cast<float>(between(0, 1000)) / 1000;
-    }
-
-private:
-    std::mt19937 m_random;
-};
 
 int widthOf(unsigned seed, Dice& dice)
 {
@@ -47,8 +29,8 @@ QPoint nextPosition(const QPoint& at, Dice& dice)
     case 1: return at + QPoint(dice.between(-40, 40), 0);
     case 2: return at + QPoint(0, dice.between(-40, 40));
     case 3: return at + QPoint(1, 1) * dice.between(-40, 40);
-    case 4: return QPoint(dice.between(-300, 1324), dice.between(-300, 1324));
-    default: return at + QPoint(dice.between(-30, 30), dice.between(-30, 30));
+    case 4: return dice.point(-300, 1324);
+    default: return at + dice.point(-30, 30);
     }
 }
 
@@ -58,7 +40,7 @@ QVector<StrokePoint> wander(unsigned seed, Dice& dice)
     const int width = widthOf(seed, dice);
     const bool pressureChanges = dice.oneIn(2);
     const float opacity = dice.opacity();
-    QPoint at(dice.between(-150, 1174), dice.between(-150, 1174));
+    QPoint at = dice.point(-150, 1174);
     QVector<StrokePoint> points;
     for (int left = dice.between(2, 9); left > 0; --left) {
         points << StrokePoint{width, pressureChanges ? dice.opacity() : opacity, 1.0f, at};
