@@ -3,16 +3,15 @@
 #include "api/Handles.h"
 #include "kernel/Session.h"
 
-#include <cmath>
 #include <ostream>
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 namespace {
 
-double wholeTicks(const MTime& time)
+double ticks(const MTime& time)
 {
-    return std::round(api::toKernel(time).ticks());
+    return api::toKernel(time).ticks();
 }
 
 }  // namespace
@@ -153,7 +152,7 @@ MTime& MTime::operator--()
 
 bool MTime::operator==(const MTime& other) const
 {
-    return wholeTicks(*this) == wholeTicks(other);
+    return ticks(*this) == ticks(other);
 }
 
 bool MTime::operator!=(const MTime& other) const
@@ -163,7 +162,7 @@ bool MTime::operator!=(const MTime& other) const
 
 bool MTime::operator<(const MTime& other) const
 {
-    return wholeTicks(*this) < wholeTicks(other);
+    return ticks(*this) < ticks(other);
 }
 
 bool MTime::operator<=(const MTime& other) const

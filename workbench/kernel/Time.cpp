@@ -1,6 +1,7 @@
 #include "kernel/Time.h"
 
 #include <charconv>
+#include <cmath>
 
 namespace kernel {
 
@@ -110,8 +111,14 @@ double Time::as(TimeUnit other) const
 {
     if (other == unit)
         return value;
-    // Multiplied before divided: both are whole numbers for whole frames, and the quotient is then exact.
-    return value * ticksPerUnit(unit) / ticksPerUnit(other);
+    // Both are whole numbers, so a whole quotient is exact.
+    return ticks() / ticksPerUnit(other);
+}
+
+double Time::ticks() const
+{
+    // A frame that another unit can only hold as a fraction is a whole number of ticks all the same.
+    return std::round(value * ticksPerUnit(unit));
 }
 
 bool parseTime(const std::string& text, TimeUnit unit, Time& out)

@@ -75,9 +75,10 @@ struct Time {
     double value = 0;
     TimeUnit unit = TimeUnit::Film;
 
-    /// The value in another unit. The same unit gives `value` untouched; whole frames stay whole where they can.
+    /// The value in another unit. The same unit gives `value` untouched; whole frames stay whole where they can, and
+    /// come back whole from every unit.
     double as(TimeUnit other) const;
-    double ticks() const { return value * ticksPerUnit(unit); }
+    double ticks() const;  ///< whole
 };
 
 /// Reads "12", "12.5", "12film", "2sec"; a bare number is in `unit`. False when the text is no time.

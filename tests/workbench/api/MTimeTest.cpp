@@ -16,15 +16,6 @@ std::string printed(const MTime& time)
     return out.str();
 }
 
-TEST(MTime, GivesWholeFramesBackExactlyInEveryUnit)
-{
-    for (int unit = MTime::kHours; unit < MTime::kUserDef; ++unit) {
-        const auto u = static_cast<MTime::Unit>(unit);
-        for (const int frame : {-100001, -7, 0, 1, 3, 29, 1001, 86399, 1000003})
-            EXPECT_EQ(MTime(double(frame), u).asUnits(u), frame) << "unit " << unit;
-    }
-}
-
 TEST(MTime, ConvertsWholeFramesBetweenRatesWithoutLoss)
 {
     const struct {
@@ -39,9 +30,34 @@ TEST(MTime, ConvertsWholeFramesBetweenRatesWithoutLoss)
         {7, MTime::kPALFrame, MTime::kMilliseconds, 280},
         {30, MTime::kNTSCFrame, MTime::kFilm, 24},
         {90, MTime::k90FPS, MTime::kFilm, 24},
+        {-24000, MTime::k23_976FPS, MTime::kSeconds, -1001},
+        {30000, MTime::k29_97DF, MTime::kFilm, 24024},
+        {100000, MTime::k59_94FPS, MTime::k29_97FPS, 50000},
+        {-999, MTime::kFilm, MTime::kShowScan, -1998},
     };
     for (const auto& c : cases)
         EXPECT_EQ(MTime(c.value, c.from).as(c.to), c.expected) << c.value << " of unit " << c.from;
+}
+
+// Whole ticks, in integers, are the measure; a result a hair below a whole number would be truncated to another frame.
+TEST(MTime, WholeFramesAreExactInEveryUnitThatHoldsThemAndComeBackFromAll)
+{
+    const int frameNumbers[] = {-100001, -100000, -999, -7, -1, 0, 1, 7, 23, 24, 29, 1001, 86399, 100000, 1000003};
+    for (int from = MTime::kHours; from < MTime::kUserDef; ++from) {
+        const auto a = static_cast<MTime::Unit>(from);
+        const MInt64 ticks = static_cast<MInt64>(kernel::ticksPerUnit(static_cast<kernel::TimeUnit>(from)));
+        for (int to = MTime::kHours; to < MTime::kUserDef; ++to) {
+            const auto b = static_cast<MTime::Unit>(to);
+            const MInt64 otherTicks = static_cast<MInt64>(kernel::ticksPerUnit(static_cast<kernel::TimeUnit>(to)));
+            for (const int n : frameNumbers) {
+                const double there = MTime(n, a).as(b);
+                if (n * ticks % otherTicks == 0) {
+                    EXPECT_EQ(there, double(n * ticks / otherTicks)) << n << " of unit " << from << " in " << to;
+                }
+                EXPECT_EQ(MTime(there, b).asUnits(a), n) << "unit " << from << " by way of " << to;
+            }
+        }
+    }
 }
 
 TEST(MTime, ReadsABareNumberAsFilmFramesWhateverTheUiUnit)

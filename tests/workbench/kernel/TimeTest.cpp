@@ -22,20 +22,12 @@ TEST(Time, EveryUnitHasItsOwnNameAndPlace)
     EXPECT_EQ(timeUnitName(TimeUnit::Invalid), "");
 }
 
-TEST(Time, WholeFramesComeBackFromEveryUnit)
+TEST(Time, EveryUnitIsAWholeNumberOfTicks)
 {
     for (int i = 1; i < static_cast<int>(TimeUnit::UserDefined); ++i) {
-        const auto unit = static_cast<TimeUnit>(i);
-        EXPECT_EQ(ticksPerUnit(unit), std::floor(ticksPerUnit(unit))) << timeUnitName(unit);
-        for (const double frame : {1.0, 10.0, 49.0, 100001.0, -7.0}) {
-            const Time seconds{Time{frame, unit}.as(TimeUnit::Seconds), TimeUnit::Seconds};
-            EXPECT_NEAR(seconds.as(unit), frame, std::fabs(frame) * 1e-15) << timeUnitName(unit);
-            EXPECT_EQ((Time{frame, unit}.as(unit)), frame);
-        }
+        const double ticks = ticksPerUnit(static_cast<TimeUnit>(i));
+        EXPECT_EQ(ticks, std::floor(ticks)) << timeUnitName(static_cast<TimeUnit>(i));
     }
-    EXPECT_EQ((Time{48, TimeUnit::Film}.as(TimeUnit::PalFrame)), 50);
-    EXPECT_EQ((Time{2, TimeUnit::Seconds}.as(TimeUnit::Film)), 48);
-    EXPECT_EQ((Time{24000, TimeUnit::Fps23_976}.as(TimeUnit::Seconds)), 1001);
 }
 
 TEST(Time, TextMayNameItsUnit)
