@@ -27,9 +27,35 @@ inline uint32_t redAndBlueSwapped(uint32_t p)
     return (p & 0xff00ff00u) | ((p >> 16) & 0xffu) | ((p & 0xffu) << 16);
 }
 
-inline float channel(uint32_t pixel, int shift)
+inline uint32_t channel(uint32_t pixel, int shift)
 {
-    return static_cast<float>(static_cast<int32_t>((pixel >> shift) & 0xffu));
+    return (pixel >> shift) & 0xffu;
+}
+
+/// A product of two 16-bit fractions, rounded.
+inline uint32_t product(uint32_t a, uint32_t b)
+{
+    const uint32_t t = a * b;
+    return (t + (t >> 16) + 0x8000u) >> 16;
+}
+
+/// A colour channel times its alpha, both of 8 bits, in 16 bits: the upper half of the product of what they are in 16
+/// bits, x * 257 * 257 / 65536, and one more where that is nearer.
+inline uint32_t premultiplied(uint32_t channel, uint32_t alpha)
+{
+    const uint32_t x = channel * alpha;
+    const uint32_t upper = x + ((x + (x << 9)) >> 16);
+    return upper + (upper >> 15);
+}
+
+inline uint32_t in8Bits(uint32_t value)
+{
+    return (value + 128u - ((value + 128u) >> 8)) >> 8;
+}
+
+inline float asFloat(uint32_t value)
+{
+    return static_cast<float>(static_cast<int32_t>(value));
 }
 
 inline uint32_t nearest(float value)
@@ -37,28 +63,28 @@ inline uint32_t nearest(float value)
     return static_cast<uint32_t>(static_cast<int32_t>(value + 0.5f));
 }
 
-inline float wholeNumber(float value)
+/// How a pixel in front covers one behind it.
+struct Cover {
+    float fade;     // of the front, 0..1
+    uint32_t rest;  // of the back that still shows, in 16 bits
+    float share;    // makes straight 16 bits of what is mixed
+};
+
+inline uint32_t mixedChannel(uint32_t front, uint32_t back, const Cover& cover, int shift)
 {
-    return static_cast<float>(static_cast<int32_t>(value + 0.5f));
+    const uint32_t ahead = nearest(asFloat(premultiplied(channel(front, shift), channel(front, 24))) * cover.fade);
+    const uint32_t behind = product(premultiplied(channel(back, shift), channel(back, 24)), cover.rest);
+    return in8Bits(nearest(asFloat(ahead + behind) * cover.share)) << shift;
 }
 
-inline uint32_t mixedChannel(uint32_t front, float frontShare, uint32_t back, float backShare, int shift)
+inline uint32_t laidOver(uint32_t front, uint32_t back, float fade)
 {
-    return nearest(channel(front, shift) * frontShare + channel(back, shift) * backShare) << shift;
-}
-
-// Coverages have 16 bits, whole numbers in front; opacity16 is 257 where nothing is faded.
-inline uint32_t laidOver(uint32_t front, uint32_t back, float opacity16)
-{
-    const float frontCoverage = wholeNumber(channel(front, 24) * opacity16);
-    const float backCoverage = channel(back, 24) * (257.0f - frontCoverage * (1.0f / 255.0f));
-    const float coverage = frontCoverage + backCoverage;
-    const float share = 1.0f / (coverage > 1.0f ? coverage : 1.0f);
-    const float frontShare = frontCoverage * share;
-    const float backShare = backCoverage * share;
-    const uint32_t alpha = nearest(coverage * (1.0f / 257.0f));
-    return mixedChannel(front, frontShare, back, backShare, 0) | mixedChannel(front, frontShare, back, backShare, 8)
-         | mixedChannel(front, frontShare, back, backShare, 16) | alpha << 24;
+    const uint32_t ahead = nearest(asFloat(channel(front, 24) * 257u) * fade);
+    const uint32_t rest = 65535u - ahead;
+    const uint32_t alpha = ahead + product(channel(back, 24) * 257u, rest);
+    const Cover cover = {fade, rest, 65535.0f / asFloat(alpha > 1u ? alpha : 1u)};
+    return mixedChannel(front, back, cover, 0) | mixedChannel(front, back, cover, 8)
+         | mixedChannel(front, back, cover, 16) | in8Bits(alpha) << 24;
 }
 
 /// Calls mix(changed block, source block) for each block of source with ink; the last one is filled up with
@@ -84,22 +110,22 @@ inline void forInkedBlocks(uint32_t* changed, const uint32_t* source, int count,
 }
 
 template <bool kSwapped>
-inline void blendOver(uint32_t* back, const uint32_t* front, int count, float opacity16)
+inline void blendOver(uint32_t* back, const uint32_t* front, int count, float fade)
 {
-    forInkedBlocks(back, front, count, [opacity16](uint32_t* __restrict b, const uint32_t* __restrict f) {
+    forInkedBlocks(back, front, count, [fade](uint32_t* __restrict b, const uint32_t* __restrict f) {
         for (int i = 0; i < kBlock; ++i) {
-            b[i] = laidOver(kSwapped ? redAndBlueSwapped(f[i]) : f[i], b[i], opacity16);
+            b[i] = laidOver(kSwapped ? redAndBlueSwapped(f[i]) : f[i], b[i], fade);
         }
     });
 }
 
 void over(uint32_t* back, const uint32_t* front, int count, bool swapped, int opacity)
 {
-    const float opacity16 = static_cast<float>(opacity) * (257.0f / 255.0f);
+    const float fade = static_cast<float>(opacity) * (1.0f / 255.0f);
     if (swapped) {
-        blendOver<true>(back, front, count, opacity16);
+        blendOver<true>(back, front, count, fade);
     } else {
-        blendOver<false>(back, front, count, opacity16);
+        blendOver<false>(back, front, count, fade);
     }
 }
 
@@ -107,7 +133,7 @@ void under(uint32_t* front, const uint32_t* back, int count)
 {
     forInkedBlocks(front, back, count, [](uint32_t* __restrict f, const uint32_t* __restrict b) {
         for (int i = 0; i < kBlock; ++i) {
-            f[i] = laidOver(f[i], b[i], 257.0f);
+            f[i] = laidOver(f[i], b[i], 1.0f);
         }
     });
 }

@@ -6,8 +6,9 @@
 /// A pixel is four bytes, straight alpha in the top one (QImage::Format_RGBA8888 and Format_ARGB32 on little-endian
 /// processors).
 struct RowLoops {
-    /// Porter and Duff's "over" ("Compositing Digital Images", 1984) with the front faded first. The mixture of each
-    /// pixel is computed without intermediate rounding, then rounded to the nearest; what is transparent becomes 0.
+    /// Porter and Duff's "over" ("Compositing Digital Images", 1984) with the front faded first. What is transparent
+    /// becomes 0. Mixed in 16 bits and rounded where Qt's painter rounds, so that it matters little which of the two
+    /// made a picture; painters differ by processor in the last bit.
     /// back: changed. front: red and blue change places when swapped is set. count: pixels. opacity: 0..255.
     void (*over)(uint32_t* back, const uint32_t* front, int count, bool swapped, int opacity);
     /// Their "destination over": back shows through where front is not opaque. front: changed.

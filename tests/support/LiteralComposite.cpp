@@ -117,33 +117,41 @@ const QImage& LiteralCompositor::compose(const LayerManager& drawing, const QStr
     const Preferences& preferences = Preferences::instance();
     const ActiveStroke* record = drawing.stroke(camera);
     const Layer* active = drawing.activeLayer(camera);
-    m_image.fill(Qt::transparent);
-    QPainter painter;
-    openPainter(painter, m_image);
-    if (active && !(playing && preferences.disableGhostingDuringPlayback())) {
-        if (!record || record->points.isEmpty()) {
-            rebuildGhosts(*active);
-        }
-        if (preferences.ghostPrev() || preferences.ghostNext()) {
-            painter.drawImage(0, 0, m_ghosts);
-        }
+    const bool ghosting = active && !(playing && preferences.disableGhostingDuringPlayback());
+    if (ghosting && (!record || record->points.isEmpty())) {
+        rebuildGhosts(*active);
     }
+    m_showsGhosts = ghosting && (preferences.ghostPrev() || preferences.ghostNext());
     const Layer* target = record ? targetLayer(drawing, camera) : nullptr;
+    if (target && isTargetThere(*target)) {
+        Frame* frame = targetFrame(*target);
+        advanceStroke(*record, frame ? frame->image() : QImage());
+    }
+    m_image = repainted(drawing, camera, m_ghosts);
+    return m_image;
+}
+
+QImage LiteralCompositor::repainted(const LayerManager& drawing, const QString& camera, const QImage& ghosts) const
+{
+    const ActiveStroke* record = drawing.stroke(camera);
+    const Layer* target = record ? targetLayer(drawing, camera) : nullptr;
+    QImage picture = transparentImage();
+    QPainter painter;
+    openPainter(painter, picture);
+    if (m_showsGhosts) {
+        painter.drawImage(0, 0, ghosts);
+    }
     for (int i = 0; i < drawing.layerCount(camera); ++i) {
         const Layer& layer = *drawing.layer(camera, i);
         if (&layer != target || !isTargetThere(layer)) {
             painter.drawImage(0, 0, shownAt(layer, 0));
-        } else {
+        } else if (layer.isVisible()) {
             Frame* frame = targetFrame(layer);
-            const QImage base = frame ? frame->image() : QImage();
-            advanceStroke(*record, base);
-            if (layer.isVisible()) {
-                paintStroke(painter, *record, base);
-            }
+            paintStroke(painter, *record, frame ? frame->image() : QImage());
         }
     }
     painter.end();
-    return m_image;
+    return picture;
 }
 
 std::optional<LiteralCompositor::Commit> LiteralCompositor::commit(const LayerManager& drawing, const QString& camera)

@@ -20,6 +20,10 @@ public:
     /// then forgets what changed. playing: the host plays back.
     const QImage& compose(const LayerManager& drawing, const QString& camera, bool playing);
 
+    /// The picture painted once more, over the given ghosts instead of its own: those that a stroke is drawn over stay
+    /// as they were made before.
+    QImage repainted(const LayerManager& drawing, const QString& camera, const QImage& ghosts) const;
+
     /// What the stroke in progress is drawn into: its ink, or the erased copy of the frame.
     const QImage& strokeImage() const { return m_stroke; }
 
@@ -46,6 +50,7 @@ private:
     void paintStroke(QPainter& painter, const ActiveStroke& record, const QImage& base) const;
 
     QImage m_image;
+    bool m_showsGhosts = false;
     QImage m_previousGhosts;
     QImage m_ghosts;
 
