@@ -2,6 +2,8 @@
 #include "model/LayerListView.h"
 #include "support/DrawingFixture.h"
 
+#include <functional>
+
 namespace {
 
 using testing::ElementsAre;
@@ -9,12 +11,39 @@ using testing::IsEmpty;
 
 class LayerManagerTest : public DrawingFixture {
 protected:
-    // Layers of a camera, the active one starred.
+    struct Step {
+        std::function<int()> run;
+        int result;
+        const char* stacks;   // every camera's layers, bottom first; those marked active are starred
+        const char* cameras;  // the current one, and the one before
+    };
+
+    void follow(const std::vector<Step>& steps)
+    {
+        int number = 0;
+        for (const Step& step : steps) {
+            SCOPED_TRACE("step " + std::to_string(++number));
+            EXPECT_EQ(step.run(), step.result);
+            EXPECT_EQ(stacks(), QString(step.stacks));
+            EXPECT_EQ(drawing.currentCamera() + " < " + drawing.previousCamera(), QString(step.cameras));
+        }
+        EXPECT_THAT(errors(), IsEmpty());
+    }
+
+    QString stacks() const
+    {
+        QStringList list;
+        for (const QString& camera : drawing.cameras()) {
+            list << camera + ": " + stack(camera);
+        }
+        return list.join("; ");
+    }
+
     QString stack(const QString& camera) const
     {
-        QStringList list = names(camera);
-        if (drawing.activeLayerIndex(camera) >= 0) {
-            list[drawing.activeLayerIndex(camera)] += '*';
+        QStringList list;
+        for (int i = 0; i < drawing.layerCount(camera); ++i) {
+            list << drawing.layerName(camera, i) + (drawing.layer(camera, i)->isActive() ? "*" : "");
         }
         return list.join(' ');
     }
@@ -24,6 +53,19 @@ protected:
         for (const QString& name : layers) {
             drawing.insertLayer(camera, -1, name);
         }
+    }
+
+    int insert(const char* camera, int index, const char* name) { return drawing.insertLayer(camera, index, name); }
+    int take(const char* camera, int index) { return drawing.takeLayer(camera, index) ? 1 : 0; }
+    int takeAll(const char* camera) { return static_cast<int>(drawing.takeAllLayers(camera).size()); }
+    int move(const char* camera, int from, int to) { return drawing.moveLayer(camera, from, to); }
+    int moveTo(const char* camera, int index, const char* toCamera, int toIndex)
+    {
+        return drawing.moveLayerToCamera(camera, index, toCamera, toIndex);
+    }
+    int activate(const char* camera, int index, bool makeCurrent)
+    {
+        return drawing.setActiveLayer(camera, index, makeCurrent) ? 1 : 0;
     }
 };
 
@@ -55,16 +97,16 @@ public:
 
 TEST_F(LayerManagerTest, TheFirstLayerOfAllMakesItsCameraCurrentLaterCamerasDoNot)
 {
-    EXPECT_EQ(drawing.insertLayer("persp", 5, "A"), 0);
-    EXPECT_EQ(drawing.currentCamera(), QString("persp"));
-    EXPECT_EQ(drawing.insertLayer("top", -1, "B"), 0);
-    EXPECT_EQ(drawing.currentCamera(), QString("persp"));
-    EXPECT_EQ(stack("persp"), QString("A*"));
-    EXPECT_EQ(stack("top"), QString("B*"));
-    EXPECT_EQ(drawing.insertLayer("persp", 0, "C"), 0);
-    EXPECT_EQ(stack("persp"), QString("C A*"));
-    EXPECT_EQ(drawing.cameras(), (QStringList{"persp", "top"}));
-    EXPECT_EQ(drawing.totalLayerCount(), 3);
+    follow({
+        {[&] { return insert("persp", 5, "A"); }, 0, "persp: A*", "persp < "},
+        {[&] { return insert("top", -1, "B"); }, 0, "persp: A*; top: B*", "persp < "},
+        {[&] { return insert("persp", 0, "C"); }, 0, "persp: C A*; top: B*", "persp < "},
+        {[&] { return insert("persp", 1, "D"); }, 1, "persp: C D A*; top: B*", "persp < "},
+        {[&] { return insert("persp", 3, "E"); }, 3, "persp: C D A* E; top: B*", "persp < "},
+        {[&] { return insert("top", -7, "F"); }, 1, "persp: C D A* E; top: B* F", "persp < "},
+        {[&] { return insert("Cam", 0, "G"); }, 0, "Cam: G*; persp: C D A* E; top: B* F", "persp < "},
+    });
+    EXPECT_EQ(drawing.totalLayerCount(), 7);
 }
 
 TEST_F(LayerManagerTest, CamerasAreListedInCaseSensitiveOrder)
@@ -77,42 +119,61 @@ TEST_F(LayerManagerTest, CamerasAreListedInCaseSensitiveOrder)
 
 TEST_F(LayerManagerTest, NamesAreUniqueAcrossCamerasAndAlwaysNumberedOnLayer)
 {
+    enum { kNew = -1, kHandedIn = -2 };
     const struct {
         const char* camera;
+        int target;  // a layer to rename, or kNew or kHandedIn for one more at the end
         const char* asked;
         const char* given;
-    } steps[] = {{"persp", "", "Layer"},           {"persp", "", "Layer 1"},      {"top", "Sky", "Sky"},
-                 {"persp", "Sky", "Layer 2"},      {"top", "Layer 4", "Layer 4"}, {"top", "Layer", "Layer 3"},
-                 {"top", "Layer 1", "Layer 5"},    {"top", "sky", "sky"},         {"top", "a\"b\\c\nd", "a'b/cd"},
-                 {"top", "a\"b\\c\nd", "Layer 6"}, {"top", "\n\t", "Layer 7"}};
+    } steps[] = {
+        {"persp", kNew, "", "Layer"},
+        {"persp", kNew, "", "Layer 1"},
+        {"top", kNew, "Sky", "Sky"},
+        {"persp", kNew, "Sky", "Layer 2"},
+        {"top", kNew, "Layer 4", "Layer 4"},
+        {"top", kNew, "Layer", "Layer 3"},
+        {"top", kNew, "Layer 1", "Layer 5"},
+        {"top", kNew, "sky", "sky"},
+        {"top", kNew, "a\"b\\c\nd", "a'b/cd"},
+        {"top", kNew, "a\"b\\c\nd", "Layer 6"},
+        {"top", kNew, "\n\t", "Layer 7"},
+        {"persp", kHandedIn, "Sky", "Sky"},
+        {"side", kHandedIn, "", ""},
+        {"persp", 0, "Layer", "Layer"},
+        {"persp", 0, "Ground", "Ground"},
+        {"persp", kNew, "", "Layer"},
+        {"persp", 0, "Sky", "Layer 8"},
+        {"persp", 0, "Layer 1", "Layer 9"},  // its own number counts as taken until it has another
+        {"persp", 0, "Layer 8", "Layer 8"},
+        {"persp", 0, "", "Layer 9"},
+        {"persp", 3, "Sky", "Sky"},
+        {"top", 6, "a\"b\\c\nd", "Layer 8"},
+        {"top", 5, "a\"b\\c\nd", "a'b/cd"},
+    };
     for (const auto& step : steps) {
-        const int index = drawing.insertLayer(step.camera, -1, QString(step.asked));
-        EXPECT_EQ(drawing.layerName(step.camera, index), QString(step.given)) << step.asked;
+        int index = step.target;
+        if (index == kNew) {
+            index = drawing.insertLayer(step.camera, -1, QString(step.asked));
+        } else if (index == kHandedIn) {
+            index = addLayer(step.camera, step.asked, {});
+        } else {
+            drawing.renameLayer(step.camera, index, step.asked);
+        }
+        EXPECT_EQ(drawing.layerName(step.camera, index), QString(step.given)) << step.camera << " " << step.asked;
     }
-}
-
-TEST_F(LayerManagerTest, RenamingToTheSameNameKeepsItAndToATakenOneNumbersIt)
-{
-    addLayers("persp", {"A", "B"});
-    drawing.renameLayer("persp", 0, "A");
-    EXPECT_EQ(names("persp"), (QStringList{"A", "B"}));
-    drawing.renameLayer("persp", 0, "B");
-    EXPECT_EQ(names("persp"), (QStringList{"Layer 1", "B"}));
-    drawing.renameLayer("persp", 1, "C \"2\"");
-    drawing.renameLayer("persp", 1, "C \"2\"");
-    EXPECT_EQ(names("persp"), (QStringList{"Layer 1", "C '2'"}));
-    drawing.renameLayer("persp", 7, "D");
-    EXPECT_EQ(drawing.totalLayerCount(), 2);
+    const QString before = stacks();
+    drawing.renameLayer("persp", 7, "New");
+    drawing.renameLayer("none", 0, "New");
+    EXPECT_EQ(stacks(), before);
 }
 
 TEST_F(LayerManagerTest, NewLayersHaveTheDefaultStateHandedInOnesKeepTheirs)
 {
     Preferences::instance().setDefaultLayerState(kLayerStatic);
-    drawing.insertLayer("persp", -1, "A");
+    addLayers("persp", {"A"});
+    addLayer("persp", "B", {1});
     EXPECT_EQ(drawing.layerState("persp", 0), kLayerStatic);
-    addLayer("persp", "A", {1});
     EXPECT_EQ(drawing.layerState("persp", 1), kLayerAnim);
-    EXPECT_EQ(drawing.layerName("persp", 1), QString("A"));
     EXPECT_EQ(drawing.insertLayer("persp", -1, std::unique_ptr<Layer>()), -1);
 }
 
@@ -122,7 +183,8 @@ TEST_F(LayerManagerTest, TakingALayerPassesTheActiveMarkOn)
         int active;
         int taken;
         const char* left;
-    } cases[] = {{0, 0, "B* C"}, {1, 1, "A* C"}, {2, 2, "A B*"}, {2, 0, "B C*"}, {0, 2, "A* B"}, {1, 0, "B* C"}};
+    } cases[] = {{0, 0, "B* C"}, {0, 1, "A* C"}, {0, 2, "A* B"}, {1, 0, "B* C"}, {1, 1, "A* C"},
+                 {1, 2, "A B*"}, {2, 0, "B C*"}, {2, 1, "A C*"}, {2, 2, "A B*"}};
     for (const auto& c : cases) {
         drawing.clear(false);
         addLayers("persp", {"A", "B", "C"});
@@ -137,82 +199,113 @@ TEST_F(LayerManagerTest, TakingALayerPassesTheActiveMarkOn)
     EXPECT_THAT(errors(), IsEmpty());
 }
 
-TEST_F(LayerManagerTest, ACameraGoesWithItsLastLayer)
+TEST_F(LayerManagerTest, ACameraGoesWithItsLastLayerAndStaysCurrentUntilAFirstLayerOfAllComes)
+{
+    addLayers("persp", {"A", "B"});
+    addLayers("top", {"C"});
+    follow({
+        {[&] { return take("persp", 0); }, 1, "persp: B*; top: C*", "persp < "},
+        {[&] { return take("persp", 0); }, 1, "top: C*", "persp < "},
+        {[&] { return insert("persp", -1, "D"); }, 0, "persp: D*; top: C*", "persp < "},
+        {[&] { return take("top", 0); }, 1, "persp: D*", "persp < "},
+        {[&] { return take("persp", 0); }, 1, "", "persp < "},
+        {[&] { return take("persp", 0); }, 0, "", "persp < "},
+        {[&] { return insert("top", -1, "E"); }, 0, "top: E*", "top < persp"},
+        {[&] { return insert("persp", -1, "F"); }, 0, "persp: F*; top: E*", "top < persp"},
+        {[&] { return takeAll("top"); }, 1, "persp: F*", "top < persp"},
+        {[&] { return takeAll("top"); }, 0, "persp: F*", "top < persp"},
+        {[&] { return insert("persp", 0, "G"); }, 0, "persp: G F*", "top < persp"},
+        {[&] { return takeAll("persp"); }, 2, "", "top < persp"},
+        {[&] { return insert("top", -1, "H"); }, 0, "top: H*", "top < persp"},
+    });
+}
+
+TEST_F(LayerManagerTest, ATakenLayerComesBackAsTheSameOne)
 {
     addLayers("persp", {"A"});
     EXPECT_NE(drawing.composite("persp"), nullptr);
     std::unique_ptr<Layer> layer = drawing.takeLayer("persp", 0);
     EXPECT_EQ(drawing.composite("persp"), nullptr);
-    EXPECT_EQ(drawing.cameras(), QStringList());
-    EXPECT_EQ(drawing.currentCamera(), QString("persp"));
     const Layer* address = layer.get();
     EXPECT_EQ(drawing.insertLayer("persp", 3, std::move(layer)), 0);
     EXPECT_EQ(drawing.layer("persp", 0), address);
+    addLayers("persp", {"B", "C"});
+    const auto taken = drawing.takeAllLayers("persp");
+    ASSERT_EQ(taken.size(), 3u);
+    EXPECT_EQ(taken[0].get(), address);
+    EXPECT_EQ(taken[0]->name() + taken[1]->name() + taken[2]->name(), QString("ABC"));
 }
 
-TEST_F(LayerManagerTest, TakesAllLayersOfACameraInOrder)
+TEST_F(LayerManagerTest, TheActiveMarkMovesWithItsLayerWithinACamera)
 {
     addLayers("persp", {"A", "B", "C"});
     addLayers("top", {"D"});
-    const auto taken = drawing.takeAllLayers("persp");
-    ASSERT_EQ(taken.size(), 3u);
-    EXPECT_EQ(taken[0]->name() + taken[1]->name() + taken[2]->name(), QString("ABC"));
-    EXPECT_EQ(drawing.cameras(), QStringList("top"));
-    EXPECT_TRUE(drawing.takeAllLayers("persp").empty());
+    follow({
+        {[&] { return move("persp", 0, 99); }, 2, "persp: B C A*; top: D*", "persp < "},
+        {[&] { return move("persp", 2, -5); }, 0, "persp: A* B C; top: D*", "persp < "},
+        {[&] { return move("persp", 0, 1); }, 1, "persp: B A* C; top: D*", "persp < "},
+        {[&] { return move("persp", 2, 1); }, 1, "persp: B C A*; top: D*", "persp < "},
+        {[&] { return move("persp", 1, 1); }, 1, "persp: B C A*; top: D*", "persp < "},
+        {[&] { return move("persp", 2, 0); }, 0, "persp: A* B C; top: D*", "persp < "},
+        {[&] { return move("top", 0, 1); }, 0, "persp: A* B C; top: D*", "persp < "},
+    });
 }
 
-TEST_F(LayerManagerTest, MovesWithinTheCamera)
-{
-    const struct {
-        int from;
-        int to;
-        int landing;
-        const char* result;
-    } cases[] = {
-        {0, 99, 2, "B C A*"}, {2, -5, 0, "C A* B"}, {0, 1, 1, "B A* C"}, {2, 1, 1, "A* C B"}, {1, 1, 1, "A* B C"}};
-    for (const auto& c : cases) {
-        drawing.clear(false);
-        addLayers("persp", {"A", "B", "C"});
-        EXPECT_EQ(drawing.moveLayer("persp", c.from, c.to), c.landing);
-        EXPECT_EQ(stack("persp"), QString(c.result)) << c.from << " to " << c.to;
-    }
-    EXPECT_EQ(drawing.moveLayer("persp", 3, 0), -1);
-    EXPECT_EQ(drawing.moveLayer("none", 0, 0), -1);
-    EXPECT_THAT(errors(),
-                ElementsAre("[Lumisketch2] Invalid layer: persp (3)", "[Lumisketch2] Invalid layer: none (0)"));
-}
-
-TEST_F(LayerManagerTest, MovesToAnotherCameraOfTheScene)
+TEST_F(LayerManagerTest, ALayerLosesTheActiveMarkOnItsWayToAnotherCameraOfTheScene)
 {
     addLayers("persp", {"A", "B"});
     addLayers("top", {"C"});
-    EXPECT_EQ(drawing.moveLayerToCamera("persp", 0, "top", 0), 0);
-    EXPECT_EQ(stack("persp"), QString("B*"));
-    EXPECT_EQ(stack("top"), QString("A C*"));
-    EXPECT_EQ(drawing.moveLayerToCamera("persp", 0, "nonesuch", 0), -1);
-    EXPECT_EQ(drawing.moveLayerToCamera("persp", 4, "top", 0), -1);
-    EXPECT_THAT(errors(),
-                ElementsAre("[Lumisketch2] Camera does not exist: nonesuch", "[Lumisketch2] Invalid layer: persp (4)"));
-    EXPECT_EQ(stack("persp"), QString("B*"));
+    follow({
+        {[&] { return moveTo("persp", 0, "top", 0); }, 0, "persp: B*; top: A C*", "persp < "},
+        {[&] { return moveTo("persp", 0, "top", 9); }, 2, "top: A C* B", "persp < "},
+        {[&] { return moveTo("top", 1, "side", 1); }, 0, "side: C*; top: A* B", "persp < "},
+        {[&] { return moveTo("top", 0, "top", -1); }, 1, "side: C*; top: B* A", "persp < "},
+        {[&] { return takeAll("top"); }, 2, "side: C*", "persp < "},
+        {[&] { return moveTo("side", 0, "front", 0); }, 0, "front: C*", "front < persp"},
+    });
 }
 
 TEST_F(LayerManagerTest, ActivatingMovesTheMarkAndTheCurrentCamera)
 {
     addLayers("persp", {"A", "B", "C"});
     addLayers("top", {"D", "E"});
-    EXPECT_TRUE(drawing.setActiveLayer("top", 1, false));
-    EXPECT_EQ(stack("top"), QString("D E*"));
-    EXPECT_EQ(drawing.currentCamera(), QString("persp"));
-    EXPECT_TRUE(drawing.setActiveLayer("top", 0, true));
-    EXPECT_EQ(drawing.currentCamera(), QString("top"));
-    EXPECT_EQ(drawing.previousCamera(), QString("persp"));
+    follow({
+        {[&] { return activate("top", 1, false); }, 1, "persp: A* B C; top: D E*", "persp < "},
+        {[&] { return activate("top", 0, true); }, 1, "persp: A* B C; top: D* E", "top < persp"},
+        {[&] { return activate("top", 1, true); }, 1, "persp: A* B C; top: D E*", "top < persp"},
+        {[&] { return activate("persp", 2, true); }, 1, "persp: A B C*; top: D E*", "persp < top"},
+        {[&] { return activate("none", -1, false); }, 1, "persp: A B C*; top: D E*", "persp < top"},
+        {[&] { return activate("none", -1, true); }, 1, "persp: A B C*; top: D E*", "none < persp"},
+        {[&] { return insert("none", -1, "F"); }, 0, "none: F*; persp: A B C*; top: D E*", "none < persp"},
+        {[&] { return take("persp", 2); }, 1, "none: F*; persp: A B*; top: D E*", "none < persp"},
+    });
+}
 
-    EXPECT_FALSE(drawing.setActiveLayer("persp", 3, true));
-    EXPECT_FALSE(drawing.setActiveLayer("persp", -1, true));
-    EXPECT_TRUE(drawing.setActiveLayer("none", -1, false));
-    EXPECT_THAT(errors(), ElementsAre("[Lumisketch2] Invalid layer index: 3", "[Lumisketch2] Invalid layer index: -1"));
-    EXPECT_EQ(stack("persp"), QString("A* B C"));
-    EXPECT_EQ(drawing.currentCamera(), QString("top"));
+TEST_F(LayerManagerTest, WhatItRefusesIsReportedAndChangesNothing)
+{
+    addLayers("persp", {"A", "B", "C"});
+    addLayers("top", {"D"});
+    drawing.setActiveLayer("persp", 1, true);
+    const struct {
+        std::function<int()> run;
+        int result;
+        const char* error;
+    } cases[] = {
+        {[&] { return move("persp", 3, 0); }, -1, "[Lumisketch2] Invalid layer: persp (3)"},
+        {[&] { return move("none", 0, 0); }, -1, "[Lumisketch2] Invalid layer: none (0)"},
+        {[&] { return moveTo("persp", 0, "nonesuch", 0); }, -1, "[Lumisketch2] Camera does not exist: nonesuch"},
+        {[&] { return moveTo("persp", 4, "top", 0); }, -1, "[Lumisketch2] Invalid layer: persp (4)"},
+        {[&] { return activate("top", 1, true); }, 0, "[Lumisketch2] Invalid layer index: 1"},
+        {[&] { return activate("top", -1, true); }, 0, "[Lumisketch2] Invalid layer index: -1"},
+        {[&] { return activate("none", 0, true); }, 0, "[Lumisketch2] Invalid layer index: 0"},
+    };
+    for (const auto& c : cases) {
+        forgetLines();
+        EXPECT_EQ(c.run(), c.result);
+        EXPECT_THAT(errors(), ElementsAre(c.error));
+        EXPECT_EQ(stacks(), QString("persp: A B* C; top: D*")) << c.error;
+        EXPECT_EQ(drawing.currentCamera(), QString("persp")) << c.error;
+    }
 }
 
 TEST_F(LayerManagerTest, FollowsTheActiveView)
@@ -289,23 +382,51 @@ TEST_F(LayerManagerTest, FrameOperationsGoToTheActiveLayer)
     drawing.setActiveLayer("persp", 1, true);
     EXPECT_EQ(drawing.frameNumbers("persp"), (QList<int>{4, 8}));
     EXPECT_EQ(drawing.addFrame("persp", timeOfFrame(6)), 1);
+    goTo(6);
+    EXPECT_EQ(drawing.previousFrame("persp", false), drawing.layer("persp", 1)->frameAt(0));
+    EXPECT_EQ(drawing.nextFrame("persp", false), drawing.layer("persp", 1)->frameAt(2));
     drawing.retime("persp", {5, 6, 7});
     EXPECT_EQ(drawing.frameNumbers("persp"), (QList<int>{5, 6, 7}));
     EXPECT_EQ(drawing.layer("persp", 0)->frameNumbers(), (QList<int>{1}));
 }
 
-TEST_F(LayerManagerTest, ATimeChangeMayLeaveTheActiveLayerOfTheCurrentCamera)
+TEST_F(LayerManagerTest, ATimeChangeLeavesTheLayerDrawnOnAndOnRequestTheCurrentCamerasActiveOne)
 {
     addLayer("persp", "A", {1, 5});
     addLayer("persp", "B", {1, 5});
     addLayer("top", "C", {1, 5});
-    goTo(1);
-    drawing.updateCurrentFrames(6, true);
-    EXPECT_EQ(drawing.layer("persp", 0)->currentFrame()->frameNumber(), 1);
-    EXPECT_EQ(drawing.layer("persp", 1)->currentFrame()->frameNumber(), 5);
-    EXPECT_EQ(drawing.layer("top", 0)->currentFrame()->frameNumber(), 5);
-    drawing.updateCurrentFrames(6, false);
-    EXPECT_EQ(drawing.layer("persp", 0)->currentFrame()->frameNumber(), 5);
+    const struct {
+        bool skipActive;
+        const char* strokeOn;  // the active layer of this camera when the stroke begins; none when empty
+        const char* current;
+        int active;  // on persp
+        const char* shown;
+    } cases[] = {
+        {false, "", "persp", 0, "5 5 5"},     {true, "", "persp", 0, "1 5 5"},
+        {true, "", "persp", 1, "5 1 5"},      {true, "", "top", 0, "5 5 1"},
+        {true, "", "side", 0, "5 5 5"},       {false, "persp", "persp", 0, "1 5 5"},
+        {true, "persp", "persp", 0, "1 5 5"}, {true, "persp", "persp", 1, "1 1 5"},
+        {false, "persp", "top", 1, "1 5 5"},  {false, "top", "persp", 0, "5 5 1"},
+        {true, "top", "persp", 1, "5 1 1"},
+    };
+    for (const auto& c : cases) {
+        goTo(1);
+        drawing.setActiveLayer("persp", 0, false);
+        if (*c.strokeOn) {
+            ASSERT_NE(drawing.beginStroke(c.strokeOn, false), nullptr);
+        }
+        drawing.setActiveLayer("persp", c.active, false);
+        drawing.setCurrentCamera(c.current);
+        drawing.updateCurrentFrames(6, c.skipActive);
+        const auto shown = [&](const char* camera, int index) {
+            const Layer& layer = *drawing.layer(camera, index);
+            return QString::number(layer.frameNumbers().value(layer.currentFrameIndex()));
+        };
+        EXPECT_EQ(shown("persp", 0) + ' ' + shown("persp", 1) + ' ' + shown("top", 0), QString(c.shown))
+            << (c.skipActive ? "skipping; " : "") << "stroke on " << c.strokeOn << "; current " << c.current
+            << "; active " << c.active;
+        drawing.dropStroke();
+    }
 }
 
 }  // namespace

@@ -18,21 +18,57 @@ protected:
     }
 };
 
-TEST_F(LayerTest, ShowsTheLastFrameAtOrBeforeATime)
+TEST_F(LayerTest, HoldsTheLastKeyAndStepsToTheNeighboursOfTheSceneTime)
 {
-    const auto layer = layerAt({10, 1, 5});
-    EXPECT_EQ(layer->frameNumbers(), (QList<int>{1, 5, 10}));
     const struct {
+        QList<int> keys;
         int time;
         int shown;
-    } cases[] = {{0, kNone}, {1, 1}, {4, 1}, {5, 5}, {7, 5}, {10, 10}, {99, 10}, {-3, kNone}};
+        int previous;
+        int previousWrapped;
+        int next;
+        int nextWrapped;
+    } cases[] = {
+        {{1, 5, 10}, -3, kNone, kNone, 10, 1, 1},
+        {{1, 5, 10}, 0, kNone, kNone, 10, 1, 1},
+        {{1, 5, 10}, 1, 1, kNone, 10, 5, 5},
+        {{1, 5, 10}, 2, 1, 1, 1, 5, 5},
+        {{1, 5, 10}, 4, 1, 1, 1, 5, 5},
+        {{1, 5, 10}, 5, 5, 1, 1, 10, 10},
+        {{1, 5, 10}, 6, 5, 5, 5, 10, 10},
+        {{1, 5, 10}, 9, 5, 5, 5, 10, 10},
+        {{1, 5, 10}, 10, 10, 5, 5, kNone, 1},
+        {{1, 5, 10}, 11, 10, 10, 10, kNone, 1},
+        {{1, 5, 10}, 99, 10, 10, 10, kNone, 1},
+        {{-7, -2, 0}, -8, kNone, kNone, 0, -7, -7},
+        {{-7, -2, 0}, -3, -7, -7, -7, -2, -2},
+        {{-7, -2, 0}, -2, -2, -7, -7, 0, 0},
+        {{-7, -2, 0}, 0, 0, -2, -2, kNone, -7},
+        {{4}, 3, kNone, kNone, 4, 4, 4},
+        {{4}, 4, 4, kNone, 4, kNone, 4},
+        {{4}, 5, 4, 4, 4, kNone, 4},
+        {{}, 4, kNone, kNone, kNone, kNone, kNone},
+    };
     for (const auto& c : cases) {
-        layer->updateCurrentFrame(c.time);
-        EXPECT_EQ(numberOf(layer->currentFrame()), c.shown) << "at time " << c.time;
+        Layer layer;
+        for (const int key : c.keys) {
+            layer.addFrame(timeOfFrame(key));
+        }
+        goTo(c.time);
+        layer.updateCurrentFrame(c.time);
+        SCOPED_TRACE(testing::Message() << c.keys.size() << " keys at time " << c.time);
+        EXPECT_EQ(numberOf(layer.currentFrame()), c.shown);
+        EXPECT_EQ(numberOf(layer.previousFrame(false)), c.previous);
+        EXPECT_EQ(numberOf(layer.previousFrame(true)), c.previousWrapped);
+        EXPECT_EQ(numberOf(layer.nextFrame(false)), c.next);
+        EXPECT_EQ(numberOf(layer.nextFrame(true)), c.nextWrapped);
     }
-    Layer empty;
-    empty.updateCurrentFrame(7);
-    EXPECT_EQ(empty.currentFrameIndex(), -1);
+}
+
+TEST_F(LayerTest, KeepsItsFramesSortedHoweverTheyCome)
+{
+    const auto layer = layerAt({10, 1, -4, 5});
+    EXPECT_EQ(layer->frameNumbers(), (QList<int>{-4, 1, 5, 10}));
 }
 
 TEST_F(LayerTest, AKeyedTimeIsNeverReplaced)
@@ -73,29 +109,6 @@ TEST_F(LayerTest, CopiesAndTakesByExactNumber)
     EXPECT_EQ(numberOf(layer->takeFrameAtCurrentTime().get()), 5);
     EXPECT_EQ(layer->takeFrameAtCurrentTime(), nullptr);
     EXPECT_EQ(layer->frameNumbers(), (QList<int>{1}));
-}
-
-TEST_F(LayerTest, StepsToTheNeighboursOfTheSceneTime)
-{
-    const auto layer = layerAt({1, 5, 10});
-    const struct {
-        int time;
-        int previous;
-        int previousWrapped;
-        int next;
-        int nextWrapped;
-    } cases[] = {{0, kNone, 10, 1, 1}, {1, kNone, 10, 5, 5}, {3, 1, 1, 5, 5},
-                 {5, 1, 1, 10, 10},    {10, 5, 5, kNone, 1}, {50, 10, 10, kNone, 1}};
-    for (const auto& c : cases) {
-        goTo(c.time);
-        EXPECT_EQ(numberOf(layer->previousFrame(false)), c.previous) << c.time;
-        EXPECT_EQ(numberOf(layer->previousFrame(true)), c.previousWrapped) << c.time;
-        EXPECT_EQ(numberOf(layer->nextFrame(false)), c.next) << c.time;
-        EXPECT_EQ(numberOf(layer->nextFrame(true)), c.nextWrapped) << c.time;
-    }
-    Layer empty;
-    EXPECT_EQ(empty.nextFrame(true), nullptr);
-    EXPECT_EQ(empty.previousFrame(true), nullptr);
 }
 
 TEST_F(LayerTest, AnAnimatedLayerIsDrawnOnAtKeysAndAStaticOneWhereverItHolds)
