@@ -419,7 +419,8 @@ TEST_F(LayerManagerTest, ATimeChangeLeavesTheLayerDrawnOnAndOnRequestTheCurrentC
         drawing.setCurrentCamera(c.current);
         drawing.updateCurrentFrames(6, c.skipActive);
         const auto shown = [&](const char* camera, int index) {
-            return QString::number(drawing.layer(camera, index)->currentFrame()->frameNumber());
+            const Layer& layer = *drawing.layer(camera, index);
+            return QString::number(layer.frameNumbers().value(layer.currentFrameIndex()));
         };
         EXPECT_EQ(shown("persp", 0) + ' ' + shown("persp", 1) + ' ' + shown("top", 0), QString(c.shown))
             << (c.skipActive ? "skipping; " : "") << "stroke on " << c.strokeOn << "; current " << c.current

@@ -7,8 +7,6 @@
 #include <QScreen>
 #include <QThread>
 
-#include <cmath>
-
 namespace support {
 
 LiveWorkbench::LiveWorkbench(const QString& program, const QStringList& arguments)
@@ -151,38 +149,6 @@ QString LiveWorkbench::output()
     m_process.waitForReadyRead(10);
     m_output += m_process.readAll();
     return QString::fromUtf8(m_output);
-}
-
-QVector<QPoint> line(QPoint from, QPoint to, double spacing)
-{
-    const QPoint step = to - from;
-    const int count = std::max(1, int(std::hypot(step.x(), step.y()) / spacing));
-    QVector<QPoint> points;
-    for (int i = 0; i <= count; ++i) {
-        points << QPoint(from.x() + step.x() * i / count, from.y() + step.y() * i / count);
-    }
-    return points;
-}
-
-QVector<QPoint> curve(const QVector<QPointF>& through, double spacing)
-{
-    const int last = through.size() - 1;
-    const auto at = [&](int i) { return through[std::min(std::max(i, 0), last)]; };
-    QVector<QPoint> points;
-    for (int i = 0; i < last; ++i) {
-        const QPointF p0 = at(i - 1), p1 = at(i), p2 = at(i + 1), p3 = at(i + 2);
-        const QPointF chord = p2 - p1;
-        const int steps = std::max(1, int(std::hypot(chord.x(), chord.y()) / spacing));
-        for (int s = 0; s < steps; ++s) {
-            const double t = double(s) / steps;
-            const QPointF p = 0.5
-                            * (2 * p1 + (p2 - p0) * t + (2 * p0 - 5 * p1 + 4 * p2 - p3) * t * t
-                               + (3 * p1 - p0 - 3 * p2 + p3) * t * t * t);
-            points << p.toPoint();
-        }
-    }
-    points << through[last].toPoint();
-    return points;
 }
 
 }  // namespace support

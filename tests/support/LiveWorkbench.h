@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/PointerPath.h"
+
 #include <QImage>
 #include <QLocalSocket>
 #include <QPoint>
@@ -49,10 +51,5 @@ private:
     QLocalSocket m_socket;
     QByteArray m_output;
 };
-
-/// The points of a straight line, `spacing` pixels apart, both ends included.
-QVector<QPoint> line(QPoint from, QPoint to, double spacing = 4);
-/// The points of a curve through the given points (Catmull-Rom spline), about `spacing` apart.
-QVector<QPoint> curve(const QVector<QPointF>& through, double spacing = 4);
 
 }  // namespace support
