@@ -95,7 +95,7 @@ void Sketch::append(ActiveStroke& record, const StrokePoint& point)
 
 void Sketch::commit()
 {
-    QByteArray undo;
+    Picture undo;
     if (!m_drawing.commitStroke(kCamera, undo)) {
         qFatal("The stroke could not be committed.");
     }

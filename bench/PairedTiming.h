@@ -1,0 +1,105 @@
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <vector>
+
+/// Times one thing done plainly and done our way, in turns within one run, so that both meet the same machine, and
+/// prints a row for each: medians in milliseconds, the ratio "1/N", and whether the required one is reached.
+/// Arguments: --quick takes a few samples only; any other keeps the rows whose name contains it.
+class PairedTiming {
+public:
+    /// Does the work once and gives the milliseconds that count; what it prepares besides does not.
+    using Side = std::function<double()>;
+
+    PairedTiming(const char* title, int argc, char** argv)
+    {
+        for (int i = 1; i < argc; ++i) {
+            if (std::string(argv[i]) == "--quick") {
+                m_samples = 3;
+                m_enough = 50;
+            } else {
+                m_wanted = argv[i];
+            }
+        }
+        std::printf("\n%-52s %11s %11s %9s %9s\n", title, "plain ms", "ours ms", "ratio", "required");
+    }
+
+    /// required: how many times as fast ours has to be; 0 when nothing is required.
+    void row(const std::string& name, double required, const Side& plain, const Side& ours) const
+    {
+        if (name.find(m_wanted) == std::string::npos) {
+            return;
+        }
+        plain();
+        ours();
+        std::vector<double> plainTimes, ourTimes;
+        while (!enough(plainTimes) || !enough(ourTimes)) {
+            takeTurn(plain, plainTimes);
+            takeTurn(ours, ourTimes);
+        }
+        print(name, required, median(plainTimes), median(ourTimes));
+    }
+
+private:
+    static constexpr double kTurn = 10;  // ms; a short thing is done several times in its turn
+
+    void takeTurn(const Side& side, std::vector<double>& times) const
+    {
+        double spent = 0;
+        do {
+            times.push_back(side());
+            spent += times.back();
+        } while (spent < kTurn && times.size() < 10000);
+    }
+
+    bool enough(const std::vector<double>& times) const
+    {
+        double spent = 0;
+        for (const double time : times) {
+            spent += time;
+        }
+        return times.size() >= m_samples && (spent >= m_enough || times.size() >= 10000);
+    }
+
+    static double median(std::vector<double> times)
+    {
+        const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
+        std::nth_element(times.begin(), middle, times.end());
+        return *middle;
+    }
+
+    static void print(const std::string& name, double required, double plain, double ours)
+    {
+        const double ratio = plain / ours;
+        std::printf("%-52s %11.4f %11.4f %9s", name.c_str(), plain, ours, part(ratio).c_str());
+        if (required > 0) {
+            std::printf(" %9s  %s", part(required).c_str(), ratio >= required ? "reached" : "MISSED");
+        }
+        std::printf("\n");
+        std::fflush(stdout);
+    }
+
+    static std::string part(double ratio)
+    {
+        char text[32];
+        std::snprintf(text, sizeof text, ratio < 10 ? "1/%.2f" : "1/%.0f", ratio);
+        return text;
+    }
+
+    std::string m_wanted;
+    std::size_t m_samples = 7;
+    double m_enough = 300;  // ms of one side
+};
+
+/// The milliseconds that the work takes.
+template <class Work>
+double millisecondsOf(Work work)
+{
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
