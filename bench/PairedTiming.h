@@ -45,7 +45,7 @@ public:
     }
 
 private:
-    static constexpr double kTurn = 10;  // ms; a short thing is done several times in its turn
+    static constexpr double kTurn = 5;  // ms; a short thing is done several times in its turn
 
     void takeTurn(const Side& side, std::vector<double>& times) const
     {

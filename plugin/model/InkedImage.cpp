@@ -2,6 +2,7 @@
 
 #include "model/Canvas.h"
 #include "model/Picture.h"
+#include "model/RowBands.h"
 #include "model/RowLoops.h"
 
 #include <cstring>
@@ -24,6 +25,24 @@ const quint32* sourceRow(const QImage& image, int y)
     return reinterpret_cast<const quint32*>(image.constScanLine(y));
 }
 
+void fetchNextRow(const RowLoops& loops, const InkedImage& sheet, int y)
+{
+    if (y + 1 < kCanvasSize) {
+        forInkSpans(sheet.ink.row(y + 1),
+                    [&](int left, int end) { loops.fetch(sourceRow(sheet.image, y + 1) + left, end - left); });
+    }
+}
+
+template <class Work>
+void forRows(Work work)
+{
+    forRowBands([&work](int first, int end) {
+        for (int y = first; y < end; ++y) {
+            work(y);
+        }
+    });
+}
+
 }  // namespace
 
 InkedImage inkedImage(const Picture& picture)
@@ -42,15 +61,15 @@ void layOver(InkedImage& canvas, const std::vector<Ply>& plies)
 {
     const RowLoops& loops = rowLoops();
     const Rows rows(canvas.image);
-    for (int y = 0; y < kCanvasSize; ++y) {
-        quint32* const back = rows.row(y);
+    forRows([&](int y) {
         for (const Ply& ply : plies) {
             const bool swapped = ply.sheet.image.format() == QImage::Format_ARGB32;
+            fetchNextRow(loops, ply.sheet, y);
             forInkSpans(ply.sheet.ink.row(y), [&](int left, int end) {
-                loops.over(back + left, sourceRow(ply.sheet.image, y) + left, end - left, swapped, ply.opacity);
+                loops.over(rows.row(y) + left, sourceRow(ply.sheet.image, y) + left, end - left, swapped, ply.opacity);
             });
         }
-    }
+    });
     for (const Ply& ply : plies) {
         canvas.ink.add(ply.sheet.ink);
     }
@@ -60,22 +79,23 @@ void layUnder(InkedImage& canvas, const InkedImage& sheet)
 {
     const RowLoops& loops = rowLoops();
     const Rows rows(canvas.image);
-    for (int y = 0; y < kCanvasSize; ++y) {
+    forRows([&](int y) {
+        fetchNextRow(loops, sheet, y);
         forInkSpans(sheet.ink.row(y), [&](int left, int end) {
             loops.under(rows.row(y) + left, sourceRow(sheet.image, y) + left, end - left);
         });
-    }
+    });
     canvas.ink.add(sheet.ink);
 }
 
 void wipe(InkedImage& canvas)
 {
     const Rows rows(canvas.image);
-    for (int y = 0; y < kCanvasSize; ++y) {
+    forRows([&](int y) {
         forInkSpans(canvas.ink.row(y), [&](int left, int end) {
             std::memset(rows.row(y) + left, 0, static_cast<size_t>(end - left) * sizeof(quint32));
         });
-    }
+    });
     canvas.ink = InkMap();
 }
 
@@ -87,7 +107,7 @@ void tintImage(InkedImage& canvas, const QColor& colour)
                            static_cast<uchar>(colour.blue()), 0};
     quint32 pixel;
     std::memcpy(&pixel, bytes, sizeof pixel);
-    for (int y = 0; y < kCanvasSize; ++y) {
+    forRows([&](int y) {
         forInkSpans(canvas.ink.row(y), [&](int left, int end) { loops.tint(rows.row(y) + left, end - left, pixel); });
-    }
+    });
 }

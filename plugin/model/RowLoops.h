@@ -18,6 +18,9 @@ struct RowLoops {
     /// Bit i is set when any of the pixels from 32 * i to 32 * i + 31 is not fully transparent.
     /// columns: at most 32; the row is 32 * columns pixels long.
     uint32_t (*inkColumns)(const uint32_t* row, int columns);
+    /// Has the processor fetch a row that is worked on soon. Rows of different images take turns, which defeats the
+    /// fetching that processors do by themselves.
+    void (*fetch)(const uint32_t* row, int count);
 };
 
 const RowLoops& rowLoops();  ///< the fastest that run here

@@ -127,15 +127,23 @@ const QImage& LiteralCompositor::compose(const LayerManager& drawing, const QStr
         Frame* frame = targetFrame(*target);
         advanceStroke(*record, frame ? frame->image() : QImage());
     }
-    m_image = repainted(drawing, camera, m_ghosts);
+    paint(m_image, drawing, camera, m_ghosts);
     return m_image;
 }
 
 QImage LiteralCompositor::repainted(const LayerManager& drawing, const QString& camera, const QImage& ghosts) const
 {
+    QImage picture = transparentImage();
+    paint(picture, drawing, camera, ghosts);
+    return picture;
+}
+
+void LiteralCompositor::paint(QImage& picture, const LayerManager& drawing, const QString& camera,
+                              const QImage& ghosts) const
+{
     const ActiveStroke* record = drawing.stroke(camera);
     const Layer* target = record ? targetLayer(drawing, camera) : nullptr;
-    QImage picture = transparentImage();
+    picture.fill(Qt::transparent);
     QPainter painter;
     openPainter(painter, picture);
     if (m_showsGhosts) {
@@ -150,8 +158,6 @@ QImage LiteralCompositor::repainted(const LayerManager& drawing, const QString& 
             paintStroke(painter, *record, frame ? frame->image() : QImage());
         }
     }
-    painter.end();
-    return picture;
 }
 
 std::optional<LiteralCompositor::Commit> LiteralCompositor::commit(const LayerManager& drawing, const QString& camera)

@@ -45,6 +45,7 @@ private:
     Frame* targetFrame(const Layer& layer) const;
     bool isTargetThere(const Layer& layer) const { return !m_target.hasFrame || targetFrame(layer); }
     void rebuildGhosts(const Layer& active);
+    void paint(QImage& picture, const LayerManager& drawing, const QString& camera, const QImage& ghosts) const;
     void advanceStroke(const ActiveStroke& record, const QImage& base);
     void takeRegion(const ActiveStroke& record, const QImage& base);
     void paintStroke(QPainter& painter, const ActiveStroke& record, const QImage& base) const;
