@@ -7,6 +7,15 @@
 #include <string>
 #include <vector>
 
+/// The milliseconds that the work takes.
+template <class Work>
+double millisecondsOf(Work work)
+{
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
 /// Times one thing done plainly and done our way, in turns within one run, so that both meet the same machine, and
 /// prints a row for each: medians in milliseconds, the ratio "1/N", and whether the required one is reached.
 /// Arguments: --quick takes a few samples only; any other keeps the rows whose name contains it.
@@ -36,33 +45,33 @@ public:
         }
         plain();
         ours();
-        std::vector<double> plainTimes, ourTimes;
-        while (!enough(plainTimes) || !enough(ourTimes)) {
-            takeTurn(plain, plainTimes);
-            takeTurn(ours, ourTimes);
+        Samples plainSamples, ourSamples;
+        while (!isEnough(plainSamples) || !isEnough(ourSamples)) {
+            takeTurn(plain, plainSamples);
+            takeTurn(ours, ourSamples);
         }
-        print(name, required, median(plainTimes), median(ourTimes));
+        print(name, required, median(plainSamples.times), median(ourSamples.times));
     }
 
 private:
     static constexpr double kTurn = 5;  // ms; a short thing is done several times in its turn
 
-    void takeTurn(const Side& side, std::vector<double>& times) const
+    struct Samples {
+        std::vector<double> times;
+        double spent = 0;  // ms, with what was prepared
+    };
+
+    bool isEnough(const Samples& samples) const
     {
-        double spent = 0;
-        do {
-            times.push_back(side());
-            spent += times.back();
-        } while (spent < kTurn && times.size() < 10000);
+        return samples.times.size() >= m_samples && samples.spent >= m_enough;
     }
 
-    bool enough(const std::vector<double>& times) const
+    static void takeTurn(const Side& side, Samples& samples)
     {
-        double spent = 0;
-        for (const double time : times) {
-            spent += time;
-        }
-        return times.size() >= m_samples && (spent >= m_enough || times.size() >= 10000);
+        const double end = samples.spent + kTurn;
+        do {
+            samples.spent += millisecondsOf([&] { samples.times.push_back(side()); });
+        } while (samples.spent < end);
     }
 
     static double median(std::vector<double> times)
@@ -94,12 +103,3 @@ private:
     std::size_t m_samples = 7;
     double m_enough = 300;  // ms of one side
 };
-
-/// The milliseconds that the work takes.
-template <class Work>
-double millisecondsOf(Work work)
-{
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
