@@ -144,9 +144,14 @@ const QImage& figure(unsigned seed)
     return image;
 }
 
+QImage lines(unsigned seed)
+{
+    return Figure(seed).lines();
+}
+
 // A scene -------------------------------------------------------------------------------------------------------------
 
-enum class Ink { Figures, Washes };
+enum class Ink { Lines, Figures, Washes };
 
 constexpr int kTimes[] = {4, 5};  // every layer shows another key at either
 
@@ -171,7 +176,7 @@ struct Scene {
     static std::unique_ptr<Frame> frame(int layerIndex, int key, Ink ink)
     {
         const unsigned seed = static_cast<unsigned>(100 * layerIndex + key);
-        const QImage image = ink == Ink::Figures ? figure(seed) : wash(seed);
+        const QImage image = ink == Ink::Lines ? lines(seed) : ink == Ink::Figures ? figure(seed) : wash(seed);
         auto made = std::make_unique<Frame>(timeOfFrame(key));
         made->setImage(layerIndex % 2 == 1 ? image.convertToFormat(QImage::Format_ARGB32) : image);
         return made;
@@ -239,9 +244,9 @@ void measureTimeChanges(const PairedTiming& timing)
         int layers;
         Ink ink;
         double required;
-    } drawings[] = {{"5 layers", 5, Ink::Figures, 4},
-                    {"20 layers", 20, Ink::Figures, 4},
-                    {"5 layers of washes", 5, Ink::Washes, 0}};
+    } drawings[] = {{"5 shaded figures", 5, Ink::Figures, 4},
+                    {"20 shaded figures", 20, Ink::Figures, 4},
+                    {"5 washes", 5, Ink::Washes, 0}};
     for (const auto& d : drawings) {
         Scenes scenes(d.layers, d.layers / 2, d.ink);
         for (const bool ghosts : {false, true}) {
@@ -258,9 +263,8 @@ void measureTint(const PairedTiming& timing)
         const char* name;
         QImage image;
         double required;
-    } images[] = {{"tint a line drawing", Figure(1).lines(), 10},
-                  {"tint a shaded figure", figure(1), 10},
-                  {"tint a wash", wash(1), 0}};
+    } images[] = {
+        {"tint a line drawing", lines(1), 10}, {"tint a shaded figure", figure(1), 10}, {"tint a wash", wash(1), 0}};
     for (const auto& i : images) {
         QImage plain = i.image.copy();
         InkedImage ours = {i.image.copy(), InkMap::of(i.image)};

@@ -8,21 +8,21 @@
 namespace {
 
 constexpr int kColumns = kCanvasSize / InkMap::kColumnWidth;
-static_assert(kColumns == 32, "a row of columns is held in 32 bits");
+static_assert(kColumns == 64, "a row of columns is held in 64 bits");
 
 // Bits of the columns that the pixels from left to end - 1 lie in.
-quint32 columnsOf(int left, int end)
+quint64 columnsOf(int left, int end)
 {
     const int first = left / InkMap::kColumnWidth;
     const int last = (end - 1) / InkMap::kColumnWidth;
-    return (~0u >> (kColumns - 1 - last)) & (~0u << first);
+    return (~quint64(0) >> (kColumns - 1 - last)) & (~quint64(0) << first);
 }
 
 }  // namespace
 
 constexpr int InkMap::kColumnWidth;
 
-InkMap::InkMap() : m_rows(kCanvasSize, 0u) {}
+InkMap::InkMap() : m_rows(kCanvasSize, 0) {}
 
 InkMap InkMap::of(const QImage& canvas)
 {
@@ -36,7 +36,7 @@ InkMap InkMap::of(const QImage& canvas)
 
 bool InkMap::isEmpty() const
 {
-    return std::all_of(m_rows.begin(), m_rows.end(), [](quint32 row) { return row == 0; });
+    return std::all_of(m_rows.begin(), m_rows.end(), [](quint64 row) { return row == 0; });
 }
 
 QRect InkMap::box() const
@@ -54,7 +54,7 @@ void InkMap::add(const QRect& area)
     if (inside.isEmpty()) {
         return;
     }
-    const quint32 columns = columnsOf(inside.left(), inside.left() + inside.width());
+    const quint64 columns = columnsOf(inside.left(), inside.left() + inside.width());
     for (int y = inside.top(); y <= inside.bottom(); ++y) {
         m_rows[y] |= columns;
     }

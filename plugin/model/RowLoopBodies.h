@@ -9,15 +9,15 @@
 
 namespace {
 
-enum { kBlock = 16, kInkColumn = 32 };
+enum { kBlock = 16 };
 
 const uint32_t kAlphaMask = 0xff000000u;
 
-inline bool hasInk(const uint32_t* pixels, int count)
+inline bool hasInk(const uint32_t* block)
 {
     uint32_t all = 0;
-    for (int i = 0; i < count; ++i) {
-        all |= pixels[i];
+    for (int i = 0; i < kBlock; ++i) {
+        all |= block[i];
     }
     return (all & kAlphaMask) != 0;
 }
@@ -132,9 +132,6 @@ template <bool kSwapped, bool kFaded>
 void blendOver(uint32_t* back, const uint32_t* front, int count, uint16_t fade)
 {
     forBlocks(back, front, count, [fade](uint32_t* __restrict b, const uint32_t* __restrict f) {
-        if (!hasInk(f, kBlock)) {
-            return;
-        }
         for (int i = 0; i < kBlock; ++i) {
             b[i] = laidOver<kFaded>(kSwapped ? redAndBlueSwapped(f[i]) : f[i], b[i], fade);
         }
@@ -154,9 +151,6 @@ void over(uint32_t* back, const uint32_t* front, int count, bool swapped, int op
 void under(uint32_t* front, const uint32_t* back, int count)
 {
     forBlocks(front, back, count, [](uint32_t* __restrict f, const uint32_t* __restrict b) {
-        if (!hasInk(b, kBlock)) {
-            return;
-        }
         for (int i = 0; i < kBlock; ++i) {
             f[i] = laidOver<false>(f[i], b[i], 65535);
         }
@@ -172,11 +166,11 @@ void tint(uint32_t* row, int count, uint32_t colour)
     }
 }
 
-uint32_t inkColumns(const uint32_t* row, int columns)
+uint64_t inkColumns(const uint32_t* row, int columns)
 {
-    uint32_t bits = 0;
+    uint64_t bits = 0;
     for (int i = 0; i < columns; ++i) {
-        bits |= static_cast<uint32_t>(hasInk(row + i * kInkColumn, kInkColumn)) << i;
+        bits |= static_cast<uint64_t>(hasInk(row + i * kBlock)) << i;
     }
     return bits;
 }

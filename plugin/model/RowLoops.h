@@ -15,9 +15,9 @@ struct RowLoops {
     void (*under)(uint32_t* front, const uint32_t* back, int count);
     /// Gives the pixels that are not fully transparent the lower three bytes of colour.
     void (*tint)(uint32_t* row, int count, uint32_t colour);
-    /// Bit i is set when any of the pixels from 32 * i to 32 * i + 31 is not fully transparent.
-    /// columns: at most 32; the row is 32 * columns pixels long.
-    uint32_t (*inkColumns)(const uint32_t* row, int columns);
+    /// Bit i is set when any of the pixels from 16 * i to 16 * i + 15 is not fully transparent.
+    /// columns: at most 64; the row is 16 * columns pixels long.
+    uint64_t (*inkColumns)(const uint32_t* row, int columns);
     /// Has the processor fetch a row that is worked on soon. Rows of different images take turns, which defeats the
     /// fetching that processors do by themselves.
     void (*fetch)(const uint32_t* row, int count);

@@ -103,12 +103,6 @@ inline void storeJoined(uint32_t* pixels, __m256i red, __m256i green, __m256i bl
     _mm256_storeu_si256(reinterpret_cast<__m256i*>(pixels + 8), _mm256_unpackhi_epi16(redGreen, blueAlpha));
 }
 
-inline bool wideHasInk(const uint32_t* pixels)
-{
-    const __m256i all = _mm256_or_si256(loaded(pixels), loaded(pixels + 8));
-    return !_mm256_testz_si256(all, _mm256_set1_epi32(static_cast<int>(kAlphaMask)));
-}
-
 /// Writes front over back to result, which may be either of them.
 template <bool kSwapped, bool kFaded>
 inline void layBlockOver(uint32_t* result, const uint32_t* frontPixels, const uint32_t* backPixels, __m256i fade)
@@ -133,11 +127,8 @@ template <bool kSwapped, bool kFaded>
 void wideOver(uint32_t* back, const uint32_t* front, int count, int opacity)
 {
     const __m256i fade = _mm256_set1_epi16(static_cast<short>(opacity * 257));
-    forBlocks(back, front, count, [fade](uint32_t* b, const uint32_t* f) {
-        if (wideHasInk(f)) {
-            layBlockOver<kSwapped, kFaded>(b, f, b, fade);
-        }
-    });
+    forBlocks(back, front, count,
+              [fade](uint32_t* b, const uint32_t* f) { layBlockOver<kSwapped, kFaded>(b, f, b, fade); });
 }
 
 void over256(uint32_t* back, const uint32_t* front, int count, bool swapped, int opacity)
@@ -151,11 +142,8 @@ void over256(uint32_t* back, const uint32_t* front, int count, bool swapped, int
 
 void under256(uint32_t* front, const uint32_t* back, int count)
 {
-    forBlocks(front, back, count, [](uint32_t* f, const uint32_t* b) {
-        if (wideHasInk(b)) {
-            layBlockOver<false, false>(f, f, b, _mm256_setzero_si256());
-        }
-    });
+    forBlocks(front, back, count,
+              [](uint32_t* f, const uint32_t* b) { layBlockOver<false, false>(f, f, b, _mm256_setzero_si256()); });
 }
 
 const RowLoops kWideLoops = {over256, under256, tint, inkColumns, fetch};
