@@ -244,7 +244,9 @@ void measureTimeChanges(const PairedTiming& timing)
         int layers;
         Ink ink;
         double required;
-    } drawings[] = {{"5 shaded figures", 5, Ink::Figures, 4},
+    } drawings[] = {{"5 line drawings", 5, Ink::Lines, 4},
+                    {"20 line drawings", 20, Ink::Lines, 4},
+                    {"5 shaded figures", 5, Ink::Figures, 4},
                     {"20 shaded figures", 20, Ink::Figures, 4},
                     {"5 washes", 5, Ink::Washes, 0}};
     for (const auto& d : drawings) {
