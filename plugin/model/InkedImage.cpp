@@ -25,11 +25,12 @@ const quint32* sourceRow(const QImage& image, int y)
     return reinterpret_cast<const quint32*>(image.constScanLine(y));
 }
 
-void fetchNextRow(const RowLoops& loops, const InkedImage& sheet, int y)
+void fetchRowAhead(const RowLoops& loops, const InkedImage& sheet, int y)
 {
-    if (y + 1 < kCanvasSize) {
-        forInkSpans(sheet.ink.row(y + 1),
-                    [&](int left, int end) { loops.fetch(sourceRow(sheet.image, y + 1) + left, end - left); });
+    const int ahead = y + 2;
+    if (ahead < kCanvasSize) {
+        forInkSpans(sheet.ink.row(ahead),
+                    [&](int left, int end) { loops.fetch(sourceRow(sheet.image, ahead) + left, end - left); });
     }
 }
 
@@ -56,18 +57,21 @@ InkedImage blankSheet()
     return {blankCanvas(), InkMap()};
 }
 
-// Row by row through all plies, so that the changed row stays in the processor's cache.
+// Band by band, so that what is changed stays in the processor's cache while ply after ply is laid over it.
 void layOver(InkedImage& canvas, const std::vector<Ply>& plies)
 {
     const RowLoops& loops = rowLoops();
     const Rows rows(canvas.image);
-    forRows([&](int y) {
+    forRowBands([&](int first, int end) {
         for (const Ply& ply : plies) {
             const bool swapped = ply.sheet.image.format() == QImage::Format_ARGB32;
-            fetchNextRow(loops, ply.sheet, y);
-            forInkSpans(ply.sheet.ink.row(y), [&](int left, int end) {
-                loops.over(rows.row(y) + left, sourceRow(ply.sheet.image, y) + left, end - left, swapped, ply.opacity);
-            });
+            for (int y = first; y < end; ++y) {
+                fetchRowAhead(loops, ply.sheet, y);
+                forInkSpans(ply.sheet.ink.row(y), [&](int left, int right) {
+                    loops.over(rows.row(y) + left, sourceRow(ply.sheet.image, y) + left, right - left, swapped,
+                               ply.opacity);
+                });
+            }
         }
     });
     for (const Ply& ply : plies) {
@@ -80,7 +84,7 @@ void layUnder(InkedImage& canvas, const InkedImage& sheet)
     const RowLoops& loops = rowLoops();
     const Rows rows(canvas.image);
     forRows([&](int y) {
-        fetchNextRow(loops, sheet, y);
+        fetchRowAhead(loops, sheet, y);
         forInkSpans(sheet.ink.row(y), [&](int left, int end) {
             loops.under(rows.row(y) + left, sourceRow(sheet.image, y) + left, end - left);
         });

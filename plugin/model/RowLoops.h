@@ -18,8 +18,8 @@ struct RowLoops {
     /// Bit i is set when any of the pixels from 16 * i to 16 * i + 15 is not fully transparent.
     /// columns: at most 64; the row is 16 * columns pixels long.
     uint64_t (*inkColumns)(const uint32_t* row, int columns);
-    /// Has the processor fetch a row that is worked on soon. Rows of different images take turns, which defeats the
-    /// fetching that processors do by themselves.
+    /// Has the processor fetch a row that is worked on soon. Ink lies here and there, which defeats the fetching that
+    /// processors do by themselves.
     void (*fetch)(const uint32_t* row, int count);
 };
 

@@ -3,11 +3,13 @@
 #include "model/CpuFeatures.h"
 #include "model/InkedImage.h"
 #include "model/PngCodec.h"
+#include "model/RowBands.h"
 #include "model/RowLoops.h"
 #include "support/Drawings.h"
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <random>
 
 namespace {
@@ -86,6 +88,19 @@ TEST(InkMap, TakesAreasThatReachBeyondTheCanvas)
     forInkSpans(0x8000000000000007u, [&spans](int left, int end) { spans << qMakePair(left, end); });
     EXPECT_EQ(spans, (QList<QPair<int, int>>{{0, 48}, {1008, 1024}}));
     forInkSpans(~quint64(0), [](int left, int end) { EXPECT_EQ(end - left, 1024); });
+}
+
+TEST(RowBands, GiveEachRowToOneThreadOnce)
+{
+    std::vector<std::atomic<int>> visits(kCanvasSize);
+    for (int round = 0; round < 50; ++round) {
+        forRowBands([&visits](int first, int end) {
+            for (int y = first; y < end; ++y) {
+                ++visits[static_cast<size_t>(y)];
+            }
+        });
+    }
+    EXPECT_TRUE(std::all_of(visits.begin(), visits.end(), [](const std::atomic<int>& v) { return v == 50; }));
 }
 
 class RowLoopsTest : public testing::Test {
