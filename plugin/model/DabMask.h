@@ -1,13 +1,30 @@
 #pragma once
 
-#include <QtGlobal>
+#include "model/CoverageLoops.h"
 
-/// The alpha of one stamp of the pencil, eraser or brush: a table of 102 x 102 bytes with a disc in it. The centre byte
-/// falls on the stamped pixel and the disc is symmetric about it, whatever the radius. Only radius 1 has no centre: it
-/// is a block of 2 x 2 whose lower right pixel is the stamped one.
+#include <QRect>
+
+#include <algorithm>
+#include <vector>
+
+/// Outside 0..1 the nearer of the two; no number at all counts as nothing.
+inline float heldOpacity(float opacity)
+{
+    return opacity > 0.0f ? std::min(opacity, 1.0f) : 0.0f;
+}
+
+/// The alpha byte of an opacity: int(opacity * 255), the opacity held within 0..1.
+inline uchar alphaOf(float opacity)
+{
+    return static_cast<uchar>(heldOpacity(opacity) * 255.0f);
+}
+
+/// The alpha of one stamp of the pencil, eraser or brush: a disc in a table of at most 102 x 102 bytes. The table's
+/// centre falls on the stamped pixel and the disc is symmetric about it, whatever the radius. Only radius 1 has no
+/// centre: it is a block of 2 x 2 whose lower right pixel is the stamped one.
+/// Working out a shape is dear, setting another opacity is not, and setting either to what it is costs nothing.
 class DabMask {
 public:
-    static constexpr int kSide = 102;
     static constexpr float kLargestRadius = 50.0f;
 
     enum class Mode {
@@ -16,23 +33,66 @@ public:
         Flat   ///< flat, no antialiasing
     };
 
-    /// inner, radius: pixels, inner below the radius. The radius is held within 0..50, and 0 gives an empty mask;
-    /// the opacity is held within 0..1.
-    void build(float inner, float radius, float opacity, Mode mode);
+    DabMask();  ///< an empty one
 
-    int centre() const { return m_centre; }  ///< row and column that fall on the stamped pixel
-    int reach() const { return m_reach; }    ///< no byte beyond centre +- reach is set
-    const uchar* row(int y) const { return m_alpha + y * kSide; }
+    /// inner, radius: pixels, inner below the radius. The radius is held within 0..50, and 0 gives an empty dab.
+    void setShape(float inner, float radius, Mode mode);
+    /// Held within 0..1; no number at all counts as nothing.
+    void setOpacity(float opacity)
+    {
+        if (opacity != m_opacity) {
+            m_opacity = heldOpacity(opacity);
+            m_empty = alphaOf(m_opacity) == 0;
+        }
+    }
+
+    bool isEmpty() const { return m_empty; }    ///< whether no byte is set at this opacity
+    const QRect& box() const { return m_box; }  ///< of the bytes that may be set, from the stamped pixel
+
+    /// The rows of the box, borrowed until the shape or the opacity changes.
+    const ByteRows& bytes()
+    {
+        if (m_bytesOpacity != m_opacity) {
+            fillBytes();
+        }
+        return m_bytes;
+    }
+    const WordRows& words()
+    {
+        if (m_wordsOpacity != m_opacity) {
+            fillWords();
+        }
+        return m_words;
+    }
+    uchar at(int dx, int dy);  ///< from the stamped pixel; 0 beyond the box
 
 private:
-    void buildDisc(float inner, float radius, float opacity, Mode mode);
-    void fillHalfRow(int lastX, int y, float inner, float radius, float opacity, Mode mode);
-    void raise(int dx, int dy, uchar alpha);
+    static constexpr int kRows = 2 * static_cast<int>(kLargestRadius) + 1;
 
-    int m_centre = 0;
-    int m_reach = 0;
-    uchar m_alpha[kSide * kSide] = {};
+    Q_DISABLE_COPY(DabMask)
+
+    void build();
+    void layOut(const QRect& box);
+    void fillBytes();
+    void fillWords();
+    MaskShape shape() const;
+
+    float m_inner = 0.0f;
+    float m_radius = 0.0f;
+    Mode m_mode = Mode::Flat;
+    float m_opacity = 0.0f;
+    bool m_empty = true;
+
+    QRect m_box;
+    int m_columns = 0;
+    int m_starts[kRows + 2];     // in the values: of an empty row, those of the box, and the empty one again
+    std::vector<float> m_shape;  // of the box, down to its middle
+
+    // The mask, an empty row first. Filled when asked for; it is at another opacity until then.
+    ByteRows m_bytes;
+    WordRows m_words;
+    float m_bytesOpacity = -1.0f;
+    float m_wordsOpacity = -1.0f;
+    std::vector<quint8> m_byteValues;
+    std::vector<quint16> m_wordValues;
 };
-
-/// The alpha byte of an opacity: int(opacity * 255), opacities outside 0..1 and no numbers at all held within.
-uchar alphaOf(float opacity);

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <QPoint>
+#include <QSize>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 /// The steps of a walk along an axis; half open, first >= end when there is none.
 struct StepRange {
@@ -10,91 +13,153 @@ struct StepRange {
     qint64 end;
 };
 
-/// Both walks hold their ends within +-2^30 and can start at the canvas border, however far off the line begins.
-/// width, height: of the canvas; margin: how far off it a position still counts.
+/// An end of a line. Its position is held within +-2^30: nothing that far off is seen anyway, and the product of any
+/// two distances stays within 64 bits.
+struct LineEnd {
+    LineEnd(const QPoint& p, float o) : x(held(p.x())), y(held(p.y())), opacity(o) {}
 
-/// Bresenham's line from one pixel to another ("Algorithm for computer control of a digital plotter", 1965), both ends
-/// included. The error term starts at half the longer distance.
-class BresenhamWalk {
-public:
-    BresenhamWalk(const QPoint& from, const QPoint& to);
-
-    qint64 axisSteps() const { return m_dx + m_dy; }  ///< steps in x and in y, over the whole line
-    StepRange steps(int width, int height, int margin) const;
-
-    struct Position {
-        qint64 x;
-        qint64 y;
-        qint64 axisSteps;  ///< so far
-    };
-    Position at(qint64 step) const;
+    int x;
+    int y;
+    float opacity;
 
 private:
-    bool isSteep() const { return m_dy >= m_dx; }
-    qint64 minorSteps(qint64 step) const;
+    static int held(int coordinate) { return std::min(std::max(coordinate, -(1 << 30)), 1 << 30); }
+};
 
-    QPoint m_from;
-    qint64 m_dx;
-    qint64 m_dy;
-    int m_stepX;
-    int m_stepY;
-    qint64 m_major;
+/// Both walks can start at the canvas border, however far off the line begins.
+/// canvas: its size; margin: how far off it a position still counts.
+
+/// Bresenham's line from one pixel to another ("Algorithm for computer control of a digital plotter", 1965), both ends
+/// included. The error term starts at half the longer distance. The opacity grows evenly with each step in x or y.
+class BresenhamWalk {
+public:
+    BresenhamWalk(const LineEnd& from, const LineEnd& to)
+        : m_x(from.x), m_y(from.y), m_opacityFrom(from.opacity), m_change(to.opacity - from.opacity)
+    {
+        const qint64 dx = std::llabs(qint64(to.x) - m_x);
+        const qint64 dy = std::llabs(qint64(to.y) - m_y);
+        const int stepX = to.x >= m_x ? 1 : -1;
+        const int stepY = to.y >= m_y ? 1 : -1;
+        m_major = std::max(dx, dy);
+        m_minor = std::min(dx, dy);
+        m_steep = dy >= dx;
+        m_alongX = m_steep ? 0 : stepX;
+        m_alongY = m_steep ? stepY : 0;
+        m_acrossX = m_steep ? stepX : 0;
+        m_acrossY = m_steep ? 0 : stepY;
+    }
+
+    StepRange steps(const QSize& canvas, int margin) const;
+
+    struct Place {
+        int x;
+        int y;
+        qint64 error;
+        qint64 axisSteps;  ///< so far
+    };
+    // The error falls by the shorter distance at each step, and a step across lifts it by the longer one before it
+    // would turn negative; solved for the number of steps across.
+    Place at(qint64 step) const
+    {
+        const qint64 error = m_major / 2 - step * m_minor;
+        const qint64 across = error < 0 ? (m_major - 1 - error) / m_major : 0;
+        return {static_cast<int>(m_x + m_alongX * step + m_acrossX * across),
+                static_cast<int>(m_y + m_alongY * step + m_acrossY * across), error + across * m_major, step + across};
+    }
+    // Without a branch on the error, as no processor would foresee it.
+    void advance(Place& place, int steps = 1) const
+    {
+        for (int i = 0; i < steps; ++i) {
+            place.error -= m_minor;
+            const int across = place.error < 0 ? 1 : 0;
+            place.error += -qint64(across) & m_major;
+            place.x += m_alongX + (-across & m_acrossX);
+            place.y += m_alongY + (-across & m_acrossY);
+            place.axisSteps += 1 + across;
+        }
+    }
+    float opacity(const Place& place) const
+    {
+        if (m_change == 0.0f || m_major == 0) {
+            return m_opacityFrom;
+        }
+        const double share = double(m_change) * double(place.axisSteps) / double(m_major + m_minor);
+        return static_cast<float>(m_opacityFrom + share);
+    }
+
+private:
+    int m_x;  // of the start
+    int m_y;
+    float m_opacityFrom;
+    float m_change;  // of the opacity
+    bool m_steep;    // the longer axis is y
+    qint64 m_major;  // distance on the longer axis
+    qint64 m_minor;
+    int m_alongX;  // a step on the longer axis
+    int m_alongY;
+    int m_acrossX;  // a step on the other
+    int m_acrossY;
 };
 
 /// Xiaolin Wu's antialiased line ("An Efficient Antialiasing Technique", 1991) between whole pixels: at each step of
 /// the longer axis two neighbouring pixels share the coverage 1. The opacity changes evenly along the line.
 class WuWalk {
 public:
-    WuWalk(const QPoint& from, float opacityFrom, const QPoint& to, float opacityTo);
-
-    /// Gives each pixel to plot(qint64 x, qint64 y, float weight, float opacity), weight being its coverage above 0.
     /// endWeight: what an end pixel counts; half, in Wu's rule for a line that ends in the middle of a pixel.
-    template <class Plot>
-    void plot(int width, int height, int margin, float endWeight, Plot plot) const
+    WuWalk(const LineEnd& from, const LineEnd& to, float endWeight);
+
+    StepRange steps(const QSize& canvas, int margin) const;
+    QPoint across() const { return m_steep ? QPoint(1, 0) : QPoint(0, 1); }  ///< from the near pixel to the far one
+
+    struct Step {
+        QPoint pixel;  ///< the near one
+        float nearWeight;
+        float farWeight;
+        float opacity;
+    };
+    Step at(qint64 step) const
     {
-        const StepRange range = visibleSteps(width, height, margin);
-        for (qint64 step = range.first; step < range.end; ++step) {
-            const qint64 major = m_from.x() + step;
-            if (step == 0) {
-                plotPixel(major, m_from.y(), endWeight, m_opacityFrom, plot);
-            } else if (step == steps()) {
-                plotPixel(major, m_to.y(), endWeight, m_opacityTo, plot);
-            } else {
-                plotPair(major, step, plot);
-            }
+        if (step == 0) {
+            return {pixelAt(0, m_minorFrom), m_endWeight, 0.0f, m_opacityFrom};
         }
+        if (step == m_last) {
+            return {pixelAt(step, m_minorTo), m_endWeight, 0.0f, m_opacityTo};
+        }
+        const double rise = m_gradient * double(step);
+        const double minor = double(m_minorFrom) + rise;
+        const int whole = wholeBelow(minor);
+        const float fraction = static_cast<float>(minor - whole);
+        return {pixelAt(step, whole), 1.0f - fraction, fraction, opacityAt(rise, step)};
     }
 
 private:
-    template <class Plot>
-    void plotPair(qint64 major, qint64 step, Plot& plot) const
+    // floor() itself is a call where the processor is not known to have it.
+    static int wholeBelow(double value)
     {
-        const double rise = m_gradient * double(step);
-        const double whole = std::floor(rise);
-        const float fraction = static_cast<float>(rise - whole);
-        const qint64 minor = m_from.y() + static_cast<qint64>(whole);
-        const float opacity = opacityAt(rise, step);
-        plotPixel(major, minor, 1.0f - fraction, opacity, plot);
-        plotPixel(major, minor + 1, fraction, opacity, plot);
+        const int whole = static_cast<int>(value);
+        return whole > value ? whole - 1 : whole;
+    }
+    QPoint pixelAt(qint64 step, int minor) const
+    {
+        const int major = static_cast<int>(m_majorFrom + step);
+        return m_steep ? QPoint(minor, major) : QPoint(major, minor);
+    }
+    float opacityAt(double rise, qint64 step) const
+    {
+        const double share = m_change == 0.0f ? 0.0 : std::sqrt(rise * rise + double(step) * double(step)) / m_length;
+        const double opacity = share * double(m_change) + double(m_opacityFrom);
+        return static_cast<float>(std::min(std::max(opacity, 0.0), 1.0));
     }
 
-    template <class Plot>
-    void plotPixel(qint64 major, qint64 minor, float weight, float opacity, Plot& plot) const
-    {
-        if (weight > 0.0f) {
-            plot(m_steep ? minor : major, m_steep ? major : minor, weight, opacity);
-        }
-    }
-
-    qint64 steps() const { return qint64(m_to.x()) - m_from.x(); }  // 0 when both ends are one pixel
-    StepRange visibleSteps(int width, int height, int margin) const;
-    float opacityAt(double rise, qint64 step) const;
-
-    QPoint m_from;  // x is the longer axis here, and grows
-    QPoint m_to;
+    bool m_steep;     // the longer axis is y
+    int m_majorFrom;  // on the longer axis, the lower end
+    int m_minorFrom;
+    int m_minorTo;
+    qint64 m_last;  // step; 0 when both ends are one pixel
     float m_opacityFrom;
     float m_opacityTo;
-    bool m_steep;
+    float m_change;  // of the opacity
+    float m_endWeight;
     double m_gradient;
     double m_length;
 };

@@ -1,5 +1,6 @@
 #include "model/StrokeRaster.h"
 #include "model/Canvas.h"
+#include "model/CpuFeatures.h"
 #include "support/Drawings.h"
 
 #include <gtest/gtest.h>
@@ -172,6 +173,61 @@ TEST(StrokeRaster, SegmentBySegmentEqualsAllAtOnce)
                 rasteriseStroke(stepwise, points.mid(0, count), std::max(count - 2, 0), tool);
             }
             ASSERT_EQ(stepwise, drawn(points, tool)) << "seed " << seed << " tool " << static_cast<int>(tool);
+        }
+    }
+}
+
+TEST(StrokeRaster, IsTheSameWithAndWithoutAvx2)
+{
+    for (unsigned seed = 200; seed < 240; ++seed) {
+        const QVector<StrokePoint> points = wander(seed);
+        for (const ToolType tool : {ToolType::Pencil, ToolType::Brush, ToolType::Eraser}) {
+            allowAvx2(false);
+            const QImage portable = drawn(points, tool);
+            allowAvx2(true);
+            ASSERT_EQ(portable, drawn(points, tool)) << "seed " << seed << " tool " << static_cast<int>(tool);
+        }
+    }
+}
+
+// Lines are drawn a piece at a time; seen from one of its pixels, the next looks the same.
+TEST(StrokeRaster, LongLinesShowNoSeams)
+{
+    for (const QPoint& along : {QPoint(1, 0), QPoint(0, 1), QPoint(1, 1), QPoint(1, -1)}) {
+        const QPoint from(along.x() == 0 ? 500 : 200, along.y() == 0 ? 500 : along.y() > 0 ? 200 : 800);
+        for (const ToolType tool : {ToolType::Pencil, ToolType::Brush, ToolType::Eraser}) {
+            for (const int width : {2, 5, 19, 20, 40, 100}) {
+                const QImage image = drawn(line(from, from + along * 600, width), tool);
+                const int period = tool == ToolType::Brush ? 1 : std::max(width / 10, 1);
+                for (int step = 110; step + period < 490; ++step) {
+                    for (int off = -60; off <= 60; ++off) {
+                        const QPoint p =
+                            from + along * step + QPoint(along.y() == 0 ? 0 : off, along.y() == 0 ? off : 0);
+                        const QPoint next = p + along * period;
+                        ASSERT_EQ(image.pixel(p), image.pixel(next))
+                            << "width " << width << " tool " << static_cast<int>(tool) << " at " << step << " " << off;
+                    }
+                }
+            }
+        }
+    }
+}
+
+// Whatever is touched is painted anew.
+TEST(StrokeRaster, TouchesNoMoreThanWhatIsDrawnAndItsFaintestRim)
+{
+    const QVector<StrokePoint> cases[] = {
+        line({300, 300}, {420, 340}, 1),  line({300, 300}, {300, 300}, 2),    line({300, 300}, {310, 420}, 20),
+        line({300, 300}, {420, 180}, 40), line({300, 300}, {420, 300}, 100),  line({-90, 300}, {90, 300}, 40),
+        line({900, 900}, {1300, 940}, 1), line({1000, -500}, {1010, 500}, 9),
+    };
+    for (const QVector<StrokePoint>& points : cases) {
+        for (const ToolType tool : {ToolType::Pencil, ToolType::Brush}) {
+            QImage image = prepared();
+            const QRect touched = rasteriseStroke(image, points, 0, tool);
+            const QRect ink = pixels::inkBox(image);
+            EXPECT_TRUE(touched.contains(ink)) << points[0].width;
+            EXPECT_TRUE(ink.adjusted(-1, -1, 1, 1).contains(touched)) << points[0].width;
         }
     }
 }
