@@ -298,8 +298,11 @@ protected:
         const QImage inkBefore = plain.strokeImage();
         const QImage wanted = plain.compose(drawing, kCamera, MAnimControl::isPlaying());
         const QImage refreshed = freehand ? plain.repainted(drawing, kCamera, ghosts.sheet().image) : QImage();
+        const bool remade = drawing.needsRedraw(kCamera);
         const QImage& made = *drawing.composite(kCamera);
-        followGhosts();
+        if (remade) {
+            followGhosts();
+        }
         if (made == wanted) {
             return;
         }
