@@ -6,6 +6,7 @@
 #include "model/StrokeRaster.h"
 #include "support/LiteralRaster.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {

@@ -1,20 +1,11 @@
 #include "model/Layer.h"
 
 #include "model/FrameNumber.h"
+#include "model/Id.h"
 
 #include <maya/MAnimControl.h>
 
 #include <algorithm>
-
-namespace {
-
-quint64 nextId()
-{
-    static quint64 s_last = 0;
-    return ++s_last;
-}
-
-}  // namespace
 
 Layer::Layer() : m_id(nextId()), m_name(QString("New Layer")) {}
 

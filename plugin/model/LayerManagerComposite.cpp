@@ -126,7 +126,8 @@ void LayerManager::floatSelection(InkedImage& picture)
     }
 }
 
-// The part of the picture that a stroke's newest segments touched, byte for byte as painting everything would give it.
+// The part of the picture that a stroke's newest segments touched. It is painted, and has the very bytes that painting
+// all of it would give; rebuild mixes instead, and nearly transparent colours may differ from it by a step.
 void LayerManager::refreshStroke(CameraDrawing& drawing, const QRect& area)
 {
     if (area.isEmpty()) {

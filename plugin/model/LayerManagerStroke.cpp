@@ -36,10 +36,10 @@ ActiveStroke* LayerManager::beginStroke(const QString& camera, bool blank)
         return stroke(camera);
     }
     active->updateCurrentFrame(currentFrameNumber());
-    if (!blank && !active->hasFrameAtCurrentTime()) {
+    const Frame* frame = active->currentFrame();
+    if (!blank && !(frame && active->hasFrameAtCurrentTime())) {
         return nullptr;
     }
-    const Frame* frame = active->currentFrame();
     const ToolType tool = Preferences::instance().effectiveTool();
     m_stroke.begin({camera, active->id(), frame != nullptr, frame ? frame->frameNumber() : 0},
                    strokeStart(*active, tool, blank));
@@ -128,6 +128,7 @@ void LayerManager::dropStroke()
     if (m_stroke.record()) {
         markForRedraw(m_stroke.target().camera);
         m_stroke.end();
+        PixelBudget::instance().trim();
     }
 }
 

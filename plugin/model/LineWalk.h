@@ -26,9 +26,6 @@ private:
     static int held(int coordinate) { return std::min(std::max(coordinate, -(1 << 30)), 1 << 30); }
 };
 
-/// Both walks can start at the canvas border, however far off the line begins.
-/// canvas: its size; margin: how far off it a position still counts.
-
 /// Bresenham's line from one pixel to another ("Algorithm for computer control of a digital plotter", 1965), both ends
 /// included. The error term starts at half the longer distance. The opacity grows evenly with each step in x or y.
 class BresenhamWalk {
@@ -49,6 +46,7 @@ public:
         m_acrossY = m_steep ? 0 : stepY;
     }
 
+    /// The steps that may be seen, however far off the line begins. margin: how far off the canvas a position counts.
     StepRange steps(const QSize& canvas, int margin) const;
 
     struct Place {
@@ -108,6 +106,7 @@ public:
     /// endWeight: what an end pixel counts; half, in Wu's rule for a line that ends in the middle of a pixel.
     WuWalk(const LineEnd& from, const LineEnd& to, float endWeight);
 
+    /// The steps that may be seen, however far off the line begins. margin: how far off the canvas a position counts.
     StepRange steps(const QSize& canvas, int margin) const;
     QPoint across() const { return m_steep ? QPoint(1, 0) : QPoint(0, 1); }  ///< from the near pixel to the far one
 

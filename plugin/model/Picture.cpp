@@ -1,19 +1,10 @@
 #include "model/Picture.h"
 
 #include "model/Canvas.h"
+#include "model/Id.h"
 #include "model/PictureData.h"
 #include "model/PixelBudget.h"
 #include "model/PngCodec.h"
-
-namespace {
-
-quint64 nextId()
-{
-    static quint64 s_last = 0;
-    return ++s_last;
-}
-
-}  // namespace
 
 Picture::Data::Data() : id(nextId()) {}
 

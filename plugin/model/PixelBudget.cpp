@@ -59,8 +59,8 @@ void PixelBudget::trim()
         return;
     }
     const bool hasEventLoop = QThread::currentThread()->loopLevel() > 0;
-    const bool isLeft = pack(hasEventLoop || !isAtRest() ? Encode::None : Encode::All);
-    if (isLeft && hasEventLoop && !m_nextTurn.isActive()) {
+    const Encode encode = !isAtRest() ? Encode::None : hasEventLoop ? Encode::Later : Encode::All;
+    if (pack(encode) && !m_nextTurn.isActive()) {
         m_nextTurn.start(0, this);
     }
 }
@@ -85,23 +85,22 @@ bool PixelBudget::pack(Encode encode)
     for (const PictureUser* user : m_users) {
         user->collectPicturesInUse(inUse);
     }
-    bool isLeft = false;
-    for (auto next = m_unpacked.begin(); next != m_unpacked.end() && m_bytes > m_limit;) {
+    qint64 waiting = 0;  // bytes that go when they are encoded
+    for (auto next = m_unpacked.begin(); next != m_unpacked.end() && m_bytes - waiting > m_limit;) {
         Picture::Data& data = **next++;  // packing takes it off the list
-        if (inUse.contains(data.id)) {
+        if (inUse.contains(data.id) || (!data.isClean() && encode == Encode::None)) {
+            continue;
+        }
+        if (!data.isClean() && encode == Encode::Later) {
+            waiting += data.budgeted;
             continue;
         }
         if (!data.isClean()) {
-            if (encode == Encode::None) {
-                isLeft = true;
-                continue;
-            }
-            if (data.encoded().isEmpty()) {
-                continue;
-            }
-            encode = encode == Encode::One ? Encode::None : encode;
+            encode = encode == Encode::One ? Encode::Later : encode;
         }
-        data.dropPixels();
+        if (!data.encoded().isEmpty()) {
+            data.dropPixels();
+        }
     }
-    return isLeft;
+    return waiting > 0;
 }

@@ -32,7 +32,8 @@ public:
     void addUser(const PictureUser* user);
     void removeUser(const PictureUser* user);
 
-    /// Called after what may unpack many pictures or leave them unused: time changes, loads, saves and strokes.
+    /// Called after what may unpack pictures, leave them unused or encode them: time changes, pictures made anew,
+    /// strokes and saves.
     void trim();
 
     // For pictures
@@ -44,10 +45,14 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    enum class Encode { None, One, All };
-    /// True when pictures that have to be encoded are left beyond the limit.
-    bool pack(Encode encode);
-    bool isAtRest() const;  // nothing is played or drawn
+    enum class Encode {
+        None,
+        Later,  ///< by the event loop; what waits for it counts as gone
+        One,    ///< and the others later
+        All
+    };
+    bool pack(Encode encode);  ///< true when pictures wait for the event loop
+    bool isAtRest() const;     // nothing is played or drawn
 
     qint64 m_limit = qint64(256) << 20;
     qint64 m_bytes = 0;

@@ -2,19 +2,16 @@
 
 #include "model/Canvas.h"
 
-#include <QRunnable>
-#include <QSemaphore>
-#include <QThread>
-#include <QThreadPool>
-
 #include <algorithm>
 #include <atomic>
-#include <memory>
+#include <system_error>
+#include <thread>
+#include <vector>
 
 namespace {
 
 constexpr int kBandHeight = 64;
-constexpr int kMostHelpers = 7;  // more wait for memory only
+constexpr unsigned kMostThreads = 8;  // more wait for memory only
 
 class Bands {
 public:
@@ -34,37 +31,29 @@ private:
     std::atomic<int> m_next{0};
 };
 
-class Helper : public QRunnable {
-public:
-    Helper(Bands& bands, QSemaphore& done) : m_bands(bands), m_done(done) {}
-
-    void run() override
-    {
-        m_bands.run();
-        m_done.release();
+// None when the system has no more of them.
+std::vector<std::thread> startedThreads(unsigned count, Bands& bands)
+{
+    std::vector<std::thread> threads;
+    try {
+        while (threads.size() < count) {
+            threads.emplace_back([&bands] { bands.run(); });
+        }
+    } catch (const std::system_error&) {
     }
-
-private:
-    Bands& m_bands;
-    QSemaphore& m_done;
-};
+    return threads;
+}
 
 }  // namespace
 
+// Threads of a pool would outlive this call, and with it perhaps the module, by a few instructions.
 void forRowBands(const std::function<void(int first, int end)>& work)
 {
     Bands bands(work);
-    QSemaphore done;
-    const int wanted = std::min(QThread::idealThreadCount() - 1, kMostHelpers);
-    int helpers = 0;
-    while (helpers < wanted) {
-        std::unique_ptr<Helper> helper(new Helper(bands, done));
-        if (!QThreadPool::globalInstance()->tryStart(helper.get())) {
-            break;
-        }
-        helper.release();  // the pool deletes it
-        ++helpers;
-    }
+    const unsigned wanted = std::min(std::max(std::thread::hardware_concurrency(), 1u), kMostThreads) - 1;
+    std::vector<std::thread> threads = startedThreads(wanted, bands);
     bands.run();
-    done.acquire(helpers);
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
 }

@@ -43,7 +43,8 @@ inline uint16_t lowerHalf(uint16_t a, uint16_t b)
     return static_cast<uint16_t>(static_cast<uint32_t>(a) * b);
 }
 
-/// A product of two fractions of 65535, rounded: (t + (t >> 16) + 0x8000) >> 16.
+/// A product of two fractions of 65535, rounded: (t + (t >> 16) + 0x8000) >> 16, without the lowest bits of what is
+/// added, so that it fits 16 bits.
 inline uint16_t product(uint16_t a, uint16_t b)
 {
     const uint16_t upper = upperHalf(a, b);

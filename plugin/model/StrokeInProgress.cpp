@@ -18,6 +18,8 @@ void StrokeInProgress::begin(const Target& target, const InkedImage& canvas)
     m_floatingBox = QRect();
     m_lastRasterised = 0;
     m_regionTaken = false;
+    m_showsFrame = true;
+    m_showedCanvas = false;
     m_touched = QRect();
 }
 
@@ -37,13 +39,8 @@ void StrokeInProgress::advance(const Picture& base)
         renderShape(m_canvas.image, *m_record, true);
         m_canvas.ink = InkMap::of(m_canvas.image);
         m_touched |= m_canvas.ink.box();
-    } else if (m_record->region.isValid()) {
-        if (m_record->takeRegion) {
-            takeRegion(base);
-        }
-        m_touched |= m_floatingBox;
-        m_floatingBox = m_selection.isNull() ? QRect() : transformedBox(*m_record, m_selection.size());
-        m_touched |= m_floatingBox;
+    } else {
+        advanceTransform(base);
     }
 }
 
@@ -51,8 +48,26 @@ void StrokeInProgress::drawNewestPoints()
 {
     const QRect touched = rasteriseStroke(m_canvas.image, m_record->points, m_lastRasterised, m_record->tool);
     m_lastRasterised = std::max(m_record->points.size() - 1, 0);
-    m_canvas.ink.add(touched);
     m_touched |= touched;
+    if (m_record->tool != ToolType::Eraser) {
+        m_canvas.ink.add(touched);
+    }
+}
+
+void StrokeInProgress::advanceTransform(const Picture& base)
+{
+    const bool shows = showsCanvas();
+    if (shows && m_record->takeRegion) {
+        takeRegion(base);
+    }
+    if (m_showsFrame || shows != m_showedCanvas) {
+        m_touched = m_canvas.image.rect();  // the drawing makes way for the canvas, or for nothing
+    }
+    m_showsFrame = false;
+    m_showedCanvas = shows;
+    m_touched |= m_floatingBox;
+    m_floatingBox = !shows || m_selection.isNull() ? QRect() : transformedBox(*m_record, m_selection.size());
+    m_touched |= m_floatingBox;
 }
 
 // Once only: taken again, the region would be found empty where it was cleared.
@@ -71,7 +86,6 @@ void StrokeInProgress::takeRegion(const Picture& base)
     } else if (m_record->clearOnly || !m_record->keepCut) {
         clearRect(m_canvas.image, region);
     }
-    m_touched = m_canvas.image.rect();  // the canvas shows instead of base from now on
 }
 
 QRect StrokeInProgress::takeTouched()

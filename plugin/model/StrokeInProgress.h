@@ -46,12 +46,15 @@ public:
 
 private:
     void drawNewestPoints();
+    void advanceTransform(const Picture& base);
     void takeRegion(const Picture& base);
 
     std::unique_ptr<ActiveStroke> m_record;
     Target m_target;
     int m_lastRasterised = 0;  // index of the last point that is drawn
     bool m_regionTaken = false;
+    bool m_showsFrame = true;  // a transform that has not been advanced yet
+    bool m_showedCanvas = false;
     QRect m_touched;
     InkedImage m_canvas;
     QImage m_selection;  // what floats in a transform

@@ -88,10 +88,14 @@ private:
         if (!m_plane.begin(boxOf(pixel(place), pixel(walk.at(lastDab))), m_dab)) {
             return;
         }
-        for (qint64 step = firstDab; step <= lastDab; step += m_spacing, walk.advance(place, m_spacing)) {
+        for (qint64 step = firstDab;; step += m_spacing) {
             // How strongly to erase is not asked: what a dab covers is gone.
             m_dab.setOpacity(m_erasing ? 1.0f : walk.opacity(place));
             m_plane.stamp(m_dab, pixel(place));
+            if (step == lastDab) {
+                break;
+            }
+            walk.advance(place, m_spacing);
         }
         m_plane.merge();
     }

@@ -100,7 +100,12 @@ TEST(DabMask, CoversAboutTheAreaOfItsDisc)
 }
 
 // How far apart the rows lie in memory, and how they are padded, differs with the width.
-TEST(DabMask, GivesTheSameAsBytesAndAsWordsWithAndWithoutAvx2)
+class DabMaskLoops : public testing::Test {
+protected:
+    ~DabMaskLoops() override { allowAvx2(true); }
+};
+
+TEST_F(DabMaskLoops, GiveTheSameAsBytesAndAsWordsWithAndWithoutAvx2)
 {
     for (const Mode mode : kModes) {
         for (int width = 2; width <= 100; ++width) {

@@ -225,7 +225,8 @@ protected:
         plain.beginStroke(drawing, kCamera, blank);
         if (transforming) {
             record->tool = ToolType::Transform;
-            record->region = QRect(dice.point(-100, 900), QSize(dice.between(1, 600), dice.between(1, 600)));
+            const QSize size(dice.between(1, 600), dice.between(1, 600));
+            record->region = dice.oneIn(6) ? QRect() : QRect(dice.point(-100, 900), size);
             record->clearOnly = dice.oneIn(4);
             record->keepCut = dice.oneIn(2);
             record->pasteAsIs = dice.oneIn(2);
@@ -282,7 +283,8 @@ protected:
         drawing.setActiveLayer(kCamera, last->address.layerIndex, false);
         goTo(last->address.frameNumber);
         const Layer* active = drawing.activeLayer(kCamera);
-        if (active->currentFrame()->frameNumber() != last->address.frameNumber) {
+        const Frame* frame = active->currentFrame();
+        if (!frame || frame->frameNumber() != last->address.frameNumber) {
             return compare("no undo");
         }
         ASSERT_TRUE(drawing.swapActiveImage(kCamera, last->record)) << steps;
@@ -291,7 +293,8 @@ protected:
         compare("undo");
     }
 
-    /// The plain picture is made first: making the real one consumes what changed.
+    /// A level apart is allowed: what has no ink is not painted, and what has is mixed otherwise. The plain picture is
+    /// made first: making the real one consumes what changed.
     void compare(const std::string& step, bool freehand = false)
     {
         steps += step + ", ";
@@ -338,7 +341,7 @@ protected:
     std::string steps;
 };
 
-TEST_P(FastCompositeTest, EqualsThePlainPictureAfterEveryStep)
+TEST_P(FastCompositeTest, IsWithinOneLevelOfThePlainPictureAndExactUnderNewInk)
 {
     for (int step = 0; step < 24 && !HasFatalFailure(); ++step) {
         act();

@@ -4,6 +4,7 @@
 #include "model/CpuFeatures.h"
 #include "model/StrokeRaster.h"
 #include "support/Dice.h"
+#include "support/Drawings.h"
 #include "support/LiteralRaster.h"
 
 #include <gtest/gtest.h>
@@ -50,13 +51,6 @@ QVector<StrokePoint> wander(unsigned seed, Dice& dice)
 }
 
 // As a stroke begins, and as an eraser finds a drawing: every alpha beside every other.
-QImage unseenInk()
-{
-    QImage canvas(kCanvasSize, kCanvasSize, QImage::Format_RGBA8888);
-    fillInvisible(canvas, QColor(200, 100, 50));
-    return canvas;
-}
-
 QImage mottled()
 {
     QImage canvas(kCanvasSize, kCanvasSize, QImage::Format_RGBA8888);
@@ -94,7 +88,7 @@ protected:
 
 TEST_F(FastRaster, EqualsThePlainOneByteForByteWhateverTheStroke)
 {
-    const QImage canvases[] = {unseenInk(), mottled()};
+    const QImage canvases[] = {drawings::unseenInk(), mottled()};
     for (unsigned seed = 0; seed < 200; ++seed) {
         Dice dice(seed);
         const QVector<StrokePoint> points = wander(seed, dice);

@@ -78,7 +78,12 @@ TEST_F(FrameTest, APictureThatDoesNotDecodeIsNoFrameAndLeavesAPackedOneBlank)
     cut.truncate(cut.size() / 2);
     EXPECT_EQ(Frame::fromPng(timeOfFrame(1), "not a picture"), nullptr);
     EXPECT_EQ(Frame::fromPng(timeOfFrame(1), QByteArray()), nullptr);
-    EXPECT_EQ(Frame::fromPng(timeOfFrame(1), encodePng(pixels::marked(3)).left(30)), nullptr);
+    EXPECT_EQ(Frame::fromPng(timeOfFrame(1), cut.left(30)), nullptr);
+
+    Frame packed(timeOfFrame(1));
+    packed.setPicture(Picture::fromPng(cut.left(30)));
+    EXPECT_TRUE(packed.image().isNull());
+    EXPECT_TRUE(packed.isBlank());
 }
 
 TEST_F(FrameTest, FrameNumbersTruncateTowardZeroInTheUiUnitAndStayWithin32Bits)

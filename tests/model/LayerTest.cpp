@@ -4,6 +4,8 @@
 
 #include <maya/MAnimControl.h>
 
+#include <limits>
+
 namespace {
 
 constexpr int kNone = 1 << 30;

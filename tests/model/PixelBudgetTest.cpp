@@ -137,6 +137,35 @@ TEST_F(PixelBudgetTest, DrawnPicturesArePackedOneATurnOfTheEventLoop)
     }
 }
 
+// Drawn pictures that wait for their turn do not drive out what has just been shown.
+TEST_F(PixelBudgetTest, WhatWaitsToBeEncodedCountsAsGone)
+{
+    addLoadedLayer({4, 5});
+    std::vector<Picture> drawn;
+    for (int i = 0; i < 3; ++i) {
+        drawn.emplace_back(pixels::marked(i));
+    }
+    allowCanvases(3);
+    int turn = 0;
+    QEventLoop loop;
+    QTimer turns;
+    QObject::connect(&turns, &QTimer::timeout, [&] {
+        if (turn++ == 0) {
+            show(4);
+            show(5);
+        }
+        EXPECT_EQ(unpacked(), (QList<int>{4, 5}));
+        if (!drawn[1].isUnpacked() || turn > 100) {
+            loop.quit();
+        }
+    });
+    turns.start(0);
+    loop.exec();
+    EXPECT_FALSE(drawn[0].isUnpacked());
+    EXPECT_FALSE(drawn[1].isUnpacked());
+    EXPECT_TRUE(drawn[2].isUnpacked());
+}
+
 TEST_F(PixelBudgetTest, NothingIsEncodedWhilePlayingOrDrawing)
 {
     addLayer("persp", "Drawn", {1, 2, 3, 4});

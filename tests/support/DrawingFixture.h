@@ -23,14 +23,5 @@ protected:
         return drawing.insertLayer(camera, -1, drawings::layer(name, frameNumbers));
     }
 
-    QStringList names(const QString& camera) const
-    {
-        QStringList list;
-        for (int i = 0; i < drawing.layerCount(camera); ++i) {
-            list << drawing.layerName(camera, i);
-        }
-        return list;
-    }
-
     LayerManager drawing;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/Canvas.h"
 #include "model/LayerManager.h"
 #include "support/Pixels.h"
 
@@ -20,6 +21,14 @@ inline std::unique_ptr<Layer> layer(const QString& name, std::initializer_list<i
         made->insertFrame(std::move(frame));
     }
     return made;
+}
+
+/// A canvas as a stroke in red 200, green 100, blue 50 starts from.
+inline QImage unseenInk()
+{
+    QImage canvas(kCanvasSize, kCanvasSize, QImage::Format_RGBA8888);
+    fillInvisible(canvas, QColor(200, 100, 50));
+    return canvas;
 }
 
 inline StrokePoint point(int x, int y, int width = 10, float opacity = 1.0f)

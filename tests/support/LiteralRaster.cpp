@@ -103,22 +103,15 @@ void buildHardDab(Dab& dab, float radius, float opacity)
 template <class Apply>
 void stamp(QImage& canvas, const Dab& dab, int centreX, int centreY, Apply apply)
 {
-    const int width = canvas.width();
-    const int height = canvas.height();
-    const int reach = dab.reach;
-    for (int dy = -reach; dy <= reach; ++dy) {
-        const int y = centreY + dy;
-        if (y < 0 || y >= height) {
-            continue;
-        }
+    const int firstX = std::max(centreX - dab.reach, 0);
+    const int lastX = std::min(centreX + dab.reach, canvas.width() - 1);
+    const int firstY = std::max(centreY - dab.reach, 0);
+    const int lastY = std::min(centreY + dab.reach, canvas.height() - 1);
+    for (int y = firstY; y <= lastY; ++y) {
         uchar* const pixels = canvas.scanLine(y);
-        const uchar* const mask = dab.alpha[dab.centre + dy] + dab.centre;
-        for (int dx = -reach; dx <= reach; ++dx) {
-            const int x = centreX + dx;
-            if (x < 0 || x >= width) {
-                continue;
-            }
-            apply(pixels[x * kBytesPerPixel + kAlpha], mask[dx]);
+        const uchar* const mask = dab.alpha[dab.centre + y - centreY] + dab.centre;
+        for (int x = firstX; x <= lastX; ++x) {
+            apply(pixels[x * kBytesPerPixel + kAlpha], mask[x - centreX]);
         }
     }
 }

@@ -4,6 +4,8 @@
 
 #include <QTransform>
 
+#include <cmath>
+
 namespace sheet {
 
 namespace {

@@ -11,8 +11,8 @@ QVector<QPoint> crossingCurve(const QRect& area, int penWidth);
 constexpr int kBallKeys = 19;
 constexpr int kBallMiddle = 9;
 int ballFrame(int key);  ///< on every second frame
-/// A ball that falls, is squashed and bounces twice: a layer "Ground" that stands, and a layer "Ball" of kBallKeys
-/// keys. Fills 548 x 280 pixels.
+/// A ball that falls, is squashed and bounces three times: a layer "Ground" that stands, and a layer "Ball" of
+/// kBallKeys keys. Fills 548 x 280 pixels.
 void bouncingBall(Sketch& sketch, const QPoint& corner);
 
 /// A layer "Static" with a pot under the sun, keyed at 0, and a layer "Anim" with a plant that grows at 1, 5 and 10.

@@ -77,14 +77,14 @@ void Page::heading(const QString& text, const QString& explanation)
     m_y += kTextHeight + 12;
 }
 
-void Page::row(const QString& label, Ground ground, const QVector<Picture>& pictures)
+void Page::row(const QString& label, Ground ground, const QVector<Tile>& pictures)
 {
     const bool captioned =
-        std::any_of(pictures.begin(), pictures.end(), [](const Picture& p) { return !p.caption.isEmpty(); });
+        std::any_of(pictures.begin(), pictures.end(), [](const Tile& p) { return !p.caption.isEmpty(); });
     const int top = m_y + (captioned ? kTextHeight : 0);
     QPoint corner(kWidth - kMargin - kRoom, top);
     int height = 0;
-    for (const Picture& each : pictures) {
+    for (const Tile& each : pictures) {
         picture(corner, ground, each);
         corner.rx() += each.image.width() * each.zoom + kGap;
         height = std::max(height, each.image.height() * each.zoom);
@@ -97,7 +97,7 @@ void Page::row(const QString& label, Ground ground, const QVector<Picture>& pict
     m_y = top + height + kGap;
 }
 
-void Page::picture(const QPoint& corner, Ground ground, const Picture& picture)
+void Page::picture(const QPoint& corner, Ground ground, const Tile& picture)
 {
     QPainter painter(&m_page);
     const QRect rect(corner, picture.image.size() * picture.zoom);

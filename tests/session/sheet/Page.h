@@ -11,7 +11,7 @@ namespace sheet {
 /// What a picture lies on: checks show where it is transparent.
 enum class Ground { DarkChecks, LightChecks, Paper, None };
 
-struct Picture {
+struct Tile {
     QImage image;
     QString caption = QString();
     int zoom = 1;  ///< sheet pixels for each of the image's, repeated and not smoothed
@@ -39,11 +39,11 @@ public:
 
     void heading(const QString& text, const QString& explanation);
     void section(const QString& text, const QString& explanation);  ///< a heading under a rule
-    void row(const QString& label, Ground ground, const QVector<Picture>& pictures);
+    void row(const QString& label, Ground ground, const QVector<Tile>& pictures);
     QImage finished() const;
 
 private:
-    void picture(const QPoint& corner, Ground ground, const Picture& picture);
+    void picture(const QPoint& corner, Ground ground, const Tile& picture);
 
     QImage m_page;
     int m_y;  // where the next row begins

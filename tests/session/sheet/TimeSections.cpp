@@ -47,15 +47,15 @@ void addGhosts(Page& page)
                  "Nineteen keys on every second frame, shown at the tenth. Ghosts are counted in keys, are strongest "
                  "next to the drawing and lie under every layer.");
     for (const bool tinted : {false, true}) {
-        QVector<Picture> pictures;
+        QVector<Tile> pictures;
         for (const int count : {0, 1, 3, 9}) {
-            pictures << Picture{ghosted({count, count}, tinted), QString("%1 each side").arg(count)};
+            pictures << Tile{ghosted({count, count}, tinted), QString("%1 each side").arg(count)};
         }
         page.row(tinted ? "tinted" : "as drawn", Ground::Paper, pictures);
     }
     page.row("one side", Ground::Paper,
-             {Picture{ghosted({9, 0}, false), "9 earlier"}, Picture{ghosted({0, 9}, false), "9 later"},
-              Picture{ghosted({3, 0}, true), "3 earlier"}, Picture{ghosted({0, 3}, true), "3 later"}});
+             {Tile{ghosted({9, 0}, false), "9 earlier"}, Tile{ghosted({0, 9}, false), "9 later"},
+              Tile{ghosted({3, 0}, true), "3 earlier"}, Tile{ghosted({0, 3}, true), "3 later"}});
 }
 
 // Holds ---------------------------------------------------------------------------------------------------------------
@@ -108,12 +108,12 @@ void addHolds(Page& page)
     page.section("Holds", "Every layer shows its last key at or before the time, and nothing before its first.");
     Sketch sketch;
     growingPlant(sketch, kCorner);
-    QVector<Picture> pictures;
-    QVector<Picture> strips;
+    QVector<Tile> pictures;
+    QVector<Tile> strips;
     for (const int time : {0, 1, 4, 5, 9, 10, 99}) {
         sketch.goTo(time);
-        pictures << Picture{sketch.shown(kHoldSize), QString("frame %1").arg(time)};
-        strips << Picture{timeStrip({{"Anim", {1, 5, 10}}, {"Static", {0}}}, time)};
+        pictures << Tile{sketch.shown(kHoldSize), QString("frame %1").arg(time)};
+        strips << Tile{timeStrip({{"Anim", {1, 5, 10}}, {"Static", {0}}}, time)};
     }
     page.row("", Ground::Paper, pictures);
     page.row("", Ground::None, strips);
@@ -135,7 +135,7 @@ void addLayers(Page& page)
                  {"Back, Front: Middle is hidden", {1}, 0, 0},
                  {"Back, Front, Middle", {}, 2, 1},
                  {"Front, Back, Middle", {}, 2, 0}};
-    QVector<Picture> pictures;
+    QVector<Tile> pictures;
     for (const auto& c : cases) {
         Sketch sketch;
         landscape(sketch, kCorner);
@@ -144,7 +144,7 @@ void addLayers(Page& page)
         for (const int index : c.hidden) {
             drawing.setLayerVisible(drawing.currentCamera(), index, false);
         }
-        pictures << Picture{sketch.shown(QSize(Page::share(7), 220)), c.caption};
+        pictures << Tile{sketch.shown(QSize(Page::share(7), 220)), c.caption};
     }
     page.row("", Ground::LightChecks, pictures);
 }

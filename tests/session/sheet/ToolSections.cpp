@@ -74,13 +74,13 @@ void addFreehandRows(Page& page, ToolType tool, const QString& name, const QColo
                 {"click", 1.0f, 1.0f, true}};
     for (const auto& row : rows) {
         const bool first = &row == rows;
-        QVector<Picture> pictures;
+        QVector<Tile> pictures;
         for (const FreehandColumn& column : kColumns) {
             const QSize size(column.pictureWidth, row.clicked ? kClickHeight : kCurveHeight);
             const Ink ink = {tool, column.penWidth, row.from, colour, row.to};
             const QString caption = QString(column.reduction == 1 ? "%1 px" : "%1 px, at half size");
-            pictures << Picture{freehand(ink, size, column.reduction, row.clicked),
-                                first ? caption.arg(column.penWidth) : QString()};
+            pictures << Tile{freehand(ink, size, column.reduction, row.clicked),
+                             first ? caption.arg(column.penWidth) : QString()};
         }
         page.row(first ? name + "\n" + row.label : row.label, ground, pictures);
     }
@@ -166,12 +166,12 @@ void addEdges(Page& page)
              slant(s, {ToolType::Eraser, 20, 1.0f, kInk}, c);
          }},
     };
-    QVector<Picture> pictures;
+    QVector<Tile> pictures;
     for (const auto& edge : edges) {
         Sketch sketch;
         const QRect area(kCorner, kEdgeSize);
         edge.draw(blank(sketch), area.center());
-        pictures << Picture{sketch.shown(area.size()), edge.caption, kEdgeZoom};
+        pictures << Tile{sketch.shown(area.size()), edge.caption, kEdgeZoom};
     }
     page.row("", Ground::LightChecks, pictures);
 }
@@ -244,13 +244,13 @@ void addShapes(Page& page)
         {"ellipse", [](Sketch& s, float opacity) { drawBoxes(s, ToolType::Ellipse, opacity); }},
         {"rectangle", [](Sketch& s, float opacity) { drawBoxes(s, ToolType::Rectangle, opacity); }},
     };
-    QVector<Picture> pictures;
+    QVector<Tile> pictures;
     for (const auto& shape : shapes) {
         for (const float opacity : {1.0f, 0.5f}) {
             Sketch sketch;
             shape.draw(blank(sketch), opacity);
-            pictures << Picture{sketch.shown(QSize(Page::share(8), kShapeHeight)),
-                                QString("%1, %2 %").arg(shape.name).arg(int(opacity * 100))};
+            pictures << Tile{sketch.shown(QSize(Page::share(8), kShapeHeight)),
+                             QString("%1, %2 %").arg(shape.name).arg(int(opacity * 100))};
         }
     }
     page.row("", Ground::DarkChecks, pictures);
@@ -273,7 +273,7 @@ void addText(Page& page)
                  {"36 pt, 50 %, edited", 36, 0.5f, "Smear", true},
                  {"36 pt, edited, empty", 36, 1.0f, "", true},
                  {"60 pt", 60, 1.0f, "\u00c0g\u00e9", false}};
-    QVector<Picture> pictures;
+    QVector<Tile> pictures;
     for (const auto& c : cases) {
         Sketch sketch;
         blank(sketch).beginText({ToolType::Text, c.size, c.opacity, kAmber}, kCorner + QPoint(24, 20),
@@ -281,7 +281,7 @@ void addText(Page& page)
         if (!c.edited) {
             sketch.commit();
         }
-        pictures << Picture{sketch.shown(QSize(Page::share(8), 120)), c.caption};
+        pictures << Tile{sketch.shown(QSize(Page::share(8), 120)), c.caption};
     }
     page.row("", Ground::DarkChecks, pictures);
 }
@@ -305,7 +305,7 @@ void addTransforms(Page& page)
          [](ActiveStroke& t) { t.pasteAsIs = true, t.translation = QPoint(56, 32); }},
     };
     const QRect region(kCorner + QPoint(52, 30), QSize(146, 118));
-    QVector<Picture> pictures;
+    QVector<Tile> pictures;
     for (const auto& c : cases) {
         Sketch sketch;
         bird(sketch, region.topLeft() - QPoint(12, 26));
@@ -315,7 +315,7 @@ void addTransforms(Page& page)
                 sketch.commit();
             }
         }
-        pictures << Picture{framed(sketch.shown(QSize(Page::share(8), kShapeHeight)), region), c.caption};
+        pictures << Tile{framed(sketch.shown(QSize(Page::share(8), kShapeHeight)), region), c.caption};
     }
     page.row("", Ground::LightChecks, pictures);
 }

@@ -1,0 +1,7 @@
+#include "model/Id.h"
+
+quint64 nextId()
+{
+    static quint64 s_last = 0;
+    return ++s_last;
+}
