@@ -33,7 +33,8 @@ static inline void stamp(uint8_t* __restrict coverage, ptrdiff_t stride, const B
     const ByteRows m = *mask;
     for (int32_t row = 0; row < m.count; ++row, coverage += stride) {
         const uint8_t* __restrict values = m.values + m.starts[row];
-        for (int32_t block = 0; block < m.columns; block += kMaskBlock) {
+        const MaskSpan span = m.spans[row];
+        for (int32_t block = span.first; block < span.end; block += kMaskBlock) {
             for (int32_t i = block; i < block + kMaskBlock; ++i) {
                 coverage[i] = larger(coverage[i], values[i]);
             }
@@ -45,7 +46,8 @@ static inline void stampWeighted(uint8_t* __restrict coverage, ptrdiff_t stride,
 {
     for (int32_t row = 0; row < mask->count; ++row, coverage += stride) {
         const uint16_t* __restrict values = mask->values + mask->starts[row];
-        for (int32_t block = 0; block < mask->columns; block += kMaskBlock) {
+        const MaskSpan span = mask->spans[row];
+        for (int32_t block = span.first; block < span.end; block += kMaskBlock) {
             for (int32_t i = block; i < block + kMaskBlock; ++i) {
                 coverage[i] = larger(coverage[i], weighted(values[i], factor));
             }
@@ -56,10 +58,12 @@ static inline void stampWeighted(uint8_t* __restrict coverage, ptrdiff_t stride,
 static inline void stampPair(uint8_t* __restrict coverage, ptrdiff_t stride, const WordRows* mask, const MaskPair* pair)
 {
     const MaskPair p = *pair;
+    const MaskSpan* spans = p.down ? mask->pairSpans : mask->spans;
     for (int32_t row = 0; row < mask->count + p.down; ++row, coverage += stride) {
         const uint16_t* __restrict nearRow = mask->values + mask->starts[row];
         const uint16_t* __restrict farRow = mask->values + mask->starts[row - p.down] - p.right;
-        for (int32_t block = 0; block < mask->columns; block += kMaskBlock) {
+        const MaskSpan span = spans[row];
+        for (int32_t block = span.first; block < span.end; block += kMaskBlock) {
             for (int32_t i = block; i < block + kMaskBlock; ++i) {
                 const uint8_t both = larger(weighted(nearRow[i], p.nearFactor), weighted(farRow[i], p.farFactor));
                 coverage[i] = larger(coverage[i], both);

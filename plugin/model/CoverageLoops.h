@@ -6,11 +6,20 @@
 /// Loops take the rows of a dab in whole blocks of this many.
 constexpr int kMaskBlock = 32;
 
+/// The part of a dab's row that the loops go through, half open: whole blocks that hold all that is not 0, and the
+/// column to the right of that.
+struct MaskSpan {
+    int32_t first;
+    int32_t end;
+};
+
 /// The rows of a dab as the loops read them: 0..255, padded with zeros.
 template <class Value>
 struct MaskRows {
     const Value* values;
-    const int32_t* starts;  ///< index in values of each row; starts[-1] and starts[count] are those of an empty row
+    const int32_t* starts;      ///< index in values of each row; starts[-1] and starts[count] are those of an empty row
+    const MaskSpan* spans;      ///< of each row
+    const MaskSpan* pairSpans;  ///< of each row together with the one above it, and of the last one alone
     int32_t count;
     int32_t columns;  ///< multiple of kMaskBlock; the last column, and what lies before the first, are 0
 };

@@ -79,7 +79,8 @@ static void stampWeightedAvx2(uint8_t* coverage, ptrdiff_t stride, const WordRow
     const __m256i f = _mm256_set1_epi16((short)factor);
     for (int32_t row = 0; row < m.count; ++row, coverage += stride) {
         const uint16_t* values = m.values + m.starts[row];
-        for (int32_t i = 0; i < m.columns; i += kMaskBlock) {
+        const MaskSpan span = m.spans[row];
+        for (int32_t i = span.first; i < span.end; i += kMaskBlock) {
             raiseBlock(coverage + i, _mm256_mulhi_epu16(f, loaded(values + i)),
                        _mm256_mulhi_epu16(f, loaded(values + i + 16)));
         }
@@ -97,12 +98,14 @@ static void stampPairAvx2(uint8_t* coverage, ptrdiff_t stride, const WordRows* m
 {
     const WordRows m = *mask;
     const MaskPair p = *pair;
+    const MaskSpan* spans = p.down ? m.pairSpans : m.spans;
     const __m256i n = _mm256_set1_epi16((short)p.nearFactor);
     const __m256i f = _mm256_set1_epi16((short)p.farFactor);
     for (int32_t row = 0; row < m.count + p.down; ++row, coverage += stride) {
         const uint16_t* nearRow = m.values + m.starts[row];
         const uint16_t* farRow = m.values + m.starts[row - p.down] - p.right;
-        for (int32_t i = 0; i < m.columns; i += kMaskBlock) {
+        const MaskSpan span = spans[row];
+        for (int32_t i = span.first; i < span.end; i += kMaskBlock) {
             raiseBlock(coverage + i, stronger(n, nearRow + i, f, farRow + i),
                        stronger(n, nearRow + i + 16, f, farRow + i + 16));
         }

@@ -94,6 +94,25 @@ void DabMask::build()
             }
         }
     }
+    findSpans();
+}
+
+// A row is symmetric, and wider the nearer it is to the middle.
+void DabMask::findSpans()
+{
+    const int width = m_box.width();
+    const int height = m_box.height();
+    for (int row = 0; row < height; ++row) {
+        const auto values = m_shape.begin() + m_starts[row + 1] - m_columns;
+        const auto isSet = [](float value) { return value > 0.0f; };
+        const int empty = static_cast<int>(std::find_if(values, values + width, isSet) - values);
+        const int length = ((width - 2 * empty) / kMaskBlock + 1) * kMaskBlock;
+        const int first = std::min(empty, m_columns - length);
+        m_spans[row] = {first, first + length};
+    }
+    for (int row = 0; row <= height && height > 0; ++row) {
+        m_pairSpans[row] = m_spans[row <= height / 2 ? std::min(row, height - 1) : row - 1];
+    }
 }
 
 void DabMask::layOut(const QRect& box)
@@ -109,8 +128,8 @@ void DabMask::layOut(const QRect& box)
     m_shape.assign(rows * m_columns, 0.0f);
     m_byteValues.assign((rows + 1) * m_columns, 0);
     m_wordValues.assign((rows + 1) * m_columns, 0);
-    m_bytes = {m_byteValues.data(), m_starts + 1, box.height(), m_columns};
-    m_words = {m_wordValues.data(), m_starts + 1, box.height(), m_columns};
+    m_bytes = {m_byteValues.data(), m_starts + 1, m_spans, m_pairSpans, box.height(), m_columns};
+    m_words = {m_wordValues.data(), m_starts + 1, m_spans, m_pairSpans, box.height(), m_columns};
     m_bytesOpacity = m_wordsOpacity = -1.0f;
 }
 

@@ -73,6 +73,7 @@ private:
 
     void build();
     void layOut(const QRect& box);
+    void findSpans();
     void fillBytes();
     void fillWords();
     MaskShape shape() const;
@@ -85,7 +86,9 @@ private:
 
     QRect m_box;
     int m_columns = 0;
-    int m_starts[kRows + 2];     // in the values: of an empty row, those of the box, and the empty one again
+    int m_starts[kRows + 2];       // in the values: of an empty row, those of the box, and the empty one again
+    MaskSpan m_spans[kRows] = {};  // of the rows of the box
+    MaskSpan m_pairSpans[kRows + 1] = {};
     std::vector<float> m_shape;  // of the box, down to its middle
 
     // The mask, an empty row first. Filled when asked for; it is at another opacity until then.
