@@ -245,6 +245,7 @@ TEST_F(PixelBudgetTest, AThousandFramesSteppedThroughStayWithinMemoryAndAreAllTh
     if (kMeasuresMemory) {
         EXPECT_LE(most - before, packedBytes + budget().limit() + kAllowance);
         RecordProperty("megabytes", static_cast<int>((most - before) >> 20));
+        RecordProperty("packedMegabytes", static_cast<int>(packedBytes >> 20));
     }
     for (int i = 1; i <= kFrameCount; ++i) {
         const QImage image = layer().frameNumbered(i)->picture().image();
