@@ -133,6 +133,7 @@ private:
     Frame* strokeTargetFrame() const;
 
     bool onlyTheStrokeChanged(const QString& camera, const CameraDrawing& drawing) const;
+    bool ghostsAreSilenced() const;                                     // by playback
     const InkedImage* shownGhosts(const CameraDrawing& drawing) const;  // null when there are none to see
     void rebuild(const QString& camera, CameraDrawing& drawing);
     void rebuildGhosts(const QString& camera, CameraDrawing& drawing);

@@ -53,12 +53,15 @@ bool LayerManager::onlyTheStrokeChanged(const QString& camera, const CameraDrawi
     return ghostsStay && strokeLayer();
 }
 
-// Ghosts are made anew only while no stroke is drawn.
+bool LayerManager::ghostsAreSilenced() const
+{
+    return m_wasPlaying && Preferences::instance().disableGhostingDuringPlayback();
+}
+
 const InkedImage* LayerManager::shownGhosts(const CameraDrawing& drawing) const
 {
     const GhostOptions options = ghostOptions();
-    const bool silenced = m_wasPlaying && Preferences::instance().disableGhostingDuringPlayback();
-    const bool shown = (options.previous || options.next) && !silenced && drawing.activeIndex() != -1;
+    const bool shown = (options.previous || options.next) && !ghostsAreSilenced() && drawing.activeIndex() != -1;
     return shown && !drawing.ghosts.sheet().image.isNull() ? &drawing.ghosts.sheet() : nullptr;
 }
 
@@ -93,13 +96,13 @@ void LayerManager::rebuild(const QString& camera, CameraDrawing& drawing)
     PixelBudget::instance().trim();
 }
 
+// Ghosts are made anew only while no stroke is drawn.
 void LayerManager::rebuildGhosts(const QString& camera, CameraDrawing& drawing)
 {
     const ActiveStroke* record = stroke(camera);
     const bool drawingNow = record && !record->points.isEmpty();
-    const bool silenced = m_wasPlaying && Preferences::instance().disableGhostingDuringPlayback();
     Layer* active = drawing.layer(drawing.activeIndex());
-    if (active && !drawingNow && !silenced) {
+    if (active && !drawingNow && !ghostsAreSilenced()) {
         drawing.ghosts.rebuild(*active, ghostOptions());
     }
 }

@@ -96,11 +96,12 @@ bool PixelBudget::pack(Encode encode)
             continue;
         }
         if (!data.isClean()) {
+            if (data.encoded().isEmpty()) {
+                continue;  // and it is another one's turn, or this one would hold up all behind it
+            }
             encode = encode == Encode::One ? Encode::Later : encode;
         }
-        if (!data.encoded().isEmpty()) {
-            data.dropPixels();
-        }
+        data.dropPixels();
     }
     return waiting > 0;
 }
