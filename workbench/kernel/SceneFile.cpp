@@ -90,6 +90,33 @@ std::string readWhole(const std::string& path)
     return text;
 }
 
+struct SceneContent {
+    std::string path;
+    std::string bytes;
+};
+
+/// Reads a file into memory. Throws CommandError when it is missing or no scene.
+SceneContent readSceneFile(const std::string& absolutePath)
+{
+    SceneContent content{absolutePath, readWhole(absolutePath)};
+    if (content.bytes.compare(0, 6, "//Maya") != 0)
+        throw CommandError("The file \"" + absolutePath + "\" is not a Maya ASCII scene.");
+    return content;
+}
+
+/// Adds what a scene file holds to the scene as it stands; false, and reported, when some of it could not be read.
+bool addToScene(Session& session, const SceneContent& content)
+{
+    return session.script().executeScene(content.bytes, content.path);
+}
+
+void writeSceneFile(Session& session, const std::string& absolutePath)
+{
+    AtomicFile file(absolutePath);
+    writeSceneText(session, file.stream(), absolutePath);
+    file.commit();
+}
+
 /// Whether a script node was made by the writer. Where the scene has its name already it came in with a number.
 bool carriesPlaybackRange(const Node& node)
 {
@@ -126,9 +153,7 @@ void saveScene(Session& session, const std::string& path)
     {
         const Scene::Activity activity(session.scene, FileActivity::Write);
         const During writing(session.events, "writingFile");
-        AtomicFile file(absolute);
-        writeSceneText(session, file.stream(), absolute);
-        file.commit();
+        writeSceneFile(session, absolute);
     }
     session.scene.setFileName(absolute);
     session.scene.setModified(false);
@@ -138,10 +163,7 @@ void saveScene(Session& session, const std::string& path)
 void openScene(Session& session, const std::string& path)
 {
     const std::string absolute = absolutePath(path);
-    const std::string text = readWhole(absolute);
-    if (text.compare(0, 6, "//Maya") != 0)
-        throw CommandError("The file \"" + absolute + "\" is not a Maya ASCII scene.");
-
+    const SceneContent content = readSceneFile(absolute);
     Scene& scene = session.scene;
     const TimeState before(scene);
     {
@@ -151,8 +173,7 @@ void openScene(Session& session, const std::string& path)
         session.undo.flush();
         scene.reset();
         scene.setFileName(absolute);
-        const bool ok = session.script().executeScene(text, absolute);
-        scene.setReadWithErrors(!ok);
+        scene.setReadWithErrors(!addToScene(session, content));
         runConfigurationScripts(session);
     }
     scene.setModified(false);
