@@ -1,11 +1,13 @@
 #include "model/LayerDataText.h"
 
+#include "model/Hex.h"
 #include "settings/Messages.h"
 #include "settings/Names.h"
 #include "settings/Text.h"
 
 #include <maya/MFileIO.h>
 
+#include <algorithm>
 #include <locale>
 #include <ostream>
 
@@ -118,7 +120,7 @@ bool readFrame(Arguments& arguments, int index, Layer& layer)
     }
     int length = 0;
     const char* digits = hex.asUTF8(length);
-    std::unique_ptr<Frame> frame = Frame::fromPng(time, QByteArray::fromHex(QByteArray::fromRawData(digits, length)));
+    std::unique_ptr<Frame> frame = Frame::fromPng(time, decodeHex(digits, length));
     if (frame) {
         layer.insertFrame(std::move(frame));
     } else {
@@ -202,10 +204,12 @@ void writeString(std::ostream& out, const QString& text)
 
 void writeHex(std::ostream& out, const QByteArray& bytes)
 {
-    constexpr int kBlock = 1 << 15;  // a picture is large: no second copy of all of it
+    constexpr int kBlock = 1 << 14;  // a picture is large: no second copy of all of it
+    char digits[2 * kBlock];
     for (int at = 0; at < bytes.size(); at += kBlock) {
-        const QByteArray hex = bytes.mid(at, kBlock).toHex();
-        out.write(hex.constData(), hex.size());
+        const int count = std::min(kBlock, bytes.size() - at);
+        encodeHex(digits, bytes.constData() + at, count);
+        out.write(digits, 2 * count);
     }
 }
 
