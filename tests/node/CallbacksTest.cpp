@@ -99,6 +99,30 @@ TEST_F(CallbacksTest, AChangeOfSelectionOrTimeUnitRefreshesTheMarks)
     EXPECT_EQ(marks.refreshes, 2);
 }
 
+TEST_F(CallbacksTest, AUnitInWhichFramesShareANumberIsWarnedOfOnceAndUndoGivesTheNumbersBack)
+{
+    const auto addLayer = [this](const char* name, const QList<int>& numbers) {
+        drawing().setActiveLayer("persp", drawing().insertLayer("persp", -1, name), true);
+        for (const int number : numbers) {
+            drawing().addFrame("persp", timeOfFrame(number));
+        }
+    };
+    addLayer("Sparse", {8, 16});
+    addLayer("Ink", {8, 9, 10, 11});
+    addLayer("Rough", {8, 9});
+    const QString before = describeDrawing();
+    run("duplicate tqLumisketch1");  // shares the drawing
+    forgetLines();
+    run("currentUnit -t game");
+    EXPECT_THAT(warnings(), ElementsAre("[Lumisketch2] In this time unit some frames are hidden behind an earlier one "
+                                        "of the same number: Ink (2), Rough (1)"));
+    forgetLines();
+    run("undo");
+    EXPECT_EQ(describeDrawing(), before);
+    run("currentUnit -t ntscf");
+    EXPECT_THAT(warnings(), ElementsAre());
+}
+
 TEST_F(CallbacksTest, AnOpenedSceneIsPublishedAtItsTime)
 {
     drawing().insertLayer("persp", -1, "Ink");
