@@ -6,6 +6,7 @@
 
 #include "app/Host.h"
 #include "model/BaseNodeLayerData.h"
+#include "model/CpuFeatures.h"
 #include "model/FrameNumber.h"
 #include "model/Hex.h"
 #include "model/PngCodec.h"
@@ -172,13 +173,20 @@ void measureHex(const PairedTiming& timing)
 {
     const QByteArray bytes = drawnPng(1);
     const QByteArray digits = bytes.toHex();
-    timing.row("digits of a picture's bytes", 4, making([&bytes] { return bytes.toHex(); }), making([&bytes] {
-                   QByteArray text(2 * bytes.size(), Qt::Uninitialized);
-                   encodeHex(text.data(), bytes.constData(), bytes.size());
-                   return text;
-               }));
-    timing.row("a picture's bytes of their digits", 7, making([&digits] { return QByteArray::fromHex(digits); }),
-               making([&digits] { return decodeHex(digits.constData(), digits.size()); }));
+    for (const bool wide : {true, false}) {
+        allowAvx2(wide);
+        const std::string loops = wide ? "" : ", portable loops";
+        timing.row("digits of a picture's bytes" + loops, wide ? 4 : 0, making([&bytes] { return bytes.toHex(); }),
+                   making([&bytes] {
+                       QByteArray text(2 * bytes.size(), Qt::Uninitialized);
+                       encodeHex(text.data(), bytes.constData(), bytes.size());
+                       return text;
+                   }));
+        timing.row("a picture's bytes of their digits" + loops, wide ? 7 : 0,
+                   making([&digits] { return QByteArray::fromHex(digits); }),
+                   making([&digits] { return decodeHex(digits.constData(), digits.size()); }));
+    }
+    allowAvx2(true);
 }
 
 // Memory --------------------------------------------------------------------------------------------------------------

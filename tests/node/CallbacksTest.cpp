@@ -4,6 +4,8 @@
 #include "node/Callbacks.h"
 
 #include <maya/MFileIO.h>
+#include <maya/MFnDependencyNode.h>
+#include <maya/MPlug.h>
 
 namespace {
 
@@ -48,6 +50,21 @@ protected:
         marks.updates = marks.refreshes = list.refreshes = 0;
     }
     ~CallbacksTest() override { callbacks::remove(); }
+
+    void shareDrawingWithASecondNode()
+    {
+        const auto dataOf = [](BaseNode& holder) {
+            return MFnDependencyNode(holder.thisMObject()).findPlug("layerData", false);
+        };
+        BaseNode& first = node();
+        ASSERT_TRUE(run("createNode tqLumisketch"));
+        for (BaseNode* other : BaseNode::allNodes()) {
+            if (other != &first) {
+                ASSERT_TRUE(dataOf(*other).setMObject(dataOf(first).asMObject()));
+                ASSERT_EQ(other->layerManager(), first.layerManager());
+            }
+        }
+    }
 
     Marks marks;
     List list;
@@ -111,7 +128,7 @@ TEST_F(CallbacksTest, AUnitInWhichFramesShareANumberIsWarnedOfOnceAndUndoGivesTh
     addLayer("Ink", {8, 9, 10, 11});
     addLayer("Rough", {8, 9});
     const QString before = describeDrawing();
-    run("duplicate tqLumisketch1");  // shares the drawing
+    shareDrawingWithASecondNode();
     forgetLines();
     run("currentUnit -t game");
     EXPECT_THAT(warnings(), ElementsAre("[Lumisketch2] In this time unit some frames are hidden behind an earlier one "
