@@ -26,31 +26,11 @@ public:
 
     MStatus status() const { return m_status; }
 
-    bool takeBool(bool& value, const char* message)
-    {
-        value = m_list.asBool(m_next++, &m_status);
-        return check(message);
-    }
-    bool takeInt(int& value, const char* message)
-    {
-        value = m_list.asInt(m_next++, &m_status);
-        return check(message);
-    }
-    bool takeDouble(double& value, const char* message)
-    {
-        value = m_list.asDouble(m_next++, &m_status);
-        return check(message);
-    }
-    bool takeTime(MTime& value, const char* message)
-    {
-        value = m_list.asTime(m_next++, &m_status);
-        return check(message);
-    }
-    bool takeString(MString& value, const char* message)
-    {
-        value = m_list.asString(m_next++, &m_status);
-        return check(message);
-    }
+    bool takeBool(bool& value, const char* message) { return take(&MArgList::asBool, value, message); }
+    bool takeInt(int& value, const char* message) { return take(&MArgList::asInt, value, message); }
+    bool takeDouble(double& value, const char* message) { return take(&MArgList::asDouble, value, message); }
+    bool takeTime(MTime& value, const char* message) { return take(&MArgList::asTime, value, message); }
+    bool takeString(MString& value, const char* message) { return take(&MArgList::asString, value, message); }
     bool takeString(QString& value, const char* message)
     {
         MString text;
@@ -66,8 +46,10 @@ public:
     QString takeActiveCamera() { return toQString(m_list.asString(m_next++)); }
 
 private:
-    bool check(const char* message) const
+    template <class Value>
+    bool take(Value (MArgList::*read)(unsigned int, MStatus*) const, Value& value, const char* message)
     {
+        value = (m_list.*read)(m_next++, &m_status);
         if (!m_status) {
             report(message);
         }

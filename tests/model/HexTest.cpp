@@ -69,7 +69,7 @@ TEST_P(HexTest, OddAndDirtyTextIsReadAsQtDoes)
         for (int dirt = m_dice.between(0, 3); dirt > 0; --dirt) {
             text.insert(m_dice.between(0, text.size()), static_cast<char>(m_dice.between(0, 255)));
         }
-        ASSERT_EQ(decoded(text), QByteArray::fromHex(text)) << text.toStdString();
+        ASSERT_EQ(decoded(text), QByteArray::fromHex(text)) << "in hexadecimal: " << text.toHex().toStdString();
     }
     EXPECT_EQ(decoded("abc"), QByteArray("\x0a\xbc"));
     EXPECT_EQ(decoded("no x"), QByteArray());
