@@ -6,6 +6,7 @@
 #include <maya/MAnimControl.h>
 
 #include <algorithm>
+#include <set>
 
 Layer::Layer() : m_id(nextId()), m_name(QString("New Layer")) {}
 
@@ -107,6 +108,12 @@ QList<int> Layer::frameNumbers() const
     return numbers;
 }
 
+int Layer::hiddenFrameCount() const
+{
+    const QList<int> numbers = frameNumbers();
+    return numbers.size() - static_cast<int>(std::set<int>(numbers.begin(), numbers.end()).size());
+}
+
 Frame* Layer::nextFrame(bool wrap) const
 {
     const auto next = firstAfter(currentFrameNumber());
@@ -141,7 +148,10 @@ void Layer::retime(const QList<int>& numbers)
 
 void Layer::updateCurrentFrame(int frameNumber)
 {
-    const int index = static_cast<int>(firstAfter(frameNumber) - m_frames.begin()) - 1;
+    int index = static_cast<int>(firstAfter(frameNumber) - m_frames.begin()) - 1;
+    while (index > 0 && frameAt(index - 1)->frameNumber() == frameAt(index)->frameNumber()) {
+        --index;  // what is shown is what is found by its number, and drawn on
+    }
     m_dirty = m_dirty || index != m_current;
     m_current = index;
 }

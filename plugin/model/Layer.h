@@ -57,6 +57,9 @@ public:
     void clearFrames();
 
     QList<int> frameNumbers() const;
+    /// How many frames have the number of an earlier one. In a slower time unit several frames come to have one: they
+    /// all stay, but the first is the one that is found by its number and shown.
+    int hiddenFrameCount() const;
     Frame* nextFrame(bool wrap) const;      ///< the first after the current time; null when there is none
     Frame* previousFrame(bool wrap) const;  ///< the last before the current time; null when there is none
     /// Gives frame i the number numbers[i]. Neither sorts nor marks dirty: the caller supplies ascending numbers and

@@ -122,6 +122,15 @@ TEST_F(NodeCommandTest, GivesTheCameraAFirstLayerAsTheFlagsSay)
     EXPECT_THAT(errors(), IsEmpty());
 }
 
+TEST_F(NodeCommandTest, GivesTheFirstLayerNamesThatASavedSceneCanHold)
+{
+    ASSERT_TRUE(command("-l -c \"a\\\"cam\" -ln \"b\\\\c\\nd\" -ls 2 -f"));
+    EXPECT_EQ(drawing().cameras(), QStringList{"a'cam"});
+    EXPECT_EQ(drawing().layerName("a'cam", 0), "b/cd");
+    EXPECT_EQ(drawing().layerState("a'cam", 0), kLayerLocked);
+    EXPECT_EQ(drawing().frameNumbers("a'cam").size(), 1);
+}
+
 TEST_F(NodeCommandTest, KeysTheCurrentFrameWhenNothingIsHighlighted)
 {
     goTo(6);
