@@ -117,4 +117,10 @@ private:
 };
 using NodePtr = std::shared_ptr<Node>;
 
+/// Orders nodes as they were made.
+inline bool isOlder(const NodePtr& a, const NodePtr& b)
+{
+    return a->serial() < b->serial();
+}
+
 }  // namespace kernel

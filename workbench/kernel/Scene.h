@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kernel/NameIndex.h"
 #include "kernel/Node.h"
 #include "kernel/Time.h"
 
@@ -144,6 +145,7 @@ private:
     void removeFromScene(const NodePtr& node);
     bool isNameTaken(const std::string& name, const Node& node, const Node* parent) const;
     std::string freeName(const std::string& wanted, const Node& node, const Node* parent) const;
+    void giveName(Node& node, const std::string& name);
     void raise(const char* event);
     void addStartupCameras();
     void addDefaultNodes();
@@ -155,6 +157,7 @@ private:
     Session& m_session;
     std::vector<NodePtr> m_nodes;
     std::vector<NodePtr> m_roots;
+    mutable NameIndex m_names;  ///< of m_nodes; who asks for a free name leaves a note
     std::vector<NodePtr> m_selection;
     std::vector<std::weak_ptr<Node>> m_all;  ///< every node ever made that still lives
     std::size_t m_pruneAt = 64;              ///< size of m_all at which the dead are taken out
