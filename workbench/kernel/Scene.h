@@ -2,9 +2,11 @@
 
 #include "kernel/NameIndex.h"
 #include "kernel/Node.h"
+#include "kernel/SceneFileType.h"
 #include "kernel/Time.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -99,6 +101,9 @@ public:
     // --- file ------------------------------------------------------------------------------------------------
     const std::string& fileName() const { return m_fileName; }
     void setFileName(std::string name) { m_fileName = std::move(name); }
+    /// The type it was read or saved in, or is to be saved in; none for a new scene.
+    std::optional<SceneFileType> fileType() const { return m_fileType; }
+    void setFileType(std::optional<SceneFileType> type) { m_fileType = type; }
     /// Whether statements of the file could not be read when it was opened.
     bool wasReadWithErrors() const { return m_readErrors; }
     void setReadWithErrors(bool on) { m_readErrors = on; }
@@ -170,6 +175,7 @@ private:
     Range m_sliderRange{1, 2};
     bool m_hasSliderRange = false;
     std::string m_fileName;
+    std::optional<SceneFileType> m_fileType;
     bool m_modified = false;
     bool m_readErrors = false;
     FileActivity m_activity = FileActivity::None;
