@@ -1,6 +1,7 @@
 #pragma once
 
 #include "api/Tools.h"
+#include "kernel/Arguments.h"
 #include "kernel/Syntax.h"
 
 #include <maya/MArgParser.h>
@@ -21,8 +22,24 @@ bool toTime(const kernel::Value& value, MTime& time);
 
 // What the API's commands, tools and argument lists hold.
 
-struct ArgumentValues {
-    kernel::ValueList values;
+/// Arguments a list holds, or those it is lent while a module reads its data. A copy holds them in any case.
+class ArgumentValues {
+public:
+    explicit ArgumentValues(kernel::ValueList values = {}) : m_values(std::move(values)) {}
+    explicit ArgumentValues(const kernel::Arguments& lent) : m_lent(&lent) {}
+    ArgumentValues(const ArgumentValues& other) : m_values(other.all()) {}
+    ArgumentValues& operator=(const ArgumentValues& other);
+
+    std::size_t size() const { return m_lent ? m_lent->size() : m_values.size(); }
+    /// Null when there is none. A lent one is borrowed until the next is asked for.
+    const kernel::Value* at(std::size_t index) const;
+    kernel::ValueList all() const;
+    void append(kernel::Value value) { m_values.push_back(std::move(value)); }  ///< not to a lent list
+
+private:
+    kernel::ValueList m_values;
+    const kernel::Arguments* m_lent = nullptr;
+    mutable kernel::Value m_made;  ///< the lent argument asked for last
 };
 
 struct ParsedArguments {
@@ -59,7 +76,9 @@ struct Access {
     static MSyntax aliasOf(std::shared_ptr<kernel::Syntax> own);
     static std::shared_ptr<kernel::Syntax> syntax(const MSyntax& syntax) { return syntax.m_syntax; }
     static MArgList arguments(kernel::ValueList values);
-    static const kernel::ValueList& values(const MArgList& list) { return list.m_values->values; }
+    /// A list that asks for its arguments as they are read from it. args: outlives it.
+    static MArgList lent(const kernel::Arguments& args);
+    static kernel::ValueList values(const MArgList& list) { return list.m_values->all(); }
     static MArgParser parser(std::shared_ptr<const ParsedArguments> parsed);
     static kernel::Value& value(MCommandResult& result) { return result.m_value->value; }
     static CommandState& state(MPxCommand& command) { return *command.m_state; }

@@ -13,12 +13,6 @@ const char* withoutDash(const char* name)
     return name[0] == '-' ? name + 1 : name;
 }
 
-/// The argument at an index, or null.
-const kernel::Value* at(const api::ArgumentValues& list, unsigned index)
-{
-    return index < list.values.size() ? &list.values[index] : nullptr;
-}
-
 bool isScalar(const kernel::Value& value)
 {
     return std::holds_alternative<int>(value) || std::holds_alternative<double>(value)
@@ -29,7 +23,7 @@ bool isScalar(const kernel::Value& value)
 /// when they are not there.
 bool takeNumbers(const api::ArgumentValues& list, unsigned& index, double* numbers, unsigned count)
 {
-    const kernel::Value* first = at(list, index);
+    const kernel::Value* first = list.at(index);
     if (first && count == 3 && std::holds_alternative<kernel::Vector3>(*first)) {
         const auto& vector = std::get<kernel::Vector3>(*first);
         numbers[0] = vector.x;
@@ -39,7 +33,7 @@ bool takeNumbers(const api::ArgumentValues& list, unsigned& index, double* numbe
         return true;
     }
     for (unsigned i = 0; i < count; ++i) {
-        const kernel::Value* value = at(list, index + i);
+        const kernel::Value* value = list.at(index + i);
         if (!value || !kernel::toDouble(*value, numbers[i]))
             return false;
     }
@@ -60,7 +54,7 @@ Array takeArray(const api::ArgumentValues& list, unsigned& index, bool (*convert
         result.append(element);
         return true;
     };
-    const kernel::Value* first = at(list, index);
+    const kernel::Value* first = list.at(index);
     bool ok = first != nullptr;
     if (ok && kernel::isArray(*first)) {
         if (const auto* ints = std::get_if<kernel::IntArray>(first)) {
@@ -80,7 +74,7 @@ Array takeArray(const api::ArgumentValues& list, unsigned& index, bool (*convert
         else
             result.clear();
     } else if (ok) {
-        while (at(list, index) && take(*at(list, index)))
+        for (; first && take(*first); first = list.at(index))
             ++index;
         ok = result.length() > 0;
     }
@@ -116,10 +110,44 @@ bool toTime(const kernel::Value& value, MTime& time)
     return true;
 }
 
+ArgumentValues& ArgumentValues::operator=(const ArgumentValues& other)
+{
+    m_values = other.all();
+    m_lent = nullptr;
+    return *this;
+}
+
+const kernel::Value* ArgumentValues::at(std::size_t index) const
+{
+    if (index >= size())
+        return nullptr;
+    if (!m_lent)
+        return &m_values[index];
+    m_made = m_lent->at(index);
+    return &m_made;
+}
+
+kernel::ValueList ArgumentValues::all() const
+{
+    if (!m_lent)
+        return m_values;
+    kernel::ValueList values;
+    for (std::size_t i = 0; i < m_lent->size(); ++i)
+        values.push_back(m_lent->at(i));
+    return values;
+}
+
 MArgList Access::arguments(kernel::ValueList values)
 {
     MArgList list;
-    list.m_values->values = std::move(values);
+    list.m_values = std::make_unique<ArgumentValues>(std::move(values));
+    return list;
+}
+
+MArgList Access::lent(const kernel::Arguments& args)
+{
+    MArgList list;
+    list.m_values = std::make_unique<ArgumentValues>(args);
     return list;
 }
 
@@ -142,12 +170,12 @@ MArgList::~MArgList() = default;
 unsigned int MArgList::length(MStatus* ReturnStatus) const
 {
     report(ReturnStatus, MStatus::kSuccess);
-    return static_cast<unsigned int>(m_values->values.size());
+    return static_cast<unsigned int>(m_values->size());
 }
 
 bool MArgList::asBool(unsigned int index, MStatus* ReturnStatus) const
 {
-    const kernel::Value* value = at(*m_values, index);
+    const kernel::Value* value = m_values->at(index);
     bool result = false;
     const bool ok = value && kernel::toBool(*value, result);
     report(ReturnStatus, ok ? MStatus::kSuccess : MStatus::kFailure);
@@ -156,7 +184,7 @@ bool MArgList::asBool(unsigned int index, MStatus* ReturnStatus) const
 
 int MArgList::asInt(unsigned int index, MStatus* ReturnStatus) const
 {
-    const kernel::Value* value = at(*m_values, index);
+    const kernel::Value* value = m_values->at(index);
     int result = 0;
     const bool ok = value && kernel::toInt(*value, result);
     report(ReturnStatus, ok ? MStatus::kSuccess : MStatus::kFailure);
@@ -165,7 +193,7 @@ int MArgList::asInt(unsigned int index, MStatus* ReturnStatus) const
 
 double MArgList::asDouble(unsigned int index, MStatus* ReturnStatus) const
 {
-    const kernel::Value* value = at(*m_values, index);
+    const kernel::Value* value = m_values->at(index);
     double result = 0;
     const bool ok = value && kernel::toDouble(*value, result);
     report(ReturnStatus, ok ? MStatus::kSuccess : MStatus::kFailure);
@@ -174,7 +202,7 @@ double MArgList::asDouble(unsigned int index, MStatus* ReturnStatus) const
 
 MString MArgList::asString(unsigned int index, MStatus* ReturnStatus) const
 {
-    const kernel::Value* value = at(*m_values, index);
+    const kernel::Value* value = m_values->at(index);
     MString result;
     const bool ok = value && toHostText(*value, result);
     report(ReturnStatus, ok ? MStatus::kSuccess : MStatus::kFailure);
@@ -183,7 +211,7 @@ MString MArgList::asString(unsigned int index, MStatus* ReturnStatus) const
 
 MTime MArgList::asTime(unsigned int index, MStatus* ReturnStatus) const
 {
-    const kernel::Value* value = at(*m_values, index);
+    const kernel::Value* value = m_values->at(index);
     MTime result(0.0, MTime::uiUnit());
     const bool ok = value && api::toTime(*value, result);
     report(ReturnStatus, ok ? MStatus::kSuccess : MStatus::kFailure);
@@ -223,25 +251,25 @@ MStringArray MArgList::asStringArray(unsigned int& index, MStatus* ReturnStatus)
 
 MStatus MArgList::addArg(bool arg)
 {
-    m_values->values.emplace_back(arg ? 1 : 0);
+    m_values->append(arg ? 1 : 0);
     return MStatus::kSuccess;
 }
 
 MStatus MArgList::addArg(int arg)
 {
-    m_values->values.emplace_back(arg);
+    m_values->append(arg);
     return MStatus::kSuccess;
 }
 
 MStatus MArgList::addArg(double arg)
 {
-    m_values->values.emplace_back(arg);
+    m_values->append(arg);
     return MStatus::kSuccess;
 }
 
 MStatus MArgList::addArg(const MString& arg)
 {
-    m_values->values.emplace_back(api::toKernel(arg));
+    m_values->append(api::toKernel(arg));
     return MStatus::kSuccess;
 }
 
@@ -252,8 +280,8 @@ MStatus MArgList::addArg(const MTime& arg)
 
 unsigned int MArgList::flagIndex(const char* shortFlag, const char* longFlag) const
 {
-    for (unsigned i = 0; i < m_values->values.size(); ++i) {
-        const auto* text = std::get_if<std::string>(&m_values->values[i]);
+    for (unsigned i = 0; i < m_values->size(); ++i) {
+        const auto* text = std::get_if<std::string>(m_values->at(i));
         if (!text || text->size() < 2 || text->front() != '-')
             continue;
         const std::string name = text->substr(1);

@@ -4,8 +4,8 @@
 #include "kernel/SceneFile.h"
 #include "kernel/Session.h"
 
-#include <cstring>
 #include <functional>
+#include <optional>
 
 using kernel::FileActivity;
 
@@ -41,10 +41,13 @@ void requireSaved(bool force)
         throw kernel::CommandError("Unsaved changes");
 }
 
-/// Scenes are read and written in text form; null leaves the choice to the host.
-bool isTextType(const char* type)
+/// Null leaves the choice to the host. Throws for a type it does not know.
+std::optional<kernel::SceneFileType> fileType(const char* name)
 {
-    return !type || std::strcmp(type, "mayaAscii") == 0;
+    const auto type = name ? kernel::fileTypeNamed(name) : std::nullopt;
+    if (name && !type)
+        throw kernel::CommandError("Unsupported file type: " + std::string(name));
+    return type;
 }
 
 }  // namespace
@@ -97,9 +100,8 @@ MStatus MFileIO::newFile(bool force)
 
 MStatus MFileIO::open(const MString& fileName, const char* type, bool force)
 {
-    if (!isTextType(type))
-        return MStatus::kNotImplemented;
     return attempt([&] {
+        fileType(type);  // what the file is, its content says
         requireSaved(force);
         kernel::openScene(session(), api::toKernel(fileName));
     });
@@ -115,9 +117,7 @@ MStatus MFileIO::save(bool /*force*/)
 
 MStatus MFileIO::saveAs(const MString& fileName, const char* type, bool /*force*/)
 {
-    if (!isTextType(type))
-        return MStatus::kNotImplemented;
-    return attempt([&] { kernel::saveScene(session(), api::toKernel(fileName)); });
+    return attempt([&] { kernel::saveScene(session(), api::toKernel(fileName), fileType(type)); });
 }
 
 OPENMAYA_MAJOR_NAMESPACE_CLOSE

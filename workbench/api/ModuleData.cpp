@@ -97,9 +97,9 @@ bool ModuleData::writeText(std::ostream& out)
     return m_object && m_object->writeASCII(out);
 }
 
-bool ModuleData::readText(const kernel::ValueList& args, unsigned& next)
+bool ModuleData::readText(const kernel::Arguments& args, unsigned& next)
 {
-    return m_object && m_object->readASCII(Access::arguments(args), next);
+    return m_object && m_object->readASCII(Access::lent(args), next);
 }
 
 bool ModuleData::writeBinary(std::ostream& out)

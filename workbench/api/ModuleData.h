@@ -35,7 +35,7 @@ public:
     std::string typeName() const override { return m_typeName; }
     std::uint32_t typeId() const override { return m_typeId; }
     bool writeText(std::ostream& out) override;
-    bool readText(const kernel::ValueList& args, unsigned& next) override;
+    bool readText(const kernel::Arguments& args, unsigned& next) override;
     bool writeBinary(std::ostream& out) override;
     bool readBinary(std::istream& in, unsigned length) override;
     std::shared_ptr<kernel::CustomData> copy() const override;

@@ -1,5 +1,6 @@
 #include "app/FileActions.h"
 
+#include "kernel/SceneFile.h"
 #include "mel/builtins/Quoting.h"
 
 #include <QAbstractButton>
@@ -14,7 +15,52 @@ namespace app {
 namespace {
 
 constexpr QSize kFileDialogSize(800, 480);
-const char kSceneFilter[] = "Scenes (*.ma);;All files (*)";
+const char kOpenFilter[] = "Scenes (*.ma *.mb);;All files (*)";
+
+struct SaveFilter {
+    const char* text;
+    kernel::SceneFileType type;
+};
+const SaveFilter kSaveFilters[] = {
+    {"Scene, text (*.ma)", kernel::SceneFileType::Ascii},
+    {"Scene, binary (*.mb)", kernel::SceneFileType::Binary},
+};
+
+/// The save dialog's filters, one of which chooses the type of the file.
+class TypeFilters {
+public:
+    explicit TypeFilters(QFileDialog& dialog) : m_dialog(dialog)
+    {
+        QStringList texts;
+        for (const SaveFilter& filter : kSaveFilters) {
+            texts << FileActions::tr(filter.text);
+        }
+        dialog.setNameFilters(texts);
+        // A name without a suffix gets that of the type.
+        QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [this] { setSuffix(); });
+    }
+
+    void choose(kernel::SceneFileType type)
+    {
+        for (const SaveFilter& filter : kSaveFilters) {
+            if (filter.type == type) {
+                m_dialog.selectNameFilter(FileActions::tr(filter.text));
+            }
+        }
+        setSuffix();
+    }
+
+    kernel::SceneFileType type() const
+    {
+        const int row = m_dialog.nameFilters().indexOf(m_dialog.selectedNameFilter());
+        return kSaveFilters[row < 0 ? 0 : row].type;
+    }
+
+private:
+    void setSuffix() { m_dialog.setDefaultSuffix(kernel::fileTypeExtension(type()) + 1); }
+
+    QFileDialog& m_dialog;
+};
 
 /// Runs a dialog and gives the keyboard back to the window, which without a window manager nobody else does.
 int runDialog(QDialog& dialog, QWidget* window)
@@ -74,7 +120,7 @@ void FileActions::Open()
     if (!mayDiscardScene()) {
         return;
     }
-    QFileDialog dialog(m_window, tr("Open"), folder(), tr(kSceneFilter));
+    QFileDialog dialog(m_window, tr("Open"), folder(), tr(kOpenFilter));
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.resize(kFileDialogSize);
     if (runDialog(dialog, m_window) == QDialog::Accepted) {
@@ -89,16 +135,19 @@ bool FileActions::Save()
 
 bool FileActions::SaveAs()
 {
-    QFileDialog dialog(m_window, tr("Save As"), folder(), tr(kSceneFilter));
+    QFileDialog dialog(m_window, tr("Save As"), folder());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix("ma");
+    TypeFilters filters(dialog);
+    filters.choose(kernel::fileTypeFor(m_session.scene, m_session.scene.fileName()));
     dialog.resize(kFileDialogSize);
     if (runDialog(dialog, m_window) != QDialog::Accepted) {
         return false;
     }
     const std::string path = dialog.selectedFiles().value(0).toStdString();
     const std::string before = m_session.scene.fileName();
-    if (m_run("file -rename " + mel::quoted(path) + "; file -save -type \"mayaAscii\"")) {
+    const kernel::SceneFileType chosen = kernel::fileTypeOfName(path).value_or(filters.type());
+    const std::string type = mel::quoted(kernel::fileTypeName(chosen));
+    if (m_run("file -rename " + mel::quoted(path) + "; file -save -type " + type)) {
         return true;
     }
     m_session.scene.setFileName(before);  // the next Save must not go where this one could not

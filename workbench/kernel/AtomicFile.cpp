@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -29,6 +30,26 @@ std::string resolved(const std::string& path)
     return target;
 }
 
+/// Whether a path leads to the file that is open.
+bool isAt(const std::string& path, int descriptor)
+{
+    struct stat there = {};
+    struct stat own = {};
+    return ::lstat(path.c_str(), &there) == 0 && ::fstat(descriptor, &own) == 0 && there.st_ino == own.st_ino
+        && there.st_dev == own.st_dev;
+}
+
+/// Removes a temporary file that no living process holds; where that cannot be told it stays.
+void removeLeftover(const std::string& path)
+{
+    const int descriptor = ::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    if (::flock(descriptor, LOCK_EX | LOCK_NB) == 0 && isAt(path, descriptor))
+        ::unlink(path.c_str());
+    ::close(descriptor);
+}
+
 std::string folderOf(const std::string& path)
 {
     const std::size_t slash = path.rfind('/');
@@ -44,17 +65,18 @@ void AtomicFile::Buffer::open(int descriptor)
     setp(m_buffer.data(), m_buffer.data() + m_buffer.size());
 }
 
-bool AtomicFile::Buffer::close()
+bool AtomicFile::Buffer::flushToDisk()
 {
-    if (m_descriptor < 0)
-        return m_error == 0;
     sync();
     if (m_error == 0 && ::fsync(m_descriptor) != 0)
         m_error = errno;
-    if (::close(m_descriptor) != 0 && m_error == 0)
-        m_error = errno;
-    m_descriptor = -1;
     return m_error == 0;
+}
+
+void AtomicFile::Buffer::close()
+{
+    ::close(m_descriptor);
+    m_descriptor = -1;
 }
 
 bool AtomicFile::Buffer::write(const char* data, std::size_t size)
@@ -66,6 +88,7 @@ bool AtomicFile::Buffer::write(const char* data, std::size_t size)
                 m_error = errno;
             continue;
         }
+        m_written += written;
         data += written;
         size -= static_cast<std::size_t>(written);
     }
@@ -98,6 +121,28 @@ std::streamsize AtomicFile::Buffer::xsputn(const char* data, std::streamsize siz
     return sync() == 0 && write(data, static_cast<std::size_t>(size)) ? size : 0;
 }
 
+AtomicFile::Buffer::pos_type AtomicFile::Buffer::seekoff(off_type offset, std::ios_base::seekdir from,
+                                                         std::ios_base::openmode which)
+{
+    if (from == std::ios_base::end)
+        return off_type(-1);
+    const off_type now = m_written + (pptr() - pbase());
+    const off_type target = from == std::ios_base::beg ? offset : now + offset;
+    return target == now ? pos_type(now) : seekpos(target, which);
+}
+
+AtomicFile::Buffer::pos_type AtomicFile::Buffer::seekpos(pos_type position, std::ios_base::openmode)
+{
+    if (sync() != 0)
+        return off_type(-1);
+    if (::lseek(m_descriptor, position, SEEK_SET) < 0) {
+        m_error = errno;
+        return off_type(-1);
+    }
+    m_written = position;
+    return position;
+}
+
 AtomicFile::AtomicFile(const std::string& path) : m_path(path), m_target(resolved(path)), m_stream(&m_buffer)
 {
     struct stat existing = {};
@@ -108,15 +153,7 @@ AtomicFile::AtomicFile(const std::string& path) : m_path(path), m_target(resolve
     if (exists && ::access(m_target.c_str(), W_OK) != 0)
         fail(errno);
 
-    int descriptor = -1;
-    for (int i = 0; descriptor < 0 && i < kTries; ++i) {
-        m_temporary = m_target + ".tmp" + std::to_string(::getpid()) + '_' + std::to_string(i);
-        descriptor = ::open(m_temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        if (descriptor < 0 && errno != EEXIST)
-            break;
-    }
-    if (descriptor < 0)
-        fail(errno);
+    const int descriptor = openTemporary();
     if (exists)
         ::fchmod(descriptor, existing.st_mode & 07777);
     m_buffer.open(descriptor);
@@ -127,20 +164,40 @@ AtomicFile::~AtomicFile()
 {
     if (m_committed)
         return;
-    m_buffer.close();
     ::unlink(m_temporary.c_str());
+    m_buffer.close();
+}
+
+// Each writer holds a lock on its file, which ends with the process: what nobody holds was left by a killed one.
+int AtomicFile::openTemporary()
+{
+    for (int i = 0; i < kTries; ++i) {
+        m_temporary = m_target + ".saving" + std::to_string(i);
+        removeLeftover(m_temporary);
+        const int descriptor = ::open(m_temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (descriptor < 0 && errno != EEXIST)
+            fail(errno);
+        if (descriptor < 0)
+            continue;
+        ::flock(descriptor, LOCK_EX | LOCK_NB);
+        if (isAt(m_temporary, descriptor))
+            return descriptor;
+        ::close(descriptor);  // taken for a leftover before it was locked
+    }
+    fail(EEXIST);
 }
 
 void AtomicFile::commit()
 {
     m_stream.flush();
-    if (!m_buffer.close())
+    if (!m_buffer.flushToDisk())
         fail(m_buffer.error());
     if (!m_stream)
         fail(EIO);
     if (::rename(m_temporary.c_str(), m_target.c_str()) != 0)
         fail(errno);
     m_committed = true;
+    m_buffer.close();
     // The new name is safe once the folder is; not every file system can do that, and the content is.
     const int folder = ::open(folderOf(m_target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (folder >= 0) {

@@ -9,7 +9,8 @@
 namespace kernel {
 
 /// Writes a file so that its path holds either the old content or all of the new: a temporary file beside it takes the
-/// place of the target on commit(). Everything throws CommandError with the system's reason.
+/// place of the target on commit(). What a process left that was killed meanwhile is removed by the next that writes to
+/// the same path. Everything throws CommandError with the system's reason.
 class AtomicFile {
 public:
     explicit AtomicFile(const std::string& path);
@@ -17,7 +18,7 @@ public:
     AtomicFile(const AtomicFile&) = delete;
     AtomicFile& operator=(const AtomicFile&) = delete;
 
-    /// In the "C" locale. Goes bad on a write error, which commit() then reports.
+    /// In the "C" locale; can be written in any order. Goes bad on a write error, which commit() then reports.
     std::ostream& stream() { return m_stream; }
     void commit();
 
@@ -26,7 +27,8 @@ private:
     class Buffer : public std::streambuf {
     public:
         void open(int descriptor);
-        bool close();  ///< flushes to the disk
+        bool flushToDisk();
+        void close();
         int descriptor() const { return m_descriptor; }
         int error() const { return m_error; }
 
@@ -34,15 +36,20 @@ private:
         int_type overflow(int_type c) override;
         std::streamsize xsputn(const char* data, std::streamsize size) override;
         int sync() override;
+        pos_type seekoff(off_type offset, std::ios_base::seekdir from, std::ios_base::openmode which) override;
+        pos_type seekpos(pos_type position, std::ios_base::openmode which) override;
 
     private:
         bool write(const char* data, std::size_t size);
 
         int m_descriptor = -1;
         int m_error = 0;
+        off_type m_written = 0;  ///< where in the file the buffered bytes belong
         std::vector<char> m_buffer;
     };
 
+    /// Gives the descriptor of a new file at m_temporary.
+    int openTemporary();
     [[noreturn]] void fail(int error) const;
 
     const std::string m_path;

@@ -88,6 +88,7 @@ void Scene::reset()
     m_animation = {1, 48};
     m_hasSliderRange = false;
     m_fileName.clear();
+    m_fileType.reset();
     m_readErrors = false;
     addStartupCameras();
     addDefaultNodes();

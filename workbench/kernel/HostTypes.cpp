@@ -1,5 +1,6 @@
 #include "kernel/HostTypes.h"
 
+#include "kernel/ChunkId.h"
 #include "kernel/NodeType.h"
 
 namespace kernel {
@@ -278,13 +279,7 @@ const Rows kScript = {
     {"ignoreReferenceEdits", "ire", kBool},
 };
 
-constexpr std::uint32_t code(const char (&text)[5])
-{
-    return std::uint32_t(std::uint8_t(text[0])) << 24 | std::uint32_t(std::uint8_t(text[1])) << 16
-         | std::uint32_t(std::uint8_t(text[2])) << 8 | std::uint8_t(text[3]);
-}
-
-void add(NodeTypes& types, const char* name, const char* base, NodeRole role, std::uint32_t id,
+void add(NodeTypes& types, const char* name, const char* base, NodeRole role, ChunkId id,
          std::vector<AttributePtr> attributes)
 {
     NodeType type;
@@ -301,30 +296,30 @@ void add(NodeTypes& types, const char* name, const char* base, NodeRole role, st
 void addHostTypes(NodeTypes& types)
 {
     const auto dependency = NodeRole::Dependency;
-    add(types, "dependNode", nullptr, dependency, code("NODE"), attributesOf(kDependNode));
-    add(types, "dagNode", "dependNode", NodeRole::Dag, code("DAGN"), attributesOf(kDagNode));
+    add(types, "dependNode", nullptr, dependency, chunkId("NODE"), attributesOf(kDependNode));
+    add(types, "dagNode", "dependNode", NodeRole::Dag, chunkId("DAGN"), attributesOf(kDagNode));
 
     std::vector<AttributePtr> transform = attributesOf(kTransformTriples);
     const std::vector<AttributePtr> more = attributesOf(kTransform);
     transform.insert(transform.end(), more.begin(), more.end());
-    add(types, "transform", "dagNode", NodeRole::Transform, code("XFRM"), transform);
+    add(types, "transform", "dagNode", NodeRole::Transform, chunkId("XFRM"), transform);
 
-    add(types, "shape", "dagNode", NodeRole::Shape, code("SHAP"), {});
-    add(types, "camera", "shape", NodeRole::Camera, code("DCAM"), attributesOf(kCamera));
-    add(types, "locator", "shape", NodeRole::Locator, code("LOCT"), attributesOf(kLocator));
-    add(types, "implicitBox", "shape", NodeRole::Shape, code("IBOX"), attributesOf(kImplicitBox));
-    add(types, "implicitSphere", "shape", NodeRole::Shape, code("ISPH"), attributesOf(kImplicitSphere));
-    add(types, "implicitCone", "shape", NodeRole::Shape, code("ICON"), attributesOf(kImplicitCone));
+    add(types, "shape", "dagNode", NodeRole::Shape, chunkId("SHAP"), {});
+    add(types, "camera", "shape", NodeRole::Camera, chunkId("DCAM"), attributesOf(kCamera));
+    add(types, "locator", "shape", NodeRole::Locator, chunkId("LOCT"), attributesOf(kLocator));
+    add(types, "implicitBox", "shape", NodeRole::Shape, chunkId("IBOX"), attributesOf(kImplicitBox));
+    add(types, "implicitSphere", "shape", NodeRole::Shape, chunkId("ISPH"), attributesOf(kImplicitSphere));
+    add(types, "implicitCone", "shape", NodeRole::Shape, chunkId("ICON"), attributesOf(kImplicitCone));
 
-    add(types, "time", "dependNode", dependency, code("TIME"), attributesOf(kTimeNode));
-    add(types, "renderGlobals", "dependNode", dependency, code("RNGL"), attributesOf(kRenderGlobals));
-    add(types, "resolution", "dependNode", dependency, code("RESL"), attributesOf(kResolution));
-    add(types, "script", "dependNode", dependency, code("SCRP"), attributesOf(kScript));
+    add(types, "time", "dependNode", dependency, chunkId("TIME"), attributesOf(kTimeNode));
+    add(types, "renderGlobals", "dependNode", dependency, chunkId("RNGL"), attributesOf(kRenderGlobals));
+    add(types, "resolution", "dependNode", dependency, chunkId("RESL"), attributesOf(kResolution));
+    add(types, "script", "dependNode", dependency, chunkId("SCRP"), attributesOf(kScript));
 
     // What a node of a missing module is kept as, by its place in the graph.
-    add(types, "unknown", "dependNode", dependency, code("UNKN"), {});
-    add(types, "unknownDag", "shape", NodeRole::Shape, code("UNKD"), {});
-    add(types, "unknownTransform", "transform", NodeRole::Transform, code("UNKT"), {});
+    add(types, "unknown", "dependNode", dependency, chunkId("UNKN"), {});
+    add(types, "unknownDag", "shape", NodeRole::Shape, chunkId("UNKD"), {});
+    add(types, "unknownTransform", "transform", NodeRole::Transform, chunkId("UNKT"), {});
 }
 
 }  // namespace kernel

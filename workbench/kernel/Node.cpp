@@ -123,8 +123,17 @@ Node::Node(const NodeType& type, std::string name) : m_name(std::move(name)), m_
 
 Node::~Node()
 {
-    for (const NodePtr& child : m_children)
+    // Whole branches go at once, and may be deeper than calls can be nested.
+    std::vector<NodePtr> left = std::move(m_children);
+    while (!left.empty()) {
+        const NodePtr child = std::move(left.back());
+        left.pop_back();
         child->m_parent = nullptr;
+        if (child.use_count() == 1) {
+            left.insert(left.end(), child->m_children.begin(), child->m_children.end());
+            child->m_children.clear();
+        }
+    }
 }
 
 const std::string& Node::typeName() const

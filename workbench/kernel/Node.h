@@ -93,6 +93,10 @@ public:
     /// Statements of an unknown node that could not be applied, kept word for word and written back.
     std::vector<std::string> unknownStatements;
     std::string unknownType;  ///< set when the real type was not available
+    /// What an unknown node was in a binary scene: the type's identifier (0: in none) and its chunks, written back as
+    /// they are.
+    std::uint32_t binaryType = 0;
+    std::string binaryChunks;
 
 private:
     friend class Scene;
@@ -116,5 +120,11 @@ private:
     std::unique_ptr<NodeProxy> m_proxy;
 };
 using NodePtr = std::shared_ptr<Node>;
+
+/// Orders nodes as they were made.
+inline bool isOlder(const NodePtr& a, const NodePtr& b)
+{
+    return a->serial() < b->serial();
+}
 
 }  // namespace kernel

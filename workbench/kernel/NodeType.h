@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "kernel/Value.h"
+#include "kernel/Arguments.h"
 
 namespace kernel {
 
@@ -51,8 +51,9 @@ public:
     virtual bool writeText(std::ostream& out) = 0;
     /// args: the whole statement's tokens; `next` is the first of the data on entry and one past the last used on
     /// return.
-    virtual bool readText(const ValueList& args, unsigned& next) = 0;
+    virtual bool readText(const Arguments& args, unsigned& next) = 0;
     virtual bool writeBinary(std::ostream& out) = 0;
+    /// length: what there is to read, in bytes.
     virtual bool readBinary(std::istream& in, unsigned length) = 0;
     virtual std::shared_ptr<CustomData> copy() const = 0;
 };

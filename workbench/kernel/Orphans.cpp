@@ -1,6 +1,6 @@
 #include "kernel/Scene.h"
+#include "kernel/SceneSections.h"
 #include "kernel/SceneText.h"
-#include "kernel/SceneWriter.h"
 #include "kernel/Session.h"
 
 #include <algorithm>

@@ -8,16 +8,21 @@ namespace kernel {
 
 namespace {
 
-/// The node and everything below it, parents first.
-void collect(const NodePtr& node, std::vector<NodePtr>& out)
+/// The node and everything below it, parents first. Scenes may be nested very deep, so nothing here recurses.
+std::vector<NodePtr> withDescendants(const NodePtr& node)
 {
-    out.push_back(node);
-    for (const NodePtr& child : node->children())
-        collect(child, out);
+    std::vector<NodePtr> nodes{node};
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        const std::vector<NodePtr>& children = nodes[i]->children();
+        nodes.insert(nodes.end(), children.begin(), children.end());
+    }
+    return nodes;
 }
 
 bool isBelow(const Node* node, const Node& ancestor)
 {
+    if (ancestor.children().empty())
+        return node == &ancestor;
     for (; node; node = node->parent()) {
         if (node == &ancestor)
             return true;
@@ -108,9 +113,7 @@ void Scene::attach(const NodePtr& node, Node* parent, int index)
     node->m_parent = parent;
     if (node->type().isDag())
         insertAt(parent ? parent->m_children : m_roots, node, index);
-    std::vector<NodePtr> added;
-    collect(node, added);
-    for (const NodePtr& one : added)
+    for (const NodePtr& one : withDescendants(node))
         addToScene(one);
     touch();
     if (node->type().isDag())
@@ -121,9 +124,8 @@ void Scene::addToScene(const NodePtr& node)
 {
     node->m_scene = this;
     // A node that comes back takes its old place, so that undo leaves the scene file as it was.
-    const auto place = std::upper_bound(m_nodes.begin(), m_nodes.end(), node,
-                                        [](const NodePtr& a, const NodePtr& b) { return a->m_serial < b->m_serial; });
-    m_nodes.insert(place, node);
+    m_nodes.insert(std::upper_bound(m_nodes.begin(), m_nodes.end(), node, isOlder), node);
+    m_names.add(node);
 }
 
 void Scene::detach(const NodePtr& node)
@@ -134,17 +136,16 @@ void Scene::detach(const NodePtr& node)
     if (kept->type().isDag())
         erase(kept->m_parent ? kept->m_parent->m_children : m_roots, kept);
     kept->m_parent = nullptr;
-    std::vector<NodePtr> removed;
-    collect(kept, removed);
-    for (const NodePtr& one : removed)
-        removeFromScene(one);
+    const std::vector<NodePtr> removed = withDescendants(kept);
+    std::for_each(removed.rbegin(), removed.rend(), [this](const NodePtr& one) { removeFromScene(one); });
     touch();
 }
 
 void Scene::removeFromScene(const NodePtr& node)
 {
     node->m_scene = nullptr;
-    erase(m_nodes, node);
+    m_nodes.erase(std::lower_bound(m_nodes.begin(), m_nodes.end(), node, isOlder));
+    m_names.remove(node);
     if (std::find(m_selection.begin(), m_selection.end(), node) != m_selection.end()) {
         erase(m_selection, node);
         m_selectionEventDue = true;
@@ -164,7 +165,7 @@ void Scene::setParent(const NodePtr& node, Node* parent, int index)
     checkParent(*node, parent);
     const NodePtr kept = node;
     erase(kept->m_parent ? kept->m_parent->m_children : m_roots, kept);
-    kept->m_name = freeName(kept->m_name, *kept, parent);
+    giveName(*kept, freeName(kept->m_name, *kept, parent));
     kept->m_parent = parent;
     insertAt(parent ? parent->m_children : m_roots, kept, index);
     touch();
@@ -172,14 +173,14 @@ void Scene::setParent(const NodePtr& node, Node* parent, int index)
 
 void Scene::walkDag(const std::function<bool(Node&)>& visit) const
 {
-    const std::function<void(const std::vector<NodePtr>&)> walk = [&](const std::vector<NodePtr>& list) {
-        const std::vector<NodePtr> nodes = list;  // the visitor may change the graph
-        for (const NodePtr& node : nodes) {
-            if (visit(*node))
-                walk(node->children());
-        }
-    };
-    walk(m_roots);
+    // The visitor may change the graph: whoever is to be visited is held here.
+    std::vector<NodePtr> next(m_roots.rbegin(), m_roots.rend());
+    while (!next.empty()) {
+        const NodePtr node = std::move(next.back());
+        next.pop_back();
+        if (visit(*node))
+            next.insert(next.end(), node->children().rbegin(), node->children().rend());
+    }
 }
 
 std::vector<NodePtr> Scene::cameras() const

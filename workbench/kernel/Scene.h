@@ -1,9 +1,12 @@
 #pragma once
 
+#include "kernel/NameIndex.h"
 #include "kernel/Node.h"
+#include "kernel/SceneFileType.h"
 #include "kernel/Time.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -98,6 +101,9 @@ public:
     // --- file ------------------------------------------------------------------------------------------------
     const std::string& fileName() const { return m_fileName; }
     void setFileName(std::string name) { m_fileName = std::move(name); }
+    /// The type it was read or saved in, or is to be saved in; none for a new scene.
+    std::optional<SceneFileType> fileType() const { return m_fileType; }
+    void setFileType(std::optional<SceneFileType> type) { m_fileType = type; }
     /// Whether statements of the file could not be read when it was opened.
     bool wasReadWithErrors() const { return m_readErrors; }
     void setReadWithErrors(bool on) { m_readErrors = on; }
@@ -144,6 +150,7 @@ private:
     void removeFromScene(const NodePtr& node);
     bool isNameTaken(const std::string& name, const Node& node, const Node* parent) const;
     std::string freeName(const std::string& wanted, const Node& node, const Node* parent) const;
+    void giveName(Node& node, const std::string& name);
     void raise(const char* event);
     void addStartupCameras();
     void addDefaultNodes();
@@ -155,6 +162,7 @@ private:
     Session& m_session;
     std::vector<NodePtr> m_nodes;
     std::vector<NodePtr> m_roots;
+    mutable NameIndex m_names;  ///< of m_nodes; who asks for a free name leaves a note
     std::vector<NodePtr> m_selection;
     std::vector<std::weak_ptr<Node>> m_all;  ///< every node ever made that still lives
     std::size_t m_pruneAt = 64;              ///< size of m_all at which the dead are taken out
@@ -167,6 +175,7 @@ private:
     Range m_sliderRange{1, 2};
     bool m_hasSliderRange = false;
     std::string m_fileName;
+    std::optional<SceneFileType> m_fileType;
     bool m_modified = false;
     bool m_readErrors = false;
     FileActivity m_activity = FileActivity::None;

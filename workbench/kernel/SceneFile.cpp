@@ -1,15 +1,16 @@
 #include "kernel/SceneFile.h"
 
 #include "kernel/AtomicFile.h"
+#include "kernel/FileContent.h"
+#include "kernel/SceneBinaryReader.h"
+#include "kernel/SceneBinaryWriter.h"
+#include "kernel/SceneSections.h"
 #include "kernel/SceneWriter.h"
 #include "kernel/Session.h"
 
-#include <cerrno>
 #include <filesystem>
-#include <fstream>
+#include <memory>
 #include <system_error>
-
-#include <sys/stat.h>
 
 namespace kernel {
 
@@ -64,56 +65,41 @@ std::string absolutePath(const std::string& path)
     return error ? path : absolute.lexically_normal().string();
 }
 
-[[noreturn]] void failReading(const std::string& path, int error)
-{
-    if (error == ENOENT || error == ENOTDIR)
-        throw CommandError("File not found: " + path);
-    throw CommandError("The file \"" + path + "\" could not be read: " + std::generic_category().message(error));
-}
-
-std::string readWhole(const std::string& path)
-{
-    struct stat status = {};
-    if (::stat(path.c_str(), &status) != 0)
-        failReading(path, errno);
-    if (S_ISDIR(status.st_mode))
-        failReading(path, EISDIR);
-    errno = 0;
-    std::ifstream in(path, std::ios::binary);
-    if (!in)
-        failReading(path, errno ? errno : EIO);
-    std::string text(static_cast<std::size_t>(status.st_size), '\0');
-    in.read(&text[0], static_cast<std::streamsize>(text.size()));
-    if (in.bad())
-        failReading(path, EIO);
-    text.resize(static_cast<std::size_t>(in.gcount()));
-    return text;
-}
-
+/// A file that holds a scene.
 struct SceneContent {
     std::string path;
-    std::string bytes;
+    FileContent file;
+    SceneFileType type = SceneFileType::Ascii;
 };
 
-/// Reads a file into memory. Throws CommandError when it is missing or no scene.
-SceneContent readSceneFile(const std::string& absolutePath)
+/// Recognises a file by its content. Throws CommandError when it is missing or no scene.
+std::unique_ptr<SceneContent> readSceneFile(const std::string& absolutePath)
 {
-    SceneContent content{absolutePath, readWhole(absolutePath)};
-    if (content.bytes.compare(0, 6, "//Maya") != 0)
-        throw CommandError("The file \"" + absolutePath + "\" is not a Maya ASCII scene.");
+    std::unique_ptr<SceneContent> content(new SceneContent{absolutePath, FileContent(absolutePath)});
+    const std::string_view bytes = content->file.bytes();
+    if (isBinaryScene(bytes))
+        content->type = SceneFileType::Binary;
+    else if (bytes.substr(0, 6) != "//Maya")
+        throw CommandError("The file \"" + absolutePath + "\" is not a Maya scene.");
     return content;
 }
 
 /// Adds what a scene file holds to the scene as it stands; false, and reported, when some of it could not be read.
 bool addToScene(Session& session, const SceneContent& content)
 {
-    return session.script().executeScene(content.bytes, content.path);
+    const PartRead partRead = [&content](std::string_view part) { content.file.release(part); };
+    if (content.type == SceneFileType::Binary)
+        return SceneBinaryReader(session, content.file.bytes(), content.path, partRead).read();
+    return session.script().executeScene(content.file.bytes(), content.path, partRead);
 }
 
-void writeSceneFile(Session& session, const std::string& absolutePath)
+void writeSceneFile(Session& session, const std::string& absolutePath, SceneFileType type)
 {
     AtomicFile file(absolutePath);
-    writeSceneText(session, file.stream(), absolutePath);
+    if (type == SceneFileType::Binary)
+        writeSceneBinary(session, file.stream());
+    else
+        writeSceneText(session, file.stream(), absolutePath);
     file.commit();
 }
 
@@ -147,15 +133,27 @@ void writeSceneText(Session& session, std::ostream& out, const std::string& file
     SceneWriter(session, out, fileName).write();
 }
 
-void saveScene(Session& session, const std::string& path)
+void writeSceneBinary(Session& session, std::ostream& out)
+{
+    SceneBinaryWriter(session, out).write();
+}
+
+SceneFileType fileTypeFor(const Scene& scene, const std::string& path)
+{
+    return scene.fileType().value_or(fileTypeOfName(path).value_or(SceneFileType::Binary));
+}
+
+void saveScene(Session& session, const std::string& path, std::optional<SceneFileType> wanted)
 {
     const std::string absolute = absolutePath(path);
+    const SceneFileType type = wanted.value_or(fileTypeFor(session.scene, absolute));
     {
         const Scene::Activity activity(session.scene, FileActivity::Write);
         const During writing(session.events, "writingFile");
-        writeSceneFile(session, absolute);
+        writeSceneFile(session, absolute, type);
     }
     session.scene.setFileName(absolute);
+    session.scene.setFileType(type);
     session.scene.setModified(false);
     session.events.raise("SceneSaved");
 }
@@ -163,7 +161,7 @@ void saveScene(Session& session, const std::string& path)
 void openScene(Session& session, const std::string& path)
 {
     const std::string absolute = absolutePath(path);
-    const SceneContent content = readSceneFile(absolute);
+    const std::unique_ptr<SceneContent> content = readSceneFile(absolute);
     Scene& scene = session.scene;
     const TimeState before(scene);
     {
@@ -173,7 +171,8 @@ void openScene(Session& session, const std::string& path)
         session.undo.flush();
         scene.reset();
         scene.setFileName(absolute);
-        scene.setReadWithErrors(!addToScene(session, content));
+        scene.setFileType(content->type);
+        scene.setReadWithErrors(!addToScene(session, *content));
         runConfigurationScripts(session);
     }
     scene.setModified(false);

@@ -29,10 +29,7 @@ std::vector<std::string> parts(const std::string& text, char divider)
 /// Name without the digits at its end.
 std::string stem(const std::string& name)
 {
-    std::size_t end = name.size();
-    while (end > 0 && isDigit(name[end - 1]))
-        --end;
-    return name.substr(0, end);
+    return name.substr(0, name.find_last_not_of("0123456789") + 1);
 }
 
 /// The shape of ball is ballShape, that of ball2 ballShape2.
@@ -42,22 +39,36 @@ std::string shapeName(const std::string& transform)
     return start + "Shape" + transform.substr(start.size());
 }
 
-/// The name itself, or the next one free behind its number; "#" at the end asks for the first free number.
-template <typename IsTaken>
-std::string firstFree(const std::string& wanted, const IsTaken& isTaken)
-{
-    const bool wantsNumber = !wanted.empty() && wanted.back() == '#';
-    if (!wantsNumber && !isTaken(wanted))
-        return wanted;
-    const std::string start = stem(wantsNumber ? wanted.substr(0, wanted.size() - 1) : wanted);
-    int number = 0;
-    const bool counts = !wantsNumber && parseInt(wanted.substr(start.size()), number) && number < 1000000000;
-    if (!counts)
-        number = 0;
+/// A name that may have to get a number to be free.
+struct WantedName {
+    explicit WantedName(const std::string& wanted) : wantsNumber(!wanted.empty() && wanted.back() == '#')
+    {
+        name = wantsNumber ? wanted.substr(0, wanted.size() - 1) : wanted;
+        start = stem(name);
+        if (wantsNumber || !parseInt(name.substr(start.size()), number) || number >= 1000000000)
+            number = 0;
+    }
+
     std::string name;
-    do {
-        name = start + std::to_string(++number);
-    } while (isTaken(name));
+    std::string start;
+    bool wantsNumber;
+    int number = 0;  ///< the free one is above this
+};
+
+/// The name itself, or the next one free behind its number; "#" at the end asks for the first free number.
+/// run: what is known of the numbers behind the name's start, and what is known after this.
+template <typename IsTaken>
+std::string firstFree(const WantedName& wanted, const IsTaken& isTaken, NameIndex::TakenRun& run)
+{
+    if (!wanted.wantsNumber && !isTaken(wanted.name))
+        return wanted.name;
+    const int first = wanted.number + 1;
+    const bool isKnown = run.first <= first && first <= run.end;
+    int number = isKnown ? run.end : first;
+    std::string name = wanted.start + std::to_string(number);
+    while (isTaken(name))
+        name = wanted.start + std::to_string(++number);
+    run = {isKnown ? run.first : first, number};
     return name;
 }
 
@@ -147,40 +158,61 @@ std::string Scene::legalName(const std::string& wanted)
 
 bool Scene::isNameTaken(const std::string& name, const Node& node, const Node* parent) const
 {
-    return std::any_of(m_nodes.begin(), m_nodes.end(), [&](const NodePtr& other) {
-        if (other.get() == &node || other->m_name != name)
-            return false;
-        const bool bothInDag = node.type().isDag() && other->type().isDag();
-        return !bothInDag || other->m_parent == parent;
-    });
+    const std::vector<NodePtr>& named = m_names.nodes(name);
+    // A node outside the DAG shares its name with no other.
+    if (!named.empty() && (!node.type().isDag() || !named.front()->type().isDag()))
+        return named.size() > 1 || named.front().get() != &node;
+    const auto isOther = [&](const NodePtr& other) {
+        return other.get() != &node && other->m_parent == parent && other->m_name == name;
+    };
+    const std::vector<NodePtr>& siblings = parent ? parent->m_children : m_roots;
+    const std::vector<NodePtr>& shorter = siblings.size() < named.size() ? siblings : named;
+    return std::any_of(shorter.begin(), shorter.end(), isOther);
 }
 
 std::string Scene::freeName(const std::string& wanted, const Node& node, const Node* parent) const
 {
-    return firstFree(wanted, [&](const std::string& name) { return isNameTaken(name, node, parent); });
+    const WantedName parts(wanted);
+    const void* const scope = node.type().isDag() ? static_cast<const void*>(parent) : this;
+    NameIndex::TakenRun own;  // what is free for a node of the scene is not for others: its own name
+    NameIndex::TakenRun& run = node.m_scene ? own : m_names.takenRun(scope, parts.start);
+    return firstFree(
+        parts, [&](const std::string& name) { return isNameTaken(name, node, parent); }, run);
 }
 
 std::string Scene::uniqueName(const std::string& wanted) const
 {
-    return firstFree(legalName(wanted), [this](const std::string& name) {
-        return std::any_of(m_nodes.begin(), m_nodes.end(),
-                           [&name](const NodePtr& node) { return node->m_name == name; });
-    });
+    const WantedName parts(legalName(wanted));
+    return firstFree(
+        parts, [this](const std::string& name) { return !m_names.nodes(name).empty(); },
+        m_names.takenRun(this, parts.start));
+}
+
+void Scene::giveName(Node& node, const std::string& name)
+{
+    if (node.m_name == name)
+        return;
+    const NodePtr self = node.shared_from_this();
+    if (node.m_scene)
+        m_names.remove(self);
+    node.m_name = name;
+    if (node.m_scene)
+        m_names.add(self);
 }
 
 std::string Scene::rename(Node& node, const std::string& name)
 {
     const std::string before = node.m_name;
-    node.m_name = freeName(legalName(name), node, node.m_parent);
+    giveName(node, freeName(legalName(name), node, node.m_parent));
     if (node.m_name == before)
         return node.m_name;
     for (const NodePtr& child : node.m_children) {
         if (!child->type().isShape())
             continue;
         if (child->m_name == shapeName(before))
-            child->m_name = freeName(shapeName(node.m_name), *child, &node);
+            giveName(*child, freeName(shapeName(node.m_name), *child, &node));
         else if (child->m_name == before + "Shape")
-            child->m_name = freeName(node.m_name + "Shape", *child, &node);
+            giveName(*child, freeName(node.m_name + "Shape", *child, &node));
     }
     if (node.m_scene) {
         touch();
@@ -194,7 +226,7 @@ void Scene::restoreNames(const std::vector<std::pair<NodePtr, std::string>>& nam
     bool isChange = false;
     for (const auto& entry : names) {
         isChange = isChange || entry.first->m_name != entry.second;
-        entry.first->m_name = entry.second;
+        giveName(*entry.first, entry.second);
     }
     if (isChange) {
         touch();
@@ -206,7 +238,7 @@ std::vector<NodePtr> Scene::find(const std::string& nameOrPattern) const
 {
     const Query query(nameOrPattern);
     std::vector<NodePtr> found;
-    for (const NodePtr& node : m_nodes) {
+    for (const NodePtr& node : query.hasPattern ? m_nodes : m_names.nodes(query.steps.back())) {
         if (query.fits(*node))
             found.push_back(node);
     }
@@ -256,8 +288,10 @@ std::string Scene::fullPath(const Node& node) const
     if (!node.type().isDag())
         return node.m_name;
     std::string path;
+    std::vector<const Node*> steps;
     for (const Node* step = &node; step; step = step->m_parent)
-        path.insert(0, '|' + step->m_name);
+        steps.push_back(step);
+    std::for_each(steps.rbegin(), steps.rend(), [&path](const Node* step) { path += '|' + step->m_name; });
     return path;
 }
 

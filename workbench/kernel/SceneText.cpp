@@ -1,6 +1,7 @@
 #include "kernel/SceneText.h"
 
 #include "kernel/Command.h"
+#include "kernel/Scene.h"
 
 #include <algorithm>
 #include <ios>
@@ -182,6 +183,46 @@ std::string quotedText(const std::string& text)
     appendEscaped(quoted, text, 0, text.size());
     quoted += '"';
     return quoted;
+}
+
+std::string trimmedStatement(const std::string& statement)
+{
+    const char* const blanks = " \t\r\n";
+    const std::size_t start = statement.find_first_not_of(blanks);
+    if (start == std::string::npos)
+        return {};
+    const std::size_t end = statement.find_last_not_of(blanks);
+    return statement.substr(start, end - start + 1) + (statement[end] == ';' ? "" : ";");
+}
+
+NodeHead headOf(const Scene& scene, const Node& node)
+{
+    const std::string parent = node.parent() ? scene.partialPath(*node.parent()) : std::string();
+    return {node.typeName(), node.name(), parent, node.uid(), node.shared};
+}
+
+std::string headText(const NodeHead& head)
+{
+    std::string text = "createNode " + (Scene::isLegalName(head.type) ? head.type : quotedText(head.type));
+    text += (head.shared ? " -s -n " : " -n ") + quotedText(head.name);
+    if (!head.parent.empty())
+        text += " -p " + quotedText(head.parent);
+    text += ";\n";
+    return head.uid.empty() ? text : text + "\trename -uid " + quotedText(head.uid) + ";\n";
+}
+
+void writeAttributes(std::ostream& out, const Node& node)
+{
+    for (const AttributePtr& attribute : node.type().allAttributes()) {
+        if (attribute->parent.empty())
+            writeAttribute(out, node, *attribute);
+    }
+}
+
+void writeKept(std::ostream& out, const Node& node)
+{
+    for (const std::string& statement : node.unknownStatements)
+        out << '\t' << trimmedStatement(statement) << '\n';
 }
 
 void writeAttribute(std::ostream& out, const Node& node, const AttributeSpec& attribute)

@@ -3,28 +3,13 @@
 #include "kernel/Node.h"
 
 #include <iosfwd>
-#include <map>
-#include <set>
 #include <string>
+#include <vector>
 
 namespace kernel {
 
 class Session;
 class Scene;
-
-/// Name of the script node that carries the playback range. It exists in files only: it is made when the scene is
-/// written, and dropped again once it has run.
-extern const char* const kSceneConfigurationNode;
-/// Script nodes of this type run after the scene has been read.
-constexpr int kSceneConfigurationType = 6;
-
-/// The `requires` statement of a module, with what the scene uses of it.
-struct ModuleUse {
-    std::string version;
-    std::set<std::string> nodeTypes;
-    std::set<std::string> dataTypes;
-};
-std::string requiresStatement(const std::string& module, const ModuleUse& use);
 
 /// Writes one scene in text form, section by section.
 class SceneWriter {
@@ -33,22 +18,19 @@ public:
     void write();
 
 private:
+    /// Throws for a node whose data no text can hold.
+    void refuseBinaryData() const;
     void writeHead();
     void writeRequirements();
     void writeFileInfo();
-    void writeNodes();
-    void writeNode(const Node& node);
     void writeConfiguration();
     void writeDefaultNodes();
-    /// The kept statements of one section ("file", "requires", "fileInfo"); empty: those of no other section.
-    void writeKept(const std::string& section);
-    std::map<std::string, ModuleUse> modulesInUse() const;
+    void writeStatements(const std::vector<std::string>& statements);
 
     Session& m_session;
     Scene& m_scene;
     std::ostream& m_out;
-    std::string m_name;               ///< of the file, without folders
-    std::set<std::string> m_modules;  ///< whose `requires` has been written
+    std::string m_name;  ///< of the file, without folders
 };
 
 }  // namespace kernel

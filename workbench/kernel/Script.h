@@ -2,7 +2,10 @@
 
 #include "kernel/Value.h"
 
+#include <functional>
+#include <memory>
 #include <string>
+#include <string_view>
 
 namespace kernel {
 
@@ -10,6 +13,21 @@ namespace kernel {
 struct ScriptResult {
     bool ok = true;
     Value value;
+};
+
+class Node;
+
+/// Told of parts of a file that have been read and need not stay in memory; they may be looked at again.
+using PartRead = std::function<void(std::string_view part)>;
+
+/// A scene whose statements come one piece at a time.
+class SceneStatements {
+public:
+    virtual ~SceneStatements() = default;
+    /// Runs whole statements as those of a text scene are run. False, and reported, when there was any error.
+    virtual bool run(std::string_view text) = 0;
+    /// The node that statements about attributes belong to; null when the last `createNode` or `select` failed.
+    virtual std::shared_ptr<Node> node() const = 0;
 };
 
 /// The script language as the rest of the host sees it. Errors are reported through Session::output.
@@ -23,7 +41,9 @@ public:
     virtual ScriptResult executeFile(const std::string& path, bool undo) = 0;
     /// Runs a text scene statement by statement with the commands a scene may hold; an error is reported with
     /// file and line and reading goes on. False when there was any. Nothing is recorded for undo.
-    virtual bool executeScene(const std::string& text, const std::string& fileName) = 0;
+    virtual bool executeScene(std::string_view text, const std::string& fileName, const PartRead& partRead = {}) = 0;
+    /// The same for a scene that is no text but holds statements. One at a time.
+    virtual std::unique_ptr<SceneStatements> beginScene() = 0;
     virtual Value global(const std::string& name) const = 0;  ///< without "$"; monostate when undeclared
     virtual void setGlobalString(const std::string& name, const std::string& value) = 0;
     virtual bool isExecuting() const = 0;

@@ -100,7 +100,8 @@ Interpreter::Running::~Running()
 class Interpreter::ReadingScene {
 public:
     explicit ReadingScene(Interpreter& interpreter)
-        : m_interpreter(interpreter), m_nodeBefore(std::exchange(interpreter.m_sceneNode, nullptr))
+        : m_interpreter(interpreter), m_running(interpreter), m_suspend(interpreter.m_session.undo),
+          m_nodeBefore(std::exchange(interpreter.m_sceneNode, nullptr))
     {}
     ~ReadingScene() { m_interpreter.m_sceneNode = m_nodeBefore; }
     ReadingScene(const ReadingScene&) = delete;
@@ -108,6 +109,8 @@ public:
 
 private:
     Interpreter& m_interpreter;
+    const Running m_running;
+    const kernel::UndoQueue::Suspend m_suspend;
     const kernel::NodePtr m_nodeBefore;
 };
 
@@ -194,12 +197,25 @@ ScriptResult Interpreter::executeBatchFile(const std::string& path)
     return read.ok ? executeBatch(text, path) : read;
 }
 
-bool Interpreter::executeScene(const std::string& text, const std::string& fileName)
+bool Interpreter::executeScene(std::string_view text, const std::string& fileName, const kernel::PartRead& partRead)
 {
-    const Running running(*this);
-    const kernel::UndoQueue::Suspend suspend(m_session.undo);
     const ReadingScene reading(*this);
-    return SceneReader(*this, text, fileName).read();
+    return SceneReader(*this, text, fileName, partRead).read();
+}
+
+std::unique_ptr<kernel::SceneStatements> Interpreter::beginScene()
+{
+    class Statements : public kernel::SceneStatements {
+    public:
+        explicit Statements(Interpreter& interpreter) : m_interpreter(interpreter), m_reading(interpreter) {}
+        bool run(std::string_view text) override { return SceneReader(m_interpreter, text, {}).read(); }
+        std::shared_ptr<kernel::Node> node() const override { return m_interpreter.sceneNode(); }
+
+    private:
+        Interpreter& m_interpreter;
+        const ReadingScene m_reading;
+    };
+    return std::make_unique<Statements>(*this);
 }
 
 Value Interpreter::evaluate(const std::string& text)

@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace mel {
@@ -42,7 +43,9 @@ public:
     /// the text. fileName: named in messages; empty for text from the command line.
     kernel::ScriptResult executeBatch(const std::string& text, const std::string& fileName = {});
     kernel::ScriptResult executeBatchFile(const std::string& path);
-    bool executeScene(const std::string& text, const std::string& fileName) override;
+    bool executeScene(std::string_view text, const std::string& fileName,
+                      const kernel::PartRead& partRead = {}) override;
+    std::unique_ptr<kernel::SceneStatements> beginScene() override;
     bool isExecuting() const override { return m_depth > 0; }
 
     // --- running, from inside a script: errors are thrown as CommandError --------------------------------------
@@ -78,6 +81,11 @@ public:
     /// The node that plugs without a node name (".tx") belong to while a scene is read; null otherwise.
     kernel::NodePtr sceneNode() const { return m_sceneNode; }
     void setSceneNode(kernel::NodePtr node) { m_sceneNode = std::move(node); }
+    /// All arguments of the statement about module data that a scene is about to run, long texts included, which the
+    /// command's own list lacks.
+    void lendSceneArguments(const kernel::Arguments& arguments) { m_sceneArguments = &arguments; }
+    /// For the command itself; null for any other, also one that the module runs meanwhile.
+    const kernel::Arguments* takeSceneArguments() { return std::exchange(m_sceneArguments, nullptr); }
 
     /// Marks a piece of script as running; the outermost one's end delivers the selection event.
     class Running {
@@ -120,6 +128,7 @@ private:
     std::unordered_map<std::string, std::unique_ptr<Variable>> m_globals;
     std::unordered_map<std::string, Procedure> m_procedures;
     kernel::NodePtr m_sceneNode;
+    const kernel::Arguments* m_sceneArguments = nullptr;
     std::string m_lastError;
     int m_depth = 0;
     int m_calls = 0;

@@ -21,6 +21,11 @@ namespace {
 // The writer puts these in itself, about the program that saves.
 const char* const kOwnFileInfo[] = {"application", "product", "version", "cutIdentifier", "osv"};
 
+/// Texts of more bytes are left in the file until they are asked for.
+constexpr std::size_t kLongText = 4096;
+/// The owner of the text is told after so many bytes that they have been read.
+constexpr std::size_t kPartSize = 8 << 20;
+
 bool isFlag(const Value& value, const char* shortName, const char* longName)
 {
     const auto* text = std::get_if<std::string>(&value);
@@ -88,8 +93,29 @@ const SceneReader::Row* SceneReader::findRow(std::string_view command)
     return nullptr;
 }
 
-SceneReader::SceneReader(Interpreter& interpreter, std::string_view text, const std::string& fileName)
-    : m_interpreter(interpreter), m_source(Source::borrowing(text, fileName)), m_tokens(text)
+/// A statement's arguments, long texts included.
+class SceneReader::AllArguments : public kernel::Arguments {
+public:
+    AllArguments(const SceneReader& reader, const Statement& statement) : m_reader(reader), m_statement(statement) {}
+    std::size_t size() const override { return m_statement.args.size(); }
+    Value at(std::size_t index) const override
+    {
+        const auto text = m_statement.longTexts.find(index);
+        if (text == m_statement.longTexts.end())
+            return m_statement.args[index];
+        const Token& token = text->second;
+        m_reader.count(token.end - token.begin, token.end);
+        return m_reader.m_tokens.lexer().stringContent(token);
+    }
+
+private:
+    const SceneReader& m_reader;
+    const Statement& m_statement;
+};
+
+SceneReader::SceneReader(Interpreter& interpreter, std::string_view text, const std::string& fileName,
+                         const kernel::PartRead& partRead)
+    : m_interpreter(interpreter), m_source(Source::borrowing(text, fileName)), m_tokens(text), m_partRead(partRead)
 {}
 
 bool SceneReader::read()
@@ -125,18 +151,40 @@ void SceneReader::readStatement()
         m_tokens.fail();
     statement.command = m_tokens.text();
     m_tokens.advanceToArgument();
-    while (!m_tokens.is(Tok::Semicolon))
+    while (!m_tokens.is(Tok::Semicolon)) {
+        const std::size_t begin = m_tokens.at();
         statement.args.push_back(readArgument(statement));
+        count(m_tokens.at() - begin, m_tokens.at());
+    }
     statement.end = m_tokens.token().end;
     m_tokens.advance();
+    if (!isModuleData(statement)) {
+        for (const auto& text : statement.longTexts)
+            statement.args[text.first] = m_tokens.lexer().stringContent(text.second);
+        statement.longTexts.clear();
+    }
     run(statement);
+}
+
+void SceneReader::count(std::size_t size, std::size_t end) const
+{
+    m_unreported += size;
+    if (m_unreported < kPartSize || !m_partRead)
+        return;
+    m_unreported = 0;
+    m_partRead(m_source.text().substr(0, end));
 }
 
 Value SceneReader::readArgument(Statement& statement)
 {
     Value value;
     switch (m_tokens.kind()) {
-    case Tok::String: value = m_tokens.lexer().stringContent(m_tokens.token()); break;
+    case Tok::String:
+        if (m_tokens.token().end - m_tokens.at() > kLongText)
+            statement.longTexts[statement.args.size()] = m_tokens.token();
+        else
+            value = m_tokens.lexer().stringContent(m_tokens.token());
+        break;
     case Tok::Integer:
     case Tok::Float: value = m_tokens.lexer().numberValue(m_tokens.token()); break;
     case Tok::Flag: value = m_tokens.text(); break;
@@ -370,7 +418,20 @@ void SceneReader::setAttribute(const Statement& statement)
         return keepWithNode(statement);
     if (node && !own.empty() && !node->attribute(own))
         keepWithNode(statement);  // and say below that it has no effect
+    const AllArguments all(*this, statement);
+    if (isModuleData(statement))
+        m_interpreter.lendSceneArguments(all);
     runCommand(statement);
+}
+
+bool SceneReader::isModuleData(const Statement& statement) const
+{
+    if (statement.command != "setAttr")
+        return false;
+    const auto type = std::find_if(statement.args.begin(), statement.args.end(),
+                                   [](const Value& value) { return isFlag(value, "typ", "type"); });
+    return type != statement.args.end() && type + 1 != statement.args.end()
+        && m_interpreter.session().dataTypes.find(kernel::toText(*(type + 1)));
 }
 
 void SceneReader::addAttribute(const Statement& statement)

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "kernel/Arguments.h"
 #include "kernel/Node.h"
-#include "kernel/Value.h"
+#include "kernel/Script.h"
 #include "mel/Source.h"
 #include "mel/TokenStream.h"
 
+#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -16,11 +18,12 @@ class Interpreter;
 /// Reads a text scene: the script language cut down to a few commands with plain arguments, run statement by
 /// statement. An error is reported with file and line and reading goes on with the next statement.
 ///
-/// Scenes with drawings hold strings of many megabytes: a token is copied once, from the buffer into its argument.
+/// Scenes with drawings hold strings of many megabytes: long ones stay in the text until their argument is asked for.
 class SceneReader {
 public:
     /// text: must outlive the reader.
-    SceneReader(Interpreter& interpreter, std::string_view text, const std::string& fileName);
+    SceneReader(Interpreter& interpreter, std::string_view text, const std::string& fileName,
+                const kernel::PartRead& partRead = {});
     /// False when there was any error.
     bool read();
 
@@ -28,11 +31,13 @@ private:
     struct Statement {
         std::string command;
         kernel::ValueList args;
+        std::map<std::size_t, Token> longTexts;  ///< by their places in `args`, where nothing stands yet
         std::size_t begin = 0;
         std::size_t end = 0;  ///< behind the semicolon
         bool isComplete = true;
         std::string failure;  ///< why an argument has no value, when the statement is not complete
     };
+    class AllArguments;
     using Handler = void (SceneReader::*)(const Statement& statement);
     struct Row {
         const char* command;
@@ -42,6 +47,8 @@ private:
     static const Row* findRow(std::string_view command);
 
     void readStatement();
+    /// A part of the text has been read, up to `end`.
+    void count(std::size_t size, std::size_t end) const;
     kernel::Value readArgument(Statement& statement);
     void skipToNextStatement(std::size_t from);
     void run(const Statement& statement);
@@ -57,6 +64,7 @@ private:
     void createNode(const Statement& statement);
     void renameNode(const Statement& statement);
     void setAttribute(const Statement& statement);
+    bool isModuleData(const Statement& statement) const;
     void addAttribute(const Statement& statement);
     void selectNode(const Statement& statement);
     void lockNode(const Statement& statement);
@@ -73,7 +81,9 @@ private:
     Interpreter& m_interpreter;
     const Source m_source;
     TokenStream m_tokens;
-    std::string m_absentNode;  ///< the statements so far about a default node that this host does not have
+    const kernel::PartRead m_partRead;
+    mutable std::size_t m_unreported = 0;  ///< bytes read since the text's owner was told
+    std::string m_absentNode;              ///< the statements so far about a default node that this host does not have
     std::set<std::string> m_addedAttributes;  ///< names, long and short, that the scene gave its current node itself
     bool m_skipping = false;  ///< the current node could not be made, or is a default node the workbench lacks
     bool m_ok = true;

@@ -1,5 +1,7 @@
 #include "kernel/SceneFile.h"
 
+#include "kernel/AtomicFile.h"
+#include "kernel/FileContent.h"
 #include "kernel/Session.h"
 
 #include <gmock/gmock.h>
@@ -13,6 +15,7 @@
 #include <sstream>
 
 #include <sys/resource.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace kernel;
@@ -33,13 +36,14 @@ public:
         return {};
     }
     ScriptResult executeFile(const std::string&, bool) override { return {}; }
-    bool executeScene(const std::string& text, const std::string&) override
+    bool executeScene(std::string_view text, const std::string&, const PartRead&) override
     {
         m_log.push_back("read");
         if (onScene)
             onScene();
-        return text.find("bad") == std::string::npos;
+        return text.find("bad") == std::string_view::npos;
     }
+    std::unique_ptr<SceneStatements> beginScene() override { return nullptr; }
     Value global(const std::string&) const override { return {}; }
     void setGlobalString(const std::string&, const std::string&) override {}
     bool isExecuting() const override { return false; }
@@ -67,7 +71,7 @@ public:
         out.precision(2);
         return m_ok;
     }
-    bool readText(const ValueList&, unsigned&) override { return false; }
+    bool readText(const Arguments&, unsigned&) override { return false; }
     bool writeBinary(std::ostream&) override { return false; }
     bool readBinary(std::istream&, unsigned) override { return false; }
     std::shared_ptr<CustomData> copy() const override { return std::make_shared<WobbleData>(m_text, m_ok); }
@@ -437,6 +441,69 @@ TEST_F(SceneFileTest, ADiskThatIsFullLeavesTheOldFile)
     EXPECT_THAT(filesInFolder(), ElementsAre("a.ma"));
 }
 
+TEST_F(SceneFileTest, ASaveRemovesWhatAKilledOneLeft)
+{
+    const auto saveAndHang = [this](int ready) {
+        AtomicFile file(path("a.ma"));
+        file.stream() << "half" << std::flush;
+        EXPECT_EQ(::write(ready, "1", 1), 1);
+        ::pause();
+    };
+    int pipe[2];
+    ASSERT_EQ(::pipe(pipe), 0);
+    const pid_t child = ::fork();
+    if (child == 0)
+        saveAndHang(pipe[1]);
+    char signal = 0;
+    ASSERT_EQ(::read(pipe[0], &signal, 1), 1);
+    EXPECT_EQ(filesInFolder().size(), 1u);
+
+    saveScene(session, path("a.ma"));
+    EXPECT_EQ(filesInFolder().size(), 2u) << "one that is still at work keeps its own";
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+    ::close(pipe[0]);
+    ::close(pipe[1]);
+    saveScene(session, path("a.ma"));
+    EXPECT_THAT(filesInFolder(), ElementsAre("a.ma"));
+}
+
+TEST_F(SceneFileTest, AFileIsWrittenInAnyOrder)
+{
+    const std::string large(3 << 20, 'x');
+    {
+        AtomicFile file(path("a"));
+        file.stream() << "....";
+        const auto middle = file.stream().tellp();
+        file.stream() << large << "end";
+        const auto end = file.stream().tellp();
+        file.stream().seekp(0);
+        file.stream() << "1234";
+        EXPECT_EQ(file.stream().tellp(), middle);
+        file.stream().seekp(end);
+        file.stream() << "!";
+        file.commit();
+    }
+    EXPECT_EQ(content(path("a")), "1234" + large + "end!");
+}
+
+TEST_F(SceneFileTest, BytesThatWereGivenBackAreThereAgain)
+{
+    std::string bytes(5 << 20, '\0');
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        bytes[i] = static_cast<char>(i * 7919 >> 8);
+    write(path("a"), bytes);
+    const FileContent file(path("a"));
+    file.release(file.bytes());
+    file.release(file.bytes().substr(4097, 9));
+    file.release({});
+    EXPECT_EQ(file.bytes(), bytes);
+    EXPECT_NE(FileContent("/proc/self/status").bytes().find("VmHWM"), std::string_view::npos)
+        << "a file of no size that is read all the same";
+    write(path("empty"), "");
+    EXPECT_EQ(FileContent(path("empty")).bytes(), "");
+}
+
 TEST_F(SceneFileTest, OpeningTellsEverythingOnceTheSceneIsThere)
 {
     write(path("a.ma"), "//Maya ASCII 2019 scene\n");
@@ -480,7 +547,7 @@ TEST_F(SceneFileTest, WhatIsNoSceneLeavesTheSceneAlone)
               "The file \"" + folder.string() + "\" could not be read: Is a directory");
     for (const char* name : {"cat.ma", "empty.ma"})
         EXPECT_EQ(failureOf([&] { openScene(session, path(name)); }),
-                  "The file \"" + path(name) + "\" is not a Maya ASCII scene.");
+                  "The file \"" + path(name) + "\" is not a Maya scene.");
     EXPECT_NE(scene.findOrNull("mine"), nullptr);
     EXPECT_TRUE(scene.isModified() && session.undo.canUndo());
     EXPECT_EQ(scene.fileName(), "");

@@ -68,6 +68,52 @@ TEST_F(SceneTest, AClashGetsTheNextFreeNumber)
     EXPECT_EQ(make("camera", "", group)->name(), "cameraShape1");
 }
 
+TEST_F(SceneTest, NumbersThatBecomeFreeAreGivenAgain)
+{
+    const NodePtr group = transform("group");
+    std::vector<NodePtr> foos;
+    for (int i = 0; i < 6; ++i)
+        foos.push_back(transform("foo#"));
+    const auto expectNext = [this](const std::string& name, const char* why) {
+        EXPECT_EQ(transform("foo#")->name(), name) << why;
+    };
+    scene.detach(foos[1]);
+    expectNext("foo2", "deleted");
+    scene.rename(*foos[2], "bar");
+    expectNext("foo3", "renamed");
+    scene.setParent(foos[3], group.get());
+    EXPECT_EQ(transform("foo5")->name(), "foo7") << "counted on from its own number";
+    EXPECT_EQ(transform("foo1")->name(), "foo4") << "moved to another parent";
+    EXPECT_EQ(scene.rename(*foos[4], "foo#"), "foo5") << "its own number is free for a node";
+    scene.restoreNames({{foos[2], "foo8"}});
+    EXPECT_EQ(transform("foo#")->name(), "foo9") << "taken by a name given back";
+    scene.detach(group);
+    EXPECT_EQ(scene.findOne("foo4")->parent(), nullptr) << "only one is left";
+}
+
+TEST_F(SceneTest, TheDeepestNestingIsPlacedFoundAndTakenOut)
+{
+    constexpr int kDepth = 100000;
+    NodePtr top = transform("n");
+    Node* last = top.get();
+    for (int i = 1; i < kDepth; ++i) {
+        const NodePtr next = scene.makeNode(last->type(), "n" + std::to_string(i));
+        scene.attach(next, last);
+        last = next.get();
+    }
+    EXPECT_EQ(scene.findOne("n99999").get(), last);
+    int depth = 0;
+    scene.walkDag([&depth](Node& node) { return depth += node.name()[0] == 'n'; });
+    EXPECT_EQ(depth, kDepth);
+    scene.detach(top);
+    EXPECT_EQ(scene.findOrNull("n99999"), nullptr);
+    scene.attach(top);
+    EXPECT_EQ(scene.findOne("n99999").get(), last);
+    scene.reset();
+    top.reset();
+    EXPECT_EQ(scene.findOrNull("n"), nullptr);
+}
+
 TEST_F(SceneTest, NamesAreMadeLegal)
 {
     EXPECT_EQ(transform("a b\"c")->name(), "a_b_c");

@@ -404,11 +404,11 @@ TEST(FileCommand, SavesOpensAndGuardsChanges)
                            {"file -open \"/tmp/x.ma\"", "Unsaved changes"},
                            {"file -save", "file: The scene has no name yet; give it one with -rename."},
                            {"file -f -open \"/no/such.ma\"", "File not found: /no/such.ma"},
-                           {"file -type mayaBinary -save", "file: Unsupported file type: mayaBinary"},
+                           {"file -type obj -save", "file: Unsupported file type: obj"},
                        });
     EXPECT_EQ(host.eval("objExists kept"), "1");
-    EXPECT_EQ(host.eval("file -rename \"" + stem + "\""), stem + ".ma");
-    EXPECT_EQ(host.eval("file -save -type mayaAscii"), stem + ".ma");
+    EXPECT_EQ(host.eval("file -rename -type mayaAscii \"" + stem + "\""), stem + ".ma");
+    EXPECT_EQ(host.eval("file -save"), stem + ".ma");
     expectValues(host, {
                            {"file -q -mf", "0"},
                            {"file -q -sn -shn", "fileCommand.ma"},
@@ -423,4 +423,33 @@ TEST(FileCommand, SavesOpensAndGuardsChanges)
     EXPECT_EQ(host.eval("getAttr kept.tx"), "4");
     EXPECT_EQ(host.eval("file -q -err"), "0");
     std::remove((stem + ".ma").c_str());
+}
+
+TEST(FileCommand, TheTypeIsTheOneAskedForOrThatOfTheFileOrOfTheName)
+{
+    const std::string stem = testing::TempDir() + "fileTypes";
+    ScriptHost host;
+    const auto formOf = [](const std::string& path) {
+        std::ifstream in(path);
+        std::string start(4, '\0');
+        in.read(&start[0], 4);
+        return start == "FOR8" ? "binary" : start == "//Ma" ? "text" : "none";
+    };
+    const std::string plain = stem, text = stem + ".ma", binary = stem + ".mb";
+    const auto name = [](const std::string& path) { return "file -rename \"" + path + "\"; "; };
+    EXPECT_EQ(host.eval("file -q -type"), "mayaBinary") << "a new scene";
+    EXPECT_EQ(host.eval(name(plain) + "file -save"), binary);
+    EXPECT_STREQ(formOf(binary), "binary");
+
+    EXPECT_EQ(host.eval("file -f -new; " + name(text) + "file -q -type"), "mayaAscii") << "by its name";
+    EXPECT_EQ(host.eval("file -save; file -type mayaBinary; file -save"), text);
+    EXPECT_STREQ(formOf(text), "binary") << "by the type set last";
+
+    EXPECT_EQ(host.eval("file -f -open \"" + text + "\"; file -q -type"), "mayaBinary") << "by its content";
+    EXPECT_EQ(host.eval(name(stem + "2.ma") + "file -save"), stem + "2.ma");
+    EXPECT_STREQ(formOf(stem + "2.ma"), "binary") << "as it was opened";
+    EXPECT_EQ(host.eval("file -rename -type mayaAscii \"" + plain + "\"; file -save"), text);
+    EXPECT_STREQ(formOf(text), "text");
+    for (const std::string& path : {text, binary, stem + "2.ma"})
+        std::remove(path.c_str());
 }

@@ -24,13 +24,13 @@ public:
         }
         return true;
     }
-    bool readText(const kernel::ValueList& args, unsigned& next) override
+    bool readText(const kernel::Arguments& args, unsigned& next) override
     {
         firstIndex = next;
         for (; next < args.size(); ++next) {
-            if (args[next] == kernel::Value(std::string("bad")))
+            if (args.at(next) == kernel::Value(std::string("bad")))
                 return false;
-            tokens.push_back(args[next]);
+            tokens.push_back(args.at(next));
         }
         return true;
     }

@@ -8,7 +8,9 @@
 #include <maya/MPxCommand.h>
 #include <maya/MPxLocatorNode.h>
 
+#include <istream>
 #include <ostream>
+#include <string>
 
 // A module for the loader's tests. Option variables make it misbehave:
 //   sampleModuleFails      initializePlugin fails after it registered everything
@@ -39,6 +41,18 @@ public:
     MStatus writeASCII(std::ostream& out) override
     {
         out << '"' << m_text << '"';
+        return MStatus::kSuccess;
+    }
+    MStatus readBinary(std::istream& in, unsigned int length) override
+    {
+        std::string text(length, '\0');
+        in.read(&text[0], static_cast<std::streamsize>(length));
+        m_text = text.c_str();
+        return in.fail() ? MStatus::kFailure : MStatus::kSuccess;
+    }
+    MStatus writeBinary(std::ostream& out) override
+    {
+        out << m_text;
         return MStatus::kSuccess;
     }
     void copy(const MPxData& src) override

@@ -14,7 +14,7 @@
 
 namespace api {
 struct Access;
-struct ArgumentValues;
+class ArgumentValues;
 }  // namespace api
 
 OPENMAYA_MAJOR_NAMESPACE_OPEN

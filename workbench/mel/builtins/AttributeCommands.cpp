@@ -48,8 +48,9 @@ Plug findPlug(const Interpreter& interpreter, const kernel::Scene& scene, const 
 
 class SetAttr {
 public:
-    SetAttr(BuiltinCall& call, const SetAttrRequest& request, const Plug& plug)
-        : m_call(call), m_request(request), m_node(plug.node), m_attribute(*plug.attribute), m_plug(plug)
+    /// all: every argument of the call; those of module data may be missing from the call itself.
+    SetAttr(BuiltinCall& call, const kernel::Arguments& all, const SetAttrRequest& request, const Plug& plug)
+        : m_call(call), m_all(all), m_request(request), m_node(plug.node), m_attribute(*plug.attribute), m_plug(plug)
     {}
 
     void run()
@@ -166,12 +167,13 @@ private:
         const std::shared_ptr<kernel::CustomData> data = type->make();
         const unsigned first = unsigned(m_request.values.empty() ? m_call.all.size() : m_request.values.front());
         unsigned next = first;
-        if (!data || !data->readText(m_call.all, next))
+        if (!data || !data->readText(m_all, next))
             failAt(next >= first ? next - first : 0);
         m_call.apply(kernel::setValueEdit(m_node, m_plug.attribute, data));
     }
 
     BuiltinCall& m_call;
+    const kernel::Arguments& m_all;
     const SetAttrRequest& m_request;
     const NodePtr m_node;
     const AttributeSpec& m_attribute;
@@ -189,10 +191,14 @@ auto named(const char* command, Work work)
     }
 }
 
-Value runSetAttr(const Interpreter& interpreter, BuiltinCall& call)
+Value runSetAttr(Interpreter& interpreter, BuiltinCall& call)
 {
+    const kernel::ListedArguments given(call.all);
+    const kernel::Arguments* const inScene = interpreter.takeSceneArguments();
     const SetAttrRequest request = readSetAttr(call.session, call.all);
-    named("setAttr", [&] { SetAttr(call, request, findPlug(interpreter, call.scene, request.plug)).run(); });
+    named("setAttr", [&] {
+        SetAttr(call, inScene ? *inScene : given, request, findPlug(interpreter, call.scene, request.plug)).run();
+    });
     return {};
 }
 

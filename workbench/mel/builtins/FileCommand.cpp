@@ -4,6 +4,8 @@
 
 #include <charconv>
 #include <chrono>
+#include <optional>
+
 #include <sys/stat.h>
 
 namespace mel {
@@ -13,8 +15,6 @@ using kernel::Value;
 
 namespace {
 
-constexpr const char* kTextType = "mayaAscii";
-constexpr const char* kTextExtension = ".ma";
 constexpr const char* kUntitled = "untitled";
 
 std::string seconds(std::chrono::steady_clock::duration duration)
@@ -37,10 +37,15 @@ std::string pathOf(const BuiltinCall& call)
     return call.objectNames().front();
 }
 
-void requireTextType(const BuiltinCall& call)
+/// The type that was asked for; none without -type.
+std::optional<kernel::SceneFileType> typeOf(const BuiltinCall& call)
 {
-    if (call.args.text("type", 0, kTextType) != kTextType)
+    if (!call.args.has("type"))
+        return std::nullopt;
+    const auto type = kernel::fileTypeNamed(call.args.text("type"));
+    if (!type)
         throw CommandError("file: Unsupported file type: " + call.args.text("type"));
+    return type;
 }
 
 void refuseUnsavedChanges(const BuiltinCall& call)
@@ -61,23 +66,25 @@ Value open(BuiltinCall& call)
 
 Value save(BuiltinCall& call)
 {
-    requireTextType(call);
+    const auto type = typeOf(call);
     const std::string path = call.scene.fileName();
     if (path.empty())
         throw CommandError("file: The scene has no name yet; give it one with -rename.");
-    kernel::saveScene(call.session, path);
+    kernel::saveScene(call.session, path, type);
     return path;
 }
 
 // Only the name changes; a name without an extension gets that of the file type.
 Value rename(BuiltinCall& call)
 {
-    requireTextType(call);
+    const auto type = typeOf(call);
     std::string path = pathOf(call);
     const bool wantsExtension = call.args.integer("defaultExtensions", 0, 1) != 0;
     if (wantsExtension && shortName(path).find('.') == std::string::npos)
-        path += kTextExtension;
+        path += kernel::fileTypeExtension(type.value_or(kernel::fileTypeFor(call.scene, path)));
     call.scene.setFileName(path);
+    if (type)
+        call.scene.setFileType(type);
     return path;
 }
 
@@ -102,7 +109,7 @@ Value query(const BuiltinCall& call)
     if (args.has("location"))
         return name.empty() ? std::string("unknown") : name;
     if (args.has("type"))
-        return kernel::StringArray{kTextType};
+        return kernel::StringArray{kernel::fileTypeName(kernel::fileTypeFor(call.scene, name))};
     if (args.has("reference"))
         return kernel::StringArray();
     if (args.has("list"))
@@ -128,7 +135,8 @@ Value runFile(BuiltinCall& call)
         return save(call);
     if (args.has("modified"))
         call.scene.setModified(args.integer("modified") != 0);
-    requireTextType(call);
+    if (const auto type = typeOf(call))
+        call.scene.setFileType(type);
     return {};
 }
 
