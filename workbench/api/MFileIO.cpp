@@ -18,7 +18,7 @@ kernel::Session& session()
 
 bool isDoing(FileActivity activity)
 {
-    return session().scene.activity() == activity;
+    return session().scene.isDoing(activity);
 }
 
 /// Runs a file operation; what it throws is reported.

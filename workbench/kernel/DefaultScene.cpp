@@ -1,6 +1,8 @@
 #include "kernel/Scene.h"
 #include "kernel/Session.h"
 
+#include <optional>
+
 namespace kernel {
 
 namespace {
@@ -74,7 +76,9 @@ void dress(Node& transform, Node& shape, const StartupCamera& camera)
 
 void Scene::reset()
 {
-    const Activity quiet(*this, m_activity == FileActivity::None ? FileActivity::New : m_activity);
+    std::optional<Activity> quiet;
+    if (!isBusyWithFile())
+        quiet.emplace(*this, FileActivity::New);
     if (!m_selection.empty())
         setSelection({});
     while (!m_roots.empty())

@@ -1,6 +1,7 @@
 #include "kernel/SceneFile.h"
 
 #include "kernel/AtomicFile.h"
+#include "kernel/SceneIntake.h"
 #include "kernel/SceneWriter.h"
 #include "kernel/Session.h"
 
@@ -105,9 +106,9 @@ SceneContent readSceneFile(const std::string& absolutePath)
 }
 
 /// Adds what a scene file holds to the scene as it stands; false, and reported, when some of it could not be read.
-bool addToScene(Session& session, const SceneContent& content)
+bool addToScene(Session& session, const SceneContent& content, SceneIntake& intake)
 {
-    return session.script().executeScene(content.bytes, content.path);
+    return session.script().executeScene(content.bytes, intake);
 }
 
 void writeSceneFile(Session& session, const std::string& absolutePath)
@@ -173,7 +174,8 @@ void openScene(Session& session, const std::string& path)
         session.undo.flush();
         scene.reset();
         scene.setFileName(absolute);
-        scene.setReadWithErrors(!addToScene(session, content));
+        SceneIntake intake(session, SceneIntake::Purpose::Open, absolute);
+        scene.setReadWithErrors(!addToScene(session, content, intake));
         runConfigurationScripts(session);
     }
     scene.setModified(false);

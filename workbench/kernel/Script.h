@@ -6,6 +6,8 @@
 
 namespace kernel {
 
+class SceneIntake;
+
 /// What a piece of executed text gave.
 struct ScriptResult {
     bool ok = true;
@@ -23,7 +25,7 @@ public:
     virtual ScriptResult executeFile(const std::string& path, bool undo) = 0;
     /// Runs a text scene statement by statement with the commands a scene may hold; an error is reported with
     /// file and line and reading goes on. False when there was any. Nothing is recorded for undo.
-    virtual bool executeScene(const std::string& text, const std::string& fileName) = 0;
+    virtual bool executeScene(const std::string& text, SceneIntake& intake) = 0;
     virtual Value global(const std::string& name) const = 0;  ///< without "$"; monostate when undeclared
     virtual void setGlobalString(const std::string& name, const std::string& value) = 0;
     virtual bool isExecuting() const = 0;

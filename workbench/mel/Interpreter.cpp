@@ -194,12 +194,12 @@ ScriptResult Interpreter::executeBatchFile(const std::string& path)
     return read.ok ? executeBatch(text, path) : read;
 }
 
-bool Interpreter::executeScene(const std::string& text, const std::string& fileName)
+bool Interpreter::executeScene(const std::string& text, kernel::SceneIntake& intake)
 {
     const Running running(*this);
     const kernel::UndoQueue::Suspend suspend(m_session.undo);
     const ReadingScene reading(*this);
-    return SceneReader(*this, text, fileName).read();
+    return SceneReader(*this, text, intake).read();
 }
 
 Value Interpreter::evaluate(const std::string& text)

@@ -42,7 +42,7 @@ public:
     /// the text. fileName: named in messages; empty for text from the command line.
     kernel::ScriptResult executeBatch(const std::string& text, const std::string& fileName = {});
     kernel::ScriptResult executeBatchFile(const std::string& path);
-    bool executeScene(const std::string& text, const std::string& fileName) override;
+    bool executeScene(const std::string& text, kernel::SceneIntake& intake) override;
     bool isExecuting() const override { return m_depth > 0; }
 
     // --- running, from inside a script: errors are thrown as CommandError --------------------------------------

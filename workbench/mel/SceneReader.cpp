@@ -54,16 +54,24 @@ ValueList knownCreateArguments(const ValueList& args)
     return known;
 }
 
+/// Place of the plug that a setAttr is for; the number of arguments when there is none.
+std::size_t plugPlace(const ValueList& args)
+{
+    const auto plug = std::find_if(args.begin(), args.end(), [](const Value& value) {
+        const auto* text = std::get_if<std::string>(&value);
+        return text && text->find('.') != std::string::npos;  // a flag or its value has none
+    });
+    return std::size_t(plug - args.begin());
+}
+
 /// Name of the attribute a plug of the current node (".t[0].tx") begins with; empty when there is no such plug.
 std::string ownPlug(const ValueList& args)
 {
-    for (const Value& value : args) {
-        const auto* text = std::get_if<std::string>(&value);
-        if (!text || text->find('.') == std::string::npos)
-            continue;  // a flag or its value
-        return (*text)[0] == '.' ? text->substr(1, text->find_first_of(".[", 1) - 1) : std::string();
-    }
-    return {};
+    const std::size_t place = plugPlace(args);
+    if (place == args.size())
+        return {};
+    const std::string& plug = std::get<std::string>(args[place]);
+    return plug[0] == '.' ? plug.substr(1, plug.find_first_of(".[", 1) - 1) : std::string();
 }
 
 }  // namespace
@@ -73,7 +81,7 @@ const SceneReader::Row SceneReader::kRows[] = {
     {"rename", &SceneReader::renameNode},      {"addAttr", &SceneReader::addAttribute},
     {"connectAttr", &SceneReader::keepLink},   {"disconnectAttr", &SceneReader::keepLink},
     {"relationship", &SceneReader::keepLink},  {"select", &SceneReader::selectNode},
-    {"parent", &SceneReader::runCommand},      {"lockNode", &SceneReader::lockNode},
+    {"parent", &SceneReader::runOnNodes},      {"lockNode", &SceneReader::lockNode},
     {"requires", &SceneReader::requireModule}, {"currentUnit", &SceneReader::runCommand},
     {"fileInfo", &SceneReader::keepFileInfo},  {"file", &SceneReader::readReference},
     {"workspace", &SceneReader::ignore},
@@ -88,8 +96,8 @@ const SceneReader::Row* SceneReader::findRow(std::string_view command)
     return nullptr;
 }
 
-SceneReader::SceneReader(Interpreter& interpreter, std::string_view text, const std::string& fileName)
-    : m_interpreter(interpreter), m_source(Source::borrowing(text, fileName)), m_tokens(text)
+SceneReader::SceneReader(Interpreter& interpreter, std::string_view text, kernel::SceneIntake& intake)
+    : m_interpreter(interpreter), m_intake(intake), m_source(Source::borrowing(text, intake.path())), m_tokens(text)
 {}
 
 bool SceneReader::read()
@@ -223,6 +231,17 @@ void SceneReader::runCommand(const Statement& statement)
     kernel::runCommand(m_interpreter.session(), statement.command, statement.args);
 }
 
+void SceneReader::runOnNodes(const Statement& statement)
+{
+    ValueList args = statement.args;
+    for (Value& value : args) {
+        auto* text = std::get_if<std::string>(&value);
+        if (text && !text->empty() && (*text)[0] != '-')
+            *text = m_intake.nameHere(*text);
+    }
+    kernel::runCommand(m_interpreter.session(), statement.command, args);
+}
+
 void SceneReader::ignore(const Statement&) {}
 
 // A module that is missing does not stop the scene: its nodes are kept unread. The line that asks for it is kept in
@@ -324,31 +343,41 @@ void SceneReader::leaveNode()
 void SceneReader::createNode(const Statement& statement)
 {
     leaveNode();
-    NodeRequest request;
+    CreateNodeArguments arguments;
     try {
-        request = parseCreateNode(statement.args);
+        arguments = parseCreateNode(statement.args);
     } catch (const CommandError& error) {
         report(error.what(), statement.begin);
-        request = parseCreateNode(knownCreateArguments(statement.args));
+        arguments = parseCreateNode(knownCreateArguments(statement.args));
     }
-    kernel::Session& session = m_interpreter.session();
-    if (!session.nodeTypes.find(request.type)) {
+    kernel::NodeRequest request;
+    request.type = arguments.type;
+    request.name = arguments.name;
+    request.shared = arguments.shared;
+    request.parent = parentOf(arguments, statement);
+    if (!m_interpreter.session().nodeTypes.find(request.type)) {
         warn("Unknown object type: " + request.type + ". The node " + request.name + " is kept unread.",
              statement.begin);
-        request.unknownType = std::exchange(request.type, {});
     }
-    if (!request.parent.empty()) {
-        const NodePtr parent = session.scene.findOrNull(request.parent);
-        if (!parent) {
-            report("No object matches name: " + request.parent, statement.begin);
-            request.parent.clear();
-        } else if (!parent->unknownType.empty()) {
-            session.scene.makeUnknownTransform(parent);  // only transforms have children
-        }
-    }
-    kernel::EditList edits;
-    m_interpreter.setSceneNode(mel::createNode(session, request, edits));
-    m_skipping = false;
+    enterNode(m_intake.createNode(request));
+}
+
+NodePtr SceneReader::parentOf(const CreateNodeArguments& arguments, const Statement& statement)
+{
+    if (arguments.parent.empty())
+        return nullptr;
+    const NodePtr parent = m_intake.find(arguments.parent);
+    if (!parent)
+        report("No object matches name: " + arguments.parent, statement.begin);
+    else if (!parent->unknownType.empty())
+        m_interpreter.session().scene.makeUnknownTransform(parent);  // only transforms have children
+    return parent;
+}
+
+void SceneReader::enterNode(const NodePtr& node)
+{
+    m_skipping = !node || !m_intake.takesSettingsOf(*node);
+    m_interpreter.setSceneNode(m_skipping ? nullptr : node);
 }
 
 void SceneReader::renameNode(const Statement& statement)
@@ -362,15 +391,32 @@ void SceneReader::renameNode(const Statement& statement)
 
 void SceneReader::setAttribute(const Statement& statement)
 {
+    const std::string own = ownPlug(statement.args);
+    if (own.empty())
+        return setOtherNode(statement);
     if (m_skipping)
         return keepWithAbsentNode(statement);
     const NodePtr node = m_interpreter.sceneNode();
-    const std::string own = ownPlug(statement.args);
     if (node && (!node->unknownType.empty() || m_addedAttributes.count(own)))
         return keepWithNode(statement);
-    if (node && !own.empty() && !node->attribute(own))
+    if (node && !node->attribute(own))
         keepWithNode(statement);  // and say below that it has no effect
     runCommand(statement);
+}
+
+/// Sets a plug that names its node.
+void SceneReader::setOtherNode(const Statement& statement)
+{
+    ValueList args = statement.args;
+    const std::size_t place = plugPlace(args);
+    if (place < args.size()) {
+        auto& plug = std::get<std::string>(args[place]);
+        const NodePtr node = m_intake.find(plug.substr(0, plug.find('.')));
+        if (node && !m_intake.takesSettingsOf(*node))
+            return;
+        plug = m_intake.nameHere(plug);
+    }
+    kernel::runCommand(m_interpreter.session(), statement.command, args);
 }
 
 void SceneReader::addAttribute(const Statement& statement)
@@ -391,11 +437,10 @@ void SceneReader::selectNode(const Statement& statement)
     NodePtr node;
     for (const Value& value : statement.args) {
         if (!isFlag(value, "ne", "noExpand"))
-            node = m_interpreter.session().scene.findOrNull(kernel::toText(value));
+            node = m_intake.find(kernel::toText(value));
     }
-    m_skipping = !node;
-    m_interpreter.setSceneNode(node);
-    if (!node)
+    enterNode(node);
+    if (!node && m_intake.setsUpScene())
         m_absentNode = verbatim(statement);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kernel/Node.h"
+#include "kernel/SceneIntake.h"
 #include "kernel/Value.h"
 #include "mel/Source.h"
 #include "mel/TokenStream.h"
@@ -12,6 +12,7 @@
 namespace mel {
 
 class Interpreter;
+struct CreateNodeArguments;
 
 /// Reads a text scene: the script language cut down to a few commands with plain arguments, run statement by
 /// statement. An error is reported with file and line and reading goes on with the next statement.
@@ -20,7 +21,7 @@ class Interpreter;
 class SceneReader {
 public:
     /// text: must outlive the reader.
-    SceneReader(Interpreter& interpreter, std::string_view text, const std::string& fileName);
+    SceneReader(Interpreter& interpreter, std::string_view text, kernel::SceneIntake& intake);
     /// False when there was any error.
     bool read();
 
@@ -51,18 +52,23 @@ private:
 
     // What a scene's commands do; the rows name them.
     void runCommand(const Statement& statement);
+    void runOnNodes(const Statement& statement);
     void requireModule(const Statement& statement);
     void keepFileInfo(const Statement& statement);
     void readReference(const Statement& statement);
     void createNode(const Statement& statement);
     void renameNode(const Statement& statement);
     void setAttribute(const Statement& statement);
+    void setOtherNode(const Statement& statement);
     void addAttribute(const Statement& statement);
     void selectNode(const Statement& statement);
     void lockNode(const Statement& statement);
     void keepLink(const Statement& statement);
     void ignore(const Statement& statement);
 
+    kernel::NodePtr parentOf(const CreateNodeArguments& arguments, const Statement& statement);
+    /// What follows belongs to this node, or to none if that is null or what the file says of it does not count.
+    void enterNode(const kernel::NodePtr& node);
     /// What follows belongs to no node until one is created or selected.
     void leaveNode();
     void keepWithAbsentNode(const Statement& statement);
@@ -71,6 +77,7 @@ private:
     void keepWithScene(const std::string& statement);
 
     Interpreter& m_interpreter;
+    kernel::SceneIntake& m_intake;
     const Source m_source;
     TokenStream m_tokens;
     std::string m_absentNode;  ///< the statements so far about a default node that this host does not have

@@ -33,7 +33,7 @@ public:
         return {};
     }
     ScriptResult executeFile(const std::string&, bool) override { return {}; }
-    bool executeScene(const std::string& text, const std::string&) override
+    bool executeScene(const std::string& text, SceneIntake&) override
     {
         m_log.push_back("read");
         if (onScene)
@@ -443,7 +443,7 @@ TEST_F(SceneFileTest, OpeningTellsEverythingOnceTheSceneIsThere)
     add("transform", "old");
     session.undo.record(std::make_unique<Nothing>());
     script->onScene = [&] {
-        EXPECT_EQ(scene.activity(), FileActivity::Open);
+        EXPECT_TRUE(scene.isDoing(FileActivity::Open));
         EXPECT_TRUE(session.events.condition("readingFile"));
         EXPECT_EQ(scene.findOrNull("old"), nullptr);
         scene.setTimeUnit(TimeUnit::PalFrame);
@@ -464,7 +464,7 @@ TEST_F(SceneFileTest, OpeningTellsEverythingOnceTheSceneIsThere)
     EXPECT_NE(scene.findOrNull("mine"), nullptr);
     EXPECT_FALSE(scene.isModified() || scene.wasReadWithErrors() || session.undo.canUndo());
     EXPECT_EQ(scene.fileName(), path("a.ma"));
-    EXPECT_EQ(scene.activity(), FileActivity::None);
+    EXPECT_FALSE(scene.isBusyWithFile());
     EXPECT_FALSE(session.events.condition("readingFile"));
 }
 
