@@ -16,13 +16,6 @@ NodePtr attached(Scene& scene, const NodePtr& node, const NodePtr& parent, EditL
     return node;
 }
 
-// sketch1 has the shape sketchShape1.
-std::string shapeName(const std::string& transformName)
-{
-    const std::size_t digits = transformName.find_last_not_of("0123456789") + 1;
-    return transformName.substr(0, digits) + "Shape" + transformName.substr(digits);
-}
-
 }  // namespace
 
 NodePtr createNode(Session& session, const NodeRequest& request, EditList& edits)
@@ -47,7 +40,7 @@ NodePtr createNode(Session& session, const NodeRequest& request, EditList& edits
         parent =
             attached(scene, scene.makeNode(*session.nodeTypes.find("transform"), request.type + "#"), nullptr, edits);
         if (request.name.empty())
-            name = shapeName(parent->name());
+            name = Scene::shapeName(parent->name());
     }
     const NodePtr node = scene.makeNode(*type, name);
     node->shared = request.shared;

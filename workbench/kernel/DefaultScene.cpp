@@ -86,6 +86,8 @@ void Scene::reset()
     while (!m_nodes.empty())
         detach(m_nodes.back());
     keptStatements.clear();
+    references.clear();
+    m_namespaces.clear();
     m_unit = TimeUnit::Film;
     m_time = Time{1, m_unit};
     m_playback = {1, 24};
@@ -110,7 +112,7 @@ void Scene::addStartupCameras()
         for (const NodePtr& node : {transform, shape}) {
             node->shared = true;
             node->startup = true;
-            node->m_startState = std::make_unique<Node::State>(node->m_state);
+            node->rememberStart();
         }
     }
 }

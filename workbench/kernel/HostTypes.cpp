@@ -321,6 +321,8 @@ void addHostTypes(NodeTypes& types)
     add(types, "resolution", "dependNode", dependency, code("RESL"), attributesOf(kResolution));
     add(types, "script", "dependNode", dependency, code("SCRP"), attributesOf(kScript));
 
+    add(types, "reference", "dependNode", dependency, code("REFN"), {});
+
     // What a node of a missing module is kept as, by its place in the graph.
     add(types, "unknown", "dependNode", dependency, code("UNKN"), {});
     add(types, "unknownDag", "shape", NodeRole::Shape, code("UNKD"), {});

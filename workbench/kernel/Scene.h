@@ -1,9 +1,11 @@
 #pragma once
 
 #include "kernel/Node.h"
+#include "kernel/Reference.h"
 #include "kernel/Time.h"
 
 #include <functional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -65,8 +67,18 @@ public:
     std::string fullPath(const Node& node) const;     ///< "|a|b"; plain name for non-DAG nodes
     std::string partialPath(const Node& node) const;  ///< shortest unique path
     static bool isLegalName(const std::string& name);
+    /// What the shape of a transform is called: of ball ballShape, of ball2 ballShape2.
+    static std::string shapeName(const std::string& transform);
     /// The wanted name with what no name may hold replaced; a "#" at the end, which asks for a number, is kept.
     static std::string legalName(const std::string& wanted);
+
+    /// Whether a namespace has nodes, is a reference's, or was added. Without a colon at the end, like all of these.
+    bool hasNamespace(const std::string& name) const;
+    bool isNamespaceEmpty(const std::string& name) const;
+    void addNamespace(const std::string& name) { m_namespaces.insert(name); }
+    void removeNamespace(const std::string& name) { m_namespaces.erase(name); }
+    /// The wanted namespace, or the first with a number behind it that does not exist yet.
+    std::string freeNamespace(const std::string& wanted) const;
 
     // --- selection -------------------------------------------------------------------------------------------
     const std::vector<NodePtr>& selection() const { return m_selection; }
@@ -143,6 +155,8 @@ public:
     void reset();
     /// Statements that are written back as they were read (requires of missing modules, fileInfo, ...).
     std::vector<std::string> keptStatements;
+    /// Other files whose nodes the scene shows, those it references itself.
+    ReferenceList references;
 
     /// What the scene file holds changed: the scene is modified (unless a file is being read or written) and views
     /// repaint when the host is idle.
@@ -185,6 +199,7 @@ private:
     Range m_animation{1, 48};
     Range m_sliderRange{1, 2};
     bool m_hasSliderRange = false;
+    std::set<std::string> m_namespaces;  ///< those that were added
     std::string m_fileName;
     bool m_modified = false;
     bool m_readErrors = false;

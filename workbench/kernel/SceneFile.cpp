@@ -16,22 +16,6 @@ namespace kernel {
 
 namespace {
 
-/// A condition that holds while this lives.
-class During {
-public:
-    During(Events& events, const char* condition) : m_events(events), m_condition(condition)
-    {
-        m_events.setCondition(m_condition, true);
-    }
-    ~During() { m_events.setCondition(m_condition, false); }
-    During(const During&) = delete;
-    During& operator=(const During&) = delete;
-
-private:
-    Events& m_events;
-    const char* const m_condition;
-};
-
 /// What the rest of the host shows of a scene's time, to tell it once what a file or a new scene has changed.
 struct TimeState {
     explicit TimeState(const Scene& scene)
@@ -57,13 +41,6 @@ struct TimeState {
     const Scene::Range playback;
     const Scene::Range animation;
 };
-
-std::string absolutePath(const std::string& path)
-{
-    std::error_code error;
-    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
-    return error ? path : absolute.lexically_normal().string();
-}
 
 [[noreturn]] void failReading(const std::string& path, int error)
 {
@@ -91,26 +68,6 @@ std::string readWhole(const std::string& path)
     return text;
 }
 
-struct SceneContent {
-    std::string path;
-    std::string bytes;
-};
-
-/// Reads a file into memory. Throws CommandError when it is missing or no scene.
-SceneContent readSceneFile(const std::string& absolutePath)
-{
-    SceneContent content{absolutePath, readWhole(absolutePath)};
-    if (content.bytes.compare(0, 6, "//Maya") != 0)
-        throw CommandError("The file \"" + absolutePath + "\" is not a Maya ASCII scene.");
-    return content;
-}
-
-/// Adds what a scene file holds to the scene as it stands; false, and reported, when some of it could not be read.
-bool addToScene(Session& session, const SceneContent& content, SceneIntake& intake)
-{
-    return session.script().executeScene(content.bytes, intake);
-}
-
 void writeSceneFile(Session& session, const std::string& absolutePath)
 {
     AtomicFile file(absolutePath);
@@ -132,7 +89,7 @@ void runConfigurationScripts(Session& session)
 {
     const std::vector<NodePtr> nodes = session.scene.nodes();
     for (const NodePtr& node : nodes) {
-        if (!node->isInScene() || node->type().name != "script"
+        if (!node->isInScene() || node->referenced || node->type().name != "script"
             || node->number("scriptType") != kSceneConfigurationType)
             continue;
         session.script().execute(node->text("before"), false, false);
@@ -142,6 +99,26 @@ void runConfigurationScripts(Session& session)
 }
 
 }  // namespace
+
+std::string absolutePath(const std::string& path)
+{
+    std::error_code error;
+    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+    return error ? path : absolute.lexically_normal().string();
+}
+
+SceneContent readSceneFile(const std::string& absolutePath)
+{
+    SceneContent content{absolutePath, readWhole(absolutePath)};
+    if (content.bytes.compare(0, 6, "//Maya") != 0)
+        throw CommandError("The file \"" + absolutePath + "\" is not a Maya ASCII scene.");
+    return content;
+}
+
+bool addToScene(Session& session, const SceneContent& content, SceneIntake& intake)
+{
+    return session.script().executeScene(content.bytes, intake);
+}
 
 void writeSceneText(Session& session, std::ostream& out, const std::string& fileName)
 {

@@ -5,6 +5,7 @@
 
 namespace kernel {
 
+class SceneIntake;
 class Session;
 
 /// Writes the scene in text form (restricted script). Throws CommandError when a module's data cannot be written.
@@ -17,5 +18,17 @@ void saveScene(Session& session, const std::string& path);
 /// alone; errors inside it are reported with file and line, and what could be read is kept.
 void openScene(Session& session, const std::string& path);
 void newScene(Session& session);
+
+/// A scene file in memory.
+struct SceneContent {
+    std::string path;
+    std::string bytes;
+};
+/// Reads a file into memory. Throws CommandError when it is missing or no scene.
+SceneContent readSceneFile(const std::string& absolutePath);
+/// Adds what a scene file holds to the scene as it stands; false, and reported, when some of it could not be read.
+bool addToScene(Session& session, const SceneContent& content, SceneIntake& intake);
+/// The path from the root, without "." and "..".
+std::string absolutePath(const std::string& path);
 
 }  // namespace kernel

@@ -50,7 +50,7 @@ NodePtr SceneIntake::createNode(NodeRequest request)
     if (!node) {
         const unsigned long long first = m_session.scene.nextSerial();
         EditList edits;
-        request.name = fileName.empty() ? std::string() : newName(fileName);
+        request.name = fileName.empty() ? std::string() : nameFor(fileName);
         request.keepUnknown = true;
         node = kernel::createNode(m_session, request, edits);
         Node* const above = node->parent();
@@ -82,7 +82,7 @@ NodePtr SceneIntake::existing(const NodeRequest& request) const
     return node && node->shared && node->typeName() == request.type ? node : nullptr;
 }
 
-std::string SceneIntake::newName(const std::string& fileName) const
+std::string SceneIntake::nameFor(const std::string& fileName) const
 {
     const std::string name = inNamespace(fileName);
     const bool isTaken = !m_naming.clashPrefix.empty() && m_takenNames.count(name) != 0;
@@ -164,6 +164,12 @@ void SceneIntake::remember(const std::string& fileName, const NodePtr& node)
     m_byName.emplace(name, node);
     if (name != node->name())
         m_fileNames[node.get()] = name;
+}
+
+void SceneIntake::adopt(const std::string& fileName, const NodePtr& node)
+{
+    m_nodes.push_back(node);
+    remember(fileName, node);
 }
 
 void SceneIntake::mapNamespace(const std::string& fileNamespace, const std::string& here)

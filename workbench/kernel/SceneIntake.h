@@ -46,19 +46,28 @@ public:
     /// The name under which a node or plug of the file ("ball.tx") can be reached in the scene; the text itself when
     /// there is no such node.
     std::string nameHere(const std::string& nameOrPlug) const;
-    /// What a name of the file is in the scene before clashes are dealt with.
+    const std::string& nameSpace() const { return m_naming.nameSpace; }
+    /// A name of the file, or a namespace, as it is below the namespace that everything goes under.
     std::string inNamespace(const std::string& fileName) const;
+    /// The name wanted for a new node that the file calls so; a clash with a sibling may still number it.
+    std::string nameFor(const std::string& fileName) const;
     /// From now on the file means this node by a name.
     void remember(const std::string& fileName, const NodePtr& node);
     /// From now on what the file calls one namespace is another in the scene; both without a colon at the end.
     void mapNamespace(const std::string& fileNamespace, const std::string& here);
+
+    /// A node that was made elsewhere counts as the file's, under the name it has there.
+    void adopt(const std::string& fileName, const NodePtr& node);
+
+    /// The reference whose file this is; null for none.
+    Reference* reference() const { return m_reference; }
+    void setReference(Reference* reference) { m_reference = reference; }
 
     /// The nodes made for the file, in order, those of files it references itself not included.
     const std::vector<NodePtr>& nodes() const { return m_nodes; }
 
 private:
     NodePtr existing(const NodeRequest& request) const;
-    std::string newName(const std::string& fileName) const;
     bool isNameInFile(const Node& node, const std::string& fileName) const;
 
     Session& m_session;
@@ -67,6 +76,7 @@ private:
     const Naming m_naming;
     const unsigned long long m_firstSerial;
     std::optional<Scene::ForeignTimes> m_foreignTimes;
+    Reference* m_reference = nullptr;
     std::vector<NodePtr> m_nodes;
     std::unordered_set<std::string> m_takenNames;              ///< of the scene as it was before
     std::unordered_multimap<std::string, NodePtr> m_byName;    ///< the file's names, without paths

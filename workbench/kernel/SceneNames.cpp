@@ -35,13 +35,6 @@ std::string stem(const std::string& name)
     return name.substr(0, end);
 }
 
-/// The shape of ball is ballShape, that of ball2 ballShape2.
-std::string shapeName(const std::string& transform)
-{
-    const std::string start = stem(transform);
-    return start + "Shape" + transform.substr(start.size());
-}
-
 /// The name itself, or the next one free behind its number; "#" at the end asks for the first free number.
 template <typename IsTaken>
 std::string firstFree(const std::string& wanted, const IsTaken& isTaken)
@@ -115,6 +108,12 @@ struct Query {
 };
 
 }  // namespace
+
+std::string Scene::shapeName(const std::string& transform)
+{
+    const std::string start = stem(transform);
+    return start + "Shape" + transform.substr(start.size());
+}
 
 bool Scene::isLegalName(const std::string& name)
 {

@@ -31,6 +31,16 @@ Scene::Range converted(Scene::Range range, TimeUnit from, TimeUnit to)
     return {converted(range.first, from, to), converted(range.last, from, to)};
 }
 
+void convertTimes(const Node& node, std::unordered_map<std::string, PlugValue>& values, TimeUnit from, TimeUnit to)
+{
+    for (auto& held : values) {
+        const AttributePtr attribute = node.attribute(held.first);
+        double* number = std::get_if<double>(&held.second);
+        if (attribute && attribute->kind == ValueKind::Time && number)
+            *number = converted(*number, from, to);
+    }
+}
+
 }  // namespace
 
 Time Scene::currentTime() const
@@ -95,11 +105,9 @@ void Scene::convertTimeValues(TimeUnit from, TimeUnit to)
         const NodePtr node = weak.lock();
         if (!node || node->m_serial < m_firstForeign)
             continue;
-        for (auto& held : node->m_state.values) {
-            const AttributePtr attribute = node->attribute(held.first);
-            double* number = std::get_if<double>(&held.second);
-            if (attribute && attribute->kind == ValueKind::Time && number)
-                *number = converted(*number, from, to);
+        for (Node::State* state : {&node->m_state, node->m_startState.get()}) {
+            if (state)
+                convertTimes(*node, state->values, from, to);
         }
     }
 }

@@ -1,5 +1,7 @@
 #include "kernel/SceneWriter.h"
 
+#include "kernel/ReferenceEdits.h"
+#include "kernel/References.h"
 #include "kernel/SceneText.h"
 #include "kernel/Session.h"
 
@@ -98,13 +100,13 @@ std::string requiresStatement(const std::string& module, const ModuleUse& use)
 }
 
 SceneWriter::SceneWriter(Session& session, std::ostream& out, const std::string& fileName)
-    : m_session(session), m_scene(session.scene), m_out(out), m_name(withoutFolders(fileName))
+    : m_session(session), m_scene(session.scene), m_out(out), m_path(fileName), m_name(withoutFolders(fileName))
 {}
 
 void SceneWriter::write()
 {
     writeHead();
-    writeKept("file");
+    writeReferences(m_out, m_scene, m_path);
     writeRequirements();
     m_out << "currentUnit -l centimeter -a degree -t " << timeUnitName(m_scene.timeUnit()) << ";\n";
     writeFileInfo();
@@ -170,7 +172,7 @@ void SceneWriter::writeKept(const std::string& section)
     for (const std::string& kept : m_scene.keptStatements) {
         const std::string statement = trimmed(kept);
         const std::string word = firstWord(statement);
-        const bool hasSection = word == "file" || word == "requires" || word == "fileInfo";
+        const bool hasSection = word == "requires" || word == "fileInfo";
         if (statement.empty() || (section.empty() ? hasSection : word != section))
             continue;
         if ((word == "requires" && isRequired(statement)) || (word == "fileInfo" && isKnownFileInfo(statement)))
@@ -202,6 +204,8 @@ void SceneWriter::writeNode(const Node& node)
         m_out << " -p " << quotedText(m_scene.partialPath(*node.parent()));
     m_out << ";\n\trename -uid " << quotedText(node.uid()) << ";\n";
     writeAttributes(m_out, node);
+    if (const Reference* reference = referenceOf(m_scene, node))
+        writeReferenceEdits(m_out, node.name(), currentEdits(m_scene, *reference));
     writeUnknownStatements(m_out, node);
 }
 

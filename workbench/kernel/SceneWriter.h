@@ -40,13 +40,14 @@ private:
     void writeNode(const Node& node);
     void writeConfiguration();
     void writeDefaultNodes();
-    /// The kept statements of one section ("file", "requires", "fileInfo"); empty: those of no other section.
+    /// The kept statements of one section ("requires", "fileInfo"); empty: those of no other section.
     void writeKept(const std::string& section);
     std::map<std::string, ModuleUse> modulesInUse() const;
 
     Session& m_session;
     Scene& m_scene;
     std::ostream& m_out;
+    const std::string m_path;         ///< of the file
     std::string m_name;               ///< of the file, without folders
     std::set<std::string> m_modules;  ///< whose `requires` has been written
 };

@@ -1,11 +1,14 @@
 #include "mel/SceneReader.h"
 
+#include "kernel/ReferenceEdits.h"
+#include "kernel/References.h"
 #include "kernel/Session.h"
 #include "mel/ArgumentParser.h"
 #include "mel/Evaluator.h"
 #include "mel/ExpressionParser.h"
 #include "mel/Resolver.h"
 #include "mel/builtins/CreateNode.h"
+#include "mel/builtins/Quoting.h"
 
 #include <algorithm>
 
@@ -72,6 +75,36 @@ std::string ownPlug(const ValueList& args)
         return {};
     const std::string& plug = std::get<std::string>(args[place]);
     return plug[0] == '.' ? plug.substr(1, plug.find_first_of(".[", 1) - 1) : std::string();
+}
+
+bool isFlagWord(const Value& value)
+{
+    const auto* text = std::get_if<std::string>(&value);
+    return text && text->size() > 1 && (*text)[0] == '-';
+}
+
+/// The arguments of `file -r`: flags with and without a value, the path last.
+kernel::ReferenceRequest referenceRequest(const ValueList& args)
+{
+    kernel::ReferenceRequest request;
+    request.file = kernel::toText(args.back());
+    for (std::size_t i = 0; i + 1 < args.size(); ++i) {
+        const bool hasValue = i + 2 < args.size() && !isFlagWord(args[i + 1]);
+        const std::string value = hasValue ? kernel::toText(args[i + 1]) : std::string();
+        if (isFlag(args[i], "ns", "namespace")) {
+            request.nameSpace = value;
+        } else if (isFlag(args[i], "rfn", "referenceNode")) {
+            request.nodeName = value;
+        } else if (isFlag(args[i], "dr", "deferReference")) {
+            kernel::toBool(value, request.isDeferred);
+        } else if (!isFlag(args[i], "r", "reference")) {
+            request.otherFlags.push_back(args[i]);
+            if (hasValue)
+                request.otherFlags.push_back(args[i + 1]);
+        }
+        i += hasValue ? 1 : 0;
+    }
+    return request;
 }
 
 }  // namespace
@@ -281,7 +314,8 @@ void SceneReader::keepFileInfo(const Statement& statement)
     if (statement.args.size() != 2)
         throw CommandError("Incorrect number of objects specified");
     const std::string key = kernel::toText(statement.args[0]);
-    if (std::find(std::begin(kOwnFileInfo), std::end(kOwnFileInfo), key) != std::end(kOwnFileInfo))
+    const bool isOwn = std::find(std::begin(kOwnFileInfo), std::end(kOwnFileInfo), key) != std::end(kOwnFileInfo);
+    if (isOwn || !m_intake.setsUpScene())
         return;
     const std::string start = "fileInfo \"" + key + "\"";
     std::vector<std::string>& kept = m_interpreter.session().scene.keptStatements;
@@ -294,20 +328,31 @@ void SceneReader::keepFileInfo(const Statement& statement)
 void SceneReader::readReference(const Statement& statement)
 {
     if (hasFlag(statement.args, "rdi", "referenceDepthInfo"))
-        return keepWithScene(verbatim(statement));
-    if (!hasFlag(statement.args, "r", "reference"))
+        return;  // what follows says the same of each
+    if (!hasFlag(statement.args, "r", "reference") || statement.args.empty())
         throw CommandError("Only references to other files can stand in a scene.");
-    warn("The referenced file is not read: " + kernel::toText(statement.args.back()), statement.begin);
-    keepWithScene(verbatim(statement));
+    kernel::takeReference(m_interpreter.session(), m_intake, referenceRequest(statement.args),
+                          [&](const std::string& message) { warn(message, statement.begin); });
 }
 
+// The file's links and the like mean its own names.
 void SceneReader::keepLink(const Statement& statement)
 {
-    keepWithScene(verbatim(statement));
+    if (m_intake.setsUpScene())
+        return keepWithScene(verbatim(statement));
+    std::string here = statement.command;
+    for (const Value& value : statement.args) {
+        const auto* text = std::get_if<std::string>(&value);
+        const bool isName = text && (text->empty() || (*text)[0] != '-');
+        here += ' ' + (isName ? quoted(m_intake.nameHere(*text)) : kernel::toText(value));
+    }
+    keepWithScene(here + ';');
 }
 
 void SceneReader::keepWithScene(const std::string& statement)
 {
+    if (m_intake.purpose() == kernel::SceneIntake::Purpose::Reference)
+        return;  // the referenced file has it
     std::vector<std::string>& kept = m_interpreter.session().scene.keptStatements;
     if (std::find(kept.begin(), kept.end(), statement) == kept.end())
         kept.push_back(statement);
@@ -397,6 +442,8 @@ void SceneReader::setAttribute(const Statement& statement)
     if (m_skipping)
         return keepWithAbsentNode(statement);
     const NodePtr node = m_interpreter.sceneNode();
+    if (node && node->typeName() == "reference")
+        return setReferenceNode(statement, own);
     if (node && (!node->unknownType.empty() || m_addedAttributes.count(own)))
         return keepWithNode(statement);
     if (node && !node->attribute(own))
@@ -417,6 +464,49 @@ void SceneReader::setOtherNode(const Statement& statement)
         plug = m_intake.nameHere(plug);
     }
     kernel::runCommand(m_interpreter.session(), statement.command, args);
+}
+
+// What the scene changes in the nodes of a reference; all else of a reference node is kept as it stands.
+void SceneReader::setReferenceNode(const Statement& statement, const std::string& own)
+{
+    kernel::Reference* const reference = kernel::referenceOf(m_interpreter.session().scene, *m_interpreter.sceneNode());
+    const auto type = std::find_if(statement.args.begin(), statement.args.end(),
+                                   [](const Value& value) { return isFlag(value, "typ", "type"); });
+    const bool isEdits = reference && (own == "ed" || own == "edits") && statement.args.end() - type > 1;
+    if (!isEdits || !kernel::parseReferenceEdits(ValueList(type + 2, statement.args.end()), reference->keptEdits))
+        return keepWithNode(statement);
+    if (reference->isLoaded)
+        applyEdits(*reference, statement.begin);
+}
+
+/// Sets what can be set; that is then in the nodes, and the rest stays with the reference.
+void SceneReader::applyEdits(kernel::Reference& reference, std::size_t at)
+{
+    // Messages about the statements below shall name this line.
+    std::string statements(m_source.position(at).line - 1, '\n');
+    for (kernel::ReferenceEdits& section : reference.keptEdits) {
+        std::vector<ValueList>& edits = section.edits;
+        const auto kept = std::remove_if(edits.begin(), edits.end(), [&](const ValueList& edit) {
+            const std::string statement = settingStatement(edit);
+            statements += statement;
+            return !statement.empty();
+        });
+        edits.erase(kept, edits.end());
+    }
+    SceneReader reader(m_interpreter, statements, m_intake);
+    m_ok = reader.read() && m_ok;
+}
+
+/// The setAttr that a change of a reference is; empty for other changes and for those of what the file does not have.
+std::string SceneReader::settingStatement(const ValueList& edit) const
+{
+    if (edit.size() != 4 || !(edit[0] == Value(kernel::kSetAttrEdit)))
+        return {};
+    const std::string attribute = kernel::toText(edit[2]);
+    const NodePtr node = m_intake.find(kernel::toText(edit[1]));
+    if (!node || !node->attribute(attribute.substr(attribute.rfind('.') + 1)))
+        return {};
+    return "setAttr " + quoted(kernel::toText(edit[1]) + '.' + attribute) + kernel::toText(edit[3]) + ';';
 }
 
 void SceneReader::addAttribute(const Statement& statement)

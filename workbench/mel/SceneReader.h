@@ -60,6 +60,9 @@ private:
     void renameNode(const Statement& statement);
     void setAttribute(const Statement& statement);
     void setOtherNode(const Statement& statement);
+    void setReferenceNode(const Statement& statement, const std::string& own);
+    void applyEdits(kernel::Reference& reference, std::size_t at);
+    std::string settingStatement(const kernel::ValueList& edit) const;
     void addAttribute(const Statement& statement);
     void selectNode(const Statement& statement);
     void lockNode(const Statement& statement);

@@ -53,7 +53,7 @@ Value runRename(BuiltinCall& call)
         node = call.scene.selection().front();
     else
         throw CommandError("No object was specified");
-    if (node->referenced || node->startup || node->isDefaultNode)
+    if (node->isReadOnly())
         throw CommandError("Cannot rename a read only node.");
     call.apply(kernel::renameNodeEdit(node, names.back()));
     return call.scene.partialPath(*node);
