@@ -57,6 +57,24 @@ protected:
     }
 };
 
+TEST_F(NodeCommandTest, MakesANodeOfTheScenesOwnBesideAReferencedOne)
+{
+    QTemporaryDir folder;
+    const std::string path = folder.filePath("ref.ma").toStdString();
+    ASSERT_TRUE(command("-layer -camera persp -layerName Theirs"));
+    ASSERT_TRUE(run("file -rename \"" + path + "\"; file -save -type \"mayaAscii\"; file -new"));
+    ASSERT_TRUE(run("file -reference -namespace ref \"" + path + "\""));
+    ASSERT_TRUE(exists("ref:lumisketchShape"));
+    EXPECT_EQ(evaluate("tqLumisketchNode -exists"), kernel::Value(0));
+    ASSERT_TRUE(command("-layer -camera persp -layerName Mine"));
+    EXPECT_TRUE(exists("|lumisketch|lumisketchShape"));
+    EXPECT_EQ(drawing().layerName("persp", 0), "Mine");
+    run("undo");
+    EXPECT_FALSE(exists("lumisketchShape"));
+    EXPECT_TRUE(exists("ref:lumisketchShape"));
+    EXPECT_THAT(errors(), IsEmpty());
+}
+
 TEST_F(NodeCommandTest, MakesTheOneDrawingNodeOfAScene)
 {
     EXPECT_EQ(evaluate("tqLumisketchNode -exists"), kernel::Value(0));

@@ -75,8 +75,8 @@ const SceneBinaryReader::Row SceneBinaryReader::kLinkChunks[] = {
     {chunk::kStatements, &SceneBinaryReader::runStatements},
 };
 
-SceneBinaryReader::SceneBinaryReader(Session& session, std::string_view bytes, std::string fileName, PartRead partRead)
-    : m_session(session), m_bytes(bytes), m_fileName(std::move(fileName)), m_partRead(std::move(partRead))
+SceneBinaryReader::SceneBinaryReader(Session& session, std::string_view bytes, SceneIntake& intake, PartRead partRead)
+    : m_session(session), m_bytes(bytes), m_intake(intake), m_partRead(std::move(partRead))
 {}
 
 bool SceneBinaryReader::read()
@@ -85,7 +85,7 @@ bool SceneBinaryReader::read()
         report("The file is of an older binary form that cannot be read.");
         return false;
     }
-    m_statements = m_session.script().beginScene();
+    m_statements = m_session.script().beginScene(m_intake);
     Chunk scene;
     if (!ChunkReader(m_bytes).next(scene)) {
         report("The file is damaged: it holds no scene.");
@@ -255,12 +255,10 @@ void SceneBinaryReader::readDefaultNode(const Chunk& group)
     for (Chunk chunk; !node && reader.next(chunk);) {
         std::string_view texts = chunk.body;
         if (chunk.id == chunk::kSelect)
-            node = m_session.scene.findOrNull(takeText(texts));
+            node = m_intake.find(takeText(texts));
     }
-    if (!node)
-        return;  // one that this host does not have
-    run("select -ne " + quotedText(m_session.scene.fullPath(*node)) + ';');
-    readValues(node, group);
+    if (node && m_intake.takesSettingsOf(*node))
+        readValues(node, group);
 }
 
 void SceneBinaryReader::run(std::string_view statements)
@@ -271,7 +269,7 @@ void SceneBinaryReader::run(std::string_view statements)
 void SceneBinaryReader::report(const std::string& message)
 {
     m_ok = false;
-    m_session.output.error("file: " + m_fileName + ": " + message);
+    m_session.output.error("file: " + m_intake.path() + ": " + message);
 }
 
 }  // namespace kernel

@@ -1,9 +1,9 @@
 #include "kernel/SceneFile.h"
 
 #include "kernel/AtomicFile.h"
-#include "kernel/FileContent.h"
 #include "kernel/SceneBinaryReader.h"
 #include "kernel/SceneBinaryWriter.h"
+#include "kernel/SceneIntake.h"
 #include "kernel/SceneSections.h"
 #include "kernel/SceneWriter.h"
 #include "kernel/Session.h"
@@ -15,22 +15,6 @@
 namespace kernel {
 
 namespace {
-
-/// A condition that holds while this lives.
-class During {
-public:
-    During(Events& events, const char* condition) : m_events(events), m_condition(condition)
-    {
-        m_events.setCondition(m_condition, true);
-    }
-    ~During() { m_events.setCondition(m_condition, false); }
-    During(const During&) = delete;
-    During& operator=(const During&) = delete;
-
-private:
-    Events& m_events;
-    const char* const m_condition;
-};
 
 /// What the rest of the host shows of a scene's time, to tell it once what a file or a new scene has changed.
 struct TimeState {
@@ -58,46 +42,11 @@ struct TimeState {
     const Scene::Range animation;
 };
 
-std::string absolutePath(const std::string& path)
-{
-    std::error_code error;
-    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
-    return error ? path : absolute.lexically_normal().string();
-}
-
-/// A file that holds a scene.
-struct SceneContent {
-    std::string path;
-    FileContent file;
-    SceneFileType type = SceneFileType::Ascii;
-};
-
-/// Recognises a file by its content. Throws CommandError when it is missing or no scene.
-std::unique_ptr<SceneContent> readSceneFile(const std::string& absolutePath)
-{
-    std::unique_ptr<SceneContent> content(new SceneContent{absolutePath, FileContent(absolutePath)});
-    const std::string_view bytes = content->file.bytes();
-    if (isBinaryScene(bytes))
-        content->type = SceneFileType::Binary;
-    else if (bytes.substr(0, 6) != "//Maya")
-        throw CommandError("The file \"" + absolutePath + "\" is not a Maya scene.");
-    return content;
-}
-
-/// Adds what a scene file holds to the scene as it stands; false, and reported, when some of it could not be read.
-bool addToScene(Session& session, const SceneContent& content)
-{
-    const PartRead partRead = [&content](std::string_view part) { content.file.release(part); };
-    if (content.type == SceneFileType::Binary)
-        return SceneBinaryReader(session, content.file.bytes(), content.path, partRead).read();
-    return session.script().executeScene(content.file.bytes(), content.path, partRead);
-}
-
 void writeSceneFile(Session& session, const std::string& absolutePath, SceneFileType type)
 {
     AtomicFile file(absolutePath);
     if (type == SceneFileType::Binary)
-        writeSceneBinary(session, file.stream());
+        writeSceneBinary(session, file.stream(), absolutePath);
     else
         writeSceneText(session, file.stream(), absolutePath);
     file.commit();
@@ -117,7 +66,7 @@ void runConfigurationScripts(Session& session)
 {
     const std::vector<NodePtr> nodes = session.scene.nodes();
     for (const NodePtr& node : nodes) {
-        if (!node->isInScene() || node->type().name != "script"
+        if (!node->isInScene() || node->referenced || node->type().name != "script"
             || node->number("scriptType") != kSceneConfigurationType)
             continue;
         session.script().execute(node->text("before"), false, false);
@@ -128,14 +77,37 @@ void runConfigurationScripts(Session& session)
 
 }  // namespace
 
+std::string absolutePath(const std::string& path)
+{
+    std::error_code error;
+    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+    return error ? path : absolute.lexically_normal().string();
+}
+
+SceneContent::SceneContent(const std::string& absolutePath) : m_path(absolutePath), m_file(absolutePath)
+{
+    if (isBinaryScene(m_file.bytes()))
+        m_type = SceneFileType::Binary;
+    else if (m_file.bytes().substr(0, 6) != "//Maya")
+        throw CommandError("The file \"" + absolutePath + "\" is not a Maya scene.");
+}
+
+bool addToScene(Session& session, const SceneContent& content, SceneIntake& intake)
+{
+    const PartRead partRead = [&content](std::string_view part) { content.release(part); };
+    if (content.type() == SceneFileType::Binary)
+        return SceneBinaryReader(session, content.bytes(), intake, partRead).read();
+    return session.script().executeScene(content.bytes(), intake, partRead);
+}
+
 void writeSceneText(Session& session, std::ostream& out, const std::string& fileName)
 {
     SceneWriter(session, out, fileName).write();
 }
 
-void writeSceneBinary(Session& session, std::ostream& out)
+void writeSceneBinary(Session& session, std::ostream& out, const std::string& fileName)
 {
-    SceneBinaryWriter(session, out).write();
+    SceneBinaryWriter(session, out, fileName).write();
 }
 
 SceneFileType fileTypeFor(const Scene& scene, const std::string& path)
@@ -161,7 +133,7 @@ void saveScene(Session& session, const std::string& path, std::optional<SceneFil
 void openScene(Session& session, const std::string& path)
 {
     const std::string absolute = absolutePath(path);
-    const std::unique_ptr<SceneContent> content = readSceneFile(absolute);
+    const SceneContent content(absolute);
     Scene& scene = session.scene;
     const TimeState before(scene);
     {
@@ -171,8 +143,9 @@ void openScene(Session& session, const std::string& path)
         session.undo.flush();
         scene.reset();
         scene.setFileName(absolute);
-        scene.setFileType(content->type);
-        scene.setReadWithErrors(!addToScene(session, *content));
+        scene.setFileType(content.type());
+        SceneIntake intake(session, SceneIntake::Purpose::Open, absolute);
+        scene.setReadWithErrors(!addToScene(session, content, intake));
         runConfigurationScripts(session);
     }
     scene.setModified(false);

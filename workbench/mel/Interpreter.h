@@ -43,9 +43,9 @@ public:
     /// the text. fileName: named in messages; empty for text from the command line.
     kernel::ScriptResult executeBatch(const std::string& text, const std::string& fileName = {});
     kernel::ScriptResult executeBatchFile(const std::string& path);
-    bool executeScene(std::string_view text, const std::string& fileName,
+    bool executeScene(std::string_view text, kernel::SceneIntake& intake,
                       const kernel::PartRead& partRead = {}) override;
-    std::unique_ptr<kernel::SceneStatements> beginScene() override;
+    std::unique_ptr<kernel::SceneStatements> beginScene(kernel::SceneIntake& intake) override;
     bool isExecuting() const override { return m_depth > 0; }
 
     // --- running, from inside a script: errors are thrown as CommandError --------------------------------------

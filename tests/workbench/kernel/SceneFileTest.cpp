@@ -36,7 +36,7 @@ public:
         return {};
     }
     ScriptResult executeFile(const std::string&, bool) override { return {}; }
-    bool executeScene(std::string_view text, const std::string&, const PartRead&) override
+    bool executeScene(std::string_view text, SceneIntake&, const PartRead&) override
     {
         m_log.push_back("read");
         if (onScene)
@@ -329,15 +329,14 @@ TEST_F(SceneFileTest, KeptStatementsGoToTheirSectionsOnce)
 {
     addWobbleModule();
     addWobble();
-    scene.keptStatements = {"requires \"stereo\" \"10.0\"",        "requires \"wobblePlugin\" \"1.0\";",
-                            "fileInfo \"product\" \"Other\";",     "fileInfo \"mood\" \"blue\";",
-                            "file -rdi 1 -ns \"set\" \"set.ma\";", "\tconnectAttr \"a.x\" \"b.y\";\n"};
+    scene.keptStatements = {"requires \"stereo\" \"10.0\"", "requires \"wobblePlugin\" \"1.0\";",
+                            "fileInfo \"product\" \"Other\";", "fileInfo \"mood\" \"blue\";",
+                            "\tconnectAttr \"a.x\" \"b.y\";\n"};
     const std::string written = text();
     const auto at = [&](const char* part) {
         EXPECT_THAT(written, HasSubstr(part));
         return written.find(part);
     };
-    EXPECT_LT(at("\nfile -rdi 1 -ns \"set\" \"set.ma\";\n"), at("\nrequires maya"));
     EXPECT_LT(at("\nrequires \"stereo\" \"10.0\";\n"), at("\ncurrentUnit"));
     EXPECT_LT(at("\nfileInfo \"mood\" \"blue\";\n"), at("\ncreateNode"));
     EXPECT_LT(at("\nselect -ne :time1"), at("\nconnectAttr \"a.x\" \"b.y\";\n// End"));
@@ -510,7 +509,7 @@ TEST_F(SceneFileTest, OpeningTellsEverythingOnceTheSceneIsThere)
     add("transform", "old");
     session.undo.record(std::make_unique<Nothing>());
     script->onScene = [&] {
-        EXPECT_EQ(scene.activity(), FileActivity::Open);
+        EXPECT_TRUE(scene.isDoing(FileActivity::Open));
         EXPECT_TRUE(session.events.condition("readingFile"));
         EXPECT_EQ(scene.findOrNull("old"), nullptr);
         scene.setTimeUnit(TimeUnit::PalFrame);
@@ -531,7 +530,7 @@ TEST_F(SceneFileTest, OpeningTellsEverythingOnceTheSceneIsThere)
     EXPECT_NE(scene.findOrNull("mine"), nullptr);
     EXPECT_FALSE(scene.isModified() || scene.wasReadWithErrors() || session.undo.canUndo());
     EXPECT_EQ(scene.fileName(), path("a.ma"));
-    EXPECT_EQ(scene.activity(), FileActivity::None);
+    EXPECT_FALSE(scene.isBusyWithFile());
     EXPECT_FALSE(session.events.condition("readingFile"));
 }
 

@@ -1,4 +1,5 @@
 #include "kernel/SceneFile.h"
+#include "kernel/SceneIntake.h"
 #include "workbench/mel/ScriptHost.h"
 
 #include <gtest/gtest.h>
@@ -77,7 +78,8 @@ const WobbleData* wobblesOf(ScriptHost& host, const std::string& node)
 
 bool read(ScriptHost& host, const std::string& text)
 {
-    return host.session.script().executeScene(text, "shot.ma");
+    kernel::SceneIntake intake(host.session, kernel::SceneIntake::Purpose::Open, "shot.ma");
+    return host.session.script().executeScene(text, intake);
 }
 
 std::string written(ScriptHost& host)
