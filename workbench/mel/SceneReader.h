@@ -58,6 +58,7 @@ private:
     void readReference(const Statement& statement);
     void createNode(const Statement& statement);
     void renameNode(const Statement& statement);
+    void renameOtherNode(const Statement& statement);
     void setAttribute(const Statement& statement);
     void setOtherNode(const Statement& statement);
     void setReferenceNode(const Statement& statement, const std::string& own);
