@@ -162,8 +162,7 @@ void SceneIntake::remember(const std::string& fileName, const NodePtr& node)
 {
     const std::string name = withoutRootColon(fileName);
     m_byName.emplace(name, node);
-    if (name != node->name())
-        m_fileNames[node.get()] = name;
+    m_fileNames[node.get()] = name;
 }
 
 void SceneIntake::adopt(const std::string& fileName, const NodePtr& node)

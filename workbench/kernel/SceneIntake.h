@@ -80,7 +80,7 @@ private:
     std::vector<NodePtr> m_nodes;
     std::unordered_set<std::string> m_takenNames;              ///< of the scene as it was before
     std::unordered_multimap<std::string, NodePtr> m_byName;    ///< the file's names, without paths
-    std::unordered_map<const Node*, std::string> m_fileNames;  ///< where they differ from those in the scene
+    std::unordered_map<const Node*, std::string> m_fileNames;  ///< what the file calls its nodes last
     std::map<std::string, std::string> m_namespaces;           ///< the file's: those here
 };
 

@@ -476,10 +476,26 @@ void SceneReader::enterNode(const NodePtr& node)
 void SceneReader::renameNode(const Statement& statement)
 {
     if (!hasFlag(statement.args, "uid", "uuid"))
-        return runCommand(statement);
+        return renameOtherNode(statement);
     const NodePtr node = m_interpreter.sceneNode();
     if (node && !statement.args.empty())
         node->setUid(kernel::toText(statement.args.back()));
+}
+
+/// Gives a node that is named another name.
+void SceneReader::renameOtherNode(const Statement& statement)
+{
+    if (statement.args.size() != 2)
+        throw CommandError("Incorrect number of objects specified");
+    const std::string before = kernel::toText(statement.args[0]);
+    const std::string after = kernel::toText(statement.args[1]);
+    const NodePtr node = m_intake.find(before);
+    if (!node)
+        throw CommandError("No object matches name: " + before);
+    if (!m_intake.takesSettingsOf(*node))
+        return;
+    kernel::renameNodeEdit(node, m_intake.nameFor(after))->redo(m_interpreter.session().scene);
+    m_intake.remember(after, node);
 }
 
 void SceneReader::setAttribute(const Statement& statement)

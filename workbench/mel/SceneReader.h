@@ -66,6 +66,7 @@ private:
     void readReference(const Statement& statement);
     void createNode(const Statement& statement);
     void renameNode(const Statement& statement);
+    void renameOtherNode(const Statement& statement);
     void setAttribute(const Statement& statement);
     bool isModuleData(const Statement& statement) const;
     void setOtherNode(const Statement& statement);

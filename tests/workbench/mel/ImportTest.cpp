@@ -46,6 +46,16 @@ TEST_F(Import, NamesThatAreFreeStayAsTheyAre)
     EXPECT_EQ(eval("getAttr in1.tx"), "1");
 }
 
+TEST_F(Import, ANodeThatTheFileRenamesIsFoundByItsNewName)
+{
+    write("a.ma", std::string(kBall) + "rename \"ball\" \"globe\";\nsetAttr \"globe.tz\" 8;\n");
+    run("createNode transform -n ball; createNode transform -n globe");
+    ASSERT_TRUE(file("-import", "a.ma"));
+    EXPECT_THAT(errors, IsEmpty());
+    EXPECT_EQ(eval("getAttr a_globe.t"), "1 7 8");
+    EXPECT_EQ(eval("getAttr ball.t"), "0 0 0");
+}
+
 TEST_F(Import, GoesUnderANamespaceOfItsOwnUnlessMerged)
 {
     write("a.ma", kBall);
