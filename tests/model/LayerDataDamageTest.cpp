@@ -137,6 +137,28 @@ TEST_F(LayerDataDamageTest, WrongTokensAreMetWithMessages)
     }
 }
 
+TEST_F(LayerDataDamageTest, ATokenMissingOrInsertedAnywhereIsSurvivedAndNeverRefusedInSilence)
+{
+    makeSmallDrawing();
+    const QStringList whole = tokensOf(text());
+    for (int at = 0; at < whole.size(); ++at) {
+        QStringList shorter = whole;
+        shorter.removeAt(at);
+        std::vector<QStringList> damaged{shorter};
+        for (const char* extra : {"\"x\"", "\"\"", "7", "-1", "0.5", "\"UNKNOWN\""}) {
+            damaged.push_back(whole);
+            damaged.back().insert(at, extra);
+        }
+        for (const QStringList& tokens : damaged) {
+            forgetLines();
+            const Loaded loaded = readText(tokens);
+            EXPECT_TRUE(loaded.status || !errors().empty()) << tokens.mid(0, 13).join(' ').toStdString();
+            EXPECT_LE(loaded.next, kLead + static_cast<unsigned>(tokens.size()) + 1);
+            use(loaded);
+        }
+    }
+}
+
 TEST_F(LayerDataDamageTest, AnAbsentLayerIsSkippedWithAWarning)
 {
     const Loaded loaded = readText(tokensOf("1 0 \"\" 1 \"persp\" 2 -1 \"UNKNOWN\" -1 \"UNKNOWN\" 0 1 1 0"));
