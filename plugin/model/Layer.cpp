@@ -51,10 +51,22 @@ int Layer::addFrameAtCurrentTime()
 
 int Layer::insertFrame(std::unique_ptr<Frame> frame)
 {
-    if (!frame || hasFrame(frame->frameNumber())) {
+    return frame && !hasFrame(frame->frameNumber()) ? restoreFrame(std::move(frame)) : -1;
+}
+
+int Layer::restoreFrame(std::unique_ptr<Frame> frame)
+{
+    if (!frame) {
         return -1;
     }
-    const auto place = firstAfter(frame->frameNumber());
+    auto place = firstAfter(frame->frameNumber());
+    const auto isBefore = [&](const std::unique_ptr<Frame>& other) { return frame->time() <= other->time(); };
+    while (place != m_frames.begin() && isBefore(*(place - 1))) {
+        --place;
+    }
+    if (place != m_frames.end() && (*place)->time() == frame->time()) {
+        return -1;
+    }
     const int index = static_cast<int>(place - m_frames.begin());
     m_frames.insert(place, std::move(frame));
     updateCurrentFrame(currentFrameNumber());

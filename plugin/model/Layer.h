@@ -51,6 +51,9 @@ public:
     int addFrameAtCurrentTime();
     /// Always consumes the frame. -1 for null and for a frame number that is keyed: no frame is ever replaced.
     int insertFrame(std::unique_ptr<Frame> frame);
+    /// The same for a frame as it was saved: it is refused only at the very time of another, so that frames hidden in
+    /// this time unit come back too, see hiddenFrameCount().
+    int restoreFrame(std::unique_ptr<Frame> frame);
     std::unique_ptr<Frame> copyFrame(const MTime& time) const;  ///< packed; null when none is keyed there
     std::unique_ptr<Frame> takeFrame(const MTime& time);        ///< null when none is keyed there
     std::unique_ptr<Frame> takeFrameAtCurrentTime();

@@ -104,7 +104,7 @@ bool readFrame(Arguments& arguments, int index, Layer& layer)
     const char* digits = hex.asUTF8(length);
     std::unique_ptr<Frame> frame = Frame::fromPng(time, decodeHex(digits, length));
     if (frame) {
-        layer.insertFrame(std::move(frame));
+        layer.restoreFrame(std::move(frame));
     } else {
         messages::error(QString("Failed to load draw data: %1 (%2)").arg(layer.name(), QString::number(index)));
     }

@@ -232,6 +232,18 @@ TEST_F(LayerDataTest, OnlyABinarySaveWarnsOfFramesItWouldMerge)
     EXPECT_EQ(saved().layer("persp", 0)->frameCount(), 4) << "nothing is taken out of memory";
 }
 
+TEST_F(LayerDataTest, FramesHiddenInTheTimeUnitComeBackFromText)
+{
+    addSavedLayer("persp", drawings::layer("Ink", {8, 9, 10, 11}));
+    const QString before = describe(saved());
+    MTime::setUIUnit(MTime::kGames);
+    const Loaded loaded = readText(tokensOf(text()));
+    EXPECT_EQ(loaded.manager->layer("persp", 0)->hiddenFrameCount(), 2);
+    MTime::setUIUnit(MTime::kFilm);
+    loaded.manager->updateCurrentFrames(currentFrameNumber(), false);
+    EXPECT_EQ(describe(*loaded.manager), before);
+}
+
 TEST_F(LayerDataTest, CopiesShareTheDrawing)
 {
     makeSmallDrawing();

@@ -112,9 +112,8 @@ MStatus MFileIO::open(const MString& fileName, const char* type, bool force)
 MStatus MFileIO::importFile(const MString& fileName, const char* type, bool /*preserveReferences*/,
                             const char* nameSpace, bool /*ignoreVersion*/)
 {
-    if (!isTextType(type))
-        return MStatus::kNotImplemented;
     return attempt([&] {
+        fileType(type);
         kernel::ImportNaming naming;
         naming.nameSpace = nameSpace ? nameSpace : "";
         kernel::importScene(session(), api::toKernel(fileName), naming);

@@ -190,8 +190,10 @@ Reference& createReference(Session& session, ReferenceRequest request)
         scene.freeNamespace(request.nameSpace.empty() ? baseName(path) : Scene::legalName(request.nameSpace));
     if (request.nodeName.empty())
         request.nodeName = request.nameSpace + "RN";
-    if (request.otherFlags.empty())
-        request.otherFlags = {std::string("-op"), std::string("v=0;"), std::string("-typ"), std::string("mayaAscii")};
+    if (request.otherFlags.empty()) {
+        const std::string type = fileTypeName(fileTypeOfName(path).value_or(SceneFileType::Ascii));
+        request.otherFlags = {std::string("-op"), std::string("v=0;"), std::string("-typ"), type};
+    }
     Reference& reference = addReference(session, nullptr, std::move(request), path);
     reference.node->unknownStatements.push_back("lockNode -l 1 ;");
     try {

@@ -17,8 +17,8 @@ class Session;
 /// Whether a file's bytes are those of a binary scene, of a kind this host reads or of an older one.
 bool isBinaryScene(std::string_view bytes);
 
-/// Reads a binary scene (SceneChunks.h); the intake says how it comes into the open one. What cannot be read is reported with the file's
-/// name, and reading goes on with the next chunk.
+/// Reads a binary scene (SceneChunks.h); the intake says how it comes into the open one. What cannot be read is
+/// reported with the file's name, and reading goes on with the next chunk.
 class SceneBinaryReader {
 public:
     /// bytes: outlive the reader. partRead: told of those that are done with.

@@ -156,7 +156,8 @@ private:
 
 SceneReader::SceneReader(Interpreter& interpreter, std::string_view text, const std::string& fileName,
                          kernel::SceneIntake& intake, const kernel::PartRead& partRead)
-    : m_interpreter(interpreter), m_intake(intake), m_source(Source::borrowing(text, fileName)), m_tokens(text), m_partRead(partRead)
+    : m_interpreter(interpreter), m_intake(intake), m_source(Source::borrowing(text, fileName)), m_tokens(text),
+      m_partRead(partRead)
 {}
 
 bool SceneReader::read()

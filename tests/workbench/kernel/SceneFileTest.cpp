@@ -43,7 +43,7 @@ public:
             onScene();
         return text.find("bad") == std::string_view::npos;
     }
-    std::unique_ptr<SceneStatements> beginScene() override { return nullptr; }
+    std::unique_ptr<SceneStatements> beginScene(SceneIntake&) override { return nullptr; }
     Value global(const std::string&) const override { return {}; }
     void setGlobalString(const std::string&, const std::string&) override {}
     bool isExecuting() const override { return false; }

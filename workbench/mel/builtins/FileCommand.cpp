@@ -100,7 +100,7 @@ kernel::StringArray namesOf(const BuiltinCall& call, const std::vector<kernel::N
 
 Value import(BuiltinCall& call)
 {
-    requireTextType(call);
+    typeOf(call);  // what the file is, its content says
     kernel::ImportNaming naming;
     naming.nameSpace = call.args.text("namespace");
     naming.mergeNamespaces = call.args.integer("mergeNamespacesOnClash") != 0;
@@ -114,7 +114,7 @@ Value import(BuiltinCall& call)
 
 Value reference(BuiltinCall& call)
 {
-    requireTextType(call);
+    typeOf(call);
     kernel::ReferenceRequest request;
     request.file = kernel::absolutePath(pathOf(call));
     request.nameSpace = call.args.text("namespace");
