@@ -1,5 +1,6 @@
 #include "settings/Preferences.h"
 
+#include "settings/FileReplacement.h"
 #include "settings/Messages.h"
 #include "settings/PenState.h"
 #include "settings/PreferenceRow.h"
@@ -192,13 +193,17 @@ void Preferences::loadFrom(const QString& filePath)
     }
 }
 
-void Preferences::saveTo(const QString& filePath) const
+bool Preferences::saveTo(const QString& filePath) const
 {
-    QSettings file(filePath, QSettings::IniFormat);
-    file.setValue(QLatin1String(kVersionGroup) + QLatin1Char('/') + QLatin1String(kVersionKey), kFileVersion);
-    for (const PreferenceRow& row : rows()) {
-        file.setValue(path(row), row.value(*this));
-    }
+    return replaceFile(filePath, [this](const QString& name) {
+        QSettings file(name, QSettings::IniFormat);
+        file.setValue(QLatin1String(kVersionGroup) + QLatin1Char('/') + QLatin1String(kVersionKey), kFileVersion);
+        for (const PreferenceRow& row : rows()) {
+            file.setValue(path(row), row.value(*this));
+        }
+        file.sync();
+        return file.status() == QSettings::NoError;
+    });
 }
 
 int Preferences::toolSize(ToolType tool) const
