@@ -111,7 +111,10 @@ TEST_F(FileReplacementTest, LeftoversOfAKilledSaveAreInNobodysWay)
     ASSERT_TRUE(QDir().mkpath(path("a.ini.saving/deeper")));
     ASSERT_TRUE(write(path("a.ini.saving/a.ini"), "half"));
     ASSERT_TRUE(write(path("a.ini.lock"), "999999999\nlumisketch\n" + QSysInfo::machineHostName().toUtf8() + "\n"));
-    EXPECT_TRUE(replaceBy(path("a.ini"), "new"));
+    EXPECT_TRUE(replaceFile(path("a.ini"), [](const QString& fresh) {
+        EXPECT_FALSE(QFile::exists(fresh));
+        return write(fresh, "new");
+    }));
     EXPECT_EQ(read(path("a.ini")), "new");
     EXPECT_EQ(entries(), QStringList("a.ini"));
 }
