@@ -64,7 +64,10 @@ std::vector<QByteArray> seeds()
     for (int i = 0; i < fuzz::kSampleCount; ++i) {
         read("createNode tqLumisketch;\n");
         fuzz::makeSample(i, *BaseNode::allNodes().front()->layerManager());
-        scenes.push_back(QByteArray::fromStdString(writtenScene()));
+        const std::string scene = writtenScene();
+        scenes.push_back(QByteArray::fromStdString(scene));
+        // The same without what every scene has.
+        scenes.push_back(QByteArray::fromStdString(scene.substr(scene.find("createNode tqLumisketch"))));
     }
     return scenes;
 }

@@ -4,10 +4,12 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <filesystem>
 #include <locale>
 #include <system_error>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -17,6 +19,7 @@ namespace {
 
 constexpr std::size_t kBufferSize = 1 << 20;
 constexpr int kTries = 100;
+const char* const kTemporaryMark = ".tmp";
 
 /// The file a path of links ends at; the path itself when there is none yet.
 std::string resolved(const std::string& path)
@@ -35,6 +38,46 @@ std::string folderOf(const std::string& path)
     return slash == std::string::npos ? "." : path.substr(0, slash + 1);
 }
 
+std::string fileNameOf(const std::string& path)
+{
+    return path.substr(path.rfind('/') + 1);
+}
+
+bool isTemporaryOf(const std::string& name, const std::string& targetName)
+{
+    const std::string start = targetName + kTemporaryMark;
+    return name.size() > start.size() && name.compare(0, start.size(), start) == 0
+        && name.find_first_not_of("0123456789_", start.size()) == std::string::npos;
+}
+
+/// Removes what processes that were killed left beside the target. A file that is still being written is locked.
+void removeLeftovers(const std::string& target)
+{
+    std::error_code ignored;
+    std::filesystem::directory_iterator entries(folderOf(target), ignored);
+    for (; !ignored && entries != std::filesystem::directory_iterator(); entries.increment(ignored)) {
+        if (!isTemporaryOf(entries->path().filename().string(), fileNameOf(target)))
+            continue;
+        const int descriptor = ::open(entries->path().c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+        if (descriptor >= 0 && ::flock(descriptor, LOCK_EX | LOCK_NB) == 0)
+            ::unlink(entries->path().c_str());
+        if (descriptor >= 0)
+            ::close(descriptor);
+    }
+}
+
+/// Opens a file that is not there yet and locks it; a negative number, with errno, when that fails.
+int createLocked(const std::string& path)
+{
+    const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    struct stat status = {};
+    if (descriptor < 0 || ::flock(descriptor, LOCK_EX) != 0 || ::fstat(descriptor, &status) != 0 || status.st_nlink > 0)
+        return descriptor;  // where files cannot be locked they are not taken for leftovers either
+    ::close(descriptor);    // taken for one before it was locked
+    errno = EEXIST;
+    return -1;
+}
+
 }  // namespace
 
 void AtomicFile::Buffer::open(int descriptor)
@@ -44,16 +87,17 @@ void AtomicFile::Buffer::open(int descriptor)
     setp(m_buffer.data(), m_buffer.data() + m_buffer.size());
 }
 
-bool AtomicFile::Buffer::close()
+AtomicFile::Buffer::~Buffer()
 {
-    if (m_descriptor < 0)
-        return m_error == 0;
+    if (m_descriptor >= 0)
+        ::close(m_descriptor);
+}
+
+bool AtomicFile::Buffer::flushToDisk()
+{
     sync();
     if (m_error == 0 && ::fsync(m_descriptor) != 0)
         m_error = errno;
-    if (::close(m_descriptor) != 0 && m_error == 0)
-        m_error = errno;
-    m_descriptor = -1;
     return m_error == 0;
 }
 
@@ -108,10 +152,11 @@ AtomicFile::AtomicFile(const std::string& path) : m_path(path), m_target(resolve
     if (exists && ::access(m_target.c_str(), W_OK) != 0)
         fail(errno);
 
+    removeLeftovers(m_target);
     int descriptor = -1;
     for (int i = 0; descriptor < 0 && i < kTries; ++i) {
-        m_temporary = m_target + ".tmp" + std::to_string(::getpid()) + '_' + std::to_string(i);
-        descriptor = ::open(m_temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        m_temporary = m_target + kTemporaryMark + std::to_string(::getpid()) + '_' + std::to_string(i);
+        descriptor = createLocked(m_temporary);
         if (descriptor < 0 && errno != EEXIST)
             break;
     }
@@ -125,16 +170,14 @@ AtomicFile::AtomicFile(const std::string& path) : m_path(path), m_target(resolve
 
 AtomicFile::~AtomicFile()
 {
-    if (m_committed)
-        return;
-    m_buffer.close();
-    ::unlink(m_temporary.c_str());
+    if (!m_committed)
+        ::unlink(m_temporary.c_str());
 }
 
 void AtomicFile::commit()
 {
     m_stream.flush();
-    if (!m_buffer.close())
+    if (!m_buffer.flushToDisk())
         fail(m_buffer.error());
     if (!m_stream)
         fail(EIO);

@@ -9,7 +9,8 @@
 namespace kernel {
 
 /// Writes a file so that its path holds either the old content or all of the new: a temporary file beside it takes the
-/// place of the target on commit(). Everything throws CommandError with the system's reason.
+/// place of the target on commit(). What a killed process left of one goes with the next. Everything throws
+/// CommandError with the system's reason.
 class AtomicFile {
 public:
     explicit AtomicFile(const std::string& path);
@@ -26,8 +27,8 @@ private:
     class Buffer : public std::streambuf {
     public:
         void open(int descriptor);
-        bool close();  ///< flushes to the disk
-        int descriptor() const { return m_descriptor; }
+        ~Buffer() override;
+        bool flushToDisk();
         int error() const { return m_error; }
 
     protected:

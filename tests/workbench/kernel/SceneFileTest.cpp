@@ -12,6 +12,8 @@
 #include <ostream>
 #include <sstream>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -19,6 +21,7 @@ using namespace kernel;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
+using testing::UnorderedElementsAre;
 namespace fs = std::filesystem;
 
 namespace {
@@ -435,6 +438,19 @@ TEST_F(SceneFileTest, ADiskThatIsFullLeavesTheOldFile)
     EXPECT_EQ(failure, "The file \"" + path("a.ma") + "\" could not be written: File too large");
     EXPECT_EQ(content(path("a.ma")), "old");
     EXPECT_THAT(filesInFolder(), ElementsAre("a.ma"));
+}
+
+TEST_F(SceneFileTest, WhatAKilledSaveLeftGoesWithTheNextOne)
+{
+    write(path("a.ma.tmp4711_0"), "//Maya half a sc");
+    write(path("a.ma.tmp4711_1"), "//Maya half a sc");
+    write(path("a.ma.tmp-mine"), "the user's");
+    write(path("b.ma.tmp4711_0"), "another scene's");
+    const int beingWritten = ::open(path("a.ma.tmp4711_1").c_str(), O_WRONLY);
+    ASSERT_EQ(::flock(beingWritten, LOCK_EX), 0);
+    saveScene(session, path("a.ma"));
+    EXPECT_THAT(filesInFolder(), UnorderedElementsAre("a.ma", "a.ma.tmp4711_1", "a.ma.tmp-mine", "b.ma.tmp4711_0"));
+    ::close(beingWritten);
 }
 
 TEST_F(SceneFileTest, OpeningTellsEverythingOnceTheSceneIsThere)
