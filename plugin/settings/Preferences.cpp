@@ -6,10 +6,12 @@
 #include "settings/PreferenceRow.h"
 #include "settings/ScriptBridge.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QSettings>
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
@@ -21,6 +23,38 @@ constexpr int kFileVersion = 1;
 QString path(const PreferenceRow& row)
 {
     return QLatin1String(row.group()) + QLatin1Char('/') + QLatin1String(row.key());
+}
+
+// Whether reading could take the whole stack: a value in Qt's variant form may hold others, however deep, and is read
+// by recursion. Ours are colours, in a file of a few kilobytes; what nests deep is large.
+bool mayNestTooDeep(const QString& filePath)
+{
+    constexpr qint64 kHarmlessSize = 1 << 15;
+    const QByteArray variant("@Variant(");
+    const QByteArray colour("\\0\\0\\0\\x43");
+    QFile file(filePath);
+    if (file.size() <= kHarmlessSize || !file.open(QIODevice::ReadOnly)) {
+        return false;
+    }
+    const QByteArray text = file.readAll();
+    for (int at = text.indexOf(variant); at >= 0; at = text.indexOf(variant, at + 1)) {
+        if (text.mid(at + variant.size(), colour.size()) != colour) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// False when the key is missing. So are all of a group in which a damaged value claims to be a list that no memory can
+// hold: Qt reads a group at once, and takes the memory first.
+bool findValue(const QSettings& file, const QString& key, QVariant& value)
+{
+    try {
+        value = file.value(key);
+        return file.contains(key);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
 }
 
 int clampedPercent(int value)
@@ -182,11 +216,11 @@ void Preferences::save() const
 
 void Preferences::loadFrom(const QString& filePath)
 {
-    const QSettings file(filePath, QSettings::IniFormat);
+    const QSettings file(mayNestTooDeep(filePath) ? QString() : filePath, QSettings::IniFormat);
     for (const PreferenceRow& row : rows()) {
-        const QString key = path(row);
-        if (file.contains(key)) {
-            row.accept(*this, file.value(key));
+        QVariant stored;
+        if (findValue(file, path(row), stored)) {
+            row.accept(*this, stored);
         } else if (row.takesDefaultWhenMissing()) {
             row.setToDefault(*this);
         }

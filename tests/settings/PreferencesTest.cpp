@@ -229,6 +229,8 @@ TEST_F(PreferencesTest, AnythingMayStandInTheFile)
                                   "@Variant(garbage)",
                                   "@Variant(\\0\\0\\0\\x43\\x7f)",
                                   "@Variant(\\0\\0\\0\\b\\xff\\xff\\xff\\xfe)",
+                                  "@Variant(\\0\\0\\0\\x43\\xff\\xff\\xff\\0\\0\\xff\\xff\\xff\\xff\\0\\0)",
+                                  "@Variant(\\0\\0\\0\\t\\x7f\\xff\\xff\\xff)",
                                   "@ByteArray(",
                                   "@ByteArray(\\x1\\xd9\\xd0\\xcb\\0\\x3)",
                                   "@Rect(1 2 3)",
@@ -258,6 +260,7 @@ TEST_F(PreferencesTest, AnythingMayStandInTheFile)
           << "[tools\npencilSize=7\n"
           << "[]\n=\n[[]]\n"
           << everyKeySetTo(QByteArray(10 << 20, 'x')).left(10 << 20) << "[tools]\n" + QByteArray(1 << 20, '\\')
+          << "[tools]\nactiveColor=@Variant(" + QByteArray("\\0\\0\\0\\t\\0\\0\\0\\x1").repeated(100000) + ")\n"
           << QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0=[]\0", 24).repeated(1000);
     const IgnoredWarnings ignored;
     for (const QByteArray& text : texts) {
@@ -272,6 +275,18 @@ TEST_F(PreferencesTest, AnythingMayStandInTheFile)
             EXPECT_EQ(row.value(again), value) << text.left(200).toStdString() << row.key();
         }
     }
+}
+
+TEST_F(PreferencesTest, ALargeDamagedValueCostsNoOther)
+{
+    Preferences saved;
+    saved.setActiveColor(QColor(1, 2, 3));
+    saved.setMainMenuName(QString(10 << 20, QChar('x')));
+    ASSERT_TRUE(saved.saveTo(path()));
+    Preferences loaded;
+    loaded.loadFrom(path());
+    EXPECT_EQ(loaded.activeColor(), QColor(1, 2, 3));
+    EXPECT_EQ(loaded.mainMenuName(), saved.mainMenuName());
 }
 
 TEST_F(PreferencesTest, ToolOptionsAreClampedPerTool)
