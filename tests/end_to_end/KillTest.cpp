@@ -16,6 +16,18 @@ struct SceneForm {
     const char* suffix;
 };
 
+void PrintTo(const SceneForm& form, std::ostream* out)
+{
+    *out << form.type;
+}
+
+// A program with sanitizers takes seconds to start.
+#ifdef __SANITIZE_ADDRESS__
+constexpr int kKills = 15;
+#else
+constexpr int kKills = 100;
+#endif
+
 class KilledWhileSaving : public BatchFixture, public testing::WithParamInterface<SceneForm> {
 protected:
     const QString target = QString("shot") + GetParam().suffix;
@@ -69,7 +81,6 @@ protected:
 
 TEST_P(KilledWhileSaving, TheFileIsTheOldOrTheNewVersion)
 {
-    constexpr int kKills = 100;
     constexpr int kLongestWait = 60;  // milliseconds, several saves
     makeScene();
     const QByteArray versions[] = {saved(1), saved(2)};
