@@ -8,6 +8,7 @@
 
 #include "kernel/SceneFile.h"
 
+#include <algorithm>
 #include <sstream>
 #include <string>
 
@@ -35,6 +36,7 @@ std::vector<QByteArray> drawings()
         const std::shared_ptr<LayerManager> drawing = node->layerManager();
         records.push_back(drawing ? fuzz::binaryRecord(*drawing) : QByteArray());
     }
+    std::sort(records.begin(), records.end());  // nodes are written parents first, whenever they were made
     return records;
 }
 
