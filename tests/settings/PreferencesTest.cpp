@@ -142,6 +142,17 @@ TEST_F(PreferencesTest, ASaveThatFailsKeepsTheOldFile)
     EXPECT_EQ(file.readAll(), text);
 }
 
+TEST_F(PreferencesTest, AFolderInPlaceOfTheFileIsLeftAlone)
+{
+    ASSERT_TRUE(QDir().mkpath(path() + "/kept"));
+    Preferences preferences;
+    preferences.setToolSize(ToolType::Pencil, 33);
+    preferences.loadFrom(path());
+    EXPECT_EQ(preferences.toolSize(ToolType::Pencil), 33);
+    EXPECT_FALSE(preferences.saveTo(path()));
+    EXPECT_TRUE(QFileInfo(path() + "/kept").isDir());
+}
+
 TEST_F(PreferencesTest, NumbersOutOfRangeFollowTheirRule)
 {
     const struct {
