@@ -272,7 +272,7 @@ TEST_F(PreferencesTest, AnythingMayStandInTheFile)
           << "[]\n=\n[[]]\n"
           << everyKeySetTo(QByteArray(10 << 20, 'x')).left(10 << 20) << "[tools]\n" + QByteArray(1 << 20, '\\')
           << "[tools]\nactiveColor=@Variant(" + QByteArray("\\0\\0\\0\\t\\0\\0\\0\\x1").repeated(100000) + ")\n"
-          << QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0=[]\0", 24).repeated(1000);
+          << QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0=[]\0", 21).repeated(1000);
     const IgnoredWarnings ignored;
     for (const QByteArray& text : texts) {
         const Preferences taken = loaded(text);
