@@ -22,6 +22,7 @@ using namespace kernel;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
+using testing::UnorderedElementsAre;
 namespace fs = std::filesystem;
 
 namespace {
