@@ -8,6 +8,7 @@
 #include "node/TimelineMarks.h"
 #include "settings/Messages.h"
 #include "settings/Names.h"
+#include "settings/Text.h"
 
 #include <maya/MFileIO.h>
 #include <maya/MFn.h>
@@ -231,7 +232,21 @@ const QImage* BaseNode::compositeImage(const QString& camera)
 {
     const char* unreported = nullptr;  // asked at every refresh
     const std::shared_ptr<LayerManager> manager = findLayerManager(&unreported);
-    return manager ? manager->composite(camera) : nullptr;
+    if (!manager) {
+        return nullptr;
+    }
+    const QImage* picture = manager->composite(camera);
+    return picture ? picture : manager->composite(cameraInFile(camera));
+}
+
+// A camera that is referenced along with the drawing has a namespace in front here; the drawing was made without it.
+QString BaseNode::cameraInFile(const QString& camera) const
+{
+    const MFnDependencyNode self(thisMObject());
+    const QString name = toQString(self.name());
+    const QString nameSpace = name.left(name.lastIndexOf(QLatin1Char(':')) + 1);
+    const bool isFromSameFile = self.isFromReferencedFile() && camera.startsWith(nameSpace);
+    return isFromSameFile ? camera.mid(nameSpace.size()) : QString();
 }
 
 void BaseNode::changeTime(int frameNumber)

@@ -101,6 +101,7 @@ public:
 
 private:
     std::shared_ptr<LayerManager> findLayerManager(const char** failure) const;
+    QString cameraInFile(const QString& camera) const;
     void setUpDrawing();
     bool prepareFrame(LayerManager& manager, const QString& camera, bool& frameCreated) const;
 

@@ -80,6 +80,22 @@ TEST_F(JoinedScenes, AReferencedDrawingIsShownAndFollowsTheTime)
     EXPECT_THAT(errors(), IsEmpty());
 }
 
+TEST_F(JoinedScenes, AReferencedDrawingIsShownOnTheCameraReferencedWithIt)
+{
+    run("camera -n shot; rename shot1 shotCam");
+    drawing().insertLayer("shotCam", -1, drawings::layer("Ink", {1}));
+    ASSERT_TRUE(save("layout.ma"));
+    ASSERT_TRUE(run("file -force -new; camera -n shot; rename shot1 shotCam"));
+    ASSERT_TRUE(file("-reference -namespace \"set\"", "layout.ma"));
+    BaseNode& theirs = *BaseNode::allNodes().front();
+    goTo(1);
+    const QImage* picture = theirs.compositeImage("set:shotCam");
+    ASSERT_NE(picture, nullptr);
+    EXPECT_EQ(pixels::hash(*picture), pixels::hash(*theirs.layerManager()->composite("shotCam")));
+    EXPECT_EQ(theirs.compositeImage("other:shotCam"), nullptr);
+    EXPECT_EQ(theirs.compositeImage("set:persp"), nullptr);
+}
+
 TEST_F(JoinedScenes, TheScenesOwnDrawingIsTheOneThatIsEditedAndSaved)
 {
     writeDrawing("ref.ma", "Theirs");
