@@ -46,11 +46,8 @@ std::string nameOfType(ChunkId id)
 
 bool isBinaryScene(std::string_view bytes)
 {
-    const std::string_view start = bytes.substr(0, 4);
-    if (start != "FOR8" && start != "FOR4")
-        return false;
-    const std::size_t typeAt = start == "FOR8" ? 16 : 8;
-    return bytes.size() >= typeAt + 4 && bytes.substr(typeAt, 4) == "Maya";
+    return bytes.size() >= kChunkHeadSize + kGroupTypeSize && bytes.substr(0, 4) == "FOR8"
+        && bytes.substr(kChunkHeadSize, kGroupTypeSize) == "Maya";
 }
 
 const SceneBinaryReader::Row SceneBinaryReader::kSections[] = {
@@ -81,10 +78,6 @@ SceneBinaryReader::SceneBinaryReader(Session& session, std::string_view bytes, s
 
 bool SceneBinaryReader::read()
 {
-    if (m_bytes.substr(0, 4) == "FOR4") {
-        report("The file is of an older binary form that cannot be read.");
-        return false;
-    }
     m_statements = m_session.script().beginScene();
     Chunk scene;
     if (!ChunkReader(m_bytes).next(scene)) {

@@ -13,7 +13,7 @@ namespace kernel {
 
 class Session;
 
-/// Whether a file's bytes are those of a binary scene, of a kind this host reads or of an older one.
+/// Whether a file's bytes begin as those of a binary scene do.
 bool isBinaryScene(std::string_view bytes);
 
 /// Reads a binary scene (SceneChunks.h) into the scene as it stands. What cannot be read is reported with the file's

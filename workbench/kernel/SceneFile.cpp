@@ -9,7 +9,7 @@
 #include "kernel/Session.h"
 
 #include <filesystem>
-#include <memory>
+#include <string_view>
 #include <system_error>
 
 namespace kernel {
@@ -65,23 +65,33 @@ std::string absolutePath(const std::string& path)
     return error ? path : absolute.lexically_normal().string();
 }
 
+/// What a file is, by its content. Throws CommandError when it is no scene that can be read.
+SceneFileType recognise(std::string_view bytes, const std::string& path)
+{
+    if (isBinaryScene(bytes))
+        return SceneFileType::Binary;
+    if (bytes.substr(0, 6) == "//Maya")
+        return SceneFileType::Ascii;
+    const char* const fault =
+        bytes.substr(0, 4) == "FOR4" ? "of an older binary form that is not supported." : "not a Maya scene.";
+    throw CommandError("The file \"" + path + "\" is " + fault);
+}
+
 /// A file that holds a scene.
 struct SceneContent {
-    std::string path;
-    FileContent file;
-    SceneFileType type = SceneFileType::Ascii;
+    explicit SceneContent(const std::string& absolutePath)
+        : path(absolutePath), file(path), type(recognise(file.bytes(), path))
+    {}
+
+    const std::string path;
+    const FileContent file;
+    const SceneFileType type;
 };
 
-/// Recognises a file by its content. Throws CommandError when it is missing or no scene.
-std::unique_ptr<SceneContent> readSceneFile(const std::string& absolutePath)
+/// Throws CommandError when the file is missing or no scene.
+SceneContent readSceneFile(const std::string& absolutePath)
 {
-    std::unique_ptr<SceneContent> content(new SceneContent{absolutePath, FileContent(absolutePath)});
-    const std::string_view bytes = content->file.bytes();
-    if (isBinaryScene(bytes))
-        content->type = SceneFileType::Binary;
-    else if (bytes.substr(0, 6) != "//Maya")
-        throw CommandError("The file \"" + absolutePath + "\" is not a Maya scene.");
-    return content;
+    return SceneContent(absolutePath);
 }
 
 /// Adds what a scene file holds to the scene as it stands; false, and reported, when some of it could not be read.
@@ -161,7 +171,7 @@ void saveScene(Session& session, const std::string& path, std::optional<SceneFil
 void openScene(Session& session, const std::string& path)
 {
     const std::string absolute = absolutePath(path);
-    const std::unique_ptr<SceneContent> content = readSceneFile(absolute);
+    const SceneContent content = readSceneFile(absolute);
     Scene& scene = session.scene;
     const TimeState before(scene);
     {
@@ -171,8 +181,8 @@ void openScene(Session& session, const std::string& path)
         session.undo.flush();
         scene.reset();
         scene.setFileName(absolute);
-        scene.setFileType(content->type);
-        scene.setReadWithErrors(!addToScene(session, *content));
+        scene.setFileType(content.type);
+        scene.setReadWithErrors(!addToScene(session, content));
         runConfigurationScripts(session);
     }
     scene.setModified(false);
