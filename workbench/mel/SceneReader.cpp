@@ -258,12 +258,20 @@ void SceneReader::report(const std::string& message, std::size_t at)
 {
     m_ok = false;
     if (!message.empty())
-        m_interpreter.report(CommandError(m_source.messagePrefix(at) + message));
+        m_interpreter.report(CommandError(prefix(at) + message));
 }
 
 void SceneReader::warn(const std::string& message, std::size_t at)
 {
-    m_interpreter.session().output.warning(m_source.messagePrefix(at) + message);
+    m_interpreter.session().output.warning(prefix(at) + message);
+}
+
+std::string SceneReader::prefix(std::size_t at) const
+{
+    const std::string text = m_source.messagePrefix(at);
+    if (m_partRead)
+        m_partRead(m_source.text().substr(0, at));  // its lines were counted
+    return text;
 }
 
 void SceneReader::runCommand(const Statement& statement)
