@@ -243,17 +243,18 @@ void SceneBinaryReader::keepUnread(const NodePtr& node, const Chunk& group)
 
 void SceneBinaryReader::readDefaultNode(const Chunk& group)
 {
-    NodePtr node;
+    std::string name;
     ChunkReader reader(group.body);
-    for (Chunk chunk; !node && reader.next(chunk);) {
+    for (Chunk chunk; name.empty() && reader.next(chunk);) {
         std::string_view texts = chunk.body;
         if (chunk.id == chunk::kSelect)
-            node = m_session.scene.findOrNull(takeText(texts));
+            name = takeText(texts);
     }
-    if (!node)
+    if (!m_session.scene.findOrNull(name))
         return;  // one that this host does not have
-    run("select -ne " + quotedText(m_session.scene.fullPath(*node)) + ';');
-    readValues(node, group);
+    run("select -ne " + quotedText(':' + name) + ';');
+    if (const NodePtr node = m_statements->node())
+        readValues(node, group);
 }
 
 void SceneBinaryReader::run(std::string_view statements)
