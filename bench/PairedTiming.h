@@ -17,7 +17,8 @@ double millisecondsOf(Work work)
 }
 
 /// Times one thing done plainly and done our way, in turns within one run, so that both meet the same machine, and
-/// prints a row for each: medians in milliseconds, the ratio "1/N", and whether the required one is reached.
+/// prints a row for each: medians in milliseconds, the ratio and whether the required one is reached. The ratio is
+/// "1/N" where ours has to be so many times as fast, and "x N" where it may take so many times as long.
 /// Arguments: --quick takes a few samples only; any other keeps the rows whose name contains it.
 class PairedTiming {
 public:
@@ -40,18 +41,24 @@ public:
     /// required: how many times as fast ours has to be; 0 when nothing is required.
     void row(const std::string& name, double required, const Side& plain, const Side& ours) const
     {
-        if (name.find(m_wanted) == std::string::npos) {
-            return;
+        if (isWanted(name)) {
+            const Medians medians = measure(plain, ours);
+            const double ratio = medians.plain / medians.ours;
+            print(name, medians, part(ratio), required > 0 ? part(required) : "", ratio >= required);
         }
-        plain();
-        ours();
-        Samples plainSamples, ourSamples;
-        while (!isEnough(plainSamples) || !isEnough(ourSamples)) {
-            takeTurn(plain, plainSamples);
-            takeTurn(ours, ourSamples);
-        }
-        print(name, required, median(plainSamples.times), median(ourSamples.times));
     }
+
+    /// allowed: how many times as long as the plain side ours may take.
+    void rowWithin(const std::string& name, double allowed, const Side& plain, const Side& ours) const
+    {
+        if (isWanted(name)) {
+            const Medians medians = measure(plain, ours);
+            const double ratio = medians.ours / medians.plain;
+            print(name, medians, multiple(ratio), multiple(allowed), ratio <= allowed);
+        }
+    }
+
+    bool isWanted(const std::string& name) const { return name.find(m_wanted) != std::string::npos; }
 
 private:
     static constexpr double kTurn = 5;  // ms; a short thing is done several times in its turn
@@ -60,6 +67,23 @@ private:
         std::vector<double> times;
         double spent = 0;  // ms, with what was prepared
     };
+
+    struct Medians {
+        double plain;
+        double ours;
+    };
+
+    Medians measure(const Side& plain, const Side& ours) const
+    {
+        plain();
+        ours();
+        Samples plainSamples, ourSamples;
+        while (!isEnough(plainSamples) || !isEnough(ourSamples)) {
+            takeTurn(plain, plainSamples);
+            takeTurn(ours, ourSamples);
+        }
+        return {median(plainSamples.times), median(ourSamples.times)};
+    }
 
     bool isEnough(const Samples& samples) const
     {
@@ -81,21 +105,23 @@ private:
         return *middle;
     }
 
-    static void print(const std::string& name, double required, double plain, double ours)
+    static void print(const std::string& name, const Medians& medians, const std::string& ratio,
+                      const std::string& required, bool reached)
     {
-        const double ratio = plain / ours;
-        std::printf("%-52s %11.4f %11.4f %9s", name.c_str(), plain, ours, part(ratio).c_str());
-        if (required > 0) {
-            std::printf(" %9s  %s", part(required).c_str(), ratio >= required ? "reached" : "MISSED");
+        std::printf("%-52s %11.4f %11.4f %9s", name.c_str(), medians.plain, medians.ours, ratio.c_str());
+        if (!required.empty()) {
+            std::printf(" %9s  %s", required.c_str(), reached ? "reached" : "MISSED");
         }
         std::printf("\n");
         std::fflush(stdout);
     }
 
-    static std::string part(double ratio)
+    static std::string part(double ratio) { return formatted(ratio < 10 ? "1/%.2f" : "1/%.0f", ratio); }
+    static std::string multiple(double ratio) { return formatted("x %.2f", ratio); }
+    static std::string formatted(const char* format, double ratio)
     {
         char text[32];
-        std::snprintf(text, sizeof text, ratio < 10 ? "1/%.2f" : "1/%.0f", ratio);
+        std::snprintf(text, sizeof text, format, ratio);
         return text;
     }
 

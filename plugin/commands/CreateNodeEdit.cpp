@@ -4,6 +4,7 @@
 #include "model/FrameNumber.h"
 #include "model/LayerListView.h"
 #include "model/LayerManager.h"
+#include "model/LayerName.h"
 #include "node/BaseNode.h"
 #include "node/HostViews.h"
 #include "node/TimelineMarks.h"
@@ -120,7 +121,7 @@ void CreateNodeEdit::lockTransform() const
 void CreateNodeEdit::addFirstLayer(BaseNode& node) const
 {
     const std::shared_ptr<LayerManager> manager = node.layerManager();
-    const QString camera = m_layer.camera.isEmpty() ? HostViews().activeCamera() : m_layer.camera;
+    const QString camera = m_layer.camera.isEmpty() ? HostViews().activeCamera() : recordableName(m_layer.camera);
     if (!manager || manager->layerCount(camera) > 0) {
         return;
     }

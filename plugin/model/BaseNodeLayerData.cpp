@@ -1,5 +1,6 @@
 #include "model/BaseNodeLayerData.h"
 
+#include "model/HiddenFrames.h"
 #include "model/LayerDataBinary.h"
 #include "model/LayerDataText.h"
 #include "model/PixelBudget.h"
@@ -62,6 +63,7 @@ MStatus BaseNodeLayerData::writeBinary(std::ostream& out)
         return MS::kFailure;
     }
     layerBinary::write(out, *m_manager);
+    hiddenFrames::warnOfBinarySave(*m_manager);
     PixelBudget::instance().trim();
     return out.fail() ? MS::kFailure : MS::kSuccess;
 }

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+class LayerManager;
+
 /// What the layer manager needs of the views and panels above it.
 class DrawingViews {
 public:
@@ -12,4 +14,6 @@ public:
     virtual void redrawDrawing() = 0;
     /// The opacity of the current camera's active layer changed.
     virtual void activeOpacityChanged() = 0;
+    /// Whether the scene's commands work on another drawing: an import may bring one more that says it is the master.
+    virtual bool isAnotherEdited(const LayerManager&) { return false; }
 };

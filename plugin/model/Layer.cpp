@@ -6,6 +6,7 @@
 #include <maya/MAnimControl.h>
 
 #include <algorithm>
+#include <set>
 
 Layer::Layer() : m_id(nextId()), m_name(QString("New Layer")) {}
 
@@ -50,10 +51,22 @@ int Layer::addFrameAtCurrentTime()
 
 int Layer::insertFrame(std::unique_ptr<Frame> frame)
 {
-    if (!frame || hasFrame(frame->frameNumber())) {
+    return frame && !hasFrame(frame->frameNumber()) ? restoreFrame(std::move(frame)) : -1;
+}
+
+int Layer::restoreFrame(std::unique_ptr<Frame> frame)
+{
+    if (!frame) {
         return -1;
     }
-    const auto place = firstAfter(frame->frameNumber());
+    auto place = firstAfter(frame->frameNumber());
+    const auto isBefore = [&](const std::unique_ptr<Frame>& other) { return frame->time() <= other->time(); };
+    while (place != m_frames.begin() && isBefore(*(place - 1))) {
+        --place;
+    }
+    if (place != m_frames.end() && (*place)->time() == frame->time()) {
+        return -1;
+    }
     const int index = static_cast<int>(place - m_frames.begin());
     m_frames.insert(place, std::move(frame));
     updateCurrentFrame(currentFrameNumber());
@@ -107,6 +120,12 @@ QList<int> Layer::frameNumbers() const
     return numbers;
 }
 
+int Layer::hiddenFrameCount() const
+{
+    const QList<int> numbers = frameNumbers();
+    return numbers.size() - static_cast<int>(std::set<int>(numbers.begin(), numbers.end()).size());
+}
+
 Frame* Layer::nextFrame(bool wrap) const
 {
     const auto next = firstAfter(currentFrameNumber());
@@ -141,7 +160,10 @@ void Layer::retime(const QList<int>& numbers)
 
 void Layer::updateCurrentFrame(int frameNumber)
 {
-    const int index = static_cast<int>(firstAfter(frameNumber) - m_frames.begin()) - 1;
+    int index = static_cast<int>(firstAfter(frameNumber) - m_frames.begin()) - 1;
+    while (index > 0 && frameAt(index - 1)->frameNumber() == frameAt(index)->frameNumber()) {
+        --index;  // what is shown is what is found by its number, and drawn on
+    }
     m_dirty = m_dirty || index != m_current;
     m_current = index;
 }

@@ -51,12 +51,18 @@ public:
     int addFrameAtCurrentTime();
     /// Always consumes the frame. -1 for null and for a frame number that is keyed: no frame is ever replaced.
     int insertFrame(std::unique_ptr<Frame> frame);
+    /// The same for a frame as it was saved: it is refused only at the very time of another, so that frames hidden in
+    /// this time unit come back too, see hiddenFrameCount().
+    int restoreFrame(std::unique_ptr<Frame> frame);
     std::unique_ptr<Frame> copyFrame(const MTime& time) const;  ///< packed; null when none is keyed there
     std::unique_ptr<Frame> takeFrame(const MTime& time);        ///< null when none is keyed there
     std::unique_ptr<Frame> takeFrameAtCurrentTime();
     void clearFrames();
 
     QList<int> frameNumbers() const;
+    /// How many frames have the number of an earlier one. In a slower time unit several frames come to have one: they
+    /// all stay, but the first is the one that is found by its number and shown.
+    int hiddenFrameCount() const;
     Frame* nextFrame(bool wrap) const;      ///< the first after the current time; null when there is none
     Frame* previousFrame(bool wrap) const;  ///< the last before the current time; null when there is none
     /// Gives frame i the number numbers[i]. Neither sorts nor marks dirty: the caller supplies ascending numbers and

@@ -82,6 +82,7 @@ public:
             m_in.read(bytes.data() + before, count);
             left -= count;
         }
+        bytes.squeeze();  // it has grown ahead
         return bytes;
     }
     // The text form has to be able to hold it too.

@@ -1,11 +1,13 @@
 #include "model/LayerDataText.h"
 
+#include "model/Hex.h"
 #include "settings/Messages.h"
 #include "settings/Names.h"
 #include "settings/Text.h"
 
 #include <maya/MFileIO.h>
 
+#include <algorithm>
 #include <locale>
 #include <ostream>
 
@@ -24,31 +26,11 @@ public:
 
     MStatus status() const { return m_status; }
 
-    bool takeBool(bool& value, const char* message)
-    {
-        value = m_list.asBool(m_next++, &m_status);
-        return check(message);
-    }
-    bool takeInt(int& value, const char* message)
-    {
-        value = m_list.asInt(m_next++, &m_status);
-        return check(message);
-    }
-    bool takeDouble(double& value, const char* message)
-    {
-        value = m_list.asDouble(m_next++, &m_status);
-        return check(message);
-    }
-    bool takeTime(MTime& value, const char* message)
-    {
-        value = m_list.asTime(m_next++, &m_status);
-        return check(message);
-    }
-    bool takeString(MString& value, const char* message)
-    {
-        value = m_list.asString(m_next++, &m_status);
-        return check(message);
-    }
+    bool takeBool(bool& value, const char* message) { return take(&MArgList::asBool, value, message); }
+    bool takeInt(int& value, const char* message) { return take(&MArgList::asInt, value, message); }
+    bool takeDouble(double& value, const char* message) { return take(&MArgList::asDouble, value, message); }
+    bool takeTime(MTime& value, const char* message) { return take(&MArgList::asTime, value, message); }
+    bool takeString(MString& value, const char* message) { return take(&MArgList::asString, value, message); }
     bool takeString(QString& value, const char* message)
     {
         MString text;
@@ -64,8 +46,10 @@ public:
     QString takeActiveCamera() { return toQString(m_list.asString(m_next++)); }
 
 private:
-    bool check(const char* message) const
+    template <class Value>
+    bool take(Value (MArgList::*read)(unsigned int, MStatus*) const, Value& value, const char* message)
     {
+        value = (m_list.*read)(m_next++, &m_status);
         if (!m_status) {
             report(message);
         }
@@ -118,9 +102,9 @@ bool readFrame(Arguments& arguments, int index, Layer& layer)
     }
     int length = 0;
     const char* digits = hex.asUTF8(length);
-    std::unique_ptr<Frame> frame = Frame::fromPng(time, QByteArray::fromHex(QByteArray::fromRawData(digits, length)));
+    std::unique_ptr<Frame> frame = Frame::fromPng(time, decodeHex(digits, length));
     if (frame) {
-        layer.insertFrame(std::move(frame));
+        layer.restoreFrame(std::move(frame));
     } else {
         messages::error(QString("Failed to load draw data: %1 (%2)").arg(layer.name(), QString::number(index)));
     }
@@ -202,10 +186,12 @@ void writeString(std::ostream& out, const QString& text)
 
 void writeHex(std::ostream& out, const QByteArray& bytes)
 {
-    constexpr int kBlock = 1 << 15;  // a picture is large: no second copy of all of it
+    constexpr int kBlock = 1 << 14;  // a picture is large: no second copy of all of it
+    char digits[2 * kBlock];
     for (int at = 0; at < bytes.size(); at += kBlock) {
-        const QByteArray hex = bytes.mid(at, kBlock).toHex();
-        out.write(hex.constData(), hex.size());
+        const int count = std::min(kBlock, bytes.size() - at);
+        encodeHex(digits, bytes.constData() + at, count);
+        out.write(digits, 2 * count);
     }
 }
 

@@ -45,7 +45,7 @@ void LayerManager::setDrawingViews(DrawingViews* views)
 
 void LayerManager::publish() const
 {
-    if (!m_master || !s_listView) {
+    if (!m_master || !s_listView || (s_views && s_views->isAnotherEdited(*this))) {
         return;
     }
     s_listView->clear();

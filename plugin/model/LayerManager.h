@@ -37,7 +37,7 @@ public:
     /// Only the drawing of the scene's primary node publishes its layers.
     bool isMaster() const { return m_master; }
     void setMaster(bool master) { m_master = master; }
-    void publish() const;  ///< to the layer list; does nothing unless master
+    void publish() const;  ///< to the layer list; does nothing unless master, and the one in use
 
     // Cameras
     QStringList cameras() const;  ///< those with layers, sorted case-sensitively

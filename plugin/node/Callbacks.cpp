@@ -1,6 +1,7 @@
 #include "node/Callbacks.h"
 
 #include "model/FrameNumber.h"
+#include "model/HiddenFrames.h"
 #include "model/LayerListView.h"
 #include "model/LayerManager.h"
 #include "node/BaseNode.h"
@@ -55,6 +56,11 @@ void timeChanged(void*)
 
 void timeUnitChanged(void*)
 {
+    std::vector<std::shared_ptr<const LayerManager>> drawings;
+    for (const BaseNode* node : BaseNode::allNodes()) {
+        drawings.push_back(node->layerManager());
+    }
+    hiddenFrames::warnOfTimeUnit(drawings);
     TimelineMarks::refreshInstalled();
 }
 

@@ -1,5 +1,6 @@
 #include "node/HostViews.h"
 
+#include "model/LayerManager.h"
 #include "node/BaseNode.h"
 #include "settings/ScriptBridge.h"
 
@@ -19,6 +20,12 @@ void HostViews::redrawDrawing()
     if (BaseNode* node = BaseNode::masterNode()) {
         node->redrawActiveView();
     }
+}
+
+bool HostViews::isAnotherEdited(const LayerManager& drawing)
+{
+    const BaseNode* node = BaseNode::masterNode();
+    return node && node->layerManager().get() != &drawing;
 }
 
 void HostViews::activeOpacityChanged()

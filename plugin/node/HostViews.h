@@ -8,4 +8,5 @@ public:
     QString activeCamera() override;
     void redrawDrawing() override;
     void activeOpacityChanged() override;
+    bool isAnotherEdited(const LayerManager& drawing) override;
 };

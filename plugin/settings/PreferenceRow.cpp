@@ -1,5 +1,6 @@
 #include "settings/PreferenceRow.h"
 
+#include <QDataStream>
 #include <QStringList>
 
 #include <algorithm>
@@ -21,6 +22,17 @@ bool wholeNumber(const QVariant& stored, int& number)
     }
     number = static_cast<int>(std::min<double>(std::max<double>(value, kSmallest), kLargest));
     return true;
+}
+
+// Qt takes a colour from a damaged file as it is. One of a kind that does not exist must not even be copied, so it is
+// looked at in place; its stream form starts with the kind.
+bool holdsColour(const QVariant& value)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream << *static_cast<const QColor*>(value.constData());
+    const int kind = bytes.at(0);
+    return kind > QColor::Invalid && kind <= QColor::Hsl;
 }
 
 }  // namespace
@@ -131,7 +143,9 @@ void PreferenceRow::acceptInteger(Preferences& preferences, const QVariant& stor
 
 void PreferenceRow::acceptColour(Preferences& preferences, const QVariant& stored) const
 {
-    preferences.*m_colour = stored.value<QColor>();
+    QVariant colour = stored;
+    const bool isUsable = colour.convert(QVariant::Color) && holdsColour(colour);
+    preferences.*m_colour = isUsable ? colour.value<QColor>() : QColor();
 }
 
 void PreferenceRow::acceptString(Preferences& preferences, const QVariant& stored) const

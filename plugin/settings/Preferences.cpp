@@ -3,24 +3,10 @@
 #include "settings/Messages.h"
 #include "settings/PenState.h"
 #include "settings/PreferenceRow.h"
-#include "settings/ScriptBridge.h"
-
-#include <QFileInfo>
-#include <QSettings>
 
 #include <algorithm>
 
 namespace {
-
-constexpr char kFileName[] = "lumisketch2.ini";
-constexpr char kVersionKey[] = "version";
-constexpr char kVersionGroup[] = "main";
-constexpr int kFileVersion = 1;
-
-QString path(const PreferenceRow& row)
-{
-    return QLatin1String(row.group()) + QLatin1Char('/') + QLatin1String(row.key());
-}
 
 int clampedPercent(int value)
 {
@@ -151,54 +137,6 @@ Preferences& Preferences::instance()
 {
     static Preferences preferences;
     return preferences;
-}
-
-QString Preferences::filePath()
-{
-    const QString folder = script::userPrefDir();
-    if (folder.isEmpty()) {
-        messages::error(QString("Failed to retrieve Maya prefs directory"));
-        return QString();
-    }
-    return QFileInfo(folder + QLatin1Char('/') + QLatin1String(kFileName)).absoluteFilePath();
-}
-
-void Preferences::load()
-{
-    const QString path = filePath();
-    if (!path.isEmpty()) {
-        loadFrom(path);
-    }
-}
-
-void Preferences::save() const
-{
-    const QString path = filePath();
-    if (!path.isEmpty()) {
-        saveTo(path);
-    }
-}
-
-void Preferences::loadFrom(const QString& filePath)
-{
-    const QSettings file(filePath, QSettings::IniFormat);
-    for (const PreferenceRow& row : rows()) {
-        const QString key = path(row);
-        if (file.contains(key)) {
-            row.accept(*this, file.value(key));
-        } else if (row.takesDefaultWhenMissing()) {
-            row.setToDefault(*this);
-        }
-    }
-}
-
-void Preferences::saveTo(const QString& filePath) const
-{
-    QSettings file(filePath, QSettings::IniFormat);
-    file.setValue(QLatin1String(kVersionGroup) + QLatin1Char('/') + QLatin1String(kVersionKey), kFileVersion);
-    for (const PreferenceRow& row : rows()) {
-        file.setValue(path(row), row.value(*this));
-    }
 }
 
 int Preferences::toolSize(ToolType tool) const

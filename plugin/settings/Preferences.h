@@ -29,7 +29,8 @@ public:
     /// The same with a file of the caller's choice. A key that is missing, or cannot be understood as its type, keeps
     /// the value in memory (or takes the default of a row that says so).
     void loadFrom(const QString& path);
-    void saveTo(const QString& path) const;
+    /// Writes the file anew, whole or not at all: nothing of what it held stays. False when that fails.
+    bool saveTo(const QString& path) const;
 
     // Tool options by tool type. An unknown type is reported and changes nothing; asked for, it gives 1 and 100.
     int toolSize(ToolType tool) const;

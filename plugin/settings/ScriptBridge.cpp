@@ -9,6 +9,8 @@
 #include <maya/MSelectionList.h>
 #include <maya/MStringArray.h>
 
+#include <QRegularExpression>
+
 namespace script {
 
 namespace {
@@ -81,13 +83,6 @@ bool runDeferred(const QString& command)
     return run(kDeferred, {quoted(command)});
 }
 
-bool isPlainNameCharacter(QChar c)
-{
-    const ushort code = c.unicode();
-    return (code >= 'a' && code <= 'z') || (code >= 'A' && code <= 'Z') || (code >= '0' && code <= '9') || code == '_'
-        || code == '|' || code == ':';
-}
-
 }  // namespace
 
 QString quoted(const QString& text)
@@ -111,11 +106,8 @@ QString quoted(const QString& text)
 
 QString word(const QString& name)
 {
-    bool plain = !name.isEmpty() && !name[0].isDigit();
-    for (const QChar c : name) {
-        plain = plain && isPlainNameCharacter(c);
-    }
-    return plain ? name : quoted(name);
+    static const QRegularExpression kLegalName("\\A[|:]?[A-Za-z_]\\w*([|:][A-Za-z_]\\w*)*\\z");
+    return kLegalName.match(name).hasMatch() ? name : quoted(name);
 }
 
 bool commitStroke(const QString& camera, int createdLayer, bool frameCreated)

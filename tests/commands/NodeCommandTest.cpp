@@ -57,6 +57,24 @@ protected:
     }
 };
 
+TEST_F(NodeCommandTest, MakesANodeOfTheScenesOwnBesideAReferencedOne)
+{
+    QTemporaryDir folder;
+    const std::string path = folder.filePath("ref.ma").toStdString();
+    ASSERT_TRUE(command("-layer -camera persp -layerName Theirs"));
+    ASSERT_TRUE(run("file -rename \"" + path + "\"; file -save -type \"mayaAscii\"; file -new"));
+    ASSERT_TRUE(run("file -reference -namespace ref \"" + path + "\""));
+    ASSERT_TRUE(exists("ref:lumisketchShape"));
+    EXPECT_EQ(evaluate("tqLumisketchNode -exists"), kernel::Value(0));
+    ASSERT_TRUE(command("-layer -camera persp -layerName Mine"));
+    EXPECT_TRUE(exists("|lumisketch|lumisketchShape"));
+    EXPECT_EQ(drawing().layerName("persp", 0), "Mine");
+    run("undo");
+    EXPECT_FALSE(exists("lumisketchShape"));
+    EXPECT_TRUE(exists("ref:lumisketchShape"));
+    EXPECT_THAT(errors(), IsEmpty());
+}
+
 TEST_F(NodeCommandTest, MakesTheOneDrawingNodeOfAScene)
 {
     EXPECT_EQ(evaluate("tqLumisketchNode -exists"), kernel::Value(0));
@@ -120,6 +138,15 @@ TEST_F(NodeCommandTest, GivesTheCameraAFirstLayerAsTheFlagsSay)
         EXPECT_EQ(evaluate("tqLumisketchNode -q -c"), kernel::Value(std::string("persp"))) << c.flags;
     }
     EXPECT_THAT(errors(), IsEmpty());
+}
+
+TEST_F(NodeCommandTest, GivesTheFirstLayerNamesThatASavedSceneCanHold)
+{
+    ASSERT_TRUE(command("-l -c \"a\\\"cam\" -ln \"b\\\\c\\nd\" -ls 2 -f"));
+    EXPECT_EQ(drawing().cameras(), QStringList{"a'cam"});
+    EXPECT_EQ(drawing().layerName("a'cam", 0), "b/cd");
+    EXPECT_EQ(drawing().layerState("a'cam", 0), kLayerLocked);
+    EXPECT_EQ(drawing().frameNumbers("a'cam").size(), 1);
 }
 
 TEST_F(NodeCommandTest, KeysTheCurrentFrameWhenNothingIsHighlighted)

@@ -130,10 +130,30 @@ TEST_F(DrawContextTest, ARefusedPressLeavesNothingForTheReleaseToCommit)
     Preferences::instance().setDefaultLayerState(kLayerAnim);
     send(api::ToolEvent::Kind::Press, api::ToolEvent::Button::Middle);
     send(api::ToolEvent::Kind::Release, api::ToolEvent::Button::Middle);
-    Preferences::instance().setActiveTool(ToolType::Transform);
-    click();
     EXPECT_THAT(commits, IsEmpty());
     EXPECT_EQ(drawing().totalLayerCount(), 0);
+}
+
+// A preferences file may say so: it is the number of no drawing tool.
+TEST_F(DrawContextTest, APressWithTheTransformNumberAsActiveToolDoesNothing)
+{
+    Preferences::instance().setActiveTool(ToolType::Transform);
+    const unsigned undoSteps = session().undo.count();
+    for (const bool hasLayer : {false, true}) {
+        if (hasLayer) {
+            drawing().insertLayer("persp", -1, "Ink");
+        }
+        const QString before = describeDrawing();
+        press();
+        EXPECT_FALSE(ThreadManager::instance().isRunning());
+        EXPECT_FALSE(drawing().hasStroke());
+        send(api::ToolEvent::Kind::Drag);
+        release();
+        EXPECT_EQ(describeDrawing(), before);
+    }
+    EXPECT_THAT(commits, IsEmpty());
+    EXPECT_EQ(session().undo.count(), undoSteps);
+    EXPECT_EQ(Preferences::instance().activeTool(), ToolType::Transform);
 }
 
 TEST_F(DrawContextTest, ARecordNobodyFillsIsNotCommittedButDropped)

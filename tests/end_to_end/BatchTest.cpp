@@ -1,67 +1,11 @@
 // The program without a window or a display, as scripts and render machines use it.
 
+#include "support/BatchFixture.h"
 #include "support/SceneText.h"
-
-#include <QDir>
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
 
 namespace {
 
-struct Outcome {
-    int status = -1;
-    QString output;
-};
-
-class Batch : public testing::Test {
-protected:
-    QString path(const QString& name) const { return m_folder.filePath(name); }
-
-    void write(const QString& name, const QByteArray& bytes)
-    {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-    }
-
-    QByteArray read(const QString& name)
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
-    Outcome run(const QStringList& arguments)
-    {
-        QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.remove("DISPLAY");
-        environment.remove("QT_QPA_PLATFORM");
-        process.setProcessEnvironment(environment);
-        process.setProcessChannelMode(QProcess::MergedChannels);
-        process.start(LUMISKETCH_BIN "/lumisketch-workbench",
-                      QStringList{"-batch", "-prefs", m_folder.filePath("prefs")} + arguments);
-        Outcome result;
-        if (process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit) {
-            result.status = process.exitCode();
-        }
-        result.output = QString::fromUtf8(process.readAll());
-        return result;
-    }
-
-    Outcome command(const QString& text) { return run({"-command", text}); }
-
-    QString save(const QString& name)
-    {
-        return QString("file -rename \"%1\"; file -save -type \"mayaAscii\"; ").arg(path(name));
-    }
-
-private:
-    QTemporaryDir m_folder;
-};
-
-}  // namespace
+using Batch = BatchFixture;
 
 TEST_F(Batch, CreatesNodeLayerAndFrameWithoutADisplay)
 {
@@ -150,3 +94,5 @@ TEST_F(Batch, TheModuleLoadsAndUnloadsAgainAndAgain)
     EXPECT_EQ(result.status, 0) << result.output.toStdString();
     EXPECT_TRUE(result.output.contains("ten times")) << result.output.toStdString();
 }
+
+}  // namespace

@@ -200,4 +200,30 @@ TEST_F(LayerTest, OpacityStaysWithinItsRange)
     EXPECT_EQ(layer.opacity(), 0.0f);
 }
 
+// 15 frames a second after 24 give 8 and 9 the number 5, and 10 and 11 the number 6.
+TEST_F(LayerTest, FramesThatShareANumberInASlowerUnitAreFoundByTheFirstAndComeBack)
+{
+    const std::unique_ptr<Layer> layer = drawings::layer("Ink", {1, 8, 9, 10, 11});
+    EXPECT_EQ(layer->hiddenFrameCount(), 0);
+    MTime::setUIUnit(MTime::kGames);
+    EXPECT_EQ(layer->frameNumbers(), (QList<int>{0, 5, 5, 6, 6}));
+    EXPECT_EQ(layer->hiddenFrameCount(), 2);
+    EXPECT_EQ(layer->frameNumbered(5), layer->frameAt(1));
+    const struct {
+        int time;
+        int shown;
+    } cases[] = {{-1, -1}, {0, 0}, {4, 0}, {5, 1}, {6, 3}, {99, 3}};
+    for (const auto& c : cases) {
+        layer->updateCurrentFrame(c.time);
+        EXPECT_EQ(layer->currentFrameIndex(), c.shown) << "at time " << c.time;
+    }
+    EXPECT_EQ(layer->addFrame(timeOfFrame(6)), -1);
+    const std::unique_ptr<Frame> taken = layer->takeFrame(timeOfFrame(5));
+    EXPECT_EQ(layer->hiddenFrameCount(), 1);
+    MTime::setUIUnit(MTime::kFilm);
+    EXPECT_EQ(taken->frameNumber(), 8);
+    EXPECT_EQ(layer->frameNumbers(), (QList<int>{1, 9, 10, 11}));
+    EXPECT_EQ(layer->hiddenFrameCount(), 0);
+}
+
 }  // namespace

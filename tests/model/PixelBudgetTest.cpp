@@ -2,13 +2,11 @@
 #include "model/Canvas.h"
 #include "model/PngCodec.h"
 #include "support/DrawingFixture.h"
+#include "support/ResidentMemory.h"
 
 #include <QBuffer>
 #include <QEventLoop>
 #include <QTimer>
-
-#include <fstream>
-#include <unistd.h>
 
 namespace {
 
@@ -192,15 +190,6 @@ constexpr int kFrameCount = 150;
 constexpr bool kMeasuresMemory = true;
 constexpr int kFrameCount = 1000;
 #endif
-
-qint64 residentBytes()
-{
-    std::ifstream statm("/proc/self/statm");
-    qint64 all = 0;
-    qint64 resident = 0;
-    statm >> all >> resident;
-    return resident * sysconf(_SC_PAGESIZE);
-}
 
 // Quickly compressed: a thousand of them are needed.
 QByteArray quickPng(const QImage& image)

@@ -4,6 +4,8 @@
 #include "node/Callbacks.h"
 
 #include <maya/MFileIO.h>
+#include <maya/MFnDependencyNode.h>
+#include <maya/MPlug.h>
 
 namespace {
 
@@ -48,6 +50,21 @@ protected:
         marks.updates = marks.refreshes = list.refreshes = 0;
     }
     ~CallbacksTest() override { callbacks::remove(); }
+
+    void shareDrawingWithASecondNode()
+    {
+        const auto dataOf = [](BaseNode& holder) {
+            return MFnDependencyNode(holder.thisMObject()).findPlug("layerData", false);
+        };
+        BaseNode& first = node();
+        ASSERT_TRUE(run("createNode tqLumisketch"));
+        for (BaseNode* other : BaseNode::allNodes()) {
+            if (other != &first) {
+                ASSERT_TRUE(dataOf(*other).setMObject(dataOf(first).asMObject()));
+                ASSERT_EQ(other->layerManager(), first.layerManager());
+            }
+        }
+    }
 
     Marks marks;
     List list;
@@ -97,6 +114,30 @@ TEST_F(CallbacksTest, AChangeOfSelectionOrTimeUnitRefreshesTheMarks)
     EXPECT_EQ(list.refreshes, 1) << "without a drawing the list is to show that there is none";
     run("currentUnit -t pal");
     EXPECT_EQ(marks.refreshes, 2);
+}
+
+TEST_F(CallbacksTest, AUnitInWhichFramesShareANumberIsWarnedOfOnceAndUndoGivesTheNumbersBack)
+{
+    const auto addLayer = [this](const char* name, const QList<int>& numbers) {
+        drawing().setActiveLayer("persp", drawing().insertLayer("persp", -1, name), true);
+        for (const int number : numbers) {
+            drawing().addFrame("persp", timeOfFrame(number));
+        }
+    };
+    addLayer("Sparse", {8, 16});
+    addLayer("Ink", {8, 9, 10, 11});
+    addLayer("Rough", {8, 9});
+    const QString before = describeDrawing();
+    shareDrawingWithASecondNode();
+    forgetLines();
+    run("currentUnit -t game");
+    EXPECT_THAT(warnings(), ElementsAre("[Lumisketch2] In this time unit some frames are hidden behind an earlier one "
+                                        "of the same number: Ink (2), Rough (1)"));
+    forgetLines();
+    run("undo");
+    EXPECT_EQ(describeDrawing(), before);
+    run("currentUnit -t ntscf");
+    EXPECT_THAT(warnings(), ElementsAre());
 }
 
 TEST_F(CallbacksTest, AnOpenedSceneIsPublishedAtItsTime)

@@ -60,6 +60,40 @@ QVariant otherValue(const PreferenceRow& row)
     }
 }
 
+/// While it lives, what the toolkit has to say about damaged files is no failure.
+class IgnoredWarnings {
+public:
+    IgnoredWarnings() : m_before(qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {})) {}
+    ~IgnoredWarnings() { qInstallMessageHandler(m_before); }
+
+private:
+    const QtMessageHandler m_before;
+};
+
+QByteArray everyKeySetTo(const QByteArray& value)
+{
+    QByteArray text;
+    const char* group = "";
+    for (const PreferenceRow& row : Preferences::rows()) {
+        if (qstrcmp(group, row.group()) != 0) {
+            group = row.group();
+            text += QByteArray("[") + group + "]\n";
+        }
+        text += row.key() + ("=" + value) + "\n";
+    }
+    return text;
+}
+
+// As an editor saves it that writes two bytes for each letter.
+QByteArray wide(const QByteArray& text)
+{
+    QByteArray bytes;
+    for (const char letter : text) {
+        bytes.append(letter).append('\0');
+    }
+    return bytes;
+}
+
 TEST_F(PreferencesTest, EveryValueComesBackFromTheFile)
 {
     Preferences saved;
@@ -75,6 +109,48 @@ TEST_F(PreferencesTest, EveryValueComesBackFromTheFile)
         EXPECT_EQ(row.value(loaded), otherValue(row)) << row.group() << "/" << row.key();
     }
     EXPECT_EQ(QSettings(path(), QSettings::IniFormat).value("main/version").toInt(), 1);
+}
+
+TEST_F(PreferencesTest, OfTwoWhoSaveToOneFileTheLastOneHasAllOfIt)
+{
+    write("[tools]\npencilSize=77\nforgotten=1\n[abandoned]\nkey=1\n");
+    Preferences first;
+    Preferences last;
+    first.setToolSize(ToolType::Pencil, 50);
+    last.setMainMenuName("Last");
+    EXPECT_TRUE(first.saveTo(path()));
+    EXPECT_TRUE(last.saveTo(path()));
+
+    Preferences loaded;
+    loaded.loadFrom(path());
+    for (const PreferenceRow& row : Preferences::rows()) {
+        EXPECT_EQ(row.value(loaded), row.value(last)) << row.key();
+    }
+    EXPECT_EQ(QSettings(path(), QSettings::IniFormat).allKeys().size(), int(Preferences::rows().size()) + 1);
+    EXPECT_EQ(QDir(prefsDir()).entryList({"tried*"}), QStringList(QFileInfo(path()).fileName()));
+}
+
+TEST_F(PreferencesTest, ASaveThatFailsKeepsTheOldFile)
+{
+    const QByteArray text = "[tools]\npencilSize=77\n";
+    write(text);
+    QFile inTheWay(path() + ".saving");
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    EXPECT_FALSE(Preferences().saveTo(path()));
+    QFile file(path());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), text);
+}
+
+TEST_F(PreferencesTest, AFolderInPlaceOfTheFileIsLeftAlone)
+{
+    ASSERT_TRUE(QDir().mkpath(path() + "/kept"));
+    Preferences preferences;
+    preferences.setToolSize(ToolType::Pencil, 33);
+    preferences.loadFrom(path());
+    EXPECT_EQ(preferences.toolSize(ToolType::Pencil), 33);
+    EXPECT_FALSE(preferences.saveTo(path()));
+    EXPECT_TRUE(QFileInfo(path() + "/kept").isDir());
 }
 
 TEST_F(PreferencesTest, NumbersOutOfRangeFollowTheirRule)
@@ -150,6 +226,78 @@ TEST_F(PreferencesTest, ValuesOfAnotherTypeAreReadAsFarAsTheyMakeSense)
     EXPECT_FALSE(preferences.ghostColorOverridePrev().isValid());
     EXPECT_FALSE(preferences.isTabletEnabled(ToolType::Brush));
     EXPECT_EQ(preferences.textFontFamily(), QString(""));
+}
+
+TEST_F(PreferencesTest, AnythingMayStandInTheFile)
+{
+    QList<QByteArray> texts;
+    const char* const values[] = {"",
+                                  "some text",
+                                  "1, 2, 3",
+                                  "\"\", \"\"",
+                                  "@Invalid()",
+                                  "@Invalid",
+                                  "@Variant(garbage)",
+                                  "@Variant(\\0\\0\\0\\x43\\x7f)",
+                                  "@Variant(\\0\\0\\0\\b\\xff\\xff\\xff\\xfe)",
+                                  "@Variant(\\0\\0\\0\\x43\\xff\\xff\\xff\\0\\0\\xff\\xff\\xff\\xff\\0\\0)",
+                                  "@Variant(\\0\\0\\0\\t\\x7f\\xff\\xff\\xff)",
+                                  "@ByteArray(",
+                                  "@ByteArray(\\x1\\xd9\\xd0\\xcb\\0\\x3)",
+                                  "@Rect(1 2 3)",
+                                  "@@",
+                                  "@",
+                                  "\\",
+                                  "\"unclosed",
+                                  "#ff8000",
+                                  "#12",
+                                  "nan",
+                                  "-inf",
+                                  "-1",
+                                  "0",
+                                  "1e400",
+                                  "99999999999999999999",
+                                  "-2147483649",
+                                  "0x10",
+                                  "1,5",
+                                  "true",
+                                  "false"};
+    for (const char* value : values) {
+        texts << everyKeySetTo(value);
+    }
+    const QByteArray whole = everyKeySetTo("7");
+    texts << "" << whole + whole << everyKeySetTo("7").replace('\n', "\r\n") << "\xef\xbb\xbf" + whole
+          << "\xff\xfe" + wide(whole) << QByteArray(whole).replace("[tools]\n", "") << "pencilSize=7\n"
+          << "[tools\npencilSize=7\n"
+          << "[]\n=\n[[]]\n"
+          << everyKeySetTo(QByteArray(10 << 20, 'x')).left(10 << 20) << "[tools]\n" + QByteArray(1 << 20, '\\')
+          << "[tools]\nactiveColor=@Variant(" + QByteArray("\\0\\0\\0\\t\\0\\0\\0\\x1").repeated(100000) + ")\n"
+          << QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0=[]\0", 21).repeated(1000);
+    const IgnoredWarnings ignored;
+    for (const QByteArray& text : texts) {
+        const Preferences taken = loaded(text);
+        EXPECT_TRUE(taken.saveTo(path()));
+        Preferences again;
+        again.loadFrom(path());
+        for (const PreferenceRow& row : Preferences::rows()) {
+            const QVariant value = row.value(taken);
+            EXPECT_TRUE(value.type() != QVariant::Int || row.clamped(value.toInt()) == value.toInt())
+                << text.left(200).toStdString() << row.key() << value.toInt();
+            EXPECT_EQ(row.value(again), value) << text.left(200).toStdString() << row.key();
+        }
+    }
+}
+
+TEST_F(PreferencesTest, ALargeDamagedValueCostsNoOther)
+{
+    Preferences saved;
+    saved.setActiveColor(QColor(1, 2, 3));
+    saved.setMainMenuName(QString(10 << 20, QChar('x')));
+    ASSERT_TRUE(saved.saveTo(path()));
+    Preferences loaded;
+    loaded.loadFrom(path());
+    EXPECT_EQ(loaded.activeColor(), QColor(1, 2, 3));
+    EXPECT_EQ(loaded.mainMenuName(), saved.mainMenuName());
 }
 
 TEST_F(PreferencesTest, ToolOptionsAreClampedPerTool)

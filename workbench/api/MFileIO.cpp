@@ -1,7 +1,9 @@
 #include <maya/MFileIO.h>
 
 #include "api/Handles.h"
+#include "kernel/References.h"
 #include "kernel/SceneFile.h"
+#include "kernel/SceneImport.h"
 #include "kernel/Session.h"
 
 #include <functional>
@@ -18,7 +20,7 @@ kernel::Session& session()
 
 bool isDoing(FileActivity activity)
 {
-    return session().scene.activity() == activity;
+    return session().scene.isDoing(activity);
 }
 
 /// Runs a file operation; what it throws is reported.
@@ -104,6 +106,29 @@ MStatus MFileIO::open(const MString& fileName, const char* type, bool force)
         fileType(type);  // what the file is, its content says
         requireSaved(force);
         kernel::openScene(session(), api::toKernel(fileName));
+    });
+}
+
+MStatus MFileIO::importFile(const MString& fileName, const char* type, bool /*preserveReferences*/,
+                            const char* nameSpace, bool /*ignoreVersion*/)
+{
+    return attempt([&] {
+        fileType(type);
+        kernel::ImportNaming naming;
+        naming.nameSpace = nameSpace ? nameSpace : "";
+        kernel::importScene(session(), api::toKernel(fileName), naming);
+    });
+}
+
+MStatus MFileIO::reference(const MString& fileName, bool deferReference, bool /*lockReference*/,
+                           const MString& nameSpace)
+{
+    return attempt([&] {
+        kernel::ReferenceRequest request;
+        request.file = kernel::absolutePath(api::toKernel(fileName));
+        request.nameSpace = api::toKernel(nameSpace);
+        request.isDeferred = deferReference;
+        kernel::createReference(session(), request);
     });
 }
 

@@ -186,7 +186,7 @@ MStatus MFnDagNode::addChild(MObject& child, unsigned int index, bool keepExisti
 {
     const auto node = nodeOf(*this, nullptr);
     const auto added = api::nodeOf(child);
-    if (!node || !added || !added->type().isDag() || keepExistingParents)
+    if (!node || !added || !added->type().isDag() || added->referenced || keepExistingParents)
         return MStatus::kInvalidParameter;
     const int place = index == kNextPos ? -1 : int(index);
     if (!added->isInScene())

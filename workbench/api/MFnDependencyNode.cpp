@@ -133,8 +133,8 @@ MString MFnDependencyNode::setName(const MString& name, bool, MStatus* ReturnSta
     const auto node = nodeOf(*this, ReturnStatus);
     if (!node)
         return MString();
-    if (name.isEmpty()) {
-        api::report(ReturnStatus, MStatus::kInvalidParameter);
+    if (name.isEmpty() || node->isReadOnly()) {
+        api::report(ReturnStatus, name.isEmpty() ? MStatus::kInvalidParameter : MStatus::kFailure);
         return api::toHost(node->name());
     }
     return api::toHost(scene().rename(*node, api::toKernel(name)));

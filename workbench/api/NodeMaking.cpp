@@ -4,16 +4,6 @@
 #include "kernel/Session.h"
 
 namespace api {
-namespace {
-
-/// "ball" gives "ballShape", "ball3" gives "ballShape3".
-std::string shapeName(const std::string& transformName)
-{
-    const auto digits = transformName.find_last_not_of("0123456789") + 1;
-    return transformName.substr(0, digits) + "Shape" + transformName.substr(digits);
-}
-
-}  // namespace
 
 const kernel::NodeType* nodeType(const MTypeId& id)
 {
@@ -36,7 +26,7 @@ NewNode makeNode(const kernel::NodeType& type, const kernel::NodePtr& parent, co
     }
     const std::string topName = session.scene.uniqueName(name.empty() ? type.name + "#" : name);
     made.transform = session.scene.makeNode(*session.nodeTypes.find("transform"), topName);
-    made.node = session.scene.makeNode(type, shapeName(topName));
+    made.node = session.scene.makeNode(type, kernel::Scene::shapeName(topName));
     return made;
 }
 

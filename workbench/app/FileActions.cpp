@@ -4,6 +4,7 @@
 #include "mel/builtins/Quoting.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -84,6 +85,12 @@ void FileActions::fill(QMenu* menu)
     menu->addAction(tr("&Save"), this, SLOT(Save()), QKeySequence::Save);
     menu->addAction(tr("Save &As..."), this, SLOT(SaveAs()), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S));
     menu->addSeparator();
+    menu->addAction(tr("&Import..."), this, SLOT(Import()));
+    menu->addAction(tr("Create &Reference..."), this, SLOT(CreateReference()));
+    m_references = menu->addMenu(tr("Remove Re&ference"));
+    connect(menu, SIGNAL(aboutToShow()), this, SLOT(FillReferenceMenu()));
+    connect(m_references, SIGNAL(triggered(QAction*)), this, SLOT(RemoveReference(QAction*)));
+    menu->addSeparator();
     menu->addAction(tr("&Quit"), m_window, SLOT(close()), QKeySequence(Qt::CTRL + Qt::Key_Q));
 }
 
@@ -120,12 +127,52 @@ void FileActions::Open()
     if (!mayDiscardScene()) {
         return;
     }
-    QFileDialog dialog(m_window, tr("Open"), folder(), tr(kOpenFilter));
+    const std::string path = chooseScene(tr("Open"));
+    if (!path.empty()) {
+        m_run("file -force -open " + mel::quoted(path));
+    }
+}
+
+std::string FileActions::chooseScene(const QString& title)
+{
+    QFileDialog dialog(m_window, title, folder(), tr(kOpenFilter));
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.resize(kFileDialogSize);
-    if (runDialog(dialog, m_window) == QDialog::Accepted) {
-        m_run("file -force -open " + mel::quoted(dialog.selectedFiles().value(0).toStdString()));
+    const bool isChosen = runDialog(dialog, m_window) == QDialog::Accepted;
+    return isChosen ? dialog.selectedFiles().value(0).toStdString() : std::string();
+}
+
+void FileActions::Import()
+{
+    const std::string path = chooseScene(tr("Import"));
+    if (!path.empty()) {
+        m_run("file -import " + mel::quoted(path));
     }
+}
+
+void FileActions::CreateReference()
+{
+    const std::string path = chooseScene(tr("Create Reference"));
+    if (!path.empty()) {
+        m_run("file -reference " + mel::quoted(path));
+    }
+}
+
+void FileActions::FillReferenceMenu()
+{
+    m_references->clear();
+    for (const auto& reference : m_session.scene.references) {
+        const QString node = QString::fromStdString(reference->node->name());
+        const QString file = QFileInfo(QString::fromStdString(reference->name())).fileName();
+        QAction* const action = m_references->addAction(QString("%1 (%2)").arg(node, file).replace('&', "&&"));
+        action->setData(node);
+    }
+    m_references->setEnabled(!m_references->isEmpty());
+}
+
+void FileActions::RemoveReference(QAction* action)
+{
+    m_run("file -removeReference -referenceNode " + mel::quoted(action->data().toString().toStdString()));
 }
 
 bool FileActions::Save()

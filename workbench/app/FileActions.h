@@ -5,13 +5,15 @@
 #include <QObject>
 
 #include <functional>
+#include <string>
 
+class QAction;
 class QMenu;
 class QWidget;
 
 namespace app {
 
-/// The File menu: new, open, save, save as, quit. Changes that would be lost are asked about first.
+/// The File menu: new, open, save, save as, import, references, quit. Changes that would be lost are asked about first.
 class FileActions : public QObject {
     Q_OBJECT
 
@@ -28,12 +30,21 @@ public slots:
     void Open();
     bool Save();
     bool SaveAs();
+    void Import();
+    void CreateReference();
+
+private slots:
+    void FillReferenceMenu();
+    void RemoveReference(QAction* action);
 
 private:
+    /// Asks for a scene file; empty when the user thought better of it.
+    std::string chooseScene(const QString& title);
     QString folder() const;
 
     kernel::Session& m_session;
     QWidget* const m_window;
+    QMenu* m_references = nullptr;
     const std::function<bool(const std::string&)> m_run;
 };
 

@@ -151,6 +151,8 @@ void MainWindow::buildMenus()
     QMenu* const edit = menuBar()->addMenu(tr("&Edit"));
     m_undo = edit->addAction(tr("&Undo"), this, SLOT(Undo()), QKeySequence(Qt::CTRL + Qt::Key_Z));
     m_redo = edit->addAction(tr("&Redo"), this, SLOT(Redo()), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z));
+    edit->addSeparator();
+    edit->addAction(tr("&Duplicate"), this, SLOT(Duplicate()), QKeySequence(Qt::CTRL + Qt::Key_D));
     connect(edit, SIGNAL(aboutToShow()), this, SLOT(ShowStatus()));
 
     QMenu* const view = menuBar()->addMenu(tr("&View"));
@@ -278,6 +280,11 @@ void MainWindow::Undo()
 void MainWindow::Redo()
 {
     runAction("redo");
+}
+
+void MainWindow::Duplicate()
+{
+    runAction("duplicate");
 }
 
 void MainWindow::QuitAsAsked()

@@ -56,6 +56,7 @@ protected:
 private slots:
     void Undo();
     void Redo();
+    void Duplicate();
     void ShowOnePanel();
     void ShowTwoPanels();
     void FillCameraMenu();

@@ -1,6 +1,8 @@
 #include "kernel/Scene.h"
 #include "kernel/Session.h"
 
+#include <optional>
+
 namespace kernel {
 
 namespace {
@@ -74,7 +76,9 @@ void dress(Node& transform, Node& shape, const StartupCamera& camera)
 
 void Scene::reset()
 {
-    const Activity quiet(*this, m_activity == FileActivity::None ? FileActivity::New : m_activity);
+    std::optional<Activity> quiet;
+    if (!isBusyWithFile())
+        quiet.emplace(*this, FileActivity::New);
     if (!m_selection.empty())
         setSelection({});
     while (!m_roots.empty())
@@ -82,6 +86,8 @@ void Scene::reset()
     while (!m_nodes.empty())
         detach(m_nodes.back());
     keptStatements.clear();
+    references.clear();
+    m_namespaces.clear();
     m_unit = TimeUnit::Film;
     m_time = Time{1, m_unit};
     m_playback = {1, 24};
@@ -107,7 +113,7 @@ void Scene::addStartupCameras()
         for (const NodePtr& node : {transform, shape}) {
             node->shared = true;
             node->startup = true;
-            node->m_startState = std::make_unique<Node::State>(node->m_state);
+            node->rememberStart();
         }
     }
 }

@@ -9,11 +9,6 @@ namespace kernel {
 
 namespace {
 
-bool isReadOnly(const Node& node)
-{
-    return node.startup || node.isDefaultNode || node.referenced;
-}
-
 class CreateNode : public Edit {
 public:
     CreateNode(NodePtr node, NodePtr parent) : m_node(std::move(node)), m_parent(std::move(parent)) {}
@@ -60,7 +55,7 @@ private:
 
     static void refuseReadOnly(const Node& node)
     {
-        if (isReadOnly(node))
+        if (node.isReadOnly())
             throw CommandError("Cannot delete the read only node '" + node.name() + "'.");
         for (const NodePtr& child : node.children())
             refuseReadOnly(*child);
@@ -77,7 +72,7 @@ public:
 
     void redo(Scene& scene) override
     {
-        if (isReadOnly(*m_node))
+        if (m_node->isReadOnly())
             throw CommandError("Cannot rename a read only node.");
         m_before.clear();
         m_before.emplace_back(m_node, m_node->name());

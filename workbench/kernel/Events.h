@@ -55,4 +55,22 @@ private:
     unsigned m_nextId = 1;
 };
 
+/// A condition that holds while this lives.
+class During {
+public:
+    During(Events& events, const char* condition)
+        : m_events(events), m_condition(condition), m_before(events.condition(condition))
+    {
+        m_events.setCondition(m_condition, true);
+    }
+    ~During() { m_events.setCondition(m_condition, m_before); }
+    During(const During&) = delete;
+    During& operator=(const During&) = delete;
+
+private:
+    Events& m_events;
+    const char* const m_condition;
+    const bool m_before;
+};
+
 }  // namespace kernel

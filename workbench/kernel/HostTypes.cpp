@@ -316,6 +316,8 @@ void addHostTypes(NodeTypes& types)
     add(types, "resolution", "dependNode", dependency, chunkId("RESL"), attributesOf(kResolution));
     add(types, "script", "dependNode", dependency, chunkId("SCRP"), attributesOf(kScript));
 
+    add(types, "reference", "dependNode", dependency, chunkId("REFN"), {});
+
     // What a node of a missing module is kept as, by its place in the graph.
     add(types, "unknown", "dependNode", dependency, chunkId("UNKN"), {});
     add(types, "unknownDag", "shape", NodeRole::Shape, chunkId("UNKD"), {});

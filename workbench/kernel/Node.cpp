@@ -200,6 +200,21 @@ bool Node::isValueStored(const AttributeSpec& attribute) const
     return it != m_startState->values.end() && !sameValue(it->second, value(attribute));
 }
 
+bool Node::isChanged(const AttributeSpec& attribute) const
+{
+    if (!(flags(attribute) == initialFlags(attribute)))
+        return true;
+    if (!m_startState)
+        return !isDefault(attribute);
+    const auto start = m_startState->values.find(attribute.longName);
+    return start == m_startState->values.end() ? !isDefault(attribute) : !sameValue(start->second, value(attribute));
+}
+
+bool Node::isReadOnly() const
+{
+    return startup || isDefaultNode || referenced || m_type->name == "reference";
+}
+
 PlugFlags Node::flags(const AttributeSpec& attribute) const
 {
     const auto it = m_state.flags.find(attribute.longName);

@@ -71,6 +71,10 @@ public:
     /// Whether a scene file must say this value: it differs from the attribute's default, or a new scene starts this
     /// node with another one.
     bool isValueStored(const AttributeSpec& attribute) const;
+    /// From now on the node counts as starting with what it holds: one of every scene, or of a referenced file.
+    void rememberStart() { m_startState = std::make_unique<State>(m_state); }
+    /// Whether value or flags are no longer those the node started with.
+    bool isChanged(const AttributeSpec& attribute) const;
     /// The flags a new scene starts this node with; for most nodes the attribute's.
     PlugFlags initialFlags(const AttributeSpec& attribute) const;
 
@@ -89,7 +93,8 @@ public:
     bool shared = false;         ///< startup cameras, default nodes: written with -s, not created twice
     bool startup = false;        ///< cannot be deleted
     bool isDefaultNode = false;  ///< time1 and the like: written as `select -ne`
-    bool referenced = false;
+    bool referenced = false;     ///< belongs to a file that the scene references
+    bool isReadOnly() const;     ///< cannot be deleted or renamed
     /// Statements of an unknown node that could not be applied, kept word for word and written back.
     std::vector<std::string> unknownStatements;
     std::string unknownType;  ///< set when the real type was not available
@@ -116,7 +121,7 @@ private:
     Node* m_parent = nullptr;
     std::vector<std::shared_ptr<Node>> m_children;
     State m_state;
-    std::unique_ptr<State> m_startState;  ///< of nodes every new scene has: what they begin with
+    std::unique_ptr<State> m_startState;  ///< null for a node that starts with its attributes' defaults
     std::unique_ptr<NodeProxy> m_proxy;
 };
 using NodePtr = std::shared_ptr<Node>;

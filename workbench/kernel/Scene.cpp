@@ -222,7 +222,7 @@ void Scene::deliverSelectionEvent()
 
 void Scene::touch()
 {
-    if (m_activity == FileActivity::None)
+    if (!isBusyWithFile())
         m_modified = true;
     requestRedraw();
 }
@@ -236,7 +236,7 @@ void Scene::requestRedraw()
 void Scene::raise(const char* event)
 {
     // While a file is read the scene is half there; whoever listens is told once it is complete.
-    if (m_activity == FileActivity::None)
+    if (!isBusyWithFile())
         m_session.events.raise(event);
 }
 

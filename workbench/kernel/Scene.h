@@ -2,11 +2,13 @@
 
 #include "kernel/NameIndex.h"
 #include "kernel/Node.h"
+#include "kernel/Reference.h"
 #include "kernel/SceneFileType.h"
 #include "kernel/Time.h"
 
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -15,7 +17,7 @@ namespace kernel {
 
 class Session;
 
-enum class FileActivity { None, New, Open, Import, Reference, Write };
+enum class FileActivity { New, Open, Import, Reference, Write };
 
 /// Nodes, selection, time and file state of the scene. Its operations are plain: undo is the business of the
 /// edits (Edits.h) built on them.
@@ -48,6 +50,8 @@ public:
     /// Throws CommandError for a parent that cannot have it, such as one of its own children.
     void setParent(const NodePtr& node, Node* parent, int index = -1);
 
+    /// The serial the next node made will have; those of a stretch of work are the ones from it on.
+    unsigned long long nextSerial() const { return m_nextSerial; }
     /// Every node in order of creation; DAG roots in order.
     const std::vector<NodePtr>& nodes() const { return m_nodes; }
     const std::vector<NodePtr>& roots() const { return m_roots; }
@@ -66,8 +70,18 @@ public:
     std::string fullPath(const Node& node) const;     ///< "|a|b"; plain name for non-DAG nodes
     std::string partialPath(const Node& node) const;  ///< shortest unique path
     static bool isLegalName(const std::string& name);
+    /// What the shape of a transform is called: of ball ballShape, of ball2 ballShape2.
+    static std::string shapeName(const std::string& transform);
     /// The wanted name with what no name may hold replaced; a "#" at the end, which asks for a number, is kept.
     static std::string legalName(const std::string& wanted);
+
+    /// Whether a namespace has nodes, is a reference's, or was added. Without a colon at the end, like all of these.
+    bool hasNamespace(const std::string& name) const;
+    bool isNamespaceEmpty(const std::string& name) const;
+    void addNamespace(const std::string& name) { m_namespaces.insert(name); }
+    void removeNamespace(const std::string& name) { m_namespaces.erase(name); }
+    /// The wanted namespace, or the first with a number behind it that does not exist yet.
+    std::string freeNamespace(const std::string& wanted) const;
 
     // --- selection -------------------------------------------------------------------------------------------
     const std::vector<NodePtr>& selection() const { return m_selection; }
@@ -109,21 +123,37 @@ public:
     void setReadWithErrors(bool on) { m_readErrors = on; }
     bool isModified() const { return m_modified; }
     void setModified(bool on = true) { m_modified = on; }
-    FileActivity activity() const { return m_activity; }
-    /// Sets the activity for its lifetime.
+    /// Several may go on at once: a file that is opened may reference another.
+    bool isDoing(FileActivity activity) const { return (m_activities & bit(activity)) != 0; }
+    bool isBusyWithFile() const { return m_activities != 0; }
+    /// The activity goes on for its lifetime.
     class Activity {
     public:
-        Activity(Scene& scene, FileActivity activity) : m_scene(scene), m_before(scene.m_activity)
+        Activity(Scene& scene, FileActivity activity) : m_scene(scene), m_before(scene.m_activities)
         {
-            scene.m_activity = activity;
+            scene.m_activities |= bit(activity);
         }
-        ~Activity() { m_scene.m_activity = m_before; }
+        ~Activity() { m_scene.m_activities = m_before; }
         Activity(const Activity&) = delete;
         Activity& operator=(const Activity&) = delete;
 
     private:
         Scene& m_scene;
-        FileActivity m_before;
+        const unsigned m_before;
+    };
+    /// While one lives, a change of the time unit says how the times are meant that come in from now on: all there was
+    /// before keeps its numbers. In the end what came in is rescaled to the unit that was there first.
+    class ForeignTimes {
+    public:
+        explicit ForeignTimes(Scene& scene);
+        ~ForeignTimes();
+        ForeignTimes(const ForeignTimes&) = delete;
+        ForeignTimes& operator=(const ForeignTimes&) = delete;
+
+    private:
+        Scene& m_scene;
+        const TimeUnit m_unitBefore;
+        const unsigned long long m_firstBefore;
     };
 
     /// Everything gone but the startup cameras and default nodes at their default values; 24 frames a second,
@@ -131,6 +161,8 @@ public:
     void reset();
     /// Statements that are written back as they were read (requires of missing modules, fileInfo, ...).
     std::vector<std::string> keptStatements;
+    /// Other files whose nodes the scene shows, those it references itself.
+    ReferenceList references;
 
     /// What the scene file holds changed: the scene is modified (unless a file is being read or written) and views
     /// repaint when the host is idle.
@@ -156,6 +188,7 @@ private:
     void addDefaultNodes();
     void storeTimeInNode();
     void convertTimeValues(TimeUnit from, TimeUnit to);
+    static unsigned bit(FileActivity activity) { return 1u << static_cast<unsigned>(activity); }
     void orphan(Node& node);
     void keepAsStatements(Node& node, const AttributeSpec& attribute);
 
@@ -174,11 +207,13 @@ private:
     Range m_animation{1, 48};
     Range m_sliderRange{1, 2};
     bool m_hasSliderRange = false;
+    std::set<std::string> m_namespaces;  ///< those that were added
     std::string m_fileName;
     std::optional<SceneFileType> m_fileType;
     bool m_modified = false;
     bool m_readErrors = false;
-    FileActivity m_activity = FileActivity::None;
+    unsigned m_activities = 0;              ///< a bit for each that goes on
+    unsigned long long m_firstForeign = 0;  ///< serial from which on nodes follow a foreign time unit; 0: none do
     std::function<void()> m_touched;
 };
 

@@ -72,13 +72,13 @@ const SceneBinaryReader::Row SceneBinaryReader::kLinkChunks[] = {
     {chunk::kStatements, &SceneBinaryReader::runStatements},
 };
 
-SceneBinaryReader::SceneBinaryReader(Session& session, std::string_view bytes, std::string fileName, PartRead partRead)
-    : m_session(session), m_bytes(bytes), m_fileName(std::move(fileName)), m_partRead(std::move(partRead))
+SceneBinaryReader::SceneBinaryReader(Session& session, std::string_view bytes, SceneIntake& intake, PartRead partRead)
+    : m_session(session), m_bytes(bytes), m_intake(intake), m_partRead(std::move(partRead))
 {}
 
 bool SceneBinaryReader::read()
 {
-    m_statements = m_session.script().beginScene();
+    m_statements = m_session.script().beginScene(m_intake);
     Chunk scene;
     if (!ChunkReader(m_bytes).next(scene)) {
         report("The file is damaged: it holds no scene.");
@@ -250,7 +250,7 @@ void SceneBinaryReader::readDefaultNode(const Chunk& group)
         if (chunk.id == chunk::kSelect)
             name = takeText(texts);
     }
-    if (!m_session.scene.findOrNull(name))
+    if (!m_intake.find(name))
         return;  // one that this host does not have
     run("select -ne " + quotedText(':' + name) + ';');
     if (const NodePtr node = m_statements->node())
@@ -265,7 +265,7 @@ void SceneBinaryReader::run(std::string_view statements)
 void SceneBinaryReader::report(const std::string& message)
 {
     m_ok = false;
-    m_session.output.error("file: " + m_fileName + ": " + message);
+    m_session.output.error("file: " + m_intake.path() + ": " + message);
 }
 
 }  // namespace kernel

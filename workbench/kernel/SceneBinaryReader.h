@@ -2,6 +2,7 @@
 
 #include "kernel/ChunkReader.h"
 #include "kernel/Node.h"
+#include "kernel/SceneIntake.h"
 #include "kernel/SceneText.h"
 #include "kernel/Script.h"
 
@@ -16,12 +17,12 @@ class Session;
 /// Whether a file's bytes begin as those of a binary scene do.
 bool isBinaryScene(std::string_view bytes);
 
-/// Reads a binary scene (SceneChunks.h) into the scene as it stands. What cannot be read is reported with the file's
-/// name, and reading goes on with the next chunk.
+/// Reads a binary scene (SceneChunks.h); the intake says how it comes into the open one. What cannot be read is
+/// reported with the file's name, and reading goes on with the next chunk.
 class SceneBinaryReader {
 public:
     /// bytes: outlive the reader. partRead: told of those that are done with.
-    SceneBinaryReader(Session& session, std::string_view bytes, std::string fileName, PartRead partRead = {});
+    SceneBinaryReader(Session& session, std::string_view bytes, SceneIntake& intake, PartRead partRead = {});
     /// False when there was any error.
     bool read();
 
@@ -62,7 +63,7 @@ private:
 
     Session& m_session;
     const std::string_view m_bytes;
-    const std::string m_fileName;
+    SceneIntake& m_intake;
     const PartRead m_partRead;
     std::unique_ptr<SceneStatements> m_statements;
     bool m_ok = true;

@@ -1,11 +1,14 @@
 #include "kernel/SceneBinaryWriter.h"
 
 #include "kernel/ChunkReader.h"
+#include "kernel/References.h"
 #include "kernel/SceneChunks.h"
 #include "kernel/SceneSections.h"
 #include "kernel/SceneText.h"
 #include "kernel/Session.h"
 #include "kernel/ValueChunks.h"
+
+#include <sstream>
 
 namespace kernel {
 
@@ -24,15 +27,15 @@ bool isKeptAsText(const Node& node)
 
 }  // namespace
 
-SceneBinaryWriter::SceneBinaryWriter(Session& session, std::ostream& out)
-    : m_session(session), m_scene(session.scene), m_writer(out)
+SceneBinaryWriter::SceneBinaryWriter(Session& session, std::ostream& out, const std::string& fileName)
+    : m_session(session), m_scene(session.scene), m_path(fileName), m_writer(out)
 {}
 
 void SceneBinaryWriter::write()
 {
     m_writer.beginGroup(kGroup, chunk::kScene);
     writeHead();
-    writeReferences(keptStatements(m_scene, "file"));
+    writeReferences();
     for (const NodePtr& node : nodesToWrite(m_scene))
         writeNode(*node);
     writeConfiguration();
@@ -61,12 +64,15 @@ void SceneBinaryWriter::writeHead()
     m_writer.end();
 }
 
-void SceneBinaryWriter::writeReferences(const std::vector<std::string>& statements)
+// One statement a line.
+void SceneBinaryWriter::writeReferences()
 {
-    if (statements.empty())
+    if (m_scene.references.empty())
         return;
+    std::stringstream statements;
+    kernel::writeReferences(statements, m_scene, m_path);
     m_writer.beginGroup(kGroup, chunk::kReferences);
-    for (const std::string& statement : statements) {
+    for (std::string statement; std::getline(statements, statement);) {
         const bool isDepth = statement.find(" -rdi ") != std::string::npos;
         m_writer.chunk(isDepth ? chunk::kReferenceDepth : chunk::kReferences, statement);
     }
@@ -154,9 +160,10 @@ void SceneBinaryWriter::writeLinks()
 
 void SceneBinaryWriter::writeKeptStatements(const Node& node)
 {
-    if (node.unknownStatements.empty())
+    if (node.unknownStatements.empty() && !referenceOf(m_scene, node))
         return;
     m_writer.beginChunk(chunk::kStatements);
+    writeEdits(m_writer.stream(), m_scene, node);
     writeKept(m_writer.stream(), node);
     m_writer.end();
 }

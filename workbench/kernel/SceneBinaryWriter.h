@@ -17,12 +17,12 @@ class Session;
 class SceneBinaryWriter {
 public:
     /// out: written in any order.
-    SceneBinaryWriter(Session& session, std::ostream& out);
+    SceneBinaryWriter(Session& session, std::ostream& out, const std::string& fileName);
     void write();
 
 private:
     void writeHead();
-    void writeReferences(const std::vector<std::string>& statements);
+    void writeReferences();
     void writeNode(const Node& node);
     void writeNodeHead(const Node& node);
     void writeCreation(const NodeHead& head);
@@ -36,6 +36,7 @@ private:
 
     Session& m_session;
     Scene& m_scene;
+    const std::string m_path;  ///< of the file
     ChunkWriter m_writer;
 };
 

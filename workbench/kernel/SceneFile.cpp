@@ -1,9 +1,9 @@
 #include "kernel/SceneFile.h"
 
 #include "kernel/AtomicFile.h"
-#include "kernel/FileContent.h"
 #include "kernel/SceneBinaryReader.h"
 #include "kernel/SceneBinaryWriter.h"
+#include "kernel/SceneIntake.h"
 #include "kernel/SceneSections.h"
 #include "kernel/SceneWriter.h"
 #include "kernel/Session.h"
@@ -15,22 +15,6 @@
 namespace kernel {
 
 namespace {
-
-/// A condition that holds while this lives.
-class During {
-public:
-    During(Events& events, const char* condition) : m_events(events), m_condition(condition)
-    {
-        m_events.setCondition(m_condition, true);
-    }
-    ~During() { m_events.setCondition(m_condition, false); }
-    During(const During&) = delete;
-    During& operator=(const During&) = delete;
-
-private:
-    Events& m_events;
-    const char* const m_condition;
-};
 
 /// What the rest of the host shows of a scene's time, to tell it once what a file or a new scene has changed.
 struct TimeState {
@@ -58,13 +42,6 @@ struct TimeState {
     const Scene::Range animation;
 };
 
-std::string absolutePath(const std::string& path)
-{
-    std::error_code error;
-    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
-    return error ? path : absolute.lexically_normal().string();
-}
-
 /// What a file is, by its content. Throws CommandError when it is no scene that can be read.
 SceneFileType recognise(std::string_view bytes, const std::string& path)
 {
@@ -77,37 +54,11 @@ SceneFileType recognise(std::string_view bytes, const std::string& path)
     throw CommandError("The file \"" + path + "\" is " + fault);
 }
 
-/// A file that holds a scene.
-struct SceneContent {
-    explicit SceneContent(const std::string& absolutePath)
-        : path(absolutePath), file(path), type(recognise(file.bytes(), path))
-    {}
-
-    const std::string path;
-    const FileContent file;
-    const SceneFileType type;
-};
-
-/// Throws CommandError when the file is missing or no scene.
-SceneContent readSceneFile(const std::string& absolutePath)
-{
-    return SceneContent(absolutePath);
-}
-
-/// Adds what a scene file holds to the scene as it stands; false, and reported, when some of it could not be read.
-bool addToScene(Session& session, const SceneContent& content)
-{
-    const PartRead partRead = [&content](std::string_view part) { content.file.release(part); };
-    if (content.type == SceneFileType::Binary)
-        return SceneBinaryReader(session, content.file.bytes(), content.path, partRead).read();
-    return session.script().executeScene(content.file.bytes(), content.path, partRead);
-}
-
 void writeSceneFile(Session& session, const std::string& absolutePath, SceneFileType type)
 {
     AtomicFile file(absolutePath);
     if (type == SceneFileType::Binary)
-        writeSceneBinary(session, file.stream());
+        writeSceneBinary(session, file.stream(), absolutePath);
     else
         writeSceneText(session, file.stream(), absolutePath);
     file.commit();
@@ -127,7 +78,7 @@ void runConfigurationScripts(Session& session)
 {
     const std::vector<NodePtr> nodes = session.scene.nodes();
     for (const NodePtr& node : nodes) {
-        if (!node->isInScene() || node->type().name != "script"
+        if (!node->isInScene() || node->referenced || node->type().name != "script"
             || node->number("scriptType") != kSceneConfigurationType)
             continue;
         session.script().execute(node->text("before"), false, false);
@@ -138,14 +89,33 @@ void runConfigurationScripts(Session& session)
 
 }  // namespace
 
+std::string absolutePath(const std::string& path)
+{
+    std::error_code error;
+    const std::filesystem::path absolute = std::filesystem::absolute(path, error);
+    return error ? path : absolute.lexically_normal().string();
+}
+
+SceneContent::SceneContent(const std::string& absolutePath)
+    : m_path(absolutePath), m_file(absolutePath), m_type(recognise(m_file.bytes(), absolutePath))
+{}
+
+bool addToScene(Session& session, const SceneContent& content, SceneIntake& intake)
+{
+    const PartRead partRead = [&content](std::string_view part) { content.release(part); };
+    if (content.type() == SceneFileType::Binary)
+        return SceneBinaryReader(session, content.bytes(), intake, partRead).read();
+    return session.script().executeScene(content.bytes(), intake, partRead);
+}
+
 void writeSceneText(Session& session, std::ostream& out, const std::string& fileName)
 {
     SceneWriter(session, out, fileName).write();
 }
 
-void writeSceneBinary(Session& session, std::ostream& out)
+void writeSceneBinary(Session& session, std::ostream& out, const std::string& fileName)
 {
-    SceneBinaryWriter(session, out).write();
+    SceneBinaryWriter(session, out, fileName).write();
 }
 
 SceneFileType fileTypeFor(const Scene& scene, const std::string& path)
@@ -171,7 +141,7 @@ void saveScene(Session& session, const std::string& path, std::optional<SceneFil
 void openScene(Session& session, const std::string& path)
 {
     const std::string absolute = absolutePath(path);
-    const SceneContent content = readSceneFile(absolute);
+    const SceneContent content(absolute);
     Scene& scene = session.scene;
     const TimeState before(scene);
     {
@@ -181,8 +151,9 @@ void openScene(Session& session, const std::string& path)
         session.undo.flush();
         scene.reset();
         scene.setFileName(absolute);
-        scene.setFileType(content.type);
-        scene.setReadWithErrors(!addToScene(session, content));
+        scene.setFileType(content.type());
+        SceneIntake intake(session, SceneIntake::Purpose::Open, absolute);
+        scene.setReadWithErrors(!addToScene(session, content, intake));
         runConfigurationScripts(session);
     }
     scene.setModified(false);

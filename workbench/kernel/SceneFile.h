@@ -1,21 +1,24 @@
 #pragma once
 
+#include "kernel/FileContent.h"
 #include "kernel/SceneFileType.h"
 
 #include <iosfwd>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace kernel {
 
 class Scene;
+class SceneIntake;
 class Session;
 
 /// Writes the scene in text form (restricted script). Throws CommandError when a module's data cannot be written.
 void writeSceneText(Session& session, std::ostream& out, const std::string& fileName);
 
 /// The same in binary form, to a stream that can be written in any order.
-void writeSceneBinary(Session& session, std::ostream& out);
+void writeSceneBinary(Session& session, std::ostream& out, const std::string& fileName);
 
 /// The type a scene is saved in when none is asked for: the one set for it or read, or that of the name's extension.
 SceneFileType fileTypeFor(const Scene& scene, const std::string& path);
@@ -27,5 +30,27 @@ void saveScene(Session& session, const std::string& path, std::optional<SceneFil
 /// kept.
 void openScene(Session& session, const std::string& path);
 void newScene(Session& session);
+
+/// A scene file whose bytes are at hand.
+class SceneContent {
+public:
+    /// Recognises the file by its content. Throws CommandError when it is missing or no scene.
+    explicit SceneContent(const std::string& absolutePath);
+
+    const std::string& path() const { return m_path; }
+    SceneFileType type() const { return m_type; }
+    std::string_view bytes() const { return m_file.bytes(); }
+    /// A part that has been read need not stay in memory.
+    void release(std::string_view part) const { m_file.release(part); }
+
+private:
+    const std::string m_path;
+    const FileContent m_file;
+    const SceneFileType m_type;
+};
+/// Adds what a scene file holds to the scene as it stands; false, and reported, when some of it could not be read.
+bool addToScene(Session& session, const SceneContent& content, SceneIntake& intake);
+/// The path from the root, without "." and "..".
+std::string absolutePath(const std::string& path);
 
 }  // namespace kernel

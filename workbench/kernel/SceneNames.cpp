@@ -32,13 +32,6 @@ std::string stem(const std::string& name)
     return name.substr(0, name.find_last_not_of("0123456789") + 1);
 }
 
-/// The shape of ball is ballShape, that of ball2 ballShape2.
-std::string shapeName(const std::string& transform)
-{
-    const std::string start = stem(transform);
-    return start + "Shape" + transform.substr(start.size());
-}
-
 /// A name that may have to get a number to be free.
 struct WantedName {
     explicit WantedName(const std::string& wanted) : wantsNumber(!wanted.empty() && wanted.back() == '#')
@@ -126,6 +119,12 @@ struct Query {
 };
 
 }  // namespace
+
+std::string Scene::shapeName(const std::string& transform)
+{
+    const std::string start = stem(transform);
+    return start + "Shape" + transform.substr(start.size());
+}
 
 bool Scene::isLegalName(const std::string& name)
 {

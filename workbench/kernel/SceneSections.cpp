@@ -95,7 +95,7 @@ std::vector<std::string> keptStatements(const Scene& scene, const std::string& s
     for (const std::string& kept : scene.keptStatements) {
         const std::string statement = trimmedStatement(kept);
         const std::string word = firstWord(statement);
-        const bool hasSection = word == "file" || word == "requires" || word == "fileInfo";
+        const bool hasSection = word == "requires" || word == "fileInfo";
         if (statement.empty() || (section.empty() ? hasSection : word != section))
             continue;
         if ((word == "requires" && asksForOneOf(modules, statement))

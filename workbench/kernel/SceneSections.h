@@ -36,7 +36,7 @@ using ModuleUses = std::map<std::string, ModuleUse>;  ///< by the module's name
 ModuleUses modulesInUse(const Session& session);
 std::string requiresStatement(const std::string& module, const ModuleUse& use);
 
-/// The statements the scene keeps of one section ("file", "requires", "fileInfo"; empty: those of no other), without
+/// The statements the scene keeps of one section ("requires", "fileInfo"; empty: those of no other), without
 /// those it says by itself. modules: those whose `requires` the scene says.
 std::vector<std::string> keptStatements(const Scene& scene, const std::string& section, ModuleUses modules = {});
 /// The nodes with a section of their own, parents before their children.

@@ -175,6 +175,58 @@ void writeCompound(std::ostream& out, const Node& node, const AttributeSpec& att
     out << ";\n";
 }
 
+std::string changedFlags(const Node& node, const AttributeSpec& attribute)
+{
+    const PlugFlags now = node.flags(attribute);
+    const PlugFlags first = node.initialFlags(attribute);
+    const auto text = [](const char* flag, bool now, bool first) {
+        return now == first ? std::string() : std::string(flag) + (now ? " on" : " off");
+    };
+    return text(" -l", now.locked, first.locked) + text(" -k", now.keyable, first.keyable)
+         + text(" -cb", now.channelBox, first.channelBox);
+}
+
+/// The value behind the plug of a setAttr, with a blank in front.
+std::string valueText(const Node& node, const AttributeSpec& attribute)
+{
+    if (attribute.kind == ValueKind::Bool)
+        return std::get<double>(node.value(attribute)) != 0 ? " yes" : " no";
+    if (isNumber(attribute.kind))
+        return ' ' + numberOf(node, attribute);
+    return " -type \"string\" " + stringExpression(std::get<std::string>(node.value(attribute)));
+}
+
+void addChange(const Node& node, const AttributeSpec& attribute, std::vector<AttributeChange>& changes)
+{
+    if (attribute.storable && attribute.kind != ValueKind::Custom && node.isChanged(attribute))
+        changes.push_back({attribute.longName, changedFlags(node, attribute) + valueText(node, attribute)});
+}
+
+/// A compound whose children only changed in value is set as one.
+void addCompoundChange(const Node& node, const AttributeSpec& attribute, std::vector<AttributeChange>& changes)
+{
+    std::vector<AttributePtr> children;
+    for (const std::string& name : attribute.children)
+        children.push_back(node.attribute(name));
+    const std::string flags = changedFlags(node, attribute);
+    const std::string type = compoundType(children);
+    const bool isSplit = type.empty() || std::any_of(children.begin(), children.end(), [&](const AttributePtr& child) {
+                             return !changedFlags(node, *child).empty();
+                         });
+    std::string values;
+    if (isSplit) {
+        for (const AttributePtr& child : children)
+            addChange(node, *child, changes);
+    } else if (std::any_of(children.begin(), children.end(),
+                           [&](const AttributePtr& child) { return node.isChanged(*child); })) {
+        values = " -type \"" + type + '"';
+        for (const AttributePtr& child : children)
+            values += ' ' + numberOf(node, *child);
+    }
+    if (!flags.empty() || !values.empty())
+        changes.push_back({attribute.longName, flags + values});
+}
+
 }  // namespace
 
 std::string quotedText(const std::string& text)
@@ -242,13 +294,19 @@ void writeAttribute(std::ostream& out, const Node& node, const AttributeSpec& at
     if (!stored && flags.empty())
         return;
     writeStart(out, flags, attribute);
-    if (stored && attribute.kind == ValueKind::Bool)
-        out << (std::get<double>(node.value(attribute)) != 0 ? " yes" : " no");
-    else if (stored && isNumber(attribute.kind))
-        out << ' ' << numberOf(node, attribute);
-    else if (stored)
-        out << " -type \"string\" " << stringExpression(std::get<std::string>(node.value(attribute)));
-    out << ";\n";
+    out << (stored ? valueText(node, attribute) : std::string()) << ";\n";
+}
+
+std::vector<AttributeChange> changesOf(const Node& node)
+{
+    std::vector<AttributeChange> changes;
+    for (const AttributePtr& attribute : node.type().allAttributes()) {
+        if (attribute->kind == ValueKind::Compound)
+            addCompoundChange(node, *attribute, changes);
+        else if (attribute->parent.empty() && attribute->kind != ValueKind::Message)
+            addChange(node, *attribute, changes);
+    }
+    return changes;
 }
 
 }  // namespace kernel

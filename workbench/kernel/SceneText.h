@@ -4,6 +4,7 @@
 
 #include <iosfwd>
 #include <string>
+#include <vector>
 
 namespace kernel {
 
@@ -35,5 +36,13 @@ void writeKept(std::ostream& out, const Node& node);
 /// Each line begins with a tab; the plug is one of the current node (".t"). A compound comes with its children, which
 /// write nothing by themselves. Throws CommandError when a module's data cannot be written.
 void writeAttribute(std::ostream& out, const Node& node, const AttributeSpec& attribute);
+
+/// What a setAttr needs to give an attribute the value and flags that a node has now.
+struct AttributeChange {
+    std::string attribute;  ///< long name
+    std::string arguments;  ///< what follows the plug, with a blank in front
+};
+/// The changes of a node since it was read from a file it is referenced from.
+std::vector<AttributeChange> changesOf(const Node& node);
 
 }  // namespace kernel

@@ -31,6 +31,16 @@ Scene::Range converted(Scene::Range range, TimeUnit from, TimeUnit to)
     return {converted(range.first, from, to), converted(range.last, from, to)};
 }
 
+void convertTimes(const Node& node, std::unordered_map<std::string, PlugValue>& values, TimeUnit from, TimeUnit to)
+{
+    for (auto& held : values) {
+        const AttributePtr attribute = node.attribute(held.first);
+        double* number = std::get_if<double>(&held.second);
+        if (attribute && attribute->kind == ValueKind::Time && number)
+            *number = converted(*number, from, to);
+    }
+}
+
 }  // namespace
 
 Time Scene::currentTime() const
@@ -65,27 +75,39 @@ void Scene::setTimeUnit(TimeUnit unit)
         return;
     const TimeUnit before = m_unit;
     m_unit = unit;
+    convertTimeValues(before, unit);
+    if (m_firstForeign)
+        return;
     m_time = Time{m_time.as(unit), unit};
     m_playback = converted(m_playback, before, unit);
     m_animation = converted(m_animation, before, unit);
     m_sliderRange = converted(m_sliderRange, before, unit);
-    convertTimeValues(before, unit);
     storeTimeInNode();
     touch();
     raise("timeUnitChanged");
+}
+
+Scene::ForeignTimes::ForeignTimes(Scene& scene)
+    : m_scene(scene), m_unitBefore(scene.m_unit), m_firstBefore(scene.m_firstForeign)
+{
+    scene.m_firstForeign = scene.m_nextSerial;
+}
+
+Scene::ForeignTimes::~ForeignTimes()
+{
+    m_scene.setTimeUnit(m_unitBefore);
+    m_scene.m_firstForeign = m_firstBefore;
 }
 
 void Scene::convertTimeValues(TimeUnit from, TimeUnit to)
 {
     for (const std::weak_ptr<Node>& weak : m_all) {
         const NodePtr node = weak.lock();
-        if (!node)
+        if (!node || node->m_serial < m_firstForeign)
             continue;
-        for (auto& held : node->m_state.values) {
-            const AttributePtr attribute = node->attribute(held.first);
-            double* number = std::get_if<double>(&held.second);
-            if (attribute && attribute->kind == ValueKind::Time && number)
-                *number = converted(*number, from, to);
+        for (Node::State* state : {&node->m_state, node->m_startState.get()}) {
+            if (state)
+                convertTimes(*node, state->values, from, to);
         }
     }
 }

@@ -1,5 +1,6 @@
 #include "kernel/SceneWriter.h"
 
+#include "kernel/References.h"
 #include "kernel/SceneSections.h"
 #include "kernel/SceneText.h"
 #include "kernel/Session.h"
@@ -24,20 +25,21 @@ std::string withoutFolders(const std::string& path)
 }  // namespace
 
 SceneWriter::SceneWriter(Session& session, std::ostream& out, const std::string& fileName)
-    : m_session(session), m_scene(session.scene), m_out(out), m_name(withoutFolders(fileName))
+    : m_session(session), m_scene(session.scene), m_out(out), m_path(fileName), m_name(withoutFolders(fileName))
 {}
 
 void SceneWriter::write()
 {
     refuseBinaryData();
     writeHead();
-    writeStatements(keptStatements(m_scene, "file"));
+    writeReferences(m_out, m_scene, m_path);
     writeRequirements();
     m_out << "currentUnit -l centimeter -a degree -t " << timeUnitName(m_scene.timeUnit()) << ";\n";
     writeFileInfo();
     for (const NodePtr& node : nodesToWrite(m_scene)) {
         m_out << headText(headOf(m_scene, *node));
         writeAttributes(m_out, *node);
+        writeEdits(m_out, m_scene, *node);
         writeKept(m_out, *node);
     }
     writeConfiguration();

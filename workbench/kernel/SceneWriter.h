@@ -30,7 +30,8 @@ private:
     Session& m_session;
     Scene& m_scene;
     std::ostream& m_out;
-    std::string m_name;  ///< of the file, without folders
+    const std::string m_path;  ///< of the file
+    std::string m_name;        ///< the same, without folders
 };
 
 }  // namespace kernel

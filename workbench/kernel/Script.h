@@ -9,6 +9,8 @@
 
 namespace kernel {
 
+class SceneIntake;
+
 /// What a piece of executed text gave.
 struct ScriptResult {
     bool ok = true;
@@ -41,9 +43,9 @@ public:
     virtual ScriptResult executeFile(const std::string& path, bool undo) = 0;
     /// Runs a text scene statement by statement with the commands a scene may hold; an error is reported with
     /// file and line and reading goes on. False when there was any. Nothing is recorded for undo.
-    virtual bool executeScene(std::string_view text, const std::string& fileName, const PartRead& partRead = {}) = 0;
-    /// The same for a scene that is no text but holds statements. One at a time.
-    virtual std::unique_ptr<SceneStatements> beginScene() = 0;
+    virtual bool executeScene(std::string_view text, SceneIntake& intake, const PartRead& partRead = {}) = 0;
+    /// The same for a scene that is no text but holds statements.
+    virtual std::unique_ptr<SceneStatements> beginScene(SceneIntake& intake) = 0;
     virtual Value global(const std::string& name) const = 0;  ///< without "$"; monostate when undeclared
     virtual void setGlobalString(const std::string& name, const std::string& value) = 0;
     virtual bool isExecuting() const = 0;

@@ -28,6 +28,8 @@ void installScriptLanguage(kernel::Session& session)
         interpreter.setGlobalString(global[0], global[1]);
 
     addNodeCommands(session);
+    addDuplicateCommand(session);
+    addNamespaceCommand(session);
     addParentCommand(session);
     addListCommands(session);
     addAttributeCommands(interpreter);

@@ -16,7 +16,6 @@ namespace {
 constexpr Type kInt{BaseType::Int, false};
 constexpr Type kFloat{BaseType::Float, false};
 constexpr Type kString{BaseType::String, false};
-constexpr Type kVector{BaseType::Vector, false};
 
 double length(const Vector3& v)
 {

@@ -197,25 +197,28 @@ ScriptResult Interpreter::executeBatchFile(const std::string& path)
     return read.ok ? executeBatch(text, path) : read;
 }
 
-bool Interpreter::executeScene(std::string_view text, const std::string& fileName, const kernel::PartRead& partRead)
+bool Interpreter::executeScene(std::string_view text, kernel::SceneIntake& intake, const kernel::PartRead& partRead)
 {
     const ReadingScene reading(*this);
-    return SceneReader(*this, text, fileName, partRead).read();
+    return SceneReader(*this, text, intake.path(), intake, partRead).read();
 }
 
-std::unique_ptr<kernel::SceneStatements> Interpreter::beginScene()
+std::unique_ptr<kernel::SceneStatements> Interpreter::beginScene(kernel::SceneIntake& intake)
 {
     class Statements : public kernel::SceneStatements {
     public:
-        explicit Statements(Interpreter& interpreter) : m_interpreter(interpreter), m_reading(interpreter) {}
-        bool run(std::string_view text) override { return SceneReader(m_interpreter, text, {}).read(); }
+        Statements(Interpreter& interpreter, kernel::SceneIntake& intake)
+            : m_interpreter(interpreter), m_intake(intake), m_reading(interpreter)
+        {}
+        bool run(std::string_view text) override { return SceneReader(m_interpreter, text, {}, m_intake).read(); }
         std::shared_ptr<kernel::Node> node() const override { return m_interpreter.sceneNode(); }
 
     private:
         Interpreter& m_interpreter;
+        kernel::SceneIntake& m_intake;
         const ReadingScene m_reading;
     };
-    return std::make_unique<Statements>(*this);
+    return std::make_unique<Statements>(*this, intake);
 }
 
 Value Interpreter::evaluate(const std::string& text)

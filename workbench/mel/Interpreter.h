@@ -43,9 +43,9 @@ public:
     /// the text. fileName: named in messages; empty for text from the command line.
     kernel::ScriptResult executeBatch(const std::string& text, const std::string& fileName = {});
     kernel::ScriptResult executeBatchFile(const std::string& path);
-    bool executeScene(std::string_view text, const std::string& fileName,
+    bool executeScene(std::string_view text, kernel::SceneIntake& intake,
                       const kernel::PartRead& partRead = {}) override;
-    std::unique_ptr<kernel::SceneStatements> beginScene() override;
+    std::unique_ptr<kernel::SceneStatements> beginScene(kernel::SceneIntake& intake) override;
     bool isExecuting() const override { return m_depth > 0; }
 
     // --- running, from inside a script: errors are thrown as CommandError --------------------------------------
@@ -81,9 +81,21 @@ public:
     /// The node that plugs without a node name (".tx") belong to while a scene is read; null otherwise.
     kernel::NodePtr sceneNode() const { return m_sceneNode; }
     void setSceneNode(kernel::NodePtr node) { m_sceneNode = std::move(node); }
-    /// All arguments of the statement about module data that a scene is about to run, long texts included, which the
-    /// command's own list lacks.
-    void lendSceneArguments(const kernel::Arguments& arguments) { m_sceneArguments = &arguments; }
+    /// While it lives, all arguments of the statement about module data that a scene runs, long texts included, which
+    /// the command's own list lacks. Null: a statement whose list has everything.
+    class SceneArguments {
+    public:
+        SceneArguments(Interpreter& interpreter, const kernel::Arguments* arguments) : m_interpreter(interpreter)
+        {
+            interpreter.m_sceneArguments = arguments;
+        }
+        ~SceneArguments() { m_interpreter.m_sceneArguments = nullptr; }
+        SceneArguments(const SceneArguments&) = delete;
+        SceneArguments& operator=(const SceneArguments&) = delete;
+
+    private:
+        Interpreter& m_interpreter;
+    };
     /// For the command itself; null for any other, also one that the module runs meanwhile.
     const kernel::Arguments* takeSceneArguments() { return std::exchange(m_sceneArguments, nullptr); }
 

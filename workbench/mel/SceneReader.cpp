@@ -1,11 +1,14 @@
 #include "mel/SceneReader.h"
 
+#include "kernel/ReferenceEdits.h"
+#include "kernel/References.h"
 #include "kernel/Session.h"
 #include "mel/ArgumentParser.h"
 #include "mel/Evaluator.h"
 #include "mel/ExpressionParser.h"
 #include "mel/Resolver.h"
 #include "mel/builtins/CreateNode.h"
+#include "mel/builtins/Quoting.h"
 
 #include <algorithm>
 
@@ -59,16 +62,54 @@ ValueList knownCreateArguments(const ValueList& args)
     return known;
 }
 
+/// Place of the plug that a setAttr is for; the number of arguments when there is none.
+std::size_t plugPlace(const ValueList& args)
+{
+    const auto plug = std::find_if(args.begin(), args.end(), [](const Value& value) {
+        const auto* text = std::get_if<std::string>(&value);
+        return text && text->find('.') != std::string::npos;  // a flag or its value has none
+    });
+    return std::size_t(plug - args.begin());
+}
+
 /// Name of the attribute a plug of the current node (".t[0].tx") begins with; empty when there is no such plug.
 std::string ownPlug(const ValueList& args)
 {
-    for (const Value& value : args) {
-        const auto* text = std::get_if<std::string>(&value);
-        if (!text || text->find('.') == std::string::npos)
-            continue;  // a flag or its value
-        return (*text)[0] == '.' ? text->substr(1, text->find_first_of(".[", 1) - 1) : std::string();
+    const std::size_t place = plugPlace(args);
+    if (place == args.size())
+        return {};
+    const std::string& plug = std::get<std::string>(args[place]);
+    return plug[0] == '.' ? plug.substr(1, plug.find_first_of(".[", 1) - 1) : std::string();
+}
+
+bool isFlagWord(const Value& value)
+{
+    const auto* text = std::get_if<std::string>(&value);
+    return text && text->size() > 1 && (*text)[0] == '-';
+}
+
+/// The arguments of `file -r`: flags with and without a value, the path last.
+kernel::ReferenceRequest referenceRequest(const ValueList& args)
+{
+    kernel::ReferenceRequest request;
+    request.file = kernel::toText(args.back());
+    for (std::size_t i = 0; i + 1 < args.size(); ++i) {
+        const bool hasValue = i + 2 < args.size() && !isFlagWord(args[i + 1]);
+        const std::string value = hasValue ? kernel::toText(args[i + 1]) : std::string();
+        if (isFlag(args[i], "ns", "namespace")) {
+            request.nameSpace = value;
+        } else if (isFlag(args[i], "rfn", "referenceNode")) {
+            request.nodeName = value;
+        } else if (isFlag(args[i], "dr", "deferReference")) {
+            kernel::toBool(value, request.isDeferred);
+        } else if (!isFlag(args[i], "r", "reference")) {
+            request.otherFlags.push_back(args[i]);
+            if (hasValue)
+                request.otherFlags.push_back(args[i + 1]);
+        }
+        i += hasValue ? 1 : 0;
     }
-    return {};
+    return request;
 }
 
 }  // namespace
@@ -78,7 +119,7 @@ const SceneReader::Row SceneReader::kRows[] = {
     {"rename", &SceneReader::renameNode},      {"addAttr", &SceneReader::addAttribute},
     {"connectAttr", &SceneReader::keepLink},   {"disconnectAttr", &SceneReader::keepLink},
     {"relationship", &SceneReader::keepLink},  {"select", &SceneReader::selectNode},
-    {"parent", &SceneReader::runCommand},      {"lockNode", &SceneReader::lockNode},
+    {"parent", &SceneReader::runOnNodes},      {"lockNode", &SceneReader::lockNode},
     {"requires", &SceneReader::requireModule}, {"currentUnit", &SceneReader::runCommand},
     {"fileInfo", &SceneReader::keepFileInfo},  {"file", &SceneReader::readReference},
     {"workspace", &SceneReader::ignore},
@@ -114,8 +155,9 @@ private:
 };
 
 SceneReader::SceneReader(Interpreter& interpreter, std::string_view text, const std::string& fileName,
-                         const kernel::PartRead& partRead)
-    : m_interpreter(interpreter), m_source(Source::borrowing(text, fileName)), m_tokens(text), m_partRead(partRead)
+                         kernel::SceneIntake& intake, const kernel::PartRead& partRead)
+    : m_interpreter(interpreter), m_intake(intake), m_source(Source::borrowing(text, fileName)), m_tokens(text),
+      m_partRead(partRead)
 {}
 
 bool SceneReader::read()
@@ -279,6 +321,17 @@ void SceneReader::runCommand(const Statement& statement)
     kernel::runCommand(m_interpreter.session(), statement.command, statement.args);
 }
 
+void SceneReader::runOnNodes(const Statement& statement)
+{
+    ValueList args = statement.args;
+    for (Value& value : args) {
+        auto* text = std::get_if<std::string>(&value);
+        if (text && !text->empty() && (*text)[0] != '-')
+            *text = m_intake.nameHere(*text);
+    }
+    kernel::runCommand(m_interpreter.session(), statement.command, args);
+}
+
 void SceneReader::ignore(const Statement&) {}
 
 // A module that is missing does not stop the scene: its nodes are kept unread. The line that asks for it is kept in
@@ -318,7 +371,8 @@ void SceneReader::keepFileInfo(const Statement& statement)
     if (statement.args.size() != 2)
         throw CommandError("Incorrect number of objects specified");
     const std::string key = kernel::toText(statement.args[0]);
-    if (std::find(std::begin(kOwnFileInfo), std::end(kOwnFileInfo), key) != std::end(kOwnFileInfo))
+    const bool isOwn = std::find(std::begin(kOwnFileInfo), std::end(kOwnFileInfo), key) != std::end(kOwnFileInfo);
+    if (isOwn || !m_intake.setsUpScene())
         return;
     const std::string start = "fileInfo \"" + key + "\"";
     std::vector<std::string>& kept = m_interpreter.session().scene.keptStatements;
@@ -331,20 +385,31 @@ void SceneReader::keepFileInfo(const Statement& statement)
 void SceneReader::readReference(const Statement& statement)
 {
     if (hasFlag(statement.args, "rdi", "referenceDepthInfo"))
-        return keepWithScene(verbatim(statement));
-    if (!hasFlag(statement.args, "r", "reference"))
+        return;  // what follows says the same of each
+    if (!hasFlag(statement.args, "r", "reference") || statement.args.empty())
         throw CommandError("Only references to other files can stand in a scene.");
-    warn("The referenced file is not read: " + kernel::toText(statement.args.back()), statement.begin);
-    keepWithScene(verbatim(statement));
+    kernel::takeReference(m_interpreter.session(), m_intake, referenceRequest(statement.args),
+                          [&](const std::string& message) { warn(message, statement.begin); });
 }
 
+// The file's links and the like mean its own names.
 void SceneReader::keepLink(const Statement& statement)
 {
-    keepWithScene(verbatim(statement));
+    if (m_intake.setsUpScene())
+        return keepWithScene(verbatim(statement));
+    std::string here = statement.command;
+    for (const Value& value : statement.args) {
+        const auto* text = std::get_if<std::string>(&value);
+        const bool isName = text && (text->empty() || (*text)[0] != '-');
+        here += ' ' + (isName ? quoted(m_intake.nameHere(*text)) : kernel::toText(value));
+    }
+    keepWithScene(here + ';');
 }
 
 void SceneReader::keepWithScene(const std::string& statement)
 {
+    if (m_intake.purpose() == kernel::SceneIntake::Purpose::Reference)
+        return;  // the referenced file has it
     std::vector<std::string>& kept = m_interpreter.session().scene.keptStatements;
     if (std::find(kept.begin(), kept.end(), statement) == kept.end())
         kept.push_back(statement);
@@ -380,66 +445,153 @@ void SceneReader::leaveNode()
 void SceneReader::createNode(const Statement& statement)
 {
     leaveNode();
-    NodeRequest request;
+    CreateNodeArguments arguments;
     try {
-        request = parseCreateNode(statement.args);
+        arguments = parseCreateNode(statement.args);
     } catch (const CommandError& error) {
         report(error.what(), statement.begin);
-        request = parseCreateNode(knownCreateArguments(statement.args));
+        arguments = parseCreateNode(knownCreateArguments(statement.args));
     }
-    kernel::Session& session = m_interpreter.session();
-    if (!session.nodeTypes.find(request.type)) {
+    kernel::NodeRequest request;
+    request.type = arguments.type;
+    request.name = arguments.name;
+    request.shared = arguments.shared;
+    request.parent = parentOf(arguments, statement);
+    if (!m_interpreter.session().nodeTypes.find(request.type)) {
         warn("Unknown object type: " + request.type + ". The node " + request.name + " is kept unread.",
              statement.begin);
-        request.unknownType = std::exchange(request.type, {});
     }
-    if (!request.parent.empty()) {
-        const NodePtr parent = session.scene.findOrNull(request.parent);
-        if (!parent) {
-            report("No object matches name: " + request.parent, statement.begin);
-            request.parent.clear();
-        } else if (!parent->unknownType.empty()) {
-            session.scene.makeUnknownTransform(parent);  // only transforms have children
-        }
-    }
-    kernel::EditList edits;
-    m_interpreter.setSceneNode(mel::createNode(session, request, edits));
-    m_skipping = false;
+    enterNode(m_intake.createNode(request));
+}
+
+NodePtr SceneReader::parentOf(const CreateNodeArguments& arguments, const Statement& statement)
+{
+    if (arguments.parent.empty())
+        return nullptr;
+    const NodePtr parent = m_intake.find(arguments.parent);
+    if (!parent)
+        report("No object matches name: " + arguments.parent, statement.begin);
+    else if (!parent->unknownType.empty())
+        m_interpreter.session().scene.makeUnknownTransform(parent);  // only transforms have children
+    return parent;
+}
+
+void SceneReader::enterNode(const NodePtr& node)
+{
+    m_skipping = !node || !m_intake.takesSettingsOf(*node);
+    m_interpreter.setSceneNode(m_skipping ? nullptr : node);
 }
 
 void SceneReader::renameNode(const Statement& statement)
 {
     if (!hasFlag(statement.args, "uid", "uuid"))
-        return runCommand(statement);
+        return renameOtherNode(statement);
     const NodePtr node = m_interpreter.sceneNode();
     if (node && !statement.args.empty())
         node->setUid(kernel::toText(statement.args.back()));
 }
 
+/// Gives a node that is named another name.
+void SceneReader::renameOtherNode(const Statement& statement)
+{
+    if (statement.args.size() != 2)
+        throw CommandError("Incorrect number of objects specified");
+    const std::string before = kernel::toText(statement.args[0]);
+    const std::string after = kernel::toText(statement.args[1]);
+    const NodePtr node = m_intake.find(before);
+    if (!node)
+        throw CommandError("No object matches name: " + before);
+    if (!m_intake.takesSettingsOf(*node))
+        return;
+    kernel::renameNodeEdit(node, m_intake.nameFor(after))->redo(m_interpreter.session().scene);
+    m_intake.remember(after, node);
+}
+
 void SceneReader::setAttribute(const Statement& statement)
 {
+    const std::string own = ownPlug(statement.args);
+    if (own.empty())
+        return setOtherNode(statement);
     if (m_skipping)
         return keepWithAbsentNode(statement);
     const NodePtr node = m_interpreter.sceneNode();
-    const std::string own = ownPlug(statement.args);
+    if (node && node->typeName() == "reference")
+        return setReferenceNode(statement, own);
     if (node && (!node->unknownType.empty() || m_addedAttributes.count(own)))
         return keepWithNode(statement);
-    if (node && !own.empty() && !node->attribute(own))
+    if (node && !node->attribute(own))
         keepWithNode(statement);  // and say below that it has no effect
     const AllArguments all(*this, statement);
-    if (isModuleData(statement))
-        m_interpreter.lendSceneArguments(all);
+    const Interpreter::SceneArguments lent(m_interpreter, isModuleData(statement) ? &all : nullptr);
     runCommand(statement);
 }
 
 bool SceneReader::isModuleData(const Statement& statement) const
 {
-    if (statement.command != "setAttr")
+    if (statement.command != "setAttr" || ownPlug(statement.args).empty())
         return false;
     const auto type = std::find_if(statement.args.begin(), statement.args.end(),
                                    [](const Value& value) { return isFlag(value, "typ", "type"); });
     return type != statement.args.end() && type + 1 != statement.args.end()
         && m_interpreter.session().dataTypes.find(kernel::toText(*(type + 1)));
+}
+
+/// Sets a plug that names its node.
+void SceneReader::setOtherNode(const Statement& statement)
+{
+    ValueList args = statement.args;
+    const std::size_t place = plugPlace(args);
+    if (place < args.size()) {
+        auto& plug = std::get<std::string>(args[place]);
+        const NodePtr node = m_intake.find(plug.substr(0, plug.find('.')));
+        if (node && !m_intake.takesSettingsOf(*node))
+            return;
+        plug = m_intake.nameHere(plug);
+    }
+    kernel::runCommand(m_interpreter.session(), statement.command, args);
+}
+
+// What the scene changes in the nodes of a reference; all else of a reference node is kept as it stands.
+void SceneReader::setReferenceNode(const Statement& statement, const std::string& own)
+{
+    kernel::Reference* const reference = kernel::referenceOf(m_interpreter.session().scene, *m_interpreter.sceneNode());
+    const auto type = std::find_if(statement.args.begin(), statement.args.end(),
+                                   [](const Value& value) { return isFlag(value, "typ", "type"); });
+    const bool isEdits = reference && (own == "ed" || own == "edits") && statement.args.end() - type > 1;
+    if (!isEdits || !kernel::parseReferenceEdits(ValueList(type + 2, statement.args.end()), reference->keptEdits))
+        return keepWithNode(statement);
+    if (reference->isLoaded)
+        applyEdits(*reference, statement.begin);
+}
+
+/// Sets what can be set; that is then in the nodes, and the rest stays with the reference.
+void SceneReader::applyEdits(kernel::Reference& reference, std::size_t at)
+{
+    // Messages about the statements below shall name this line.
+    std::string statements(m_source.position(at).line - 1, '\n');
+    for (kernel::ReferenceEdits& section : reference.keptEdits) {
+        std::vector<ValueList>& edits = section.edits;
+        const auto kept = std::remove_if(edits.begin(), edits.end(), [&](const ValueList& edit) {
+            const std::string statement = settingStatement(edit);
+            statements += statement;
+            return !statement.empty();
+        });
+        edits.erase(kept, edits.end());
+    }
+    SceneReader reader(m_interpreter, statements, m_source.fileName(), m_intake);
+    m_ok = reader.read() && m_ok;
+}
+
+/// The setAttr that a change of a reference is; empty for other changes and for those of what the file does not have.
+std::string SceneReader::settingStatement(const ValueList& edit) const
+{
+    if (edit.size() != 4 || !(edit[0] == Value(kernel::kSetAttrEdit)))
+        return {};
+    const std::string attribute = kernel::toText(edit[2]);
+    const NodePtr node = m_intake.find(kernel::toText(edit[1]));
+    if (!node || !node->attribute(attribute.substr(attribute.rfind('.') + 1)))
+        return {};
+    return "setAttr " + quoted(kernel::toText(edit[1]) + '.' + attribute) + kernel::toText(edit[3]) + ';';
 }
 
 void SceneReader::addAttribute(const Statement& statement)
@@ -460,11 +612,10 @@ void SceneReader::selectNode(const Statement& statement)
     NodePtr node;
     for (const Value& value : statement.args) {
         if (!isFlag(value, "ne", "noExpand"))
-            node = m_interpreter.session().scene.findOrNull(kernel::toText(value));
+            node = m_intake.find(kernel::toText(value));
     }
-    m_skipping = !node;
-    m_interpreter.setSceneNode(node);
-    if (!node)
+    enterNode(node);
+    if (!node && m_intake.setsUpScene())
         m_absentNode = verbatim(statement);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "kernel/Arguments.h"
-#include "kernel/Node.h"
+#include "kernel/SceneIntake.h"
 #include "kernel/Script.h"
 #include "mel/Source.h"
 #include "mel/TokenStream.h"
@@ -14,6 +14,7 @@
 namespace mel {
 
 class Interpreter;
+struct CreateNodeArguments;
 
 /// Reads a text scene: the script language cut down to a few commands with plain arguments, run statement by
 /// statement. An error is reported with file and line and reading goes on with the next statement.
@@ -22,8 +23,9 @@ class Interpreter;
 class SceneReader {
 public:
     /// text: must outlive the reader.
+    /// fileName: named in messages with the line; empty for a piece that is no file.
     SceneReader(Interpreter& interpreter, std::string_view text, const std::string& fileName,
-                const kernel::PartRead& partRead = {});
+                kernel::SceneIntake& intake, const kernel::PartRead& partRead = {});
     /// False when there was any error.
     bool read();
 
@@ -60,19 +62,28 @@ private:
 
     // What a scene's commands do; the rows name them.
     void runCommand(const Statement& statement);
+    void runOnNodes(const Statement& statement);
     void requireModule(const Statement& statement);
     void keepFileInfo(const Statement& statement);
     void readReference(const Statement& statement);
     void createNode(const Statement& statement);
     void renameNode(const Statement& statement);
+    void renameOtherNode(const Statement& statement);
     void setAttribute(const Statement& statement);
     bool isModuleData(const Statement& statement) const;
+    void setOtherNode(const Statement& statement);
+    void setReferenceNode(const Statement& statement, const std::string& own);
+    void applyEdits(kernel::Reference& reference, std::size_t at);
+    std::string settingStatement(const kernel::ValueList& edit) const;
     void addAttribute(const Statement& statement);
     void selectNode(const Statement& statement);
     void lockNode(const Statement& statement);
     void keepLink(const Statement& statement);
     void ignore(const Statement& statement);
 
+    kernel::NodePtr parentOf(const CreateNodeArguments& arguments, const Statement& statement);
+    /// What follows belongs to this node, or to none if that is null or what the file says of it does not count.
+    void enterNode(const kernel::NodePtr& node);
     /// What follows belongs to no node until one is created or selected.
     void leaveNode();
     void keepWithAbsentNode(const Statement& statement);
@@ -81,6 +92,7 @@ private:
     void keepWithScene(const std::string& statement);
 
     Interpreter& m_interpreter;
+    kernel::SceneIntake& m_intake;
     const Source m_source;
     TokenStream m_tokens;
     const kernel::PartRead m_partRead;

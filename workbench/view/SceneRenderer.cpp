@@ -136,7 +136,7 @@ void SceneRenderer::drawBackground() const
 void SceneRenderer::drawGrid(const api::FrameState& frame) const
 {
     const GridPlane plane = gridPlane(frame);
-    const auto line = [&plane](int fixedAxis, int runningAxis, double at) {
+    const auto line = [](int fixedAxis, int runningAxis, double at) {
         double from[3] = {0, 0, 0};
         from[fixedAxis] = at;
         double to[3] = {from[0], from[1], from[2]};

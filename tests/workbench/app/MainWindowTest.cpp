@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QSpinBox>
 
@@ -83,6 +84,28 @@ TEST_F(MainWindow, MenusUndoAndRedoByName)
     action("Redo")->trigger();
     EXPECT_EQ(value("objExists thing"), "1");
     EXPECT_FALSE(action("Redo")->isEnabled());
+}
+
+TEST_F(MainWindow, MenusDuplicateAndRemoveReferences)
+{
+    const std::string path = m_prefs.filePath("set.ma").toStdString();
+    host->run("createNode transform -n thing; file -rename \"" + path
+              + "\"; file -save -type \"mayaAscii\"; file -new");
+    QAction* const menu = action("Remove Reference");
+    const auto openFileMenu = [&] { QMetaObject::invokeMethod(action("File")->menu(), "aboutToShow"); };
+    openFileMenu();
+    EXPECT_FALSE(menu->isEnabled());
+    host->run("file -reference \"" + path + "\"");
+    openFileMenu();
+    EXPECT_TRUE(menu->isEnabled());
+    ASSERT_EQ(menu->menu()->actions().size(), 1);
+    EXPECT_EQ(menu->menu()->actions().front()->text(), "setRN (set.ma)");
+    host->run("select set:thing");
+    action("Duplicate")->trigger();
+    EXPECT_EQ(value("ls -sl"), "thing");
+    openFileMenu();
+    menu->menu()->actions().front()->trigger();
+    EXPECT_EQ(value("ls \"*thing\" \"*:thing\""), "thing");
 }
 
 TEST_F(MainWindow, TitleNamesTheFileAndMarksChanges)

@@ -22,6 +22,7 @@ using namespace kernel;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
+using testing::UnorderedElementsAre;
 namespace fs = std::filesystem;
 
 namespace {
@@ -36,14 +37,14 @@ public:
         return {};
     }
     ScriptResult executeFile(const std::string&, bool) override { return {}; }
-    bool executeScene(std::string_view text, const std::string&, const PartRead&) override
+    bool executeScene(std::string_view text, SceneIntake&, const PartRead&) override
     {
         m_log.push_back("read");
         if (onScene)
             onScene();
         return text.find("bad") == std::string_view::npos;
     }
-    std::unique_ptr<SceneStatements> beginScene() override { return nullptr; }
+    std::unique_ptr<SceneStatements> beginScene(SceneIntake&) override { return nullptr; }
     Value global(const std::string&) const override { return {}; }
     void setGlobalString(const std::string&, const std::string&) override {}
     bool isExecuting() const override { return false; }
@@ -329,15 +330,14 @@ TEST_F(SceneFileTest, KeptStatementsGoToTheirSectionsOnce)
 {
     addWobbleModule();
     addWobble();
-    scene.keptStatements = {"requires \"stereo\" \"10.0\"",        "requires \"wobblePlugin\" \"1.0\";",
-                            "fileInfo \"product\" \"Other\";",     "fileInfo \"mood\" \"blue\";",
-                            "file -rdi 1 -ns \"set\" \"set.ma\";", "\tconnectAttr \"a.x\" \"b.y\";\n"};
+    scene.keptStatements = {"requires \"stereo\" \"10.0\"", "requires \"wobblePlugin\" \"1.0\";",
+                            "fileInfo \"product\" \"Other\";", "fileInfo \"mood\" \"blue\";",
+                            "\tconnectAttr \"a.x\" \"b.y\";\n"};
     const std::string written = text();
     const auto at = [&](const char* part) {
         EXPECT_THAT(written, HasSubstr(part));
         return written.find(part);
     };
-    EXPECT_LT(at("\nfile -rdi 1 -ns \"set\" \"set.ma\";\n"), at("\nrequires maya"));
     EXPECT_LT(at("\nrequires \"stereo\" \"10.0\";\n"), at("\ncurrentUnit"));
     EXPECT_LT(at("\nfileInfo \"mood\" \"blue\";\n"), at("\ncreateNode"));
     EXPECT_LT(at("\nselect -ne :time1"), at("\nconnectAttr \"a.x\" \"b.y\";\n// End"));
@@ -510,7 +510,7 @@ TEST_F(SceneFileTest, OpeningTellsEverythingOnceTheSceneIsThere)
     add("transform", "old");
     session.undo.record(std::make_unique<Nothing>());
     script->onScene = [&] {
-        EXPECT_EQ(scene.activity(), FileActivity::Open);
+        EXPECT_TRUE(scene.isDoing(FileActivity::Open));
         EXPECT_TRUE(session.events.condition("readingFile"));
         EXPECT_EQ(scene.findOrNull("old"), nullptr);
         scene.setTimeUnit(TimeUnit::PalFrame);
@@ -531,7 +531,7 @@ TEST_F(SceneFileTest, OpeningTellsEverythingOnceTheSceneIsThere)
     EXPECT_NE(scene.findOrNull("mine"), nullptr);
     EXPECT_FALSE(scene.isModified() || scene.wasReadWithErrors() || session.undo.canUndo());
     EXPECT_EQ(scene.fileName(), path("a.ma"));
-    EXPECT_EQ(scene.activity(), FileActivity::None);
+    EXPECT_FALSE(scene.isBusyWithFile());
     EXPECT_FALSE(session.events.condition("readingFile"));
 }
 

@@ -89,8 +89,16 @@ struct SceneHost : ScriptHost {
         });
     }
 
-    bool readText(const std::string& text) { return session.script().executeScene(text, "shot.ma"); }
-    bool readBinary(const std::string& bytes) { return kernel::SceneBinaryReader(session, bytes, "shot.mb").read(); }
+    bool readText(const std::string& text)
+    {
+        kernel::SceneIntake intake(session, kernel::SceneIntake::Purpose::Open, "shot.ma");
+        return session.script().executeScene(text, intake);
+    }
+    bool readBinary(const std::string& bytes)
+    {
+        kernel::SceneIntake intake(session, kernel::SceneIntake::Purpose::Open, "shot.mb");
+        return kernel::SceneBinaryReader(session, bytes, intake).read();
+    }
     std::string text()
     {
         std::ostringstream out;
@@ -100,7 +108,7 @@ struct SceneHost : ScriptHost {
     std::string binary()
     {
         std::ostringstream out;
-        kernel::writeSceneBinary(session, out);
+        kernel::writeSceneBinary(session, out, "shot");
         return out.str();
     }
     std::string blob(const std::string& node)
@@ -163,8 +171,8 @@ std::string plug(const std::string& name, char flags = 0)
 
 // Of everything a scene can hold, something.
 const char kRichScene[] =
-    "file -rdi 1 -ns \"set\" -rfn \"setRN\" \"set.ma\";\n"
-    "file -r -ns \"set\" -dr 1 -rfn \"setRN\" \"set.ma\";\n"
+    "file -rdi 1 -ns \"set\" -rfn \"setRN\" \"/shots/set.ma\";\n"
+    "file -r -ns \"set\" -dr 1 -rfn \"setRN\" \"/shots/set.ma\";\n"
     "requires -nodeType \"blob\" -dataType \"blobData\" \"blobber\" \"1.4\";\n"
     "requires -nodeType \"mystery\" \"mysteryPlugin\" \"2.0\";\n"
     "currentUnit -l centimeter -a degree -t pal;\n"

@@ -1,4 +1,5 @@
 #include "kernel/SceneFile.h"
+#include "kernel/SceneIntake.h"
 #include "workbench/mel/ScriptHost.h"
 
 #include <gtest/gtest.h>
@@ -83,7 +84,8 @@ const WobbleData* wobblesOf(ScriptHost& host, const std::string& node)
 
 bool read(ScriptHost& host, const std::string& text)
 {
-    return host.session.script().executeScene(text, "shot.ma");
+    kernel::SceneIntake intake(host.session, kernel::SceneIntake::Purpose::Open, "shot.ma");
+    return host.session.script().executeScene(text, intake);
 }
 
 std::string written(ScriptHost& host)
@@ -380,6 +382,9 @@ TEST(SceneReader, WhatAModuleSetsWhileItReadsHasItsOwnArguments)
     EXPECT_EQ(wobblesOf(host, "w")->tokens, (kernel::ValueList{1, longText}));
     EXPECT_EQ(host.eval("getAttr t.tx"), "3");
     EXPECT_EQ(host.session.scene.findOne("s")->text("b"), longText);
+    EXPECT_TRUE(
+        read(host, "createNode wobble -n \"late\";\nsetAttr \"late.wb\" -type \"wobbleData\" \"" + longText + "\";\n"));
+    EXPECT_EQ(wobblesOf(host, "late")->tokens, kernel::ValueList{longText}) << "by the node's name";
 }
 
 TEST(SceneReader, HostileScenesEndInErrors)

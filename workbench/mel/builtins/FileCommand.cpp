@@ -1,4 +1,6 @@
+#include "kernel/References.h"
 #include "kernel/SceneFile.h"
+#include "kernel/SceneImport.h"
 #include "mel/builtins/Builtin.h"
 #include "mel/builtins/Subjects.h"
 
@@ -88,6 +90,72 @@ Value rename(BuiltinCall& call)
     return path;
 }
 
+kernel::StringArray namesOf(const BuiltinCall& call, const std::vector<kernel::NodePtr>& nodes)
+{
+    kernel::StringArray names;
+    for (const kernel::NodePtr& node : nodes)
+        names.push_back(call.scene.partialPath(*node));
+    return names;
+}
+
+Value import(BuiltinCall& call)
+{
+    typeOf(call);  // what the file is, its content says
+    kernel::ImportNaming naming;
+    naming.nameSpace = call.args.text("namespace");
+    naming.mergeNamespaces = call.args.integer("mergeNamespacesOnClash") != 0;
+    naming.clashPrefix = call.args.text("renamingPrefix");
+    const std::string path = pathOf(call);
+    const std::vector<kernel::NodePtr> nodes = kernel::importScene(call.session, path, naming);
+    if (call.args.has("returnNewNodes"))
+        return namesOf(call, nodes);
+    return kernel::absolutePath(path);
+}
+
+Value reference(BuiltinCall& call)
+{
+    typeOf(call);
+    kernel::ReferenceRequest request;
+    request.file = kernel::absolutePath(pathOf(call));
+    request.nameSpace = call.args.text("namespace");
+    request.nodeName = call.args.text("referenceNode");
+    request.isDeferred = call.args.integer("deferReference") != 0;
+    const kernel::Reference& made = kernel::createReference(call.session, request);
+    if (call.args.has("returnNewNodes"))
+        return namesOf(call, made.nodes);
+    return made.name();
+}
+
+/// The reference that is named by its node or its file.
+kernel::Reference& namedReference(const BuiltinCall& call)
+{
+    return kernel::findReference(call.scene,
+                                 call.args.has("referenceNode") ? call.args.text("referenceNode") : pathOf(call));
+}
+
+Value removeReference(BuiltinCall& call)
+{
+    kernel::Reference& gone = namedReference(call);
+    const std::string name = gone.name();
+    kernel::removeReference(call.session, gone);
+    return name;
+}
+
+Value loadReference(BuiltinCall& call)
+{
+    kernel::Reference& loaded = kernel::findReference(call.scene, call.args.text("loadReference"));
+    kernel::loadReference(call.session, loaded);
+    return loaded.name();
+}
+
+kernel::StringArray referenceNames(const BuiltinCall& call)
+{
+    kernel::StringArray names;
+    for (const auto& held : call.scene.references)
+        names.push_back(held->name());
+    return names;
+}
+
 bool fileExists(const std::string& path)
 {
     struct stat status;
@@ -111,28 +179,47 @@ Value query(const BuiltinCall& call)
     if (args.has("type"))
         return kernel::StringArray{kernel::fileTypeName(kernel::fileTypeFor(call.scene, name))};
     if (args.has("reference"))
-        return kernel::StringArray();
-    if (args.has("list"))
-        return kernel::StringArray{name.empty() ? kUntitled : name};
+        return referenceNames(call);
+    if (args.has("list")) {
+        kernel::StringArray names = referenceNames(call);
+        names.insert(names.begin(), name.empty() ? kUntitled : name);
+        return names;
+    }
     return {};
 }
+
+Value newFile(BuiltinCall& call)
+{
+    refuseUnsavedChanges(call);
+    kernel::newScene(call.session);
+    return std::string(kUntitled);
+}
+
+/// What the command does; the first flag that is there decides.
+struct ActionRow {
+    const char* flag;
+    Value (*run)(BuiltinCall& call);
+};
+const ActionRow kActions[] = {
+    {"newFile", newFile},
+    {"open", open},
+    {"rename", rename},
+    {"save", save},
+    {"import", import},
+    {"reference", reference},
+    {"removeReference", removeReference},
+    {"loadReference", loadReference},
+};
 
 Value runFile(BuiltinCall& call)
 {
     const kernel::ParsedArgs& args = call.args;
     if (args.query)
         return query(call);
-    if (args.has("newFile")) {
-        refuseUnsavedChanges(call);
-        kernel::newScene(call.session);
-        return std::string(kUntitled);
+    for (const ActionRow& row : kActions) {
+        if (args.has(row.flag))
+            return row.run(call);
     }
-    if (args.has("open"))
-        return open(call);
-    if (args.has("rename"))
-        return rename(call);
-    if (args.has("save"))
-        return save(call);
     if (args.has("modified"))
         call.scene.setModified(args.integer("modified") != 0);
     if (const auto type = typeOf(call))
@@ -157,7 +244,17 @@ void addFileCommand(kernel::Session& session)
                            {"shortName", "shn"},
                            {"list", "l"},
                            {"location", "loc"},
+                           {"import", "i"},
                            {"reference", "r"},
+                           {"removeReference", "rr"},
+                           {"loadReference", "lr", "s"},
+                           {"referenceNode", "rfn", "s"},
+                           {"deferReference", "dr", "b"},
+                           {"namespace", "ns", "s"},
+                           {"renamingPrefix", "rpr", "s"},
+                           {"mergeNamespacesOnClash", "mnc", "b"},
+                           {"preserveReferences", "pr"},
+                           {"returnNewNodes", "rnn"},
                            {"errorStatus", "err"},
                            {"prompt", "pmt", "b"},
                            {"options", "op", "s"},

@@ -128,6 +128,8 @@ std::vector<Filter> filters(const BuiltinCall& call)
         all.push_back([](const Node& node) { return node.startup || node.isDefaultNode; });
     if (args.has("referencedNodes") || args.has("readOnly"))
         all.push_back([](const Node& node) { return node.referenced; });
+    if (args.has("references"))
+        all.push_back([](const Node& node) { return node.typeName() == "reference"; });
     if (args.has("visible"))
         all.push_back([](const Node& node) { return node.type().isDag() && node.isVisible(); });
     return all;
@@ -296,6 +298,7 @@ void addListCommands(kernel::Session& session)
                            {"objectsOnly", "o"},
                            {"readOnly", "ro"},
                            {"referencedNodes", "rn"},
+                           {"references", "rf"},
                            {"defaultNodes", "dn"},
                            {"undeletable", "ud"},
                            {"nodeTypes", "nt"},

@@ -16,9 +16,14 @@ namespace {
 
 Value runCreateNode(BuiltinCall& call)
 {
-    const NodeRequest request = parseCreateNode(call.all);
-    const NodePtr node = createNode(call.session, request, call.edits());
-    if (!request.skipSelect)
+    const CreateNodeArguments arguments = parseCreateNode(call.all);
+    kernel::NodeRequest request;
+    request.type = arguments.type;
+    request.name = arguments.name;
+    request.parent = arguments.parent.empty() ? nullptr : call.scene.findOne(arguments.parent);
+    request.shared = arguments.shared;
+    const NodePtr node = kernel::createNode(call.session, request, call.edits());
+    if (!arguments.skipSelect)
         call.apply(kernel::setSelectionEdit({node}));
     return call.scene.partialPath(*node);
 }
@@ -48,7 +53,7 @@ Value runRename(BuiltinCall& call)
         node = call.scene.selection().front();
     else
         throw CommandError("No object was specified");
-    if (node->referenced || node->startup || node->isDefaultNode)
+    if (node->isReadOnly())
         throw CommandError("Cannot rename a read only node.");
     call.apply(kernel::renameNodeEdit(node, names.back()));
     return call.scene.partialPath(*node);

@@ -10,6 +10,8 @@ class Interpreter;
 
 // Each registers the commands or functions of one subject.
 void addNodeCommands(kernel::Session& session);       ///< createNode delete rename select
+void addDuplicateCommand(kernel::Session& session);   ///< duplicate
+void addNamespaceCommand(kernel::Session& session);   ///< namespace
 void addParentCommand(kernel::Session& session);      ///< parent
 void addListCommands(kernel::Session& session);       ///< ls listRelatives objExists nodeType objectType
 void addAttributeCommands(Interpreter& interpreter);  ///< setAttr getAttr

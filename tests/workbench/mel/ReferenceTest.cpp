@@ -1,0 +1,251 @@
+#include "kernel/References.h"
+#include "workbench/mel/SceneFolder.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+namespace {
+
+class ReferencedFile : public SceneFolder {
+protected:
+    ReferencedFile()
+    {
+        write("set.ma", "createNode transform -s -n \"persp\";\n\tsetAttr \".tx\" 99;\n"
+                        "createNode transform -n \"house\";\n\tsetAttr \".tx\" 5;\n"
+                        "createNode locator -n \"houseShape\" -p \"house\";\n");
+    }
+    /// A new scene, then the one of that name.
+    void reopen(const std::string& name) { ASSERT_TRUE(file("-force -open", name)) << errors.back(); }
+    std::vector<std::string> linesWith(const std::string& name, const std::string& part) const
+    {
+        std::vector<std::string> found;
+        std::istringstream text(content(name));
+        for (std::string line; std::getline(text, line);) {
+            if (line.find(part) != std::string::npos)
+                found.push_back(line);
+        }
+        return found;
+    }
+};
+
+}  // namespace
+
+TEST_F(ReferencedFile, ShowsItsNodesUnderANamespace)
+{
+    session.scene.setModified(false);
+    EXPECT_EQ(eval("file -reference -namespace \"set\" \"" + path("set.ma") + "\""), path("set.ma"));
+    EXPECT_EQ(eval("ls -referencedNodes"), "set:house set:houseShape");
+    EXPECT_EQ(eval("ls -references"), "setRN");
+    EXPECT_EQ(eval("getAttr set:house.tx"), "5");
+    EXPECT_EQ(eval("getAttr persp.tx"), "28");
+    EXPECT_EQ(eval("file -q -reference"), path("set.ma"));
+    EXPECT_EQ(eval("file -q -list"), "untitled " + path("set.ma"));
+    EXPECT_EQ(eval("namespace -exists set"), "1");
+    EXPECT_TRUE(session.scene.isModified());
+    // Once more: a copy with a number, under a namespace of its own.
+    EXPECT_EQ(eval("file -reference -namespace \"set\" \"" + path("set.ma") + "\""), path("set.ma") + "{1}");
+    EXPECT_EQ(eval("getAttr set1:house.tx"), "5");
+    EXPECT_EQ(eval("file -reference \"" + path("set.ma") + "\""), path("set.ma") + "{2}");
+    EXPECT_EQ(eval("getAttr set2:house.tx"), "5") << "without a namespace, the file's name";
+}
+
+TEST_F(ReferencedFile, ItsNodesCannotBeTakenApart)
+{
+    file("-reference -namespace \"set\"", "set.ma");
+    run("createNode transform -n own; createNode transform -n below -p \"set:house\"");
+    EXPECT_EQ(error("delete set:house"), "Cannot delete the read only node 'set:house'.");
+    EXPECT_EQ(error("delete setRN"), "Cannot delete the read only node 'setRN'.");
+    EXPECT_EQ(error("rename set:house mine"), "Cannot rename a read only node.");
+    EXPECT_EQ(error("parent set:house own"), "Cannot parent a read only node.");
+    EXPECT_TRUE(run("setAttr set:house.tx 6; parent below own"));
+}
+
+TEST_F(ReferencedFile, IsWrittenAsAReferenceWithTheChangesOfItsNodes)
+{
+    file("-reference -namespace \"set\"", "set.ma");
+    run("setAttr set:house.ty 2; setAttr set:house.v off; setAttr -l on set:houseShape.lpx");
+    run("setAttr set:house.tz 1");
+    run("undo");
+    run("createNode transform -n below -p \"set:house\"");
+    saveAs("shot.ma");
+    const std::string statement =
+        " -ns \"set\" -rfn \"setRN\" -op \"v=0;\" -typ \"mayaAscii\" \"" + path("set.ma") + "\";";
+    EXPECT_THAT(linesWith("shot.ma", "file -"), ElementsAre("file -rdi 1" + statement, "file -r" + statement));
+    EXPECT_THAT(content("shot.ma"), HasSubstr("\tsetAttr \".ed\" -type \"dataReferenceEdits\" \n\t\t\"setRN\"\n"
+                                              "\t\t\"setRN\" 3\n"
+                                              "\t\t2 \"|set:house\" \"visibility\" \" no\"\n"
+                                              "\t\t2 \"|set:house\" \"translate\" \" -type \\\"double3\\\" 5 2 0\"\n"
+                                              "\t\t2 \"|set:house|set:houseShape\" \"localPositionX\" \" -l on 0\";\n"
+                                              "\tlockNode -l 1 ;\n"));
+    EXPECT_THAT(content("shot.ma"), Not(HasSubstr("createNode locator")));
+
+    reopen("shot.ma");
+    EXPECT_THAT(errors, IsEmpty());
+    EXPECT_EQ(eval("getAttr set:house.t"), "5 2 0");
+    EXPECT_EQ(eval("getAttr set:house.v"), "0");
+    EXPECT_EQ(eval("getAttr -lock set:houseShape.lpx"), "1");
+    EXPECT_EQ(eval("listRelatives -parent below"), "set:house");
+    EXPECT_EQ(eval("ls -referencedNodes"), "set:house set:houseShape");
+    const std::string before = content("shot.ma");
+    saveAs("shot.ma");
+    EXPECT_EQ(content("shot.ma"), before);
+}
+
+TEST_F(ReferencedFile, ChangesThatCannotBeMadeAreWrittenBackAsTheyWere)
+{
+    write("shot.ma", "file -r -ns \"set\" -rfn \"setRN\" -dns true \"set.ma\";\n"
+                     "createNode reference -n \"setRN\";\n"
+                     "\tsetAttr -s 4 \".phl\";\n"
+                     "\tsetAttr \".ed\" -type \"dataReferenceEdits\" \n\t\t\"setRN\"\n\t\t\"setRN\" 5\n"
+                     "\t\t0 \"|set:house\" \"|own\" \"-s -r \"\n"
+                     "\t\t2 \"|set:house\" \"translateX\" \" 8\"\n"
+                     "\t\t2 \"|set:gone\" \"translateX\" \" 9\"\n"
+                     "\t\t5 4 \"setRN\" \"|set:house.ty\" \"setRN.placeHolderList[1]\" \"\"\n"
+                     "\t\t2 \"|set:house\" \"noSuch\" \" 1\";\n"
+                     "\tlockNode -l 1 ;\n");
+    reopen("shot.ma");
+    EXPECT_THAT(errors, IsEmpty());
+    EXPECT_EQ(eval("getAttr set:house.tx"), "8");
+    saveAs("again.ma");
+    const std::string written = content("again.ma");
+    EXPECT_THAT(written, HasSubstr("\"setRN\" 5\n\t\t0 \"|set:house\" \"|own\" \"-s -r \"\n"
+                                   "\t\t2 \"|set:gone\" \"translateX\" \" 9\"\n"
+                                   "\t\t2 \"|set:house\" \"noSuch\" \" 1\"\n"
+                                   "\t\t2 \"|set:house\" \"translate\" \" -type \\\"double3\\\" 8 0 0\"\n"
+                                   "\t\t5 4 \"setRN\" \"|set:house.ty\" \"setRN.placeHolderList[1]\" \"\";\n"));
+    EXPECT_THAT(written, HasSubstr("\tsetAttr -s 4 \".phl\";\n\tlockNode -l 1 ;\n"));
+    EXPECT_THAT(linesWith("again.ma", "file -r -"), ElementsAre("file -r -ns \"set\" -rfn \"setRN\" -dns \"true\" "
+                                                                "\"set.ma\";"));
+}
+
+TEST_F(ReferencedFile, AWrongChangeIsReportedWhereItStands)
+{
+    write("shot.ma", "file -r -ns \"set\" -rfn \"setRN\" \"set.ma\";\ncreateNode reference -n \"setRN\";\n"
+                     "\tsetAttr \".ed\" -type \"dataReferenceEdits\" \"setRN\" \"setRN\" 1\n"
+                     "\t\t2 \"|set:house\" \"translateX\" \" word\";\n");
+    reopen("shot.ma");
+    EXPECT_THAT(errors, ElementsAre(HasSubstr("shot.ma line 4: setAttr: Error reading data element number 1: word")));
+}
+
+TEST_F(ReferencedFile, NestedReferencesJoinTheirNamespaces)
+{
+    write("props/chair.ma", "createNode transform -n \"seat\";\n");
+    write("room.ma", "file -rdi 1 -ns \"chair\" -rfn \"chairRN\" \"props/chair.ma\";\n"
+                     "file -r -ns \"chair\" -rfn \"chairRN\" \"props/chair.ma\";\n"
+                     "createNode reference -n \"chairRN\";\n"
+                     "\tsetAttr \".ed\" -type \"dataReferenceEdits\" \"chairRN\" \"chairRN\" 1\n"
+                     "\t\t2 \"|chair:seat\" \"translateX\" \" 3\";\n"
+                     "createNode transform -n \"cushion\" -p \"chair:seat\";\n");
+    ASSERT_TRUE(file("-reference -namespace \"room\"", "room.ma"));
+    EXPECT_THAT(errors, IsEmpty());
+    EXPECT_EQ(eval("getAttr room:chair:seat.tx"), "3");
+    EXPECT_EQ(eval("listRelatives -parent room:cushion"), "room:chair:seat");
+    EXPECT_EQ(eval("ls -references"), "roomRN room:chairRN");
+    EXPECT_EQ(eval("file -q -reference"), path("room.ma"));
+    EXPECT_EQ(error("file -removeReference -referenceNode \"room:chairRN\""),
+              "Only the file that makes a reference can remove it: " + path("props/chair.ma"));
+    errors.clear();
+    run("setAttr room:chair:seat.tz 4");
+    saveAs("shot.ma");
+    EXPECT_THAT(linesWith("shot.ma", "file -rdi"),
+                ElementsAre(HasSubstr("-rdi 1 -ns \"room\""), HasSubstr("-rdi 2 -ns \"chair\" -rfn \"room:chairRN\"")));
+    EXPECT_THAT(content("shot.ma"),
+                HasSubstr("\"roomRN\"\n\t\t\"room:chairRN\" 1\n"
+                          "\t\t2 \"|room:chair:seat\" \"translate\" \" -type \\\"double3\\\" 3 0 4\";"));
+    reopen("shot.ma");
+    EXPECT_THAT(errors, IsEmpty());
+    EXPECT_EQ(eval("getAttr room:chair:seat.t"), "3 0 4");
+
+    // Imported, the same file brings a reference of the scene's own, whose namespace may be taken.
+    run("file -force -new; createNode transform -n \"chair:leg\"");
+    ASSERT_TRUE(file("-import", "room.ma"));
+    EXPECT_THAT(errors, IsEmpty());
+    EXPECT_EQ(eval("getAttr chair1:seat.tx"), "3");
+    EXPECT_EQ(eval("listRelatives -parent cushion"), "chair1:seat");
+    EXPECT_EQ(eval("file -q -reference"), path("props/chair.ma"));
+}
+
+TEST_F(ReferencedFile, AFileInsideItselfIsRefused)
+{
+    write("a.ma", "file -r -ns \"b\" -rfn \"bRN\" \"b.ma\";\ncreateNode transform -n \"inA\";\n");
+    write("b.ma", "file -r -ns \"a\" -rfn \"aRN\" \"a.ma\";\ncreateNode transform -n \"inB\";\n");
+    ASSERT_TRUE(file("-open", "a.ma"));
+    EXPECT_THAT(errors, ElementsAre(HasSubstr("b.ma line 2: The file \"" + path("a.ma")
+                                              + "\" cannot be referenced inside itself.")));
+    EXPECT_EQ(eval("ls -references"), "bRN");
+    EXPECT_EQ(eval("ls -referencedNodes"), "b:inB") << "the rest is there";
+    EXPECT_THAT(error("file -reference \"" + path("a.ma") + "\""), HasSubstr("cannot be referenced inside itself"));
+    EXPECT_EQ(eval("file -q -reference"), path("b.ma"));
+}
+
+TEST_F(ReferencedFile, AMissingFileKeepsItsReferenceAndChanges)
+{
+    const std::string shot = "file -r -ns \"gone\" -rfn \"goneRN\" -op \"v=0;\" \"gone.ma\";\n"
+                             "createNode reference -n \"goneRN\";\n"
+                             "\tsetAttr \".ed\" -type \"dataReferenceEdits\" \n\t\t\"goneRN\"\n\t\t\"goneRN\" 1\n"
+                             "\t\t2 \"|gone:house\" \"translateX\" \" 8\";\n";
+    write("shot.ma", shot);
+    reopen("shot.ma");
+    EXPECT_THAT(errors, IsEmpty());
+    EXPECT_THAT(warnings, ElementsAre(HasSubstr("shot.ma line 2: File not found: " + path("gone.ma"))));
+    saveAs("again.ma");
+    EXPECT_THAT(content("again.ma"), HasSubstr("file -r -ns \"gone\" -rfn \"goneRN\" -op \"v=0;\" \"gone.ma\";\n"));
+    EXPECT_THAT(content("again.ma"), HasSubstr("\t\t\"goneRN\" 1\n\t\t2 \"|gone:house\" \"translateX\" \" 8\";\n"));
+    EXPECT_EQ(error("file -reference \"" + path("gone.ma") + "\""), "File not found: " + path("gone.ma"));
+    EXPECT_EQ(eval("ls -references"), "goneRN");
+}
+
+TEST_F(ReferencedFile, ADeferredReferenceStaysUnreadUntilLoaded)
+{
+    write("shot.ma", "file -r -ns \"set\" -dr 1 -rfn \"setRN\" \"set.ma\";\ncreateNode reference -n \"setRN\";\n"
+                     "\tsetAttr \".ed\" -type \"dataReferenceEdits\" \"setRN\" \"setRN\" 1\n"
+                     "\t\t2 \"|set:house\" \"translateX\" \" 8\";\n");
+    reopen("shot.ma");
+    EXPECT_EQ(eval("objExists set:house"), "0");
+    saveAs("again.ma");
+    EXPECT_THAT(content("again.ma"), HasSubstr("file -r -ns \"set\" -dr 1 -rfn \"setRN\" \"set.ma\";\n"));
+    EXPECT_THAT(content("again.ma"), HasSubstr("2 \"|set:house\" \"translateX\" \" 8\""));
+    ASSERT_TRUE(run("file -loadReference \"setRN\""));
+    EXPECT_EQ(eval("getAttr set:house.tx"), "8");
+    EXPECT_EQ(eval("file -q -modified"), "1");
+}
+
+TEST_F(ReferencedFile, ARelativePathIsFoundFromWhereverTheSceneIsSaved)
+{
+    write("shots/shot.ma", "file -r -ns \"set\" -rfn \"setRN\" \"../set.ma\";\n");
+    reopen("shots/shot.ma");
+    EXPECT_EQ(eval("getAttr set:house.tx"), "5");
+    saveAs("shots/other.ma");
+    EXPECT_THAT(content("shots/other.ma"), HasSubstr("\"../set.ma\";"));
+    std::filesystem::create_directories(path("far/away"));
+    saveAs("far/away/shot.ma");
+    EXPECT_THAT(content("far/away/shot.ma"), HasSubstr("\"" + path("set.ma") + "\";"));
+}
+
+TEST_F(ReferencedFile, GoesWithAllItsNodesWhenRemoved)
+{
+    file("-reference -namespace \"set\"", "set.ma");
+    run("createNode transform -n below -p \"set:house\"; setAttr below.tx 1");
+    session.scene.setModified(false);
+    EXPECT_EQ(eval("file -removeReference -referenceNode \"setRN\""), path("set.ma"));
+    EXPECT_EQ(eval("ls \"set*\""), "");
+    EXPECT_EQ(eval("namespace -exists set"), "0");
+    EXPECT_EQ(eval("ls -long below"), "|below") << "the scene's own nodes stay";
+    EXPECT_FALSE(session.undo.canUndo());
+    EXPECT_TRUE(session.scene.isModified());
+    EXPECT_EQ(error("file -removeReference \"" + path("set.ma") + "\""),
+              "No reference matches name: " + path("set.ma"));
+}
+
+TEST_F(ReferencedFile, TimesAreReadInTheFilesUnit)
+{
+    write("pal.ma", "currentUnit -t pal;\ncreateNode renderGlobals -n \"rg\";\n\tsetAttr \".fs\" 25;\n");
+    file("-reference -namespace \"set\"", "pal.ma");
+    EXPECT_EQ(eval("currentUnit -q -time"), "film");
+    EXPECT_EQ(eval("getAttr set:rg.fs"), "24");
+    run("currentUnit -time ntsc");
+    saveAs("shot.ma");
+    EXPECT_THAT(content("shot.ma"), Not(HasSubstr(".ed"))) << "a change of unit changes no node";
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "kernel/Reference.h"
+
+#include <functional>
+#include <iosfwd>
+#include <string>
+
+namespace kernel {
+
+class Scene;
+class SceneIntake;
+class Session;
+
+/// What a `file -reference` asks for.
+struct ReferenceRequest {
+    std::string file;
+    std::string nameSpace;  ///< empty: made from the file's name
+    std::string nodeName;   ///< empty: made from the namespace
+    bool isDeferred = false;
+    std::vector<Value> otherFlags;
+};
+
+/// Makes a reference to a file and reads it; the scene is modified. Throws CommandError, and makes nothing, for a file
+/// that is missing, no scene, or one that the reference would lie inside of.
+Reference& createReference(Session& session, ReferenceRequest request);
+/// The same for a statement of a file that is being read: names are that file's. A referenced file that cannot be read
+/// is told to `warn`; the reference is kept all the same. Throws CommandError for one that would lie inside itself.
+void takeReference(Session& session, SceneIntake& intake, ReferenceRequest request,
+                   const std::function<void(const std::string&)>& warn);
+/// Reads a deferred reference now.
+void loadReference(Session& session, Reference& reference);
+/// Takes a reference of the scene itself away, with all its nodes; what the scene has below them comes to the top.
+/// The undo queue is flushed. Throws CommandError for one that another file makes.
+void removeReference(Session& session, Reference& reference);
+
+/// The reference a node stands for; null for none.
+Reference* referenceOf(const Scene& scene, const Node& node);
+/// The reference of that file or reference node; throws CommandError for none.
+Reference& findReference(const Scene& scene, const std::string& fileOrNode);
+
+/// The statement with what the scene changed in the nodes of the reference that a node stands for; nothing for other
+/// nodes.
+void writeEdits(std::ostream& out, const Scene& scene, const Node& node);
+/// The statements at a scene file's head, one a line, for a file at `path`.
+void writeReferences(std::ostream& out, const Scene& scene, const std::string& path);
+
+}  // namespace kernel
