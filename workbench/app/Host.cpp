@@ -60,6 +60,9 @@ void Host::shutDown()
     }
     m_isDown = true;
     m_session->events.raise("quitApplication");
+    // Nodes that outlive their module would keep its data as text, which nobody is going to read.
+    m_session->undo.flush();
+    m_session->scene.reset();
     api::shutDownHostApi(*m_session);
     // Runs that change nothing leave the file to those that do.
     if (mel::optionVarScript(*m_session) != m_savedOptionVars) {

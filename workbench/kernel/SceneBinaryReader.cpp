@@ -46,11 +46,8 @@ std::string nameOfType(ChunkId id)
 
 bool isBinaryScene(std::string_view bytes)
 {
-    const std::string_view start = bytes.substr(0, 4);
-    if (start != "FOR8" && start != "FOR4")
-        return false;
-    const std::size_t typeAt = start == "FOR8" ? 16 : 8;
-    return bytes.size() >= typeAt + 4 && bytes.substr(typeAt, 4) == "Maya";
+    return bytes.size() >= kChunkHeadSize + kGroupTypeSize && bytes.substr(0, 4) == "FOR8"
+        && bytes.substr(kChunkHeadSize, kGroupTypeSize) == "Maya";
 }
 
 const SceneBinaryReader::Row SceneBinaryReader::kSections[] = {
@@ -81,10 +78,6 @@ SceneBinaryReader::SceneBinaryReader(Session& session, std::string_view bytes, S
 
 bool SceneBinaryReader::read()
 {
-    if (m_bytes.substr(0, 4) == "FOR4") {
-        report("The file is of an older binary form that cannot be read.");
-        return false;
-    }
     m_statements = m_session.script().beginScene(m_intake);
     Chunk scene;
     if (!ChunkReader(m_bytes).next(scene)) {
@@ -250,14 +243,17 @@ void SceneBinaryReader::keepUnread(const NodePtr& node, const Chunk& group)
 
 void SceneBinaryReader::readDefaultNode(const Chunk& group)
 {
-    NodePtr node;
+    std::string name;
     ChunkReader reader(group.body);
-    for (Chunk chunk; !node && reader.next(chunk);) {
+    for (Chunk chunk; name.empty() && reader.next(chunk);) {
         std::string_view texts = chunk.body;
         if (chunk.id == chunk::kSelect)
-            node = m_intake.find(takeText(texts));
+            name = takeText(texts);
     }
-    if (node && m_intake.takesSettingsOf(*node))
+    if (!m_intake.find(name))
+        return;  // one that this host does not have
+    run("select -ne " + quotedText(':' + name) + ';');
+    if (const NodePtr node = m_statements->node())
         readValues(node, group);
 }
 

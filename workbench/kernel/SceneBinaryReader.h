@@ -14,7 +14,7 @@ namespace kernel {
 
 class Session;
 
-/// Whether a file's bytes are those of a binary scene, of a kind this host reads or of an older one.
+/// Whether a file's bytes begin as those of a binary scene do.
 bool isBinaryScene(std::string_view bytes);
 
 /// Reads a binary scene (SceneChunks.h); the intake says how it comes into the open one. What cannot be read is

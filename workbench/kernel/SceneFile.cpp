@@ -9,7 +9,7 @@
 #include "kernel/Session.h"
 
 #include <filesystem>
-#include <memory>
+#include <string_view>
 #include <system_error>
 
 namespace kernel {
@@ -41,6 +41,18 @@ struct TimeState {
     const Scene::Range playback;
     const Scene::Range animation;
 };
+
+/// What a file is, by its content. Throws CommandError when it is no scene that can be read.
+SceneFileType recognise(std::string_view bytes, const std::string& path)
+{
+    if (isBinaryScene(bytes))
+        return SceneFileType::Binary;
+    if (bytes.substr(0, 6) == "//Maya")
+        return SceneFileType::Ascii;
+    const char* const fault =
+        bytes.substr(0, 4) == "FOR4" ? "of an older binary form that is not supported." : "not a Maya scene.";
+    throw CommandError("The file \"" + path + "\" is " + fault);
+}
 
 void writeSceneFile(Session& session, const std::string& absolutePath, SceneFileType type)
 {
@@ -84,13 +96,9 @@ std::string absolutePath(const std::string& path)
     return error ? path : absolute.lexically_normal().string();
 }
 
-SceneContent::SceneContent(const std::string& absolutePath) : m_path(absolutePath), m_file(absolutePath)
-{
-    if (isBinaryScene(m_file.bytes()))
-        m_type = SceneFileType::Binary;
-    else if (m_file.bytes().substr(0, 6) != "//Maya")
-        throw CommandError("The file \"" + absolutePath + "\" is not a Maya scene.");
-}
+SceneContent::SceneContent(const std::string& absolutePath)
+    : m_path(absolutePath), m_file(absolutePath), m_type(recognise(m_file.bytes(), absolutePath))
+{}
 
 bool addToScene(Session& session, const SceneContent& content, SceneIntake& intake)
 {

@@ -46,7 +46,7 @@ public:
 private:
     const std::string m_path;
     const FileContent m_file;
-    SceneFileType m_type = SceneFileType::Ascii;
+    const SceneFileType m_type;
 };
 /// Adds what a scene file holds to the scene as it stands; false, and reported, when some of it could not be read.
 bool addToScene(Session& session, const SceneContent& content, SceneIntake& intake);

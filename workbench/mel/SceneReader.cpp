@@ -300,12 +300,20 @@ void SceneReader::report(const std::string& message, std::size_t at)
 {
     m_ok = false;
     if (!message.empty())
-        m_interpreter.report(CommandError(m_source.messagePrefix(at) + message));
+        m_interpreter.report(CommandError(prefix(at) + message));
 }
 
 void SceneReader::warn(const std::string& message, std::size_t at)
 {
-    m_interpreter.session().output.warning(m_source.messagePrefix(at) + message);
+    m_interpreter.session().output.warning(prefix(at) + message);
+}
+
+std::string SceneReader::prefix(std::size_t at) const
+{
+    const std::string text = m_source.messagePrefix(at);
+    if (m_partRead)
+        m_partRead(m_source.text().substr(0, at));  // its lines were counted
+    return text;
 }
 
 void SceneReader::runCommand(const Statement& statement)
@@ -520,7 +528,7 @@ void SceneReader::setAttribute(const Statement& statement)
 
 bool SceneReader::isModuleData(const Statement& statement) const
 {
-    if (statement.command != "setAttr")
+    if (statement.command != "setAttr" || ownPlug(statement.args).empty())
         return false;
     const auto type = std::find_if(statement.args.begin(), statement.args.end(),
                                    [](const Value& value) { return isFlag(value, "typ", "type"); });

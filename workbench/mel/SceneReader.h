@@ -55,6 +55,8 @@ private:
     void skipToNextStatement(std::size_t from);
     void run(const Statement& statement);
     std::string verbatim(const Statement& statement) const;
+    /// File and line, for a message.
+    std::string prefix(std::size_t at) const;
     void report(const std::string& message, std::size_t at);
     void warn(const std::string& message, std::size_t at);
 

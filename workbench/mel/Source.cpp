@@ -17,10 +17,12 @@ Source Source::borrowing(std::string_view text, std::string fileName)
 
 Position Source::position(std::size_t offset) const
 {
-    if (m_lineStarts.empty()) {
-        m_lineStarts.push_back(0);
-        for (std::size_t at = m_text.find('\n'); at != std::string_view::npos; at = m_text.find('\n', at + 1))
-            m_lineStarts.push_back(at + 1);
+    const std::string_view before = m_text.substr(0, offset);
+    while (m_counted < before.size()) {
+        const std::size_t lineEnd = before.find('\n', m_counted);
+        m_counted = std::min(lineEnd, before.size() - 1) + 1;
+        if (lineEnd != std::string_view::npos)
+            m_lineStarts.push_back(m_counted);
     }
     const auto after = std::upper_bound(m_lineStarts.begin(), m_lineStarts.end(), offset);
     return {std::size_t(after - m_lineStarts.begin()), offset - *(after - 1) + 1};

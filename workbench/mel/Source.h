@@ -43,7 +43,9 @@ private:
     std::string m_owned;
     std::string_view m_text;
     std::string m_fileName;
-    mutable std::vector<std::size_t> m_lineStarts;  ///< made when the first position is asked for
+    // As far as a position was asked for: a scene may be large, and parts of it no longer in memory.
+    mutable std::vector<std::size_t> m_lineStarts{0};
+    mutable std::size_t m_counted = 0;
 };
 
 }  // namespace mel

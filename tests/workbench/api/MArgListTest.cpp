@@ -71,6 +71,37 @@ TEST_F(MArgListTest, TakesRunsAndArraysAndLeavesTheIndexBehindThem)
     EXPECT_EQ(index, 6u);
 }
 
+TEST_F(MArgListTest, ALentListIsAskedForWhatIsReadAndACopyHoldsIt)
+{
+    struct Counting : kernel::Arguments {
+        std::size_t size() const override { return 3; }
+        kernel::Value at(std::size_t index) const override
+        {
+            ++asked;
+            return std::to_string(index * 2);
+        }
+        mutable int asked = 0;
+    };
+    auto source = std::make_unique<Counting>();
+    const MArgList lent = api::Access::lent(*source);
+    EXPECT_EQ(lent.length(), 3u);
+    EXPECT_EQ(source->asked, 0);
+    EXPECT_EQ(lent.asInt(1), 2);
+    EXPECT_EQ(source->asked, 1);
+    MStatus status;
+    lent.asInt(3, &status);
+    EXPECT_FALSE(status);
+    unsigned next = 0;
+    EXPECT_EQ(lent.asIntArray(next).length(), 3u);
+    EXPECT_EQ(next, 3u);
+
+    MArgList copy(lent);
+    source.reset();
+    ASSERT_TRUE(copy.addArg(7));
+    EXPECT_EQ(copy.asInt(2), 4);
+    EXPECT_EQ(copy.asInt(3), 7);
+}
+
 TEST_F(MArgListTest, FindsFlagsUnderBothNames)
 {
     MArgList args;

@@ -539,6 +539,7 @@ TEST_F(SceneFileTest, WhatIsNoSceneLeavesTheSceneAlone)
 {
     write(path("cat.ma"), "Meow");
     write(path("empty.ma"), "");
+    write(path("old.mb"), "FOR4....Maya");
     add("transform", "mine");
     session.undo.record(std::make_unique<Nothing>());
     log.clear();
@@ -548,6 +549,8 @@ TEST_F(SceneFileTest, WhatIsNoSceneLeavesTheSceneAlone)
     for (const char* name : {"cat.ma", "empty.ma"})
         EXPECT_EQ(failureOf([&] { openScene(session, path(name)); }),
                   "The file \"" + path(name) + "\" is not a Maya scene.");
+    EXPECT_EQ(failureOf([&] { openScene(session, path("old.mb")); }),
+              "The file \"" + path("old.mb") + "\" is of an older binary form that is not supported.");
     EXPECT_NE(scene.findOrNull("mine"), nullptr);
     EXPECT_TRUE(scene.isModified() && session.undo.canUndo());
     EXPECT_EQ(scene.fileName(), "");

@@ -84,9 +84,11 @@ TEST_F(SceneTest, NumbersThatBecomeFreeAreGivenAgain)
     scene.setParent(foos[3], group.get());
     EXPECT_EQ(transform("foo5")->name(), "foo7") << "counted on from its own number";
     EXPECT_EQ(transform("foo1")->name(), "foo4") << "moved to another parent";
+    transform("foo");
+    EXPECT_EQ(transform("foo")->name(), "foo8") << "all below are taken";
     EXPECT_EQ(scene.rename(*foos[4], "foo#"), "foo5") << "its own number is free for a node";
-    scene.restoreNames({{foos[2], "foo8"}});
-    EXPECT_EQ(transform("foo#")->name(), "foo9") << "taken by a name given back";
+    scene.restoreNames({{foos[2], "foo9"}});
+    expectNext("foo10", "taken by a name given back");
     scene.detach(group);
     EXPECT_EQ(scene.findOne("foo4")->parent(), nullptr) << "only one is left";
 }

@@ -125,6 +125,6 @@ TEST_F(Import, ReportsErrorsAndKeepsWhatCouldBeRead)
     EXPECT_EQ(eval("objExists good"), "1");
     EXPECT_EQ(error("file -import \"" + path("none.ma") + "\""), "File not found: " + path("none.ma"));
     std::ofstream(path("text.ma")) << "hello";
-    EXPECT_THAT(error("file -import \"" + path("text.ma") + "\""), HasSubstr("is not a Maya ASCII scene"));
+    EXPECT_THAT(error("file -import \"" + path("text.ma") + "\""), HasSubstr("is not a Maya scene"));
     EXPECT_FALSE(session.scene.isBusyWithFile());
 }

@@ -6,7 +6,9 @@
 
 #include <cstdio>
 #include <fstream>
+#include <functional>
 #include <sstream>
+#include <utility>
 
 namespace {
 
@@ -28,6 +30,8 @@ public:
     bool readText(const kernel::Arguments& args, unsigned& next) override
     {
         firstIndex = next;
+        if (onRead)
+            std::exchange(onRead, nullptr)();
         for (; next < args.size(); ++next) {
             if (args.at(next) == kernel::Value(std::string("bad")))
                 return false;
@@ -41,7 +45,9 @@ public:
 
     kernel::ValueList tokens;
     unsigned firstIndex = 0;
+    static std::function<void()> onRead;  ///< done once, before any token is taken
 };
+std::function<void()> WobbleData::onRead;
 
 void addWobble(kernel::Session& session)
 {
@@ -359,6 +365,26 @@ TEST(SceneReader, LongTokensArriveWhole)
     ASSERT_EQ(data->tokens.size(), 8u);
     EXPECT_EQ(data->tokens[7], kernel::Value(hex));
     EXPECT_EQ(host.session.scene.findOne("s")->text("b").size(), 200000u);
+}
+
+TEST(SceneReader, WhatAModuleSetsWhileItReadsHasItsOwnArguments)
+{
+    ScriptHost host;
+    addWobble(host.session);
+    host.run("createNode wobble -n \"other\"; createNode transform -n \"t\"");
+    WobbleData::onRead = [&host] { host.run("setAttr \"other.wb\" -type \"wobbleData\" 5; setAttr \"t.tx\" 3"); };
+    const std::string longText(1 << 20, 'x');
+    EXPECT_TRUE(read(host, "createNode wobble -n \"w\";\n\tsetAttr \".wb\" -type \"wobbleData\" 1 \"" + longText
+                               + "\";\n"
+                                 "createNode script -n \"s\";\n\tsetAttr \".b\" -type \"string\" \""
+                               + longText + "\";\n"));
+    EXPECT_EQ(wobblesOf(host, "other")->tokens, kernel::ValueList{5});
+    EXPECT_EQ(wobblesOf(host, "w")->tokens, (kernel::ValueList{1, longText}));
+    EXPECT_EQ(host.eval("getAttr t.tx"), "3");
+    EXPECT_EQ(host.session.scene.findOne("s")->text("b"), longText);
+    EXPECT_TRUE(
+        read(host, "createNode wobble -n \"late\";\nsetAttr \"late.wb\" -type \"wobbleData\" \"" + longText + "\";\n"));
+    EXPECT_EQ(wobblesOf(host, "late")->tokens, kernel::ValueList{longText}) << "by the node's name";
 }
 
 TEST(SceneReader, HostileScenesEndInErrors)
