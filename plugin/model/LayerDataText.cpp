@@ -1,5 +1,6 @@
 #include "model/LayerDataText.h"
 
+#include "model/LayerName.h"
 #include "settings/Messages.h"
 #include "settings/Names.h"
 #include "settings/Text.h"
@@ -53,7 +54,7 @@ public:
     {
         MString text;
         const bool taken = takeString(text, message);
-        value = toQString(text);
+        value = recordableName(toQString(text));
         return taken;
     }
     /// Reports a message about the argument taken last.
@@ -61,7 +62,7 @@ public:
 
     // The two whose failure is passed over.
     int takeVersion() { return m_list.asInt(m_next++, &m_status); }
-    QString takeActiveCamera() { return toQString(m_list.asString(m_next++)); }
+    QString takeActiveCamera() { return recordableName(toQString(m_list.asString(m_next++))); }
 
 private:
     bool check(const char* message) const
