@@ -158,7 +158,7 @@ bool isDrawnOn(const std::uint8_t* bytes, std::size_t size)
     for (std::size_t i = 0; i < size; ++i) {
         sum = sum * 31 + bytes[i];
     }
-    return sum % 32 == 0;
+    return sum % 64 == 0;
 }
 
 void drawOn(LayerManager& drawing)

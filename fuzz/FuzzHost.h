@@ -19,7 +19,7 @@ std::string workFolder();
 /// Ends the process as a crash does, which a fuzzer keeps the input of.
 void require(bool holds, const char* what);
 
-/// Whether what this input gave is drawn on, too: one in 32, for that takes far longer than reading.
+/// Whether what this input gave is drawn on, too: one in 64, for that takes far longer than reading.
 bool isDrawnOn(const std::uint8_t* bytes, std::size_t size);
 /// Draws on the first layers with brush, eraser and a shape, shows every step with ghosts, and takes some of it back.
 void drawOn(LayerManager& drawing);

@@ -1,6 +1,7 @@
 #include "model/LayerDataText.h"
 
 #include "model/Hex.h"
+#include "model/LayerName.h"
 #include "settings/Messages.h"
 #include "settings/Names.h"
 #include "settings/Text.h"
@@ -31,11 +32,11 @@ public:
     bool takeDouble(double& value, const char* message) { return take(&MArgList::asDouble, value, message); }
     bool takeTime(MTime& value, const char* message) { return take(&MArgList::asTime, value, message); }
     bool takeString(MString& value, const char* message) { return take(&MArgList::asString, value, message); }
-    bool takeString(QString& value, const char* message)
+    bool takeName(QString& value, const char* message)
     {
         MString text;
         const bool taken = takeString(text, message);
-        value = toQString(text);
+        value = recordableName(toQString(text));
         return taken;
     }
     /// Reports a message about the argument taken last.
@@ -43,7 +44,7 @@ public:
 
     // The two whose failure is passed over.
     int takeVersion() { return m_list.asInt(m_next++, &m_status); }
-    QString takeActiveCamera() { return toQString(m_list.asString(m_next++)); }
+    QString takeActiveCamera() { return recordableName(toQString(m_list.asString(m_next++))); }
 
 private:
     template <class Value>
@@ -73,7 +74,7 @@ enum class LayerKind { Present, Absent, Broken };
 
 LayerKind readLayerHeader(Arguments& arguments, LayerHeader& header)
 {
-    if (!arguments.takeString(header.name, "Invalid layer name (%1)")
+    if (!arguments.takeName(header.name, "Invalid layer name (%1)")
         || !arguments.takeInt(header.frameCount, "Invalid frame count (%1)")) {
         return LayerKind::Broken;
     }
@@ -139,7 +140,7 @@ bool readCamera(Arguments& arguments, LayerManager& manager)
     QString camera;
     int layerCount = 0;
     int activeLayer = -1;
-    if (!arguments.takeString(camera, "Invalid camera name (%1)")
+    if (!arguments.takeName(camera, "Invalid camera name (%1)")
         || !arguments.takeInt(layerCount, "Invalid layer count (%1)")
         || !arguments.takeInt(activeLayer, "Invalid active layer index (%1)")) {
         return false;
