@@ -55,7 +55,7 @@ void walk(const ReferenceList& list, const std::function<void(Reference&)>& visi
 
 void refuseLoop(const Scene& scene, const std::string& path, const Reference* outer)
 {
-    bool isLoop = path == scene.fileName();
+    bool isLoop = path == absolutePath(scene.fileName());
     for (; outer && !isLoop; outer = outer->outer)
         isLoop = path == outer->path;
     if (isLoop)

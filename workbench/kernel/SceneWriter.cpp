@@ -204,7 +204,8 @@ void SceneWriter::writeNode(const Node& node)
         m_out << " -p " << quotedText(m_scene.partialPath(*node.parent()));
     m_out << ";\n\trename -uid " << quotedText(node.uid()) << ";\n";
     writeAttributes(m_out, node);
-    if (const Reference* reference = referenceOf(m_scene, node))
+    const Reference* const reference = type == "reference" ? referenceOf(m_scene, node) : nullptr;
+    if (reference)
         writeReferenceEdits(m_out, node.name(), currentEdits(m_scene, *reference));
     writeUnknownStatements(m_out, node);
 }

@@ -109,7 +109,7 @@ Value reference(BuiltinCall& call)
 {
     requireTextType(call);
     kernel::ReferenceRequest request;
-    request.file = kernel::absolutePath(pathOf(call));
+    request.file = pathOf(call);
     request.nameSpace = call.args.text("namespace");
     request.nodeName = call.args.text("referenceNode");
     request.isDeferred = call.args.integer("deferReference") != 0;
