@@ -148,6 +148,8 @@ TEST_F(ReferencedFile, NestedReferencesJoinTheirNamespaces)
     EXPECT_EQ(error("file -removeReference -referenceNode \"room:chairRN\""),
               "Only the file that makes a reference can remove it: " + path("props/chair.ma"));
     errors.clear();
+    saveAs("shot.ma");
+    EXPECT_THAT(content("shot.ma"), Not(HasSubstr(".ed"))) << "what room.ma changes in it is not the scene's change";
     run("setAttr room:chair:seat.tz 4");
     saveAs("shot.ma");
     EXPECT_THAT(linesWith("shot.ma", "file -rdi"),
@@ -227,6 +229,7 @@ TEST_F(ReferencedFile, ARelativePathIsFoundFromWhereverTheSceneIsSaved)
     run("file -reference \"../set.ma\"");
     EXPECT_EQ(eval("file -q -reference"), path("set.ma") + " " + path("set.ma") + "{1}");
     saveAs("shots/other.ma");
+    EXPECT_THAT(content("shots/other.ma"), Not(HasSubstr(".ed")));
     EXPECT_THAT(content("shots/other.ma"), AllOf(HasSubstr("\"../set.ma\";"), HasSubstr("\"../set.ma{1}\";")));
     std::filesystem::create_directories(path("far/away"));
     saveAs("far/away/shot.ma");
