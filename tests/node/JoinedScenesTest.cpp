@@ -7,6 +7,8 @@
 #include "support/Drawings.h"
 
 #include <maya/MFnDependencyNode.h>
+#include <maya/MFnPluginData.h>
+#include <maya/MPlug.h>
 
 #include <fstream>
 
@@ -53,6 +55,11 @@ protected:
     static std::string nameOf(const BaseNode* node)
     {
         return node ? MFnDependencyNode(node->thisMObject()).name().asChar() : "none";
+    }
+    static const MPxData* dataOf(const BaseNode& node)
+    {
+        const MObject value = MFnDependencyNode(node.thisMObject()).findPlug("layerData", false).asMObject();
+        return MFnPluginData(value).data();
     }
     static QString shown(const BaseNode& node) { return describe(*node.layerManager()); }
 
@@ -189,6 +196,7 @@ TEST_F(JoinedScenes, ADuplicateSharesItsDrawingUntilItIsSaved)
     BaseNode& copy = *BaseNode::allNodes()[1];
     EXPECT_EQ(nameOf(BaseNode::masterNode()), shape);
     EXPECT_EQ(copy.layerManager(), original.layerManager());
+    EXPECT_NE(dataOf(copy), dataOf(original));
     drawing().addFrame("persp", timeOfFrame(9));
     EXPECT_EQ(copy.layerManager()->layer("persp", 0)->frameCount(), 3);
 

@@ -125,7 +125,7 @@ MStatus MFileIO::reference(const MString& fileName, bool deferReference, bool /*
 {
     return attempt([&] {
         kernel::ReferenceRequest request;
-        request.file = kernel::absolutePath(api::toKernel(fileName));
+        request.file = api::toKernel(fileName);
         request.nameSpace = api::toKernel(nameSpace);
         request.isDeferred = deferReference;
         kernel::createReference(session(), request);

@@ -55,7 +55,7 @@ void walk(const ReferenceList& list, const std::function<void(Reference&)>& visi
 
 void refuseLoop(const Scene& scene, const std::string& path, const Reference* outer)
 {
-    bool isLoop = path == scene.fileName();
+    bool isLoop = path == absolutePath(scene.fileName());
     for (; outer && !isLoop; outer = outer->outer)
         isLoop = path == outer->path;
     if (isLoop)
@@ -293,7 +293,8 @@ Reference& findReference(const Scene& scene, const std::string& fileOrNode)
 
 void writeEdits(std::ostream& out, const Scene& scene, const Node& node)
 {
-    if (const Reference* reference = referenceOf(scene, node))
+    const Reference* const reference = node.typeName() == "reference" ? referenceOf(scene, node) : nullptr;
+    if (reference)
         writeReferenceEdits(out, node.name(), currentEdits(scene, *reference));
 }
 

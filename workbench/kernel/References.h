@@ -14,7 +14,7 @@ class Session;
 
 /// What a `file -reference` asks for.
 struct ReferenceRequest {
-    std::string file;
+    std::string file;       ///< relative: found from the folder of the scene or file that names it, or the current one
     std::string nameSpace;  ///< empty: made from the file's name
     std::string nodeName;   ///< empty: made from the namespace
     bool isDeferred = false;
@@ -30,7 +30,7 @@ void takeReference(Session& session, SceneIntake& intake, ReferenceRequest reque
                    const std::function<void(const std::string&)>& warn);
 /// Reads a deferred reference now.
 void loadReference(Session& session, Reference& reference);
-/// Takes a reference of the scene itself away, with all its nodes; what the scene has below them comes to the top.
+/// Takes a reference of the scene itself away, with all its nodes; transforms the scene has below them come to the top.
 /// The undo queue is flushed. Throws CommandError for one that another file makes.
 void removeReference(Session& session, Reference& reference);
 

@@ -21,7 +21,8 @@ public:
         doing += MFileIO::isOpeningFile() ? "open " : "";
         doing += MFileIO::isImportingFile() ? "import " : "";
         doing += MFileIO::isReferencingFile() ? "reference " : "";
-        doing += MFileIO::isReadingFile() ? "read" : "";
+        doing += kernel::Session::current().events.condition("readingFile") ? "read" : "";
+        EXPECT_TRUE(MFileIO::isReadingFile());
         seen << doing;
     }
 };

@@ -1,6 +1,7 @@
 #include "kernel/References.h"
 #include "workbench/mel/SceneFolder.h"
 
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -147,6 +148,8 @@ TEST_F(ReferencedFile, NestedReferencesJoinTheirNamespaces)
     EXPECT_EQ(error("file -removeReference -referenceNode \"room:chairRN\""),
               "Only the file that makes a reference can remove it: " + path("props/chair.ma"));
     errors.clear();
+    saveAs("shot.ma");
+    EXPECT_THAT(content("shot.ma"), Not(HasSubstr(".ed"))) << "what room.ma changes in it is not the scene's change";
     run("setAttr room:chair:seat.tz 4");
     saveAs("shot.ma");
     EXPECT_THAT(linesWith("shot.ma", "file -rdi"),
@@ -178,6 +181,12 @@ TEST_F(ReferencedFile, AFileInsideItselfIsRefused)
     EXPECT_EQ(eval("ls -referencedNodes"), "b:inB") << "the rest is there";
     EXPECT_THAT(error("file -reference \"" + path("a.ma") + "\""), HasSubstr("cannot be referenced inside itself"));
     EXPECT_EQ(eval("file -q -reference"), path("b.ma"));
+
+    run("file -force -new");
+    errors.clear();
+    ASSERT_TRUE(file("-reference", "a.ma")) << "two files inside one another, neither of them the scene";
+    EXPECT_THAT(errors, ElementsAre(HasSubstr("b.ma line 2: The file \"" + path("a.ma"))));
+    EXPECT_EQ(eval("ls -referencedNodes"), "a:bRN a:b:inB a:inA");
 }
 
 TEST_F(ReferencedFile, AMissingFileKeepsItsReferenceAndChanges)
@@ -217,8 +226,11 @@ TEST_F(ReferencedFile, ARelativePathIsFoundFromWhereverTheSceneIsSaved)
     write("shots/shot.ma", "file -r -ns \"set\" -rfn \"setRN\" \"../set.ma\";\n");
     reopen("shots/shot.ma");
     EXPECT_EQ(eval("getAttr set:house.tx"), "5");
+    run("file -reference \"../set.ma\"");
+    EXPECT_EQ(eval("file -q -reference"), path("set.ma") + " " + path("set.ma") + "{1}");
     saveAs("shots/other.ma");
-    EXPECT_THAT(content("shots/other.ma"), HasSubstr("\"../set.ma\";"));
+    EXPECT_THAT(content("shots/other.ma"), Not(HasSubstr(".ed")));
+    EXPECT_THAT(content("shots/other.ma"), AllOf(HasSubstr("\"../set.ma\";"), HasSubstr("\"../set.ma{1}\";")));
     std::filesystem::create_directories(path("far/away"));
     saveAs("far/away/shot.ma");
     EXPECT_THAT(content("far/away/shot.ma"), HasSubstr("\"" + path("set.ma") + "\";"));

@@ -116,7 +116,7 @@ Value reference(BuiltinCall& call)
 {
     typeOf(call);
     kernel::ReferenceRequest request;
-    request.file = kernel::absolutePath(pathOf(call));
+    request.file = pathOf(call);
     request.nameSpace = call.args.text("namespace");
     request.nodeName = call.args.text("referenceNode");
     request.isDeferred = call.args.integer("deferReference") != 0;
