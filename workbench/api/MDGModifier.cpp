@@ -62,7 +62,7 @@ kernel::EditPtr numberEdit(const MPlug& plug, double number)
 {
     const auto node = api::nodeOf(plug);
     const auto attribute = api::attributeOf(plug);
-    if (!node || !attribute || !api::isNumber(*attribute) || api::isLocked(*node, *attribute))
+    if (!node || !attribute || !kernel::isNumber(attribute->kind) || api::isLocked(*node, *attribute))
         return nullptr;
     const auto held = api::toHeldNumber(*attribute, number);
     return held ? kernel::setValueEdit(node, attribute, *held) : nullptr;

@@ -34,7 +34,7 @@ struct Target {
 double readNumber(const MPlug& plug, MStatus* status)
 {
     const Target target(plug);
-    if (!target || !api::isNumber(*target.attribute)) {
+    if (!target || !kernel::isNumber(target.attribute->kind)) {
         api::report(status, MStatus::kFailure);
         return 0;
     }
@@ -47,7 +47,7 @@ double readNumber(const MPlug& plug, MStatus* status)
 MStatus writeNumber(const MPlug& plug, double number)
 {
     const Target target(plug);
-    if (!target || !api::isNumber(*target.attribute) || target.isLocked())
+    if (!target || !kernel::isNumber(target.attribute->kind) || target.isLocked())
         return MStatus::kFailure;
     const auto held = api::toHeldNumber(*target.attribute, number);
     if (!held)

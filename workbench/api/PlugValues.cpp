@@ -23,17 +23,6 @@ double rounded(ValueKind kind, double number)
 
 }  // namespace
 
-bool isNumber(const kernel::AttributeSpec& attribute)
-{
-    switch (attribute.kind) {
-    case ValueKind::String:
-    case ValueKind::Compound:
-    case ValueKind::Custom:
-    case ValueKind::Message: return false;
-    default: return true;
-    }
-}
-
 bool isLocked(const kernel::Node& node, const kernel::AttributeSpec& attribute)
 {
     if (node.flags(attribute).locked)

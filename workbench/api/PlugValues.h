@@ -6,9 +6,6 @@
 
 namespace api {
 
-/// Whether plugs of an attribute hold a number of some kind.
-bool isNumber(const kernel::AttributeSpec& attribute);
-
 /// By its own flag or its compound's.
 bool isLocked(const kernel::Node& node, const kernel::AttributeSpec& attribute);
 

@@ -51,6 +51,8 @@ private:
         }
         copy->unknownType = original.unknownType;
         copy->unknownStatements = original.unknownStatements;
+        copy->binaryType = original.binaryType;
+        copy->binaryChunks = original.binaryChunks;
         return copy;
     }
 

@@ -6,6 +6,17 @@
 
 namespace kernel {
 
+bool isNumber(ValueKind kind)
+{
+    switch (kind) {
+    case ValueKind::String:
+    case ValueKind::Compound:
+    case ValueKind::Custom:
+    case ValueKind::Message: return false;
+    default: return true;
+    }
+}
+
 bool NodeType::isA(const std::string& typeName) const
 {
     for (const NodeType* type = this; type; type = type->base) {

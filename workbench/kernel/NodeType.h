@@ -18,6 +18,7 @@ class Node;
 /// What an attribute holds. Numbers are centimetres for Distance, degrees for Angle and, for Time, the scene's current
 /// time unit (they are rescaled when that changes).
 enum class ValueKind { Bool, Int, Enum, Float, Double, Distance, Angle, Time, String, Compound, Custom, Message };
+bool isNumber(ValueKind kind);  ///< its values are numbers: all but String, Compound, Custom and Message
 
 /// One attribute of a node type. Compounds (translate) hold no value; their children do.
 struct AttributeSpec {

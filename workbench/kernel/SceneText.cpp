@@ -74,12 +74,6 @@ std::string stringExpression(const std::string& text)
     return sum.empty() ? "\"\"" : '(' + sum + ')';
 }
 
-bool isNumber(ValueKind kind)
-{
-    return kind != ValueKind::String && kind != ValueKind::Compound && kind != ValueKind::Custom
-        && kind != ValueKind::Message;
-}
-
 std::string numberOf(const Node& node, const AttributeSpec& attribute)
 {
     return exactNumberText(std::get<double>(node.value(attribute)));

@@ -69,17 +69,6 @@ double numberIn(std::string_view bytes, Form form)
     return number;
 }
 
-bool isNumber(const AttributeSpec& attribute)
-{
-    switch (attribute.kind) {
-    case ValueKind::String:
-    case ValueKind::Compound:
-    case ValueKind::Custom:
-    case ValueKind::Message: return false;
-    default: return true;
-    }
-}
-
 std::vector<AttributePtr> childrenOf(const Node& node, const AttributeSpec& attribute)
 {
     std::vector<AttributePtr> children;
@@ -130,7 +119,7 @@ const NumberChunk* chunkFor(const std::vector<AttributePtr>& children)
         return nullptr;
     const Form form = formOf(*children.front());
     const bool isUniform = std::all_of(children.begin(), children.end(), [form](const AttributePtr& child) {
-        return isNumber(*child) && formOf(*child) == form;
+        return isNumber(child->kind) && formOf(*child) == form;
     });
     const auto chunk = std::find_if(std::begin(kNumberChunks), std::end(kNumberChunks), [&](const NumberChunk& one) {
         return one.form == form && one.count == children.size();
@@ -268,7 +257,7 @@ private:
             targets = childrenOf(*m_node, *m_attribute);
         const std::size_t size = sizeOf(chunk.form);
         if (targets.size() != chunk.count || m_data.size() != chunk.count * size
-            || !std::all_of(targets.begin(), targets.end(), [](const AttributePtr& one) { return isNumber(*one); }))
+            || !std::all_of(targets.begin(), targets.end(), [](const AttributePtr& one) { return isNumber(one->kind); }))
             fail();
         for (std::size_t i = 0; i < targets.size(); ++i) {
             const double number = numberIn(m_data.substr(i * size, size), chunk.form);

@@ -242,6 +242,11 @@ TEST(SceneBinary, NodesOfMissingModulesAreWrittenBackByteForByte)
     EXPECT_TRUE(again.readBinary(without.binary()));
     EXPECT_EQ(again.blob("stain"), "abc");
     EXPECT_EQ(again.eval("getAttr stain.dp"), "3");
+
+    ASSERT_TRUE(without.run("duplicate -name copy `listRelatives -p stain`"));
+    SceneHost third;
+    EXPECT_TRUE(third.readBinary(without.binary()));
+    EXPECT_EQ(third.blob("copy|stain"), "abc");
 }
 
 TEST(SceneBinary, WhatTextCannotHoldIsNotSavedAsText)
