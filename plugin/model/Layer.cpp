@@ -6,6 +6,7 @@
 #include <maya/MAnimControl.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <set>
 
 Layer::Layer() : m_id(nextId()), m_name(QString("New Layer")) {}
@@ -161,7 +162,7 @@ void Layer::retime(const QList<int>& numbers)
 void Layer::updateCurrentFrame(int frameNumber)
 {
     int index = static_cast<int>(firstAfter(frameNumber) - m_frames.begin()) - 1;
-    while (index > 0 && frameAt(index - 1)->frameNumber() == frameAt(index)->frameNumber()) {
+    while (isHiddenFrame(index)) {
         --index;  // what is shown is what is found by its number, and drawn on
     }
     m_dirty = m_dirty || index != m_current;
@@ -197,9 +198,23 @@ quint64 Layer::pictureIdAtOffset(int offset) const
     return frame ? frame->picture().id() : 0;
 }
 
+bool Layer::isHiddenFrame(int index) const
+{
+    const Frame* frame = frameAt(index);
+    const Frame* before = frameAt(index - 1);
+    return frame && before && frame->frameNumber() == before->frameNumber();
+}
+
 Frame* Layer::shownFrame(int offset) const
 {
-    return m_visible ? frameAt(m_current + offset) : nullptr;
+    const int step = offset < 0 ? -1 : 1;
+    int index = m_current;
+    for (int left = std::abs(offset); left > 0; --left) {
+        do {
+            index += step;
+        } while (isHiddenFrame(index));
+    }
+    return m_visible ? frameAt(index) : nullptr;
 }
 
 Layer::Frames::const_iterator Layer::firstAfter(int frameNumber) const

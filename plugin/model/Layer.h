@@ -84,6 +84,7 @@ public:
 private:
     using Frames = std::vector<std::unique_ptr<Frame>>;
 
+    bool isHiddenFrame(int index) const;  // behind one of the same number
     Frame* shownFrame(int offset) const;  // null when there is none or the layer is hidden
     Frames::const_iterator firstAfter(int frameNumber) const;
     Frames::const_iterator numbered(int frameNumber) const;

@@ -194,6 +194,12 @@ std::shared_ptr<LayerManager> BaseNode::layerManager() const
     return manager;
 }
 
+std::shared_ptr<LayerManager> BaseNode::layerManagerIfAny() const
+{
+    const char* unreported = nullptr;
+    return findLayerManager(&unreported);
+}
+
 bool BaseNode::initializeLayerManager()
 {
     MPlug plug(thisMObject(), s_layerData);
@@ -218,8 +224,7 @@ bool BaseNode::initializeLayerManager()
 
 bool BaseNode::isMaster() const
 {
-    const char* unreported = nullptr;  // asked of nodes that are still being read from a file
-    const std::shared_ptr<LayerManager> manager = findLayerManager(&unreported);
+    const std::shared_ptr<LayerManager> manager = layerManagerIfAny();
     return manager && manager->isMaster();
 }
 
@@ -230,8 +235,7 @@ float BaseNode::opacity() const
 
 const QImage* BaseNode::compositeImage(const QString& camera)
 {
-    const char* unreported = nullptr;  // asked at every refresh
-    const std::shared_ptr<LayerManager> manager = findLayerManager(&unreported);
+    const std::shared_ptr<LayerManager> manager = layerManagerIfAny();
     if (!manager) {
         return nullptr;
     }
@@ -262,8 +266,7 @@ void BaseNode::changeTime(int frameNumber)
 void BaseNode::setCurrentFrame(int frameNumber, bool overlayChanged)
 {
     m_frameNumber = frameNumber;
-    const char* unreported = nullptr;
-    if (const std::shared_ptr<LayerManager> manager = findLayerManager(&unreported)) {
+    if (const std::shared_ptr<LayerManager> manager = layerManagerIfAny()) {
         manager->updateCurrentFrames(frameNumber, overlayChanged);
     }
 }

@@ -54,6 +54,8 @@ public:
 
     /// Empty, and reported, when the attribute holds no drawing.
     std::shared_ptr<LayerManager> layerManager() const;
+    /// The same without a report, for what is asked all the time and of nodes that are still being read.
+    std::shared_ptr<LayerManager> layerManagerIfAny() const;
     /// Gives the node a new empty drawing; false, and reported, when it could not be stored.
     bool initializeLayerManager();
     bool isMaster() const;

@@ -58,7 +58,7 @@ void timeUnitChanged(void*)
 {
     std::vector<std::shared_ptr<const LayerManager>> drawings;
     for (const BaseNode* node : BaseNode::allNodes()) {
-        drawings.push_back(node->layerManager());
+        drawings.push_back(node->layerManagerIfAny());
     }
     hiddenFrames::warnOfTimeUnit(drawings);
     TimelineMarks::refreshInstalled();

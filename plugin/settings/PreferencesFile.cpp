@@ -23,6 +23,16 @@ QString path(const PreferenceRow& row)
     return QLatin1String(row.group()) + QLatin1Char('/') + QLatin1String(row.key());
 }
 
+// Elsewhere in a value the same letters are text.
+bool beginsValue(const QByteArray& text, int at)
+{
+    int before = at - 1;
+    while (before >= 0 && (text[before] == ' ' || text[before] == '\t' || text[before] == '"')) {
+        --before;
+    }
+    return before >= 0 && (text[before] == '=' || text[before] == ',');
+}
+
 // Whether reading could take the whole stack: a value in Qt's variant form may hold others, however deep, and is read
 // by recursion. Ours are colours, in a file of a few kilobytes; what nests deep is large.
 bool mayNestTooDeep(const QString& filePath)
@@ -36,7 +46,7 @@ bool mayNestTooDeep(const QString& filePath)
     }
     const QByteArray text = file.readAll();
     for (int at = text.indexOf(variant); at >= 0; at = text.indexOf(variant, at + 1)) {
-        if (text.mid(at + variant.size(), colour.size()) != colour) {
+        if (beginsValue(text, at) && text.mid(at + variant.size(), colour.size()) != colour) {
             return true;
         }
     }

@@ -217,6 +217,12 @@ TEST_F(LayerTest, FramesThatShareANumberInASlowerUnitAreFoundByTheFirstAndComeBa
         layer->updateCurrentFrame(c.time);
         EXPECT_EQ(layer->currentFrameIndex(), c.shown) << "at time " << c.time;
     }
+    layer->updateCurrentFrame(5);
+    EXPECT_EQ(layer->pictureIdAtOffset(1), layer->frameAt(3)->picture().id());
+    layer->updateCurrentFrame(6);
+    EXPECT_EQ(layer->pictureIdAtOffset(-1), layer->frameAt(1)->picture().id());
+    EXPECT_EQ(layer->pictureIdAtOffset(-2), layer->frameAt(0)->picture().id());
+    EXPECT_EQ(layer->pictureIdAtOffset(1), 0u);
     EXPECT_EQ(layer->addFrame(timeOfFrame(6)), -1);
     const std::unique_ptr<Frame> taken = layer->takeFrame(timeOfFrame(5));
     EXPECT_EQ(layer->hiddenFrameCount(), 1);

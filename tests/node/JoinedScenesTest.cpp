@@ -178,7 +178,7 @@ TEST_F(JoinedScenes, ANodeWhoseDrawingCouldNotBeReadStandsInNobodysWay)
     EXPECT_EQ(broken.layerManager(), nullptr);
     EXPECT_THAT(errors(), ElementsAre(HasSubstr("Failed to get layer data plug as object")));
     forgetLines();
-    EXPECT_TRUE(run("currentTime 5; select lumisketch; duplicate; undo"));
+    EXPECT_TRUE(run("currentTime 5; currentUnit -t pal; select lumisketch; duplicate; undo"));
     EXPECT_EQ(broken.compositeImage("persp"), nullptr);
     EXPECT_THAT(errors(), IsEmpty());
     addDrawing("Mine");

@@ -49,10 +49,10 @@ protected:
                 }
             }
         }
+        ::close(ready[1]);  // so that the end of a process that fails at once is noticed
         char byte;
         const bool begun = process > 0 && ::read(ready[0], &byte, 1) == 1;
         ::close(ready[0]);
-        ::close(ready[1]);
         return begun ? process : -1;
     }
 
