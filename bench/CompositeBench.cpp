@@ -347,7 +347,7 @@ int main(int argc, char** argv)
     app::Host host(options);
     PixelBudget::instance().setLimit(qint64(4) << 30);  // pictures are unpacked in all that is timed
     const std::string title = "picture; figures ink " + std::to_string(inkedPercent(figure(1))) + " % of the pixels";
-    const PairedTiming timing(title.c_str(), argc, argv);
+    const PairedTiming timing(title.c_str(), BenchArguments(argc, argv));
     measureTimeChanges(timing);
     measureTint(timing);
     measureRefreshes(timing);

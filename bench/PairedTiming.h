@@ -1,5 +1,7 @@
 #pragma once
 
+#include "BenchArguments.h"
+
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -19,29 +21,21 @@ double millisecondsOf(Work work)
 /// Times one thing done plainly and done our way, in turns within one run, so that both meet the same machine, and
 /// prints a row for each: medians in milliseconds, the ratio and whether the required one is reached. The ratio is
 /// "1/N" where ours has to be so many times as fast, and "x N" where it may take so many times as long.
-/// Arguments: --quick takes a few samples only; any other keeps the rows whose name contains it.
 class PairedTiming {
 public:
     /// Does the work once and gives the milliseconds that count; what it prepares besides does not.
     using Side = std::function<double()>;
 
-    PairedTiming(const char* title, int argc, char** argv)
+    PairedTiming(const char* title, const BenchArguments& arguments)
+        : m_arguments(arguments), m_samples(arguments.quick ? 3 : 7), m_enough(arguments.quick ? 50 : 300)
     {
-        for (int i = 1; i < argc; ++i) {
-            if (std::string(argv[i]) == "--quick") {
-                m_samples = 3;
-                m_enough = 50;
-            } else {
-                m_wanted = argv[i];
-            }
-        }
         std::printf("\n%-52s %11s %11s %9s %9s\n", title, "plain ms", "ours ms", "ratio", "required");
     }
 
     /// required: how many times as fast ours has to be; 0 when nothing is required.
     void row(const std::string& name, double required, const Side& plain, const Side& ours) const
     {
-        if (isWanted(name)) {
+        if (m_arguments.isWanted(name)) {
             const Medians medians = measure(plain, ours);
             const double ratio = medians.plain / medians.ours;
             print(name, medians, part(ratio), required > 0 ? part(required) : "", ratio >= required);
@@ -51,14 +45,12 @@ public:
     /// allowed: how many times as long as the plain side ours may take.
     void rowWithin(const std::string& name, double allowed, const Side& plain, const Side& ours) const
     {
-        if (isWanted(name)) {
+        if (m_arguments.isWanted(name)) {
             const Medians medians = measure(plain, ours);
             const double ratio = medians.ours / medians.plain;
             print(name, medians, multiple(ratio), multiple(allowed), ratio <= allowed);
         }
     }
-
-    bool isWanted(const std::string& name) const { return name.find(m_wanted) != std::string::npos; }
 
 private:
     static constexpr double kTurn = 5;  // ms; a short thing is done several times in its turn
@@ -125,7 +117,7 @@ private:
         return text;
     }
 
-    std::string m_wanted;
-    std::size_t m_samples = 7;
-    double m_enough = 300;  // ms of one side
+    const BenchArguments m_arguments;
+    const std::size_t m_samples;
+    const double m_enough;  // ms of one side
 };

@@ -77,7 +77,7 @@ double required(ToolType tool, int width)
 
 int main(int argc, char** argv)
 {
-    const PairedTiming timing("stroke of 200 points", argc, argv);
+    const PairedTiming timing("stroke of 200 points", BenchArguments(argc, argv));
     const struct {
         const char* name;
         ToolType tool;

@@ -3,6 +3,7 @@
 
 #include "Figure.h"
 #include "PairedTiming.h"
+#include "Require.h"
 
 #include "app/Host.h"
 #include "model/BaseNodeLayerData.h"
@@ -10,6 +11,7 @@
 #include "model/FrameNumber.h"
 #include "model/Hex.h"
 #include "model/PngCodec.h"
+#include "support/ResidentMemory.h"
 
 #include <maya/MArgList.h>
 
@@ -32,6 +34,13 @@ const QString kCamera = "persp";
 
 enum class Form { Binary, Text };
 
+struct Shape {
+    int layers;
+    int framesPerLayer;
+};
+constexpr Shape kScene = {5, 60};
+constexpr Shape kThousand = {1, 1000};
+
 // Drawings ------------------------------------------------------------------------------------------------------------
 
 // Shaded and line drawings in turns. Each is made once; the bytes are the caller's own.
@@ -47,14 +56,14 @@ QByteArray drawnPng(unsigned seed)
 }
 
 // Frames are packed, as they are when they have been loaded. There are 60 different drawings.
-std::shared_ptr<LayerManager> drawing(int layers, int framesPerLayer)
+std::shared_ptr<LayerManager> drawing(Shape shape)
 {
     auto made = std::make_shared<LayerManager>();
-    for (int i = 0; i < layers; ++i) {
+    for (int i = 0; i < shape.layers; ++i) {
         auto layer = std::make_unique<Layer>();
-        for (int key = 1; key <= framesPerLayer; ++key) {
+        for (int key = 1; key <= shape.framesPerLayer; ++key) {
             auto frame = std::make_unique<Frame>(timeOfFrame(key));
-            frame->setPicture(Picture::fromPng(drawnPng(static_cast<unsigned>(i + layers * key) % 60)));
+            frame->setPicture(Picture::fromPng(drawnPng(static_cast<unsigned>(i + shape.layers * key) % 60)));
             layer->insertFrame(std::move(frame));
         }
         made->insertLayer(kCamera, -1, std::move(layer));
@@ -74,19 +83,39 @@ std::vector<QByteArray> pngsOf(const LayerManager& drawing)
     return pngs;
 }
 
+bool hasShape(const LayerManager& drawing, Shape shape)
+{
+    bool holds = drawing.layerCount(kCamera) == shape.layers;
+    for (int i = 0; holds && i < shape.layers; ++i) {
+        holds = drawing.layer(kCamera, i)->frameCount() == shape.framesPerLayer;
+    }
+    return holds;
+}
+
 // Records -------------------------------------------------------------------------------------------------------------
 
-void write(std::ostream& out, const std::shared_ptr<LayerManager>& drawing, Form form)
+constexpr char kIsSaved[] = "the whole record is written";
+constexpr char kIsLoaded[] = "every layer and frame of the record is read";
+
+// Tells whether all of it arrived.
+bool write(std::ostream& out, const std::shared_ptr<LayerManager>& drawing, Form form)
 {
     BaseNodeLayerData data;
     data.setLayerManager(drawing);
-    form == Form::Binary ? data.writeBinary(out) : data.writeASCII(out);
+    const MStatus status = form == Form::Binary ? data.writeBinary(out) : data.writeASCII(out);
+    return status && out.flush();
+}
+
+void save(const std::string& path, const std::shared_ptr<LayerManager>& drawing, Form form)
+{
+    std::ofstream out(path, std::ios::binary);
+    require(write(out, drawing, form), kIsSaved);
 }
 
 std::string recordOf(const std::shared_ptr<LayerManager>& drawing, Form form)
 {
     std::ostringstream out;
-    write(out, drawing, form);
+    require(write(out, drawing, form), kIsSaved);
     return out.str();
 }
 
@@ -104,18 +133,30 @@ MArgList argumentsOf(const std::string& record)
     return list;
 }
 
+MStatus load(BaseNodeLayerData& data, const std::string& path)
+{
+    std::ifstream in(path, std::ios::binary);
+    return data.readBinary(in, 1);
+}
+
+MStatus load(BaseNodeLayerData& data, const MArgList& arguments)
+{
+    unsigned next = 0;
+    return data.readASCII(arguments, next);
+}
+
 // Time ----------------------------------------------------------------------------------------------------------------
 
-// What the work writes into a file that is empty and open.
+// What the work writes into a file that is empty and open; the work tells whether all of it arrived.
 template <class Work>
 PairedTiming::Side writing(const std::string& path, Work work)
 {
     return [path, work] {
         std::ofstream out(path, std::ios::binary | std::ios::trunc);
-        return millisecondsOf([&] {
-            work(out);
-            out.flush();
-        });
+        bool isWritten = false;
+        const double time = millisecondsOf([&] { isWritten = work(out); });
+        require(isWritten, kIsSaved);
+        return time;
     };
 }
 
@@ -129,13 +170,28 @@ void measureSaving(const PairedTiming& timing, const std::shared_ptr<LayerManage
                 {"save 5 x 60 frames as text, against writing it", Form::Text, 3}};
     for (const auto& r : rows) {
         const std::string record = recordOf(drawing, r.form);
-        timing.rowWithin(r.name, r.allowed,
-                         writing(path,
-                                 [&record](std::ostream& out) {
-                                     out.write(record.data(), static_cast<std::streamsize>(record.size()));
-                                 }),
-                         writing(path, [&drawing, form = r.form](std::ostream& out) { write(out, drawing, form); }));
+        timing.rowWithin(
+            r.name, r.allowed,
+            writing(path,
+                    [&record](std::ostream& out) {
+                        out.write(record.data(), static_cast<std::streamsize>(record.size()));
+                        return bool(out.flush());
+                    }),
+            writing(path, [&drawing, form = r.form](std::ostream& out) { return write(out, drawing, form); }));
     }
+}
+
+// What loading the usual scene takes, from a file or from arguments.
+template <class Source>
+PairedTiming::Side loading(const Source& source)
+{
+    return [&source] {
+        BaseNodeLayerData data;
+        MStatus status;
+        const double time = millisecondsOf([&] { status = load(data, source); });
+        require(status && hasShape(*data.layerManager(), kScene), kIsLoaded);
+        return time;
+    };
 }
 
 void measureLoading(const PairedTiming& timing, const std::shared_ptr<LayerManager>& drawing, const std::string& path)
@@ -148,18 +204,10 @@ void measureLoading(const PairedTiming& timing, const std::shared_ptr<LayerManag
             }
         });
     };
-    std::ofstream(path, std::ios::binary) << recordOf(drawing, Form::Binary);
-    timing.rowWithin("load 5 x 60 frames, binary, against decoding", 1.3, decodeEach, [&path] {
-        BaseNodeLayerData data;
-        std::ifstream in(path, std::ios::binary);
-        return millisecondsOf([&] { data.readBinary(in, 1); });
-    });
+    save(path, drawing, Form::Binary);
+    timing.rowWithin("load 5 x 60 frames, binary, against decoding", 1.3, decodeEach, loading(path));
     const MArgList arguments = argumentsOf(recordOf(drawing, Form::Text));
-    timing.rowWithin("load 5 x 60 frames, text, against decoding", 1.3, decodeEach, [&arguments] {
-        BaseNodeLayerData data;
-        unsigned next = 0;
-        return millisecondsOf([&] { data.readASCII(arguments, next); });
-    });
+    timing.rowWithin("load 5 x 60 frames, text, against decoding", 1.3, decodeEach, loading(arguments));
 }
 
 // The bytes that the work gives.
@@ -193,84 +241,81 @@ void measureHex(const PairedTiming& timing)
 
 constexpr double kMebibyte = 1 << 20;
 
-// A line of the process's status, in bytes; 0 where there is none.
-double statusBytes(const std::string& wanted)
-{
-    std::ifstream status("/proc/self/status");
-    std::string name;
-    double kibibytes = 0;
-    while (status >> name && name != wanted) {
-        status.ignore(1000, '\n');
-    }
-    status >> kibibytes;
-    return kibibytes * 1024;
-}
-
-double residentBytes()
+qint64 trimmedResidentBytes()
 {
 #ifdef __GLIBC__
     malloc_trim(0);
 #endif
-    return statusBytes("VmRSS:");
+    return residentBytes();
 }
 
-struct MemoryRow {
-    const char* name;
-    double allowedShare;  ///< of what is resident before
-    double allowedBytes;
-};
-
-// Runs the work and tells the highest that resident memory rose meanwhile.
+// Runs the work and tells the highest that resident memory rose meanwhile. Allowed is a share of what is resident
+// before, and bytes beside it.
 template <class Work>
-void measureRise(const MemoryRow& row, Work work)
+void measureRise(const char* name, double allowedShare, double allowedBytes, Work work)
 {
-    const double before = residentBytes();
-    std::ofstream("/proc/self/clear_refs") << 5;  // the highest is from now on
+    const double before = trimmedResidentBytes();
+    forgetHighestResident();
     work();
-    const double rise = statusBytes("VmHWM:") - before;
-    const double allowed = row.allowedShare * before + row.allowedBytes;
-    std::printf("%-52s %11.1f %11.1f %9.1f %9.1f  %s\n", row.name, before / kMebibyte, (before + rise) / kMebibyte,
-                rise / kMebibyte, allowed / kMebibyte, rise <= allowed ? "reached" : "MISSED");
+    const double highest = highestResidentBytes();
+    require(before > 0 && highest > 0, "the system tells of memory");
+    const double allowed = allowedShare * before + allowedBytes;
+    std::printf("%-52s %11.1f %11.1f %9.1f %9.1f  %s\n", name, before / kMebibyte, highest / kMebibyte,
+                (highest - before) / kMebibyte, allowed / kMebibyte,
+                highest - before <= allowed ? "reached" : "MISSED");
     std::fflush(stdout);
 }
 
-void measureMemory(const std::string& path)
+void measureSavingMemory(const char* name, Form form, const std::string& path)
 {
-    std::printf("\n%-52s %11s %11s %9s %9s\n", "memory, MiB", "before", "highest", "rise", "allowed");
-    std::shared_ptr<LayerManager> thousand = drawing(1, 1000);
-    double packed = 0;
+    const std::shared_ptr<LayerManager> thousand = drawing(kThousand);
+    measureRise(name, 0.1, 0, [&] { save(path, thousand, form); });
+}
+
+// The file or the host's arguments are there before; the drawing they are made of is gone by then.
+void measureOpeningMemory(const char* name, Form form, const std::string& path)
+{
+    std::shared_ptr<LayerManager> thousand = drawing(kThousand);
+    double allowed = 256 * kMebibyte;
     for (const QByteArray& png : pngsOf(*thousand)) {
-        packed += png.size();
+        allowed += png.size();
     }
-    for (const Form form : {Form::Text, Form::Binary}) {
-        const bool isText = form == Form::Text;
-        measureRise({isText ? "save 1000 packed frames, text" : "save 1000 packed frames, binary", 0.1, 0}, [&] {
-            std::ofstream out(path, std::ios::binary);
-            write(out, thousand, form);
-        });
+    MArgList arguments;
+    if (form == Form::Text) {
+        arguments = argumentsOf(recordOf(thousand, form));
+    } else {
+        save(path, thousand, form);
     }
-    const double allowed = packed + 256 * kMebibyte;
-    MArgList arguments = argumentsOf(recordOf(thousand, Form::Text));
     thousand.reset();
-    {
-        BaseNodeLayerData data;
-        measureRise({"open 1000 frames, binary", 0, allowed}, [&] {
-            std::ifstream in(path, std::ios::binary);
-            data.readBinary(in, 1);
-        });
-    }
     BaseNodeLayerData data;
-    measureRise({"open 1000 frames, text, beside the host's arguments", 0, allowed}, [&] {
-        unsigned next = 0;
-        data.readASCII(arguments, next);
-    });
+    MStatus status;
+    measureRise(name, 0, allowed, [&] { status = form == Form::Text ? load(data, arguments) : load(data, path); });
+    require(status && hasShape(*data.layerManager(), kThousand), kIsLoaded);
+}
+
+void measureMemory(const BenchArguments& arguments, const std::string& path)
+{
+    const struct {
+        const char* name;
+        void (*measure)(const char* name, Form form, const std::string& path);
+        Form form;
+    } rows[] = {{"memory to save 1000 packed frames, text", measureSavingMemory, Form::Text},
+                {"memory to save 1000 packed frames, binary", measureSavingMemory, Form::Binary},
+                {"memory to open 1000 frames, binary", measureOpeningMemory, Form::Binary},
+                {"memory to open 1000 frames, text, beside arguments", measureOpeningMemory, Form::Text}};
+    std::printf("\n%-52s %11s %11s %9s %9s\n", "memory, MiB", "before", "highest", "rise", "allowed");
+    for (const auto& r : rows) {
+        if (arguments.isWanted(r.name)) {
+            r.measure(r.name, r.form, path);
+        }
+    }
 }
 
 }  // namespace
 
 int main(int argc, char** argv)
 {
-    const QTemporaryDir folder;
+    static const QTemporaryDir folder;  // goes even where a requirement ends the program
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
         qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8());  // or the platform warns
     }
@@ -279,15 +324,14 @@ int main(int argc, char** argv)
     options.prefsDir = folder.path().toStdString();
     app::Host host(options);
     const std::string path = folder.filePath("record").toStdString();
-    const PairedTiming timing("records", argc, argv);
+    const BenchArguments arguments(argc, argv);
+    const PairedTiming timing("records", arguments);
     measureHex(timing);
     {
-        const std::shared_ptr<LayerManager> scene = drawing(5, 60);
+        const std::shared_ptr<LayerManager> scene = drawing(kScene);
         measureSaving(timing, scene, path);
         measureLoading(timing, scene, path);
     }
-    if (timing.isWanted("memory")) {
-        measureMemory(path);
-    }
+    measureMemory(arguments, path);
     return 0;
 }

@@ -1,15 +1,17 @@
 // Opening scenes: large drawings, and many nodes. A plain read of the same file's bytes stands beside each.
 
 #include "PairedTiming.h"
+#include "Require.h"
 
 #include "kernel/SceneFile.h"
 #include "kernel/Session.h"
 #include "mel/Builtins.h"
+#include "support/ResidentMemory.h"
 
-#include <cstdlib>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <iostream>
+#include <functional>
 #include <istream>
 #include <ostream>
 
@@ -157,6 +159,38 @@ void addNamesakes(Bench& bench)
         bench.add("locator", "shape", bench.add("transform", "node#").get());
 }
 
+bool hasDrawing(Bench& bench, std::size_t mebibytes)
+{
+    const auto [node, frames] = bench.session.scene.findPlug("drawingShape.frames");
+    const kernel::PlugValue value = node->value(*frames);
+    const auto* data = std::get_if<std::shared_ptr<kernel::CustomData>>(&value);
+    const auto* drawing = data ? dynamic_cast<const Drawing*>(data->get()) : nullptr;
+    return drawing && drawing->frames.size() == kFrames
+        && std::all_of(drawing->frames.begin(), drawing->frames.end(), [mebibytes](const std::string& frame) {
+               return frame.size() == mebibytes * kMebibyte / kFrames;
+           });
+}
+
+/// What a scene is filled with, and whether it is there again when the scene is opened.
+struct Content {
+    std::string name;
+    std::vector<const char*> extensions;  ///< of the file forms it is saved in
+    std::function<void(Bench&)> fill;
+    std::function<bool(Bench&)> isThere;
+};
+
+Content drawingOf(std::size_t mebibytes, const std::string& name, const std::vector<const char*>& extensions)
+{
+    return {name, extensions, [mebibytes](Bench& bench) { addDrawing(bench, mebibytes); },
+            [mebibytes](Bench& bench) { return hasDrawing(bench, mebibytes); }};
+}
+
+Content nodes(const std::string& name, void (*fill)(Bench&), const char* pattern, std::size_t count)
+{
+    return {
+        name, {".ma", ".mb"}, fill, [=](Bench& bench) { return bench.session.scene.find(pattern).size() == count; }};
+}
+
 std::size_t readPlainly(const std::string& path)
 {
     std::ifstream in(path, std::ios::binary);
@@ -167,74 +201,83 @@ std::size_t readPlainly(const std::string& path)
     return size;
 }
 
-/// The most memory the process ever had, in MiB.
-double peakMemory()
+/// Does something in a process of its own, so that its memory is not that of what came before. Tells whether it ended
+/// well.
+bool inOwnProcess(const std::function<void()>& work)
 {
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);) {
-        if (line.compare(0, 6, "VmHWM:") == 0)
-            return std::atof(line.c_str() + 6) / 1024;
-    }
-    return 0;
-}
-
-/// Does something in a process of its own, so that its memory is not that of what came before.
-void inOwnProcess(const std::function<void()>& work)
-{
-    std::cout.flush();
     std::fflush(stdout);
     const pid_t child = ::fork();
     if (child == 0) {
-        work();
+        try {
+            work();
+        } catch (const std::exception& error) {
+            std::fprintf(stderr, "%s\n", error.what());
+            ::_exit(1);
+        }
         std::fflush(stdout);
         ::_exit(0);
     }
-    ::waitpid(child, nullptr, 0);
+    int status = 0;
+    return child > 0 && ::waitpid(child, &status, 0) == child && status == 0;
 }
 
-void measureOpening(const std::string& name, const std::string& path)
+void measureOpening(const std::string& name, const std::string& path, const Content& content)
 {
-    const double size = static_cast<double>(std::filesystem::file_size(path)) / kMebibyte;
-    readPlainly(path);
+    const std::size_t bytes = std::filesystem::file_size(path);
+    require(readPlainly(path) == bytes, "the file is read whole");
     const double plain = millisecondsOf([&] { readPlainly(path); });
     Bench bench;
-    const double before = peakMemory();
+    const double before = highestResidentBytes();
     const double ours = millisecondsOf([&] { kernel::openScene(bench.session, path); });
-    std::printf("%-36s %8.1f %10.0f %10.0f %9.2f %10.0f\n", name.c_str(), size, size / plain * 1000, size / ours * 1000,
-                ours / 1000, peakMemory() - before);
+    const double peak = (highestResidentBytes() - before) / kMebibyte;
+    require(!bench.session.scene.wasReadWithErrors() && content.isThere(bench), "the scene is opened whole");
+    const double size = static_cast<double>(bytes) / kMebibyte;
+    std::printf("%-44s %8.1f %10.0f %10.0f %9.2f %10.0f\n", name.c_str(), size, size / plain * 1000, size / ours * 1000,
+                ours / 1000, peak);
+}
+
+// Saves in one process and opens in another.
+bool measureScene(const std::string& name, const std::string& path, const Content& content)
+{
+    return inOwnProcess([&] {
+               Bench bench;
+               content.fill(bench);
+               kernel::saveScene(bench.session, path);
+           })
+        && inOwnProcess([&] { measureOpening(name, path, content); });
+}
+
+// Text takes two digits for a byte.
+std::vector<Content> contents(std::size_t mebibytes)
+{
+    const std::string size = std::to_string(mebibytes) + " MiB";
+    return {drawingOf(mebibytes / 2, size + " of text", {".ma"}),
+            drawingOf(mebibytes, "drawing of 1000 frames, " + size, {".ma", ".mb"}),
+            nodes("40000 nodes side by side", addFlat, "node*", kNodes),
+            nodes("40000 nodes nested", addNested, "node*", kNodes),
+            nodes("20000 nodes with shapes of one name", addNamesakes, "shape", kNodes / 2)};
 }
 
 }  // namespace
 
 int main(int argc, char** argv)
 {
-    const bool quick = argc > 1 && std::string(argv[1]) == "--quick";
-    const std::size_t drawingSize = quick ? 10 : 100;
-    const struct {
-        const char* name;
-        std::function<void(Bench&)> fill;
-    } scenes[] = {
-        {"drawing of 1000 frames", [=](Bench& bench) { addDrawing(bench, drawingSize); }},
-        {"40000 nodes side by side", addFlat},
-        {"40000 nodes nested", addNested},
-        {"20000 nodes with shapes of one name", addNamesakes},
-    };
-    std::printf("\nframes of %zu MiB packed; peak is what opening adds\n%-36s %8s %10s %10s %9s %10s\n", drawingSize,
-                "opening", "MiB", "read MiB/s", "ours MiB/s", "seconds", "peak MiB");
+    const BenchArguments arguments(argc, argv);
+    std::printf("\n%-44s %8s %10s %10s %9s %10s\n", "opening; peak is what it adds", "MiB", "read MiB/s", "ours MiB/s",
+                "seconds", "peak MiB");
     const std::string folder =
         std::filesystem::temp_directory_path().string() + "/scene-bench-" + std::to_string(::getpid());
     std::filesystem::create_directory(folder);
-    for (const auto& scene : scenes) {
-        for (const char* extension : {".ma", ".mb"}) {
-            const std::string path = folder + "/scene" + extension;
-            inOwnProcess([&] {
-                Bench bench;
-                scene.fill(bench);
-                kernel::saveScene(bench.session, path);
-            });
-            inOwnProcess([&] { measureOpening(scene.name + std::string(", ") + extension, path); });
+    bool endedWell = true;
+    for (const Content& content : contents(arguments.quick ? 10 : 100)) {
+        for (const std::string extension : content.extensions) {
+            const std::string name = content.name + ", " + extension;
+            if (arguments.isWanted(name) && !measureScene(name, folder + "/scene" + extension, content)) {
+                std::fprintf(stderr, "Not measured: %s\n", name.c_str());
+                endedWell = false;
+            }
         }
     }
     std::filesystem::remove_all(folder);
-    return 0;
+    return endedWell ? 0 : 1;
 }

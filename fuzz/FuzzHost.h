@@ -6,7 +6,6 @@
 
 #include <string>
 
-class BaseNodeLayerData;
 class LayerManager;
 
 namespace fuzz {
