@@ -257,7 +257,8 @@ private:
             targets = childrenOf(*m_node, *m_attribute);
         const std::size_t size = sizeOf(chunk.form);
         if (targets.size() != chunk.count || m_data.size() != chunk.count * size
-            || !std::all_of(targets.begin(), targets.end(), [](const AttributePtr& one) { return isNumber(one->kind); }))
+            || !std::all_of(targets.begin(), targets.end(),
+                            [](const AttributePtr& one) { return isNumber(one->kind); }))
             fail();
         for (std::size_t i = 0; i < targets.size(); ++i) {
             const double number = numberIn(m_data.substr(i * size, size), chunk.form);
