@@ -1,6 +1,7 @@
 #include "settings/Preferences.h"
 
 #include "settings/FileReplacement.h"
+#include "settings/HarmlessIni.h"
 #include "settings/Messages.h"
 #include "settings/PreferenceRow.h"
 #include "settings/ScriptBridge.h"
@@ -8,8 +9,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSettings>
-
-#include <new>
+#include <QTemporaryFile>
 
 namespace {
 
@@ -21,48 +21,6 @@ constexpr int kFileVersion = 1;
 QString path(const PreferenceRow& row)
 {
     return QLatin1String(row.group()) + QLatin1Char('/') + QLatin1String(row.key());
-}
-
-// Elsewhere in a value the same letters are text.
-bool beginsValue(const QByteArray& text, int at)
-{
-    int before = at - 1;
-    while (before >= 0 && (text[before] == ' ' || text[before] == '\t' || text[before] == '"')) {
-        --before;
-    }
-    return before >= 0 && (text[before] == '=' || text[before] == ',');
-}
-
-// Whether reading could take the whole stack: a value in Qt's variant form may hold others, however deep, and is read
-// by recursion. Ours are colours, in a file of a few kilobytes; what nests deep is large.
-bool mayNestTooDeep(const QString& filePath)
-{
-    constexpr qint64 kHarmlessSize = 1 << 15;
-    const QByteArray variant("@Variant(");
-    const QByteArray colour("\\0\\0\\0\\x43");
-    QFile file(filePath);
-    if (file.size() <= kHarmlessSize || !file.open(QIODevice::ReadOnly)) {
-        return false;
-    }
-    const QByteArray text = file.readAll();
-    for (int at = text.indexOf(variant); at >= 0; at = text.indexOf(variant, at + 1)) {
-        if (beginsValue(text, at) && text.mid(at + variant.size(), colour.size()) != colour) {
-            return true;
-        }
-    }
-    return false;
-}
-
-// False when the key is missing. So are all of a group in which a damaged value claims to be a list that no memory can
-// hold: Qt reads a group at once, and takes the memory first.
-bool findValue(const QSettings& file, const QString& key, QVariant& value)
-{
-    try {
-        value = file.value(key);
-        return file.contains(key);
-    } catch (const std::bad_alloc&) {
-        return false;
-    }
 }
 
 }  // namespace
@@ -95,11 +53,20 @@ void Preferences::save() const
 
 void Preferences::loadFrom(const QString& filePath)
 {
-    const QSettings file(mayNestTooDeep(filePath) ? QString() : filePath, QSettings::IniFormat);
+    QFile given(filePath);
+    const QByteArray text = given.open(QIODevice::ReadOnly) ? given.readAll() : QByteArray();
+    const QByteArray harmless = harmlessIni(text);
+    QTemporaryFile mended;
+    const bool isMended = harmless != text && mended.open() && mended.write(harmless) == harmless.size();
+    mended.close();
+    if (harmless != text && !isMended) {
+        return;
+    }
+    const QSettings file(isMended ? mended.fileName() : filePath, QSettings::IniFormat);
     for (const PreferenceRow& row : rows()) {
-        QVariant stored;
-        if (findValue(file, path(row), stored)) {
-            row.accept(*this, stored);
+        const QString key = path(row);
+        if (file.contains(key)) {
+            row.accept(*this, file.value(key));
         } else if (row.takesDefaultWhenMissing()) {
             row.setToDefault(*this);
         }
