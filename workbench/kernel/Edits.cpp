@@ -53,12 +53,18 @@ private:
         int index;
     };
 
-    static void refuseReadOnly(const Node& node)
+    /// Refuses for the node or any below it.
+    static void refuseReadOnly(const Node& top)
     {
-        if (node.isReadOnly())
-            throw CommandError("Cannot delete the read only node '" + node.name() + "'.");
-        for (const NodePtr& child : node.children())
-            refuseReadOnly(*child);
+        std::vector<const Node*> left{&top};
+        while (!left.empty()) {
+            const Node& node = *left.back();
+            left.pop_back();
+            if (node.isReadOnly())
+                throw CommandError("Cannot delete the read only node '" + node.name() + "'.");
+            for (const NodePtr& child : node.children())
+                left.push_back(child.get());
+        }
     }
 
     const std::vector<NodePtr> m_nodes;
