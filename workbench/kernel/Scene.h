@@ -45,7 +45,8 @@ public:
     /// Renames; a shape named after its transform (ball, ballShape; ball2, ballShape2) follows it. Characters no name
     /// may have become "_", a "#" at the end the first free number. Gives the name really used.
     std::string rename(Node& node, const std::string& name);
-    /// Gives nodes exactly the names they had before, which must be free once all are given; for undo.
+    /// Gives nodes the names they had before, the last first, as the way back is; for undo. A name that another node
+    /// has taken since gets the next free number.
     void restoreNames(const std::vector<std::pair<NodePtr, std::string>>& names);
     /// Throws CommandError for a parent that cannot have it, such as one of its own children.
     void setParent(const NodePtr& node, Node* parent, int index = -1);
