@@ -265,6 +265,9 @@ TEST(SceneBinary, WhatTextCannotHoldIsNotSavedAsText)
     in >> content;
     EXPECT_EQ(content, "old");
     EXPECT_EQ(without.eval("file -q -type"), "mayaAscii") << "as the name says";
+    without.session.scene.findOne("spot")->referenced = true;
+    EXPECT_EQ(without.eval("file -save -type mayaAscii"), path) << "a referenced file keeps its own";
+    without.session.scene.findOne("spot")->referenced = false;
     EXPECT_EQ(without.eval("delete spot; file -save -type mayaAscii"), path);
     std::remove(path.c_str());
 }
