@@ -250,7 +250,7 @@ void loadReference(Session& session, Reference& reference)
     statements << "select -ne " << quotedText(reference.node->name()) << ";\n";
     writeReferenceEdits(statements, reference.node->name(), reference.keptEdits);
     SceneIntake intake(session, SceneIntake::Purpose::Open, session.scene.fileName());
-    session.script().executeScene(statements.str(), intake);
+    session.script().beginScene(intake)->run(statements.str());
     session.scene.setModified();
 }
 

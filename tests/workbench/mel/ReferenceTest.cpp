@@ -130,6 +130,25 @@ TEST_F(ReferencedFile, AWrongChangeIsReportedWhereItStands)
     EXPECT_THAT(errors, ElementsAre(HasSubstr("shot.ma line 4: setAttr: Error reading data element number 1: word")));
 }
 
+TEST_F(ReferencedFile, AChangeThatIsRefusedIsWrittenBack)
+{
+    write("fixed.ma", "createNode transform -n \"house\";\n\tsetAttr -l on \".tx\" 5;\n");
+    write("shot.ma", "file -r -ns \"set\" -rfn \"setRN\" \"fixed.ma\";\ncreateNode reference -n \"setRN\";\n"
+                     "\tsetAttr \".ed\" -type \"dataReferenceEdits\" \"setRN\" \"setRN\" 2\n"
+                     "\t\t2 \"|set:house\" \"translateX\" \" 8\"\n"
+                     "\t\t2 \"|set:house\" \"translateZ\" \" 7\";\n");
+    std::string name = "shot.ma";
+    for (const char* next : {"again.ma", "third.ma"}) {
+        errors.clear();
+        reopen(name);
+        EXPECT_THAT(errors, ElementsAre(HasSubstr("'set:house.translateX' is locked")));
+        EXPECT_EQ(eval("getAttr set:house.t"), "5 0 7");
+        saveAs(name = next);
+        EXPECT_THAT(content(name), HasSubstr("\"setRN\" 2\n\t\t2 \"|set:house\" \"translateX\" \" 8\"\n"
+                                             "\t\t2 \"|set:house\" \"translateZ\" \" 7\";"));
+    }
+}
+
 TEST_F(ReferencedFile, NestedReferencesJoinTheirNamespaces)
 {
     write("props/chair.ma", "createNode transform -n \"seat\";\n");
