@@ -65,6 +65,7 @@ private:
                 copy->setValue(*attribute, copyOf(original.value(*attribute)));
             copy->setFlags(*attribute, original.flags(*attribute));
         }
+        copy->absentParent = original.absentParent;
         copy->unknownType = original.unknownType;
         copy->unknownStatements = original.unknownStatements;
         copy->binaryType = original.binaryType;

@@ -107,6 +107,7 @@ public:
         m_oldParent = parent ? parent->shared_from_this() : nullptr;
         m_oldIndex = scene.childIndex(*m_node);
         m_oldName = m_node->name();
+        m_oldAbsentParent = m_node->absentParent;
         scene.setParent(m_node, m_parent.get());
     }
 
@@ -114,6 +115,7 @@ public:
     {
         scene.setParent(m_node, m_oldParent.get(), m_oldIndex);
         scene.restoreNames({{m_node, m_oldName}});
+        m_node->absentParent = m_oldAbsentParent;
     }
 
 private:
@@ -122,6 +124,7 @@ private:
     NodePtr m_oldParent;
     int m_oldIndex = -1;
     std::string m_oldName;
+    std::string m_oldAbsentParent;
 };
 
 class SetValue : public Edit {

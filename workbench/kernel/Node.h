@@ -95,6 +95,9 @@ public:
     bool isDefaultNode = false;  ///< time1 and the like: written as `select -ne`
     bool referenced = false;     ///< belongs to a file that the scene references
     bool isReadOnly() const;     ///< cannot be deleted or renamed
+    /// What its file calls the parent that was not there: below a reference that is not loaded, for instance. Written
+    /// back until the node is parented. Only a node of the DAG without a parent has one.
+    std::string absentParent;
     /// Statements of an unknown node that could not be applied, kept word for word and written back.
     std::vector<std::string> unknownStatements;
     std::string unknownType;  ///< set when the real type was not available

@@ -121,6 +121,20 @@ void readFile(Session& session, Reference& reference)
     beginEdits(reference);
 }
 
+/// Puts nodes below the parents that they miss, as far as these have been made since `firstSerial`.
+void findParents(Scene& scene, unsigned long long firstSerial)
+{
+    const std::vector<NodePtr> nodes = scene.nodes();
+    for (const NodePtr& node : nodes) {
+        const NodePtr parent = node->absentParent.empty() ? nullptr : scene.findOrNull(node->absentParent);
+        if (!parent || parent->serial() < firstSerial || node->serial() >= firstSerial)
+            continue;
+        scene.makeUnknownTransform(parent);
+        if (parent->type().isTransform())
+            scene.setParent(node, parent.get());
+    }
+}
+
 std::string baseName(const std::string& path)
 {
     return Scene::legalName(fs::path(path).stem().string());
@@ -243,8 +257,10 @@ void loadReference(Session& session, Reference& reference)
 {
     if (reference.isLoaded)
         return;
+    const unsigned long long firstSerial = session.scene.nextSerial();
     readFile(session, reference);
     reference.isDeferred = false;
+    findParents(session.scene, firstSerial);
     // What was kept for its nodes is read as it would have been with the scene.
     std::ostringstream statements;
     statements << "select -ne " << quotedText(reference.node->name()) << ";\n";

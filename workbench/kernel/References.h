@@ -28,7 +28,7 @@ Reference& createReference(Session& session, ReferenceRequest request);
 /// is told to `warn`; the reference is kept all the same. Throws CommandError for one that would lie inside itself.
 void takeReference(Session& session, SceneIntake& intake, ReferenceRequest request,
                    const std::function<void(const std::string&)>& warn);
-/// Reads a deferred reference now.
+/// Reads a deferred reference now. Nodes of the scene whose parents it brings go below these.
 void loadReference(Session& session, Reference& reference);
 /// Takes a reference of the scene itself away, with all its nodes; transforms the scene has below them come to the top.
 /// The undo queue is flushed. Throws CommandError for one that another file makes.

@@ -243,7 +243,7 @@ std::string trimmedStatement(const std::string& statement)
 
 NodeHead headOf(const Scene& scene, const Node& node)
 {
-    const std::string parent = node.parent() ? scene.partialPath(*node.parent()) : std::string();
+    const std::string parent = node.parent() ? scene.partialPath(*node.parent()) : node.absentParent;
     return {node.typeName(), node.name(), parent, node.uid(), node.shared};
 }
 

@@ -464,6 +464,8 @@ void SceneReader::createNode(const Statement& statement)
     request.name = arguments.name;
     request.shared = arguments.shared;
     request.parent = parentOf(arguments, statement);
+    if (!request.parent)
+        request.absentParent = m_intake.pathHere(arguments.parent);
     if (!m_interpreter.session().nodeTypes.find(request.type)) {
         warn("Unknown object type: " + request.type + ". The node " + request.name + " is kept unread.",
              statement.begin);
@@ -478,7 +480,7 @@ NodePtr SceneReader::parentOf(const CreateNodeArguments& arguments, const Statem
     const NodePtr parent = m_intake.find(arguments.parent);
     if (!parent)
         report("No object matches name: " + arguments.parent, statement.begin);
-    else if (!parent->unknownType.empty())
+    else
         m_interpreter.session().scene.makeUnknownTransform(parent);  // only transforms have children
     return parent;
 }

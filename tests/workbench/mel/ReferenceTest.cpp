@@ -240,6 +240,64 @@ TEST_F(ReferencedFile, ADeferredReferenceStaysUnreadUntilLoaded)
     EXPECT_EQ(eval("file -q -modified"), "1");
 }
 
+TEST_F(ReferencedFile, ChangesThatAreWrongWhenLoadedAreReportedWithoutALine)
+{
+    write("shot.ma", "file -r -ns \"set\" -dr 1 -rfn \"setRN\" \"set.ma\";\ncreateNode reference -n \"setRN\";\n"
+                     "\tsetAttr \".ed\" -type \"dataReferenceEdits\" \"setRN\" \"setRN\" 1\n"
+                     "\t\t2 \"|set:house\" \"translateX\" \" word\";\n");
+    reopen("shot.ma");
+    EXPECT_TRUE(run("file -loadReference \"setRN\""));
+    EXPECT_THAT(errors,
+                ElementsAre("file: " + path("shot.ma") + ": setAttr: Error reading data element number 1: word"));
+}
+
+TEST_F(ReferencedFile, ANodeBelowOneThatIsNotLoadedKeepsItsParent)
+{
+    write("shot.ma", "file -r -ns \"set\" -dr 1 -rfn \"setRN\" \"set.ma\";\ncreateNode reference -n \"setRN\";\n"
+                     "createNode transform -n \"below\" -p \"set:house\";\n"
+                     "createNode locator -n \"mark\" -p \"|set:house\";\n"
+                     "createNode mystery -n \"odd\" -p \"set:house\";\n"
+                     "createNode transform -n \"moved\" -p \"set:house\";\n"
+                     "createNode transform -n \"freed\" -p \"set:house\";\n"
+                     "createNode transform -n \"own\";\n");
+    reopen("shot.ma");
+    EXPECT_EQ(eval("listRelatives -parent below"), "");
+    run("parent moved own; parent -world freed");
+    run("parent below own");
+    run("undo");
+    const auto expectParents = [&](const std::string& name) {
+        EXPECT_THAT(content(name), AllOf(HasSubstr("createNode transform -n \"below\" -p \"set:house\";"),
+                                         HasSubstr("createNode transform -n \"locator1\" -p \"|set:house\";"),
+                                         HasSubstr("createNode locator -n \"mark\" -p \"locator1\";"),
+                                         HasSubstr("createNode mystery -n \"odd\" -p \"set:house\";")));
+        EXPECT_THAT(content(name), AllOf(HasSubstr("createNode transform -n \"moved\" -p \"own\";"),
+                                         HasSubstr("createNode transform -n \"freed\";")));
+    };
+    saveAs("again.ma");
+    expectParents("again.ma");
+    kernel::saveScene(session, path("again.mb"), kernel::SceneFileType::Binary);
+    reopen("again.mb");
+    saveAs("third.ma");
+    expectParents("third.ma");
+
+    ASSERT_TRUE(run("file -loadReference \"setRN\""));
+    EXPECT_EQ(eval("listRelatives set:house"), "set:houseShape below locator1 odd");
+    EXPECT_EQ(eval("listRelatives -parent mark"), "locator1");
+    run("parent -world below");
+    saveAs("third.ma");
+    EXPECT_THAT(content("third.ma"), HasSubstr("createNode transform -n \"below\";"));
+}
+
+TEST_F(ReferencedFile, ANodeOfAnImportedFileFindsItsParentUnderTheNewName)
+{
+    write("room.ma", "file -r -ns \"set\" -dr 1 -rfn \"setRN\" \"set.ma\";\n"
+                     "createNode transform -n \"below\" -p \"|set:house\";\n");
+    run("createNode transform -n \"set:taken\"");
+    file("-import", "room.ma");
+    ASSERT_TRUE(run("file -loadReference \"setRN\"")) << errors.back();
+    EXPECT_EQ(eval("listRelatives -parent below"), "set1:house");
+}
+
 TEST_F(ReferencedFile, ARelativePathIsFoundFromWhereverTheSceneIsSaved)
 {
     write("shots/shot.ma", "file -r -ns \"set\" -rfn \"setRN\" \"../set.ma\";\n");
