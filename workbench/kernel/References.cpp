@@ -200,10 +200,12 @@ Reference& createReference(Session& session, ReferenceRequest request)
     request.file = withoutCopyNumber(request.file);
     const std::string path = resolved(request.file, scene.fileName(), {});
     refuseLoop(scene, path, nullptr);
-    request.nameSpace =
-        scene.freeNamespace(request.nameSpace.empty() ? baseName(path) : Scene::legalName(request.nameSpace));
+    if (request.nameSpace.empty())
+        request.nameSpace = baseName(path);
+    const bool isInRoot = Scene::isRootNamespace(request.nameSpace);
+    request.nameSpace = isInRoot ? std::string() : scene.freeNamespace(Scene::legalName(request.nameSpace));
     if (request.nodeName.empty())
-        request.nodeName = request.nameSpace + "RN";
+        request.nodeName = (isInRoot ? baseName(path) : request.nameSpace) + "RN";
     if (request.otherFlags.empty()) {
         const std::string type = fileTypeName(fileTypeOfName(path).value_or(SceneFileType::Ascii));
         request.otherFlags = {std::string("-op"), std::string("v=0;"), std::string("-typ"), type};
@@ -230,7 +232,7 @@ void takeReference(Session& session, SceneIntake& intake, ReferenceRequest reque
     request.file = withoutCopyNumber(request.file);
     const std::string path = resolved(request.file, intake.path(), scene.fileName());
     refuseLoop(scene, path, intake.reference());
-    const bool isInRoot = request.nameSpace.find_first_not_of(':') == std::string::npos;
+    const bool isInRoot = Scene::isRootNamespace(request.nameSpace);
     const std::string fileNamespace = isInRoot ? std::string() : Scene::legalName(request.nameSpace);
     request.nameSpace = isInRoot ? intake.nameSpace() : intake.inNamespace(fileNamespace);
     if (intake.purpose() == SceneIntake::Purpose::Import) {

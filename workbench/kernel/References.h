@@ -15,8 +15,8 @@ class Session;
 /// What a `file -reference` asks for.
 struct ReferenceRequest {
     std::string file;       ///< relative: found from the folder of the scene or file that names it, or the current one
-    std::string nameSpace;  ///< empty: made from the file's name
-    std::string nodeName;   ///< empty: made from the namespace
+    std::string nameSpace;  ///< ":": the root; empty: made from the file's name
+    std::string nodeName;   ///< empty: made from the namespace, or the file's name for the root
     bool isDeferred = false;
     std::vector<Value> otherFlags;
 };

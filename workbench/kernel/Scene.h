@@ -79,6 +79,8 @@ public:
     /// Whether a namespace has nodes, is a reference's, or was added. Without a colon at the end, like all of these.
     bool hasNamespace(const std::string& name) const;
     bool isNamespaceEmpty(const std::string& name) const;
+    /// Whether a text means the namespace that holds all others: empty, or nothing but colons.
+    static bool isRootNamespace(const std::string& name) { return name.find_first_not_of(':') == std::string::npos; }
     void addNamespace(const std::string& name) { m_namespaces.insert(name); }
     void removeNamespace(const std::string& name) { m_namespaces.erase(name); }
     /// The wanted namespace, or the first with a number behind it that does not exist yet.

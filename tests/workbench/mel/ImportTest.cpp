@@ -69,6 +69,13 @@ TEST_F(Import, GoesUnderANamespaceOfItsOwnUnlessMerged)
     EXPECT_EQ(eval("getAttr red:ball1.ty"), "7");
 }
 
+TEST_F(Import, TheRootNamespaceIsNone)
+{
+    write("a.ma", kBall);
+    run("createNode transform -n ball");
+    EXPECT_EQ(eval("file -import -namespace \":\" -returnNewNodes \"" + path("a.ma") + "\""), "a_ball ballShape");
+}
+
 TEST_F(Import, UndoOfWhatWasDoneBeforeLeavesEveryNodeANameOfItsOwn)
 {
     write("a.ma", "createNode transform -n \"ball\";\n");
