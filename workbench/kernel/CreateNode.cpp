@@ -8,11 +8,15 @@ namespace kernel {
 
 namespace {
 
-NodePtr attached(Scene& scene, const NodePtr& node, const NodePtr& parent, EditList& edits)
+/// absentParent: remembered by a node without a parent.
+NodePtr attached(Scene& scene, const NodePtr& node, const NodePtr& parent, const std::string& absentParent,
+                 EditList& edits)
 {
     EditPtr edit = createNodeEdit(node, parent);
     edit->redo(scene);
     edits.add(std::move(edit));
+    if (!parent && node->type().isDag())
+        node->absentParent = absentParent;
     return node;
 }
 
@@ -25,9 +29,10 @@ NodePtr createNode(Session& session, const NodeRequest& request, EditList& edits
     if (!type && !request.keepUnknown)
         throw CommandError("Unknown object type: " + request.type);
     if (!type) {
-        const NodePtr node = scene.makeUnknownNode(request.type, request.name, request.parent != nullptr);
+        const NodePtr node =
+            scene.makeUnknownNode(request.type, request.name, request.parent || !request.absentParent.empty());
         node->shared = request.shared;
-        return attached(scene, node, request.parent, edits);
+        return attached(scene, node, request.parent, request.absentParent, edits);
     }
     if (request.shared && !request.name.empty()) {
         const NodePtr existing = scene.findOrNull(request.name);
@@ -37,14 +42,14 @@ NodePtr createNode(Session& session, const NodeRequest& request, EditList& edits
     NodePtr parent = request.parent;
     std::string name = request.name.empty() ? request.type + "#" : request.name;
     if (type->isShape() && !parent) {
-        parent =
-            attached(scene, scene.makeNode(*session.nodeTypes.find("transform"), request.type + "#"), nullptr, edits);
+        parent = attached(scene, scene.makeNode(*session.nodeTypes.find("transform"), request.type + "#"), nullptr,
+                          request.absentParent, edits);
         if (request.name.empty())
             name = Scene::shapeName(parent->name());
     }
     const NodePtr node = scene.makeNode(*type, name);
     node->shared = request.shared;
-    return attached(scene, node, parent, edits);
+    return attached(scene, node, parent, request.absentParent, edits);
 }
 
 }  // namespace kernel

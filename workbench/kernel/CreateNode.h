@@ -13,6 +13,7 @@ struct NodeRequest {
     std::string type;
     std::string name;          ///< empty: made from the type
     NodePtr parent;            ///< null: none
+    std::string absentParent;  ///< name of one that is not there, for the node to remember
     bool shared = false;       ///< an existing node of that name is taken instead
     bool keepUnknown = false;  ///< a type that is not available gives an unknown node
 };

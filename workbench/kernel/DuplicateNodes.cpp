@@ -3,6 +3,7 @@
 #include "kernel/Session.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kernel {
 
@@ -32,15 +33,30 @@ class Duplicator {
 public:
     Duplicator(Session& session, EditList& edits) : m_session(session), m_edits(edits) {}
 
-    NodePtr copyWhole(const Node& original, const NodePtr& parent, const std::string& name)
+    NodePtr copyWhole(const NodePtr& original, const NodePtr& parent, const std::string& name)
     {
-        const NodePtr copy = enter(bareCopy(original, name), parent);
-        for (const NodePtr& child : original.children())
-            copyWhole(*child, copy, childName(*child, original, *copy));
-        return copy;
+        NodePtr whole;
+        std::vector<Step> left{{original, parent, name}};
+        while (!left.empty()) {
+            const Step step = std::move(left.back());
+            left.pop_back();
+            const NodePtr copy = enter(bareCopy(*step.original, step.name), step.parent);
+            const std::vector<NodePtr>& children = step.original->children();
+            for (auto child = children.rbegin(); child != children.rend(); ++child)
+                left.push_back({*child, copy, childName(**child, *step.original, *copy)});
+            if (!whole)
+                whole = copy;
+        }
+        return whole;
     }
 
 private:
+    struct Step {
+        NodePtr original;
+        NodePtr parent;  ///< of the copy
+        std::string name;
+    };
+
     NodePtr bareCopy(const Node& original, const std::string& name)
     {
         const NodePtr copy = m_session.scene.makeNode(original.type(), name);
@@ -49,6 +65,7 @@ private:
                 copy->setValue(*attribute, copyOf(original.value(*attribute)));
             copy->setFlags(*attribute, original.flags(*attribute));
         }
+        copy->absentParent = original.absentParent;
         copy->unknownType = original.unknownType;
         copy->unknownStatements = original.unknownStatements;
         copy->binaryType = original.binaryType;
@@ -92,7 +109,7 @@ std::vector<NodePtr> duplicateNodes(Session& session, const std::vector<NodePtr>
             continue;
         const std::string wanted = copies.empty() && !name.empty() ? name : withoutNamespace(node->name());
         const NodePtr parent = node->parent() ? node->parent()->shared_from_this() : nullptr;
-        copies.push_back(duplicator.copyWhole(*node, parent, wanted));
+        copies.push_back(duplicator.copyWhole(node, parent, wanted));
     }
     return copies;
 }

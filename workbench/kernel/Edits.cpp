@@ -53,12 +53,18 @@ private:
         int index;
     };
 
-    static void refuseReadOnly(const Node& node)
+    /// Refuses for the node or any below it.
+    static void refuseReadOnly(const Node& top)
     {
-        if (node.isReadOnly())
-            throw CommandError("Cannot delete the read only node '" + node.name() + "'.");
-        for (const NodePtr& child : node.children())
-            refuseReadOnly(*child);
+        std::vector<const Node*> left{&top};
+        while (!left.empty()) {
+            const Node& node = *left.back();
+            left.pop_back();
+            if (node.isReadOnly())
+                throw CommandError("Cannot delete the read only node '" + node.name() + "'.");
+            for (const NodePtr& child : node.children())
+                left.push_back(child.get());
+        }
     }
 
     const std::vector<NodePtr> m_nodes;
@@ -101,6 +107,7 @@ public:
         m_oldParent = parent ? parent->shared_from_this() : nullptr;
         m_oldIndex = scene.childIndex(*m_node);
         m_oldName = m_node->name();
+        m_oldAbsentParent = m_node->absentParent;
         scene.setParent(m_node, m_parent.get());
     }
 
@@ -108,6 +115,7 @@ public:
     {
         scene.setParent(m_node, m_oldParent.get(), m_oldIndex);
         scene.restoreNames({{m_node, m_oldName}});
+        m_node->absentParent = m_oldAbsentParent;
     }
 
 private:
@@ -116,6 +124,7 @@ private:
     NodePtr m_oldParent;
     int m_oldIndex = -1;
     std::string m_oldName;
+    std::string m_oldAbsentParent;
 };
 
 class SetValue : public Edit {

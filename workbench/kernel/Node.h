@@ -34,6 +34,15 @@ Matrix4 operator*(const Matrix4& a, const Matrix4& b);
 Matrix4 inverse(const Matrix4& m);
 Vector3 transformPoint(const Vector3& p, const Matrix4& m);
 
+/// What makes up a matrix: scale, then shear, then turn about x, y and z, then move.
+struct Placement {
+    double translate[3];
+    double rotate[3];  ///< degrees
+    double scale[3];
+    double shear[3];  ///< xy, xz, yz
+};
+Placement placementOf(const Matrix4& matrix);
+
 /// A node of the scene. Made by Scene; lives while the scene or an undo step holds it.
 class Node : public std::enable_shared_from_this<Node> {
 public:
@@ -95,6 +104,9 @@ public:
     bool isDefaultNode = false;  ///< time1 and the like: written as `select -ne`
     bool referenced = false;     ///< belongs to a file that the scene references
     bool isReadOnly() const;     ///< cannot be deleted or renamed
+    /// What its file calls the parent that was not there: below a reference that is not loaded, for instance. Written
+    /// back until the node is parented. Only a node of the DAG without a parent has one.
+    std::string absentParent;
     /// Statements of an unknown node that could not be applied, kept word for word and written back.
     std::vector<std::string> unknownStatements;
     std::string unknownType;  ///< set when the real type was not available
@@ -125,6 +137,10 @@ private:
     std::unique_ptr<NodeProxy> m_proxy;
 };
 using NodePtr = std::shared_ptr<Node>;
+
+/// Gives a transform, locked or not, the values with which its local matrix is this one; its pivots stay. One whose
+/// type is not available keeps what it has.
+void placeLocally(Node& transform, const Matrix4& local);
 
 /// Orders nodes as they were made.
 inline bool isOlder(const NodePtr& a, const NodePtr& b)

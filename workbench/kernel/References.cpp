@@ -18,6 +18,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// References may lie in one another's files so deep: they are read, and walked, one inside the other.
+constexpr int kMostDepth = 100;
+
 /// "set.ma{1}" without its number: references to the same file are counted anew.
 std::string withoutCopyNumber(const std::string& file)
 {
@@ -53,13 +56,24 @@ void walk(const ReferenceList& list, const std::function<void(Reference&)>& visi
     }
 }
 
+/// Links may lead to one file in several ways.
+bool isSameFile(const std::string& a, const std::string& b)
+{
+    std::error_code error;
+    return a == b || fs::equivalent(a, b, error);
+}
+
 void refuseLoop(const Scene& scene, const std::string& path, const Reference* outer)
 {
-    bool isLoop = path == absolutePath(scene.fileName());
-    for (; outer && !isLoop; outer = outer->outer)
-        isLoop = path == outer->path;
+    bool isLoop = isSameFile(path, absolutePath(scene.fileName()));
+    int depth = 1;
+    for (; outer && !isLoop; outer = outer->outer, ++depth)
+        isLoop = isSameFile(path, outer->path);
     if (isLoop)
         throw CommandError("The file \"" + path + "\" cannot be referenced inside itself.");
+    if (depth > kMostDepth)
+        throw CommandError("The file \"" + path + "\" lies more than " + std::to_string(kMostDepth)
+                           + " references deep.");
 }
 
 int freeCopyNumber(const Scene& scene, const std::string& path)
@@ -105,6 +119,48 @@ void beginEdits(Reference& reference)
         beginEdits(*inner);
 }
 
+/// Takes a node of the scene's own from below a referenced one to the top.
+void bringToTop(Session& session, const NodePtr& node)
+{
+    Scene& scene = session.scene;
+    const Matrix4 world = node->worldMatrix();
+    if (node->type().isTransform()) {
+        scene.setParent(node, nullptr);
+        return placeLocally(*node, world);
+    }
+    const NodePtr transform = scene.makeNode(*session.nodeTypes.find("transform"), node->typeName() + '#');
+    scene.attach(transform);
+    placeLocally(*transform, world);
+    scene.setParent(node, transform.get());
+}
+
+void detachNodes(Session& session, const Reference& reference)
+{
+    for (const auto& inner : reference.inner)
+        detachNodes(session, *inner);
+    for (auto node = reference.nodes.rbegin(); node != reference.nodes.rend(); ++node) {
+        const std::vector<NodePtr> children = (*node)->children();
+        for (const NodePtr& child : children) {
+            if (!child->referenced)
+                bringToTop(session, child);
+            else if (child->type().isTransform())
+                session.scene.setParent(child, nullptr);
+        }
+        session.scene.detach(*node);
+    }
+}
+
+/// What has been read of a file goes again.
+void takeBack(Session& session, Reference& reference, const std::vector<NodePtr>& nodes)
+{
+    reference.nodes = nodes;
+    beginEdits(reference);
+    detachNodes(session, reference);
+    reference.nodes.clear();
+    reference.inner.clear();
+}
+
+/// Whatever is thrown, nothing is left of what was read.
 void readFile(Session& session, Reference& reference)
 {
     const SceneContent content(reference.path);
@@ -114,11 +170,30 @@ void readFile(Session& session, Reference& reference)
         const UndoQueue::Suspend suspend(session.undo);
         SceneIntake intake(session, SceneIntake::Purpose::Reference, reference.path, {reference.nameSpace, {}});
         intake.setReference(&reference);
-        addToScene(session, content, intake);
+        try {
+            addToScene(session, content, intake);
+        } catch (...) {
+            takeBack(session, reference, intake.nodes());
+            throw;
+        }
         reference.nodes = intake.nodes();
         reference.isLoaded = true;
     }
     beginEdits(reference);
+}
+
+/// Puts nodes below the parents that they miss, as far as these have been made since `firstSerial`.
+void findParents(Scene& scene, unsigned long long firstSerial)
+{
+    const std::vector<NodePtr> nodes = scene.nodes();
+    for (const NodePtr& node : nodes) {
+        const NodePtr parent = node->absentParent.empty() ? nullptr : scene.findOrNull(node->absentParent);
+        if (!parent || parent->serial() < firstSerial || node->serial() >= firstSerial)
+            continue;
+        scene.makeUnknownTransform(parent);
+        if (parent->type().isTransform())
+            scene.setParent(node, parent.get());
+    }
 }
 
 std::string baseName(const std::string& path)
@@ -135,18 +210,13 @@ std::string namespaceInFile(const Reference& reference)
     return around.empty() ? reference.nameSpace : reference.nameSpace.substr(around.size() + 1);
 }
 
-void detachNodes(Scene& scene, Reference& reference)
+/// Takes a reference of the scene itself away, with all that was made for it.
+void dropReference(Session& session, const Reference& reference)
 {
-    for (const auto& inner : reference.inner)
-        detachNodes(scene, *inner);
-    for (auto node = reference.nodes.rbegin(); node != reference.nodes.rend(); ++node) {
-        const std::vector<NodePtr> children = (*node)->children();
-        for (const NodePtr& child : children) {
-            if (child->type().isTransform())
-                scene.setParent(child, nullptr);
-        }
-        scene.detach(*node);
-    }
+    detachNodes(session, reference);
+    session.scene.detach(reference.node);
+    ReferenceList& list = session.scene.references;
+    list.erase(std::find_if(list.begin(), list.end(), [&](const auto& held) { return held.get() == &reference; }));
 }
 
 /// The path to write for a file at `path`: the reference's own if that leads from there to the same file.
@@ -186,10 +256,12 @@ Reference& createReference(Session& session, ReferenceRequest request)
     request.file = withoutCopyNumber(request.file);
     const std::string path = resolved(request.file, scene.fileName(), {});
     refuseLoop(scene, path, nullptr);
-    request.nameSpace =
-        scene.freeNamespace(request.nameSpace.empty() ? baseName(path) : Scene::legalName(request.nameSpace));
+    if (request.nameSpace.empty())
+        request.nameSpace = baseName(path);
+    const bool isInRoot = Scene::isRootNamespace(request.nameSpace);
+    request.nameSpace = isInRoot ? std::string() : scene.freeNamespace(Scene::legalName(request.nameSpace));
     if (request.nodeName.empty())
-        request.nodeName = request.nameSpace + "RN";
+        request.nodeName = (isInRoot ? baseName(path) : request.nameSpace) + "RN";
     if (request.otherFlags.empty()) {
         const std::string type = fileTypeName(fileTypeOfName(path).value_or(SceneFileType::Ascii));
         request.otherFlags = {std::string("-op"), std::string("v=0;"), std::string("-typ"), type};
@@ -199,9 +271,8 @@ Reference& createReference(Session& session, ReferenceRequest request)
     try {
         if (!reference.isDeferred)
             readFile(session, reference);
-    } catch (const CommandError&) {
-        scene.detach(reference.node);
-        scene.references.pop_back();
+    } catch (...) {
+        dropReference(session, reference);
         throw;
     }
     scene.setModified();
@@ -216,7 +287,7 @@ void takeReference(Session& session, SceneIntake& intake, ReferenceRequest reque
     request.file = withoutCopyNumber(request.file);
     const std::string path = resolved(request.file, intake.path(), scene.fileName());
     refuseLoop(scene, path, intake.reference());
-    const bool isInRoot = request.nameSpace.find_first_not_of(':') == std::string::npos;
+    const bool isInRoot = Scene::isRootNamespace(request.nameSpace);
     const std::string fileNamespace = isInRoot ? std::string() : Scene::legalName(request.nameSpace);
     request.nameSpace = isInRoot ? intake.nameSpace() : intake.inNamespace(fileNamespace);
     if (intake.purpose() == SceneIntake::Purpose::Import) {
@@ -243,14 +314,16 @@ void loadReference(Session& session, Reference& reference)
 {
     if (reference.isLoaded)
         return;
+    const unsigned long long firstSerial = session.scene.nextSerial();
     readFile(session, reference);
     reference.isDeferred = false;
+    findParents(session.scene, firstSerial);
     // What was kept for its nodes is read as it would have been with the scene.
     std::ostringstream statements;
     statements << "select -ne " << quotedText(reference.node->name()) << ";\n";
     writeReferenceEdits(statements, reference.node->name(), reference.keptEdits);
     SceneIntake intake(session, SceneIntake::Purpose::Open, session.scene.fileName());
-    session.script().executeScene(statements.str(), intake);
+    session.script().beginScene(intake)->run(statements.str());
     session.scene.setModified();
 }
 
@@ -258,13 +331,9 @@ void removeReference(Session& session, Reference& reference)
 {
     if (reference.outer)
         throw CommandError("Only the file that makes a reference can remove it: " + reference.name());
-    Scene& scene = session.scene;
     session.undo.flush();
-    detachNodes(scene, reference);
-    scene.detach(reference.node);
-    ReferenceList& list = scene.references;
-    list.erase(std::find_if(list.begin(), list.end(), [&](const auto& held) { return held.get() == &reference; }));
-    scene.setModified();
+    dropReference(session, reference);
+    session.scene.setModified();
 }
 
 Reference* referenceOf(const Scene& scene, const Node& node)
@@ -289,6 +358,14 @@ Reference& findReference(const Scene& scene, const std::string& fileOrNode)
     if (!found)
         throw CommandError("No reference matches name: " + fileOrNode);
     return *found;
+}
+
+void refuseReferencedFile(const Scene& scene, const std::string& path)
+{
+    walk(scene.references, [&](const Reference& reference) {
+        if (isSameFile(path, reference.path))
+            throw CommandError("The file \"" + path + "\" is referenced by the scene, which cannot take its place.");
+    });
 }
 
 void writeEdits(std::ostream& out, const Scene& scene, const Node& node)

@@ -167,6 +167,7 @@ void Scene::setParent(const NodePtr& node, Node* parent, int index)
     erase(kept->m_parent ? kept->m_parent->m_children : m_roots, kept);
     giveName(*kept, freeName(kept->m_name, *kept, parent));
     kept->m_parent = parent;
+    kept->absentParent.clear();
     insertAt(parent ? parent->m_children : m_roots, kept, index);
     touch();
 }

@@ -45,7 +45,8 @@ public:
     /// Renames; a shape named after its transform (ball, ballShape; ball2, ballShape2) follows it. Characters no name
     /// may have become "_", a "#" at the end the first free number. Gives the name really used.
     std::string rename(Node& node, const std::string& name);
-    /// Gives nodes exactly the names they had before, which must be free once all are given; for undo.
+    /// Gives nodes the names they had before, the last first, as the way back is; for undo. A name that another node
+    /// has taken since gets the next free number.
     void restoreNames(const std::vector<std::pair<NodePtr, std::string>>& names);
     /// Throws CommandError for a parent that cannot have it, such as one of its own children.
     void setParent(const NodePtr& node, Node* parent, int index = -1);
@@ -78,6 +79,8 @@ public:
     /// Whether a namespace has nodes, is a reference's, or was added. Without a colon at the end, like all of these.
     bool hasNamespace(const std::string& name) const;
     bool isNamespaceEmpty(const std::string& name) const;
+    /// Whether a text means the namespace that holds all others: empty, or nothing but colons.
+    static bool isRootNamespace(const std::string& name) { return name.find_first_not_of(':') == std::string::npos; }
     void addNamespace(const std::string& name) { m_namespaces.insert(name); }
     void removeNamespace(const std::string& name) { m_namespaces.erase(name); }
     /// The wanted namespace, or the first with a number behind it that does not exist yet.

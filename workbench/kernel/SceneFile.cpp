@@ -1,6 +1,7 @@
 #include "kernel/SceneFile.h"
 
 #include "kernel/AtomicFile.h"
+#include "kernel/References.h"
 #include "kernel/SceneBinaryReader.h"
 #include "kernel/SceneBinaryWriter.h"
 #include "kernel/SceneIntake.h"
@@ -126,6 +127,7 @@ SceneFileType fileTypeFor(const Scene& scene, const std::string& path)
 void saveScene(Session& session, const std::string& path, std::optional<SceneFileType> wanted)
 {
     const std::string absolute = absolutePath(path);
+    refuseReferencedFile(session.scene, absolute);
     const SceneFileType type = wanted.value_or(fileTypeFor(session.scene, absolute));
     {
         const Scene::Activity activity(session.scene, FileActivity::Write);

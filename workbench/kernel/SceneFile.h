@@ -22,8 +22,8 @@ void writeSceneBinary(Session& session, std::ostream& out, const std::string& fi
 
 /// The type a scene is saved in when none is asked for: the one set for it or read, or that of the name's extension.
 SceneFileType fileTypeFor(const Scene& scene, const std::string& path);
-/// Saves to `path` by way of a temporary file beside it and a rename; throws CommandError with the reason and
-/// leaves an existing file untouched when that fails.
+/// Saves to `path`, which no file of a reference may lie at, by way of a temporary file beside it and a rename; throws
+/// CommandError with the reason and leaves an existing file untouched when that fails.
 void saveScene(Session& session, const std::string& path, std::optional<SceneFileType> type = std::nullopt);
 /// Replaces the scene by the file's, whose type its content tells. A file that is missing or no scene throws
 /// CommandError and leaves the scene alone; errors inside it are reported with file and line, and what could be read is

@@ -12,7 +12,7 @@ namespace {
 
 SceneIntake::Naming intakeNaming(const Scene& scene, const std::string& path, const ImportNaming& naming)
 {
-    if (naming.nameSpace.empty()) {
+    if (Scene::isRootNamespace(naming.nameSpace)) {
         const std::string name =
             naming.clashPrefix.empty() ? std::filesystem::path(path).stem().string() : naming.clashPrefix;
         return {{}, Scene::legalName(name)};

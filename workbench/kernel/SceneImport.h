@@ -11,7 +11,7 @@ class Session;
 
 /// How the nodes of an imported file are named.
 struct ImportNaming {
-    std::string nameSpace;         ///< empty: none
+    std::string nameSpace;         ///< empty or ":": none
     bool mergeNamespaces = false;  ///< with one of that name; otherwise a number makes it a new one
     std::string clashPrefix;       ///< goes before names the scene has already; empty: the file's name
 };

@@ -114,18 +114,23 @@ NodePtr SceneIntake::find(const std::string& fileName) const
     if (found || setsUpScene())
         return found ? found : m_session.scene.findOrNull(fileName);
     // Of the scene's other nodes those every scene has can be meant, and those of files this one references.
-    std::string path;
-    std::size_t start = 0;
-    for (std::size_t end = 0; end != std::string::npos; start = end + 1) {
-        end = fileName.find('|', start);
-        const std::string step = fileName.substr(start, end - start);
-        path += (start == 0 ? "" : "|") + (step.empty() ? step : inNamespace(step));
-    }
-    const NodePtr here = m_session.scene.findOrNull(path);
+    const NodePtr here = m_session.scene.findOrNull(pathHere(fileName));
     if (here && here->serial() >= m_firstSerial)
         return here;
     const NodePtr shared = m_session.scene.findOrNull(fileName);
     return shared && shared->shared ? shared : nullptr;
+}
+
+std::string SceneIntake::pathHere(const std::string& filePath) const
+{
+    std::string path;
+    std::size_t start = 0;
+    for (std::size_t end = 0; end != std::string::npos; start = end + 1) {
+        end = filePath.find('|', start);
+        const std::string step = filePath.substr(start, end - start);
+        path += (start == 0 ? "" : "|") + (step.empty() ? step : inNamespace(step));
+    }
+    return path;
 }
 
 /// Whether a path of the file, which may begin at the root or anywhere above the node, leads to it.

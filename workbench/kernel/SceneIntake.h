@@ -46,6 +46,8 @@ public:
     /// The name under which a node or plug of the file ("ball.tx") can be reached in the scene; the text itself when
     /// there is no such node.
     std::string nameHere(const std::string& nameOrPlug) const;
+    /// What a path of the file is in the scene, if the nodes it names get their names without a clash.
+    std::string pathHere(const std::string& filePath) const;
     const std::string& nameSpace() const { return m_naming.nameSpace; }
     /// A name of the file, or a namespace, as it is below the namespace that everything goes under.
     std::string inNamespace(const std::string& fileName) const;

@@ -223,9 +223,11 @@ std::string Scene::rename(Node& node, const std::string& name)
 void Scene::restoreNames(const std::vector<std::pair<NodePtr, std::string>>& names)
 {
     bool isChange = false;
-    for (const auto& entry : names) {
-        isChange = isChange || entry.first->m_name != entry.second;
-        giveName(*entry.first, entry.second);
+    for (auto entry = names.rbegin(); entry != names.rend(); ++entry) {
+        Node& node = *entry->first;
+        const std::string before = node.m_name;
+        giveName(node, freeName(entry->second, node, node.m_parent));
+        isChange = isChange || node.m_name != before;
     }
     if (isChange) {
         touch();

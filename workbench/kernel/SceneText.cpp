@@ -196,7 +196,7 @@ void addChange(const Node& node, const AttributeSpec& attribute, std::vector<Att
         changes.push_back({attribute.longName, changedFlags(node, attribute) + valueText(node, attribute)});
 }
 
-/// A compound whose children only changed in value is set as one.
+/// A compound whose children only changed in value is set as one, unless one of them is locked and would refuse that.
 void addCompoundChange(const Node& node, const AttributeSpec& attribute, std::vector<AttributeChange>& changes)
 {
     std::vector<AttributePtr> children;
@@ -205,7 +205,7 @@ void addCompoundChange(const Node& node, const AttributeSpec& attribute, std::ve
     const std::string flags = changedFlags(node, attribute);
     const std::string type = compoundType(children);
     const bool isSplit = type.empty() || std::any_of(children.begin(), children.end(), [&](const AttributePtr& child) {
-                             return !changedFlags(node, *child).empty();
+                             return node.flags(*child).locked || !changedFlags(node, *child).empty();
                          });
     std::string values;
     if (isSplit) {
@@ -243,7 +243,7 @@ std::string trimmedStatement(const std::string& statement)
 
 NodeHead headOf(const Scene& scene, const Node& node)
 {
-    const std::string parent = node.parent() ? scene.partialPath(*node.parent()) : std::string();
+    const std::string parent = node.parent() ? scene.partialPath(*node.parent()) : node.absentParent;
     return {node.typeName(), node.name(), parent, node.uid(), node.shared};
 }
 

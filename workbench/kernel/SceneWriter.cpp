@@ -30,13 +30,14 @@ SceneWriter::SceneWriter(Session& session, std::ostream& out, const std::string&
 
 void SceneWriter::write()
 {
-    refuseBinaryData();
+    const std::vector<NodePtr> nodes = nodesToWrite(m_scene);
+    refuseBinaryData(nodes);
     writeHead();
     writeReferences(m_out, m_scene, m_path);
     writeRequirements();
     m_out << "currentUnit -l centimeter -a degree -t " << timeUnitName(m_scene.timeUnit()) << ";\n";
     writeFileInfo();
-    for (const NodePtr& node : nodesToWrite(m_scene)) {
+    for (const NodePtr& node : nodes) {
         m_out << headText(headOf(m_scene, *node));
         writeAttributes(m_out, *node);
         writeEdits(m_out, m_scene, *node);
@@ -48,9 +49,9 @@ void SceneWriter::write()
     m_out << "// End of " << m_name << '\n';
 }
 
-void SceneWriter::refuseBinaryData() const
+void SceneWriter::refuseBinaryData(const std::vector<NodePtr>& nodes)
 {
-    for (const NodePtr& node : m_scene.nodes()) {
+    for (const NodePtr& node : nodes) {
         if (node->binaryType != 0)
             throw CommandError("The scene cannot be saved as mayaAscii: the data of '" + node->name() + "' (of type "
                                + node->typeName() + ") is known in binary form only, as its plug-in is not loaded. "

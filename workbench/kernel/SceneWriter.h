@@ -19,7 +19,7 @@ public:
 
 private:
     /// Throws for a node whose data no text can hold.
-    void refuseBinaryData() const;
+    static void refuseBinaryData(const std::vector<NodePtr>& nodes);
     void writeHead();
     void writeRequirements();
     void writeFileInfo();

@@ -26,7 +26,8 @@ using PartRead = std::function<void(std::string_view part)>;
 class SceneStatements {
 public:
     virtual ~SceneStatements() = default;
-    /// Runs whole statements as those of a text scene are run. False, and reported, when there was any error.
+    /// Runs whole statements as those of a text scene are run. False, and reported with the file's name, when there was
+    /// any error.
     virtual bool run(std::string_view text) = 0;
     /// The node that statements about attributes belong to; null when the last `createNode` or `select` failed.
     virtual std::shared_ptr<Node> node() const = 0;

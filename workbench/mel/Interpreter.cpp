@@ -200,7 +200,7 @@ ScriptResult Interpreter::executeBatchFile(const std::string& path)
 bool Interpreter::executeScene(std::string_view text, kernel::SceneIntake& intake, const kernel::PartRead& partRead)
 {
     const ReadingScene reading(*this);
-    return SceneReader(*this, text, intake.path(), intake, partRead).read();
+    return SceneReader(*this, text, intake, partRead).read();
 }
 
 std::unique_ptr<kernel::SceneStatements> Interpreter::beginScene(kernel::SceneIntake& intake)
@@ -210,7 +210,11 @@ std::unique_ptr<kernel::SceneStatements> Interpreter::beginScene(kernel::SceneIn
         Statements(Interpreter& interpreter, kernel::SceneIntake& intake)
             : m_interpreter(interpreter), m_intake(intake), m_reading(interpreter)
         {}
-        bool run(std::string_view text) override { return SceneReader(m_interpreter, text, {}, m_intake).read(); }
+        bool run(std::string_view text) override
+        {
+            const std::string place = m_intake.path().empty() ? std::string() : "file: " + m_intake.path() + ": ";
+            return SceneReader(m_interpreter, text, m_intake, place).read();
+        }
         std::shared_ptr<kernel::Node> node() const override { return m_interpreter.sceneNode(); }
 
     private:

@@ -2,6 +2,7 @@
 
 #include "kernel/ReferenceEdits.h"
 #include "kernel/References.h"
+#include "kernel/SceneSections.h"
 #include "kernel/Session.h"
 #include "mel/ArgumentParser.h"
 #include "mel/Evaluator.h"
@@ -11,6 +12,7 @@
 #include "mel/builtins/Quoting.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace mel {
 
@@ -20,9 +22,6 @@ using kernel::Value;
 using kernel::ValueList;
 
 namespace {
-
-// The writer puts these in itself, about the program that saves.
-const char* const kOwnFileInfo[] = {"application", "product", "version", "cutIdentifier", "osv"};
 
 /// Texts of more bytes are left in the file until they are asked for.
 constexpr std::size_t kLongText = 4096;
@@ -154,10 +153,16 @@ private:
     const Statement& m_statement;
 };
 
-SceneReader::SceneReader(Interpreter& interpreter, std::string_view text, const std::string& fileName,
-                         kernel::SceneIntake& intake, const kernel::PartRead& partRead)
-    : m_interpreter(interpreter), m_intake(intake), m_source(Source::borrowing(text, fileName)), m_tokens(text),
+SceneReader::SceneReader(Interpreter& interpreter, std::string_view text, kernel::SceneIntake& intake,
+                         const kernel::PartRead& partRead)
+    : m_interpreter(interpreter), m_intake(intake), m_source(Source::borrowing(text, intake.path())), m_tokens(text),
       m_partRead(partRead)
+{}
+
+SceneReader::SceneReader(Interpreter& interpreter, std::string_view text, kernel::SceneIntake& intake,
+                         std::string place)
+    : m_interpreter(interpreter), m_intake(intake), m_source(Source::borrowing(text, {})), m_tokens(text),
+      m_place(std::move(place))
 {}
 
 bool SceneReader::read()
@@ -310,7 +315,7 @@ void SceneReader::warn(const std::string& message, std::size_t at)
 
 std::string SceneReader::prefix(std::size_t at) const
 {
-    const std::string text = m_source.messagePrefix(at);
+    const std::string text = m_place + m_source.messagePrefix(at);
     if (m_partRead)
         m_partRead(m_source.text().substr(0, at));  // its lines were counted
     return text;
@@ -371,7 +376,9 @@ void SceneReader::keepFileInfo(const Statement& statement)
     if (statement.args.size() != 2)
         throw CommandError("Incorrect number of objects specified");
     const std::string key = kernel::toText(statement.args[0]);
-    const bool isOwn = std::find(std::begin(kOwnFileInfo), std::end(kOwnFileInfo), key) != std::end(kOwnFileInfo);
+    // What is said about the program that saves the writer puts in itself.
+    const bool isOwn = std::any_of(std::begin(kernel::kFileInfo), std::end(kernel::kFileInfo),
+                                   [&key](const char* const(&row)[2]) { return key == row[0]; });
     if (isOwn || !m_intake.setsUpScene())
         return;
     const std::string start = "fileInfo \"" + key + "\"";
@@ -457,6 +464,8 @@ void SceneReader::createNode(const Statement& statement)
     request.name = arguments.name;
     request.shared = arguments.shared;
     request.parent = parentOf(arguments, statement);
+    if (!request.parent)
+        request.absentParent = m_intake.pathHere(arguments.parent);
     if (!m_interpreter.session().nodeTypes.find(request.type)) {
         warn("Unknown object type: " + request.type + ". The node " + request.name + " is kept unread.",
              statement.begin);
@@ -471,7 +480,7 @@ NodePtr SceneReader::parentOf(const CreateNodeArguments& arguments, const Statem
     const NodePtr parent = m_intake.find(arguments.parent);
     if (!parent)
         report("No object matches name: " + arguments.parent, statement.begin);
-    else if (!parent->unknownType.empty())
+    else
         m_interpreter.session().scene.makeUnknownTransform(parent);  // only transforms have children
     return parent;
 }
@@ -564,22 +573,20 @@ void SceneReader::setReferenceNode(const Statement& statement, const std::string
         applyEdits(*reference, statement.begin);
 }
 
-/// Sets what can be set; that is then in the nodes, and the rest stays with the reference.
+/// Sets what can be set; that is then in the nodes, and the rest stays with the reference, what is refused included.
 void SceneReader::applyEdits(kernel::Reference& reference, std::size_t at)
 {
-    // Messages about the statements below shall name this line.
-    std::string statements(m_source.position(at).line - 1, '\n');
-    for (kernel::ReferenceEdits& section : reference.keptEdits) {
-        std::vector<ValueList>& edits = section.edits;
-        const auto kept = std::remove_if(edits.begin(), edits.end(), [&](const ValueList& edit) {
-            const std::string statement = settingStatement(edit);
-            statements += statement;
-            return !statement.empty();
-        });
-        edits.erase(kept, edits.end());
-    }
-    SceneReader reader(m_interpreter, statements, m_source.fileName(), m_intake);
-    m_ok = reader.read() && m_ok;
+    const std::string place = prefix(at);
+    const auto isSet = [&](const ValueList& edit) {
+        const std::string statement = settingStatement(edit);
+        if (statement.empty())
+            return false;
+        const bool isDone = SceneReader(m_interpreter, statement, m_intake, place).read();
+        m_ok = m_ok && isDone;
+        return isDone;
+    };
+    for (kernel::ReferenceEdits& section : reference.keptEdits)
+        section.edits.erase(std::remove_if(section.edits.begin(), section.edits.end(), isSet), section.edits.end());
 }
 
 /// The setAttr that a change of a reference is; empty for other changes and for those of what the file does not have.

@@ -22,10 +22,11 @@ struct CreateNodeArguments;
 /// Scenes with drawings hold strings of many megabytes: long ones stay in the text until their argument is asked for.
 class SceneReader {
 public:
-    /// text: must outlive the reader.
-    /// fileName: named in messages with the line; empty for a piece that is no file.
-    SceneReader(Interpreter& interpreter, std::string_view text, const std::string& fileName,
-                kernel::SceneIntake& intake, const kernel::PartRead& partRead = {});
+    /// Reads a whole file, which messages name with the line. text: must outlive the reader.
+    SceneReader(Interpreter& interpreter, std::string_view text, kernel::SceneIntake& intake,
+                const kernel::PartRead& partRead);
+    /// Reads statements that stand elsewhere. place: goes before every message.
+    SceneReader(Interpreter& interpreter, std::string_view text, kernel::SceneIntake& intake, std::string place);
     /// False when there was any error.
     bool read();
 
@@ -55,7 +56,7 @@ private:
     void skipToNextStatement(std::size_t from);
     void run(const Statement& statement);
     std::string verbatim(const Statement& statement) const;
-    /// File and line, for a message.
+    /// Where something stands, for a message.
     std::string prefix(std::size_t at) const;
     void report(const std::string& message, std::size_t at);
     void warn(const std::string& message, std::size_t at);
@@ -96,6 +97,7 @@ private:
     const Source m_source;
     TokenStream m_tokens;
     const kernel::PartRead m_partRead;
+    const std::string m_place;             ///< of a piece that has no lines
     mutable std::size_t m_unreported = 0;  ///< bytes read since the text's owner was told
     std::string m_absentNode;              ///< the statements so far about a default node that this host does not have
     std::set<std::string> m_addedAttributes;  ///< names, long and short, that the scene gave its current node itself

@@ -36,3 +36,23 @@ TEST_F(Duplicate, MakesNodesOfTheScenesOwn)
     EXPECT_EQ(error("duplicate time1"), "Cannot duplicate the node 'time1'.");
     EXPECT_EQ(error("select -cl; duplicate"), "No object was specified");
 }
+
+TEST_F(Duplicate, CopiesTheDeepestNesting)
+{
+    constexpr int kDepth = 100000;
+    kernel::Scene& scene = session.scene;
+    kernel::NodePtr last;
+    for (int i = 0; i < kDepth; ++i) {
+        const kernel::NodePtr next =
+            scene.makeNode(*session.nodeTypes.find("transform"), i == 0 ? "chain" : "n" + std::to_string(i));
+        scene.attach(next, last.get());
+        last = next;
+    }
+    const std::size_t before = scene.nodes().size();
+    ASSERT_TRUE(run("duplicate chain"));
+    EXPECT_EQ(scene.nodes().size(), before + kDepth);
+    run("undo");
+    EXPECT_EQ(scene.nodes().size(), before);
+    run("delete chain");
+    EXPECT_EQ(scene.nodes().size(), before - kDepth);
+}

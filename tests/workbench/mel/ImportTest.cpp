@@ -69,6 +69,25 @@ TEST_F(Import, GoesUnderANamespaceOfItsOwnUnlessMerged)
     EXPECT_EQ(eval("getAttr red:ball1.ty"), "7");
 }
 
+TEST_F(Import, TheRootNamespaceIsNone)
+{
+    write("a.ma", kBall);
+    run("createNode transform -n ball");
+    EXPECT_EQ(eval("file -import -namespace \":\" -returnNewNodes \"" + path("a.ma") + "\""), "a_ball ballShape");
+}
+
+TEST_F(Import, UndoOfWhatWasDoneBeforeLeavesEveryNodeANameOfItsOwn)
+{
+    write("a.ma", "createNode transform -n \"ball\";\n");
+    run("createNode transform -n ball");
+    run("rename ball globe");
+    ASSERT_TRUE(file("-import", "a.ma"));
+    run("undo");
+    EXPECT_EQ(eval("ls \"ball*\""), "ball1 ball");
+    run("redo");
+    EXPECT_EQ(eval("ls \"ball*\" globe"), "ball globe");
+}
+
 TEST_F(Import, LeavesWhatIsTheScenesOwnAlone)
 {
     write("a.ma", "requires \"absentPlugin\" \"1.0\";\ncurrentUnit -l centimeter -a degree -t pal;\n"

@@ -1,7 +1,11 @@
 #include "kernel/References.h"
+#include "kernel/SceneFile.h"
 #include "workbench/mel/SceneFolder.h"
 
+#include <stdexcept>
+
 using testing::AllOf;
+using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -130,6 +134,25 @@ TEST_F(ReferencedFile, AWrongChangeIsReportedWhereItStands)
     EXPECT_THAT(errors, ElementsAre(HasSubstr("shot.ma line 4: setAttr: Error reading data element number 1: word")));
 }
 
+TEST_F(ReferencedFile, AChangeThatIsRefusedIsWrittenBack)
+{
+    write("fixed.ma", "createNode transform -n \"house\";\n\tsetAttr -l on \".tx\" 5;\n");
+    write("shot.ma", "file -r -ns \"set\" -rfn \"setRN\" \"fixed.ma\";\ncreateNode reference -n \"setRN\";\n"
+                     "\tsetAttr \".ed\" -type \"dataReferenceEdits\" \"setRN\" \"setRN\" 2\n"
+                     "\t\t2 \"|set:house\" \"translateX\" \" 8\"\n"
+                     "\t\t2 \"|set:house\" \"translateZ\" \" 7\";\n");
+    std::string name = "shot.ma";
+    for (const char* next : {"again.ma", "third.ma"}) {
+        errors.clear();
+        reopen(name);
+        EXPECT_THAT(errors, ElementsAre(HasSubstr("'set:house.translateX' is locked")));
+        EXPECT_EQ(eval("getAttr set:house.t"), "5 0 7");
+        saveAs(name = next);
+        EXPECT_THAT(content(name), HasSubstr("\"setRN\" 2\n\t\t2 \"|set:house\" \"translateX\" \" 8\"\n"
+                                             "\t\t2 \"|set:house\" \"translateZ\" \" 7\";"));
+    }
+}
+
 TEST_F(ReferencedFile, NestedReferencesJoinTheirNamespaces)
 {
     write("props/chair.ma", "createNode transform -n \"seat\";\n");
@@ -189,6 +212,74 @@ TEST_F(ReferencedFile, AFileInsideItselfIsRefused)
     EXPECT_EQ(eval("ls -referencedNodes"), "a:bRN a:b:inB a:inA");
 }
 
+TEST_F(ReferencedFile, AFileInsideItselfByWayOfALinkIsRefused)
+{
+    std::filesystem::create_directory_symlink(".", path("link"));
+    write("a.ma", "file -r -ns \"a\" -rfn \"aRN\" \"link/a.ma\";\n");
+    write("b.ma", "file -r -ns \"b\" -rfn \"bRN\" \"link/c.ma\";\n");
+    write("c.ma", "file -r -ns \"c\" -rfn \"cRN\" \"link/b.ma\";\n");
+    ASSERT_TRUE(file("-open", "a.ma"));
+    EXPECT_THAT(errors, ElementsAre(HasSubstr("link/a.ma\" cannot be referenced inside itself.")));
+    run("file -force -new");
+    errors.clear();
+    ASSERT_TRUE(file("-reference", "b.ma"));
+    EXPECT_THAT(errors, ElementsAre(HasSubstr("link/link/b.ma\" cannot be referenced inside itself.")));
+}
+
+TEST_F(ReferencedFile, AFileThatLiesTooDeepInOthersIsRefused)
+{
+    constexpr int kFiles = 150;
+    for (int i = 0; i < kFiles; ++i)
+        write(std::to_string(i) + ".ma", "file -r -ns \"n\" -rfn \"nRN\" \"" + std::to_string(i + 1) + ".ma\";\n");
+    write(std::to_string(kFiles) + ".ma", "createNode transform -n \"last\";\n");
+    ASSERT_TRUE(file("-open", "0.ma"));
+    EXPECT_THAT(errors, ElementsAre(HasSubstr("100.ma line 2: The file \"" + path("101.ma")
+                                              + "\" lies more than 100 references deep.")));
+    EXPECT_EQ(eval("size(`ls -references`)"), "100") << "the rest is there";
+}
+
+TEST_F(ReferencedFile, IsNotWrittenOver)
+{
+    write("room.ma", "file -r -ns \"set\" -rfn \"setRN\" \"set.ma\";\n");
+    file("-reference", "room.ma");
+    const std::string before = content("set.ma");
+    std::filesystem::create_symlink("set.ma", path("link.ma"));
+    run("createNode transform -n own");
+    for (const char* name : {"room.ma", "set.ma", "link.ma"}) {
+        ASSERT_TRUE(file("-rename", name));
+        EXPECT_EQ(error("file -save -type \"mayaAscii\""),
+                  "The file \"" + path(name) + "\" is referenced by the scene, which cannot take its place.");
+    }
+    EXPECT_EQ(content("set.ma"), before);
+    EXPECT_TRUE(session.scene.isModified());
+    saveAs("shot.ma");
+    saveAs("shot.ma");
+}
+
+TEST_F(ReferencedFile, LeavesNothingBehindWhenItsReadingBreaksOff)
+{
+    write("room.ma", "file -r -ns \"set\" -rfn \"setRN\" \"set.ma\";\ncreateNode transform -n \"table\";\n"
+                     "requires \"broken\" \"1.0\";\n");
+    const auto before = session.scene.nodes();
+    session.commands.add("loadPlugin",
+                         [](const kernel::ValueList&) -> kernel::Value { throw std::runtime_error("broken module"); });
+    kernel::ReferenceRequest request;
+    request.file = path("room.ma");
+    EXPECT_THROW(kernel::createReference(session, request), std::runtime_error);
+    EXPECT_EQ(session.scene.nodes(), before);
+    EXPECT_THAT(session.scene.references, IsEmpty());
+}
+
+TEST_F(ReferencedFile, CanLieInTheRootNamespace)
+{
+    run("createNode transform -n house");
+    EXPECT_EQ(eval("file -reference -namespace \":\" -returnNewNodes \"" + path("set.ma") + "\""), "house1 houseShape");
+    EXPECT_EQ(eval("ls -references"), "setRN");
+    EXPECT_EQ(eval("namespace -exists \"_\""), "0");
+    saveAs("shot.ma");
+    EXPECT_THAT(linesWith("shot.ma", "file -r"), Each(HasSubstr(" -ns \":\" -rfn \"setRN\" ")));
+}
+
 TEST_F(ReferencedFile, AMissingFileKeepsItsReferenceAndChanges)
 {
     const std::string shot = "file -r -ns \"gone\" -rfn \"goneRN\" -op \"v=0;\" \"gone.ma\";\n"
@@ -221,6 +312,64 @@ TEST_F(ReferencedFile, ADeferredReferenceStaysUnreadUntilLoaded)
     EXPECT_EQ(eval("file -q -modified"), "1");
 }
 
+TEST_F(ReferencedFile, ChangesThatAreWrongWhenLoadedAreReportedWithoutALine)
+{
+    write("shot.ma", "file -r -ns \"set\" -dr 1 -rfn \"setRN\" \"set.ma\";\ncreateNode reference -n \"setRN\";\n"
+                     "\tsetAttr \".ed\" -type \"dataReferenceEdits\" \"setRN\" \"setRN\" 1\n"
+                     "\t\t2 \"|set:house\" \"translateX\" \" word\";\n");
+    reopen("shot.ma");
+    EXPECT_TRUE(run("file -loadReference \"setRN\""));
+    EXPECT_THAT(errors,
+                ElementsAre("file: " + path("shot.ma") + ": setAttr: Error reading data element number 1: word"));
+}
+
+TEST_F(ReferencedFile, ANodeBelowOneThatIsNotLoadedKeepsItsParent)
+{
+    write("shot.ma", "file -r -ns \"set\" -dr 1 -rfn \"setRN\" \"set.ma\";\ncreateNode reference -n \"setRN\";\n"
+                     "createNode transform -n \"below\" -p \"set:house\";\n"
+                     "createNode locator -n \"mark\" -p \"|set:house\";\n"
+                     "createNode mystery -n \"odd\" -p \"set:house\";\n"
+                     "createNode transform -n \"moved\" -p \"set:house\";\n"
+                     "createNode transform -n \"freed\" -p \"set:house\";\n"
+                     "createNode transform -n \"own\";\n");
+    reopen("shot.ma");
+    EXPECT_EQ(eval("listRelatives -parent below"), "");
+    run("parent moved own; parent -world freed");
+    run("parent below own");
+    run("undo");
+    const auto expectParents = [&](const std::string& name) {
+        EXPECT_THAT(content(name), AllOf(HasSubstr("createNode transform -n \"below\" -p \"set:house\";"),
+                                         HasSubstr("createNode transform -n \"locator1\" -p \"|set:house\";"),
+                                         HasSubstr("createNode locator -n \"mark\" -p \"locator1\";"),
+                                         HasSubstr("createNode mystery -n \"odd\" -p \"set:house\";")));
+        EXPECT_THAT(content(name), AllOf(HasSubstr("createNode transform -n \"moved\" -p \"own\";"),
+                                         HasSubstr("createNode transform -n \"freed\";")));
+    };
+    saveAs("again.ma");
+    expectParents("again.ma");
+    kernel::saveScene(session, path("again.mb"), kernel::SceneFileType::Binary);
+    reopen("again.mb");
+    saveAs("third.ma");
+    expectParents("third.ma");
+
+    ASSERT_TRUE(run("file -loadReference \"setRN\""));
+    EXPECT_EQ(eval("listRelatives set:house"), "set:houseShape below locator1 odd");
+    EXPECT_EQ(eval("listRelatives -parent mark"), "locator1");
+    run("parent -world below");
+    saveAs("third.ma");
+    EXPECT_THAT(content("third.ma"), HasSubstr("createNode transform -n \"below\";"));
+}
+
+TEST_F(ReferencedFile, ANodeOfAnImportedFileFindsItsParentUnderTheNewName)
+{
+    write("room.ma", "file -r -ns \"set\" -dr 1 -rfn \"setRN\" \"set.ma\";\n"
+                     "createNode transform -n \"below\" -p \"|set:house\";\n");
+    run("createNode transform -n \"set:taken\"");
+    file("-import", "room.ma");
+    ASSERT_TRUE(run("file -loadReference \"setRN\"")) << errors.back();
+    EXPECT_EQ(eval("listRelatives -parent below"), "set1:house");
+}
+
 TEST_F(ReferencedFile, ARelativePathIsFoundFromWhereverTheSceneIsSaved)
 {
     write("shots/shot.ma", "file -r -ns \"set\" -rfn \"setRN\" \"../set.ma\";\n");
@@ -249,6 +398,33 @@ TEST_F(ReferencedFile, GoesWithAllItsNodesWhenRemoved)
     EXPECT_TRUE(session.scene.isModified());
     EXPECT_EQ(error("file -removeReference \"" + path("set.ma") + "\""),
               "No reference matches name: " + path("set.ma"));
+}
+
+TEST_F(ReferencedFile, TheScenesOwnNodesStayInPlaceWhenRemoved)
+{
+    write("turned.ma", "createNode transform -n \"house\";\n\tsetAttr \".t\" -type \"double3\" 5 0 0 ;\n"
+                       "\tsetAttr \".rz\" 90;\n\tsetAttr \".s\" -type \"double3\" 2 2 2 ;\n");
+    file("-reference -namespace \"set\"", "turned.ma");
+    run("createNode transform -n below -p \"set:house\"; setAttr below.t 1 2 3; setAttr below.ro 4; setAttr below.ry "
+        "30;"
+        "setAttr below.rp 7 0 1; setAttr below.sp 0 4 0; setAttr below.sh 0.5 0 1; setAttr below.ra 5 6 7;"
+        "createNode locator -n mark -p \"set:house\"; setAttr mark.lpx 4");
+    const auto corners = [&](const std::string& name) {
+        const kernel::Matrix4 world = session.scene.findOne(name)->worldMatrix();
+        std::vector<double> found;
+        for (const kernel::Vector3& corner : {kernel::Vector3{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}}) {
+            const kernel::Vector3 point = kernel::transformPoint(corner, world);
+            found.insert(found.end(), {point.x, point.y, point.z});
+        }
+        return found;
+    };
+    const auto below = corners("below");
+    const auto mark = corners("mark");
+    run("file -removeReference -referenceNode \"setRN\"");
+    EXPECT_THAT(corners("below"), testing::Pointwise(testing::DoubleNear(1e-9), below));
+    EXPECT_THAT(corners("mark"), testing::Pointwise(testing::DoubleNear(1e-9), mark));
+    EXPECT_EQ(eval("ls -long mark"), "|locator1|mark");
+    EXPECT_EQ(eval("getAttr mark.lpx"), "4");
 }
 
 TEST_F(ReferencedFile, TimesAreReadInTheFilesUnit)
