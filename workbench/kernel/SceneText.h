@@ -20,8 +20,8 @@ std::string trimmedStatement(const std::string& statement);
 struct NodeHead {
     std::string type;
     std::string name;
-    std::string
-        parent;  ///< shortest path, or the name of an absent one; empty for a node of the world and outside the DAG
+    /// Shortest path, or the name of an absent one; empty for a node of the world and outside the DAG.
+    std::string parent;
     std::string uid;  ///< empty: a fresh one
     bool shared = false;
 };
