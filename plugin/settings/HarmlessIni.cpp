@@ -7,7 +7,7 @@ namespace {
 constexpr int kEnd = -1;
 constexpr char kObjects[] = "@Variant(";
 constexpr char kDates[] = "@DateTime(";
-constexpr int kColourType[] = {0, 0, 0, 0x43};
+constexpr int kColour = 0x43;
 
 bool isBlank(char c)
 {
@@ -98,23 +98,18 @@ private:
     int m_at;
 };
 
-bool isColour(ValueText text)
-{
-    for (const int code : kColourType) {
-        if (text.next() != code) {
-            return false;
-        }
-    }
-    return true;
-}
-
 bool isObject(const QByteArray& text, int at)
 {
     ValueText object(text, at);
-    return object.take(kObjects) ? !isColour(object) : ValueText(text, at).take(kDates);
+    if (!object.take(kObjects)) {
+        return ValueText(text, at).take(kDates);
+    }
+    // The number of its type, four bytes, follows; in all there are few types. Letters are a text's.
+    const bool isType = object.next() == 0 && object.next() == 0;
+    return isType && !(object.next() == 0 && object.next() == kColour);
 }
 
-// Where a value may begin; some of these places lie within one, which does no harm.
+// Where a value may begin. Some of these places lie within a text, where what looks like an object gets the sign, too.
 bool beginsValue(const QByteArray& text, int at)
 {
     return at > 0 && (text[at - 1] == '=' || text[at - 1] == ',');

@@ -53,7 +53,7 @@ TEST_F(HarmlessIniTest, WhatIsNoSuchObjectStaysAsItIs)
     const QByteArray texts[] = {
         "",
         "@Variant(",
-        "[g]\nkey=a @Variant(b)\nother=@@Variant(c)\n",
+        "[g]\nkey=a @Variant(b)\nother=@@Variant(c)\nthird=\"a,@Variant(d), x=@Variant(e)\"\n",
         "[g]\ncolour=@Variant(\\0\\0\\0\\x43\\x1\\xff\\xff\\0\\0\\xff\\xff\\xff\\xff\\0\\0)\n",
         "[g]\nbytes=@ByteArray(\\x1\\xd9=\\xd0,\\xcb\\0)\nrect=@Rect(1 2 3 4)\nnothing=@Invalid()\n",
         "[g]\nkey=\\x40\nlast=\\",

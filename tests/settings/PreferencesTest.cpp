@@ -292,7 +292,7 @@ TEST_F(PreferencesTest, ALargeDamagedValueCostsNoOther)
 {
     Preferences saved;
     saved.setActiveColor(QColor(1, 2, 3));
-    saved.setMainMenuName(QString(10 << 20, QChar('x')) + " @Variant(y)");
+    saved.setMainMenuName(QString(10 << 20, QChar('x')) + ", x=@Variant(y), @Variant(z)");
     ASSERT_TRUE(saved.saveTo(path()));
     Preferences loaded;
     loaded.loadFrom(path());
