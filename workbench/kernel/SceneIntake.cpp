@@ -176,6 +176,14 @@ void SceneIntake::adopt(const std::string& fileName, const NodePtr& node)
     remember(fileName, node);
 }
 
+bool SceneIntake::hasRenamed() const
+{
+    return std::any_of(m_nodes.begin(), m_nodes.end(), [this](const NodePtr& node) {
+        const auto known = m_fileNames.find(node.get());
+        return known != m_fileNames.end() && known->second != node->name();
+    });
+}
+
 void SceneIntake::mapNamespace(const std::string& fileNamespace, const std::string& here)
 {
     m_namespaces[fileNamespace] = here;
