@@ -491,6 +491,30 @@ TEST_F(ReferencedFile, NoNodeWaitsForAParentInOneThatIsRemoved)
     EXPECT_EQ(eval("listRelatives -parent waiting"), "set2:house");
 }
 
+TEST_F(ReferencedFile, NodesBelowOneThatMissesItsParentFindIt)
+{
+    write("shot.ma", "file -r -ns \"set\" -dr 1 -rfn \"setRN\" \"set.ma\";\n"
+                     "createNode transform -n \"box\";\n"
+                     "createNode transform -n \"box\" -p \"|set:house\";\n"
+                     "createNode transform -n \"inner\" -p \"set:house|box\";\n"
+                     "createNode transform -n \"other\" -p \"|set:house|box\";\n"
+                     "createNode transform -n \"atRoot\" -p \"|box\";\n"
+                     "select -ne \"|set:house|box\";\n\tsetAttr \".tx\" 4;\n"
+                     "select -ne \"|box\";\n\tsetAttr \".tx\" 2;\n");
+    for (const char* how : {"-force -open", "-force -import -namespace \"in\""}) {
+        SCOPED_TRACE(how);
+        run("file -force -new");
+        errors.clear();
+        ASSERT_TRUE(file(how, "shot.ma"));
+        EXPECT_THAT(errors, ElementsAre(HasSubstr("line 4: No object matches name: |set:house")));
+        const std::string start = std::string(how).find("import") == std::string::npos ? "" : "in:";
+        EXPECT_EQ(eval("listRelatives " + start + "box1"), start + "inner " + start + "other");
+        EXPECT_EQ(eval("listRelatives " + start + "box"), start + "atRoot");
+        EXPECT_EQ(eval("getAttr " + start + "box1.tx"), "4");
+        EXPECT_EQ(eval("getAttr " + start + "box.tx"), "2");
+    }
+}
+
 TEST_F(ReferencedFile, TimesAreReadInTheFilesUnit)
 {
     write("pal.ma", "currentUnit -t pal;\ncreateNode renderGlobals -n \"rg\";\n\tsetAttr \".fs\" 25;\n");
