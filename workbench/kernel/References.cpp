@@ -134,20 +134,38 @@ void bringToTop(Session& session, const NodePtr& node)
     scene.setParent(node, transform.get());
 }
 
-void detachNodes(Session& session, const Reference& reference)
+void bringOwnToTop(Session& session, const Reference& reference)
 {
     for (const auto& inner : reference.inner)
-        detachNodes(session, *inner);
-    for (auto node = reference.nodes.rbegin(); node != reference.nodes.rend(); ++node) {
-        const std::vector<NodePtr> children = (*node)->children();
+        bringOwnToTop(session, *inner);
+    for (const NodePtr& node : reference.nodes) {
+        const std::vector<NodePtr> children = node->children();
         for (const NodePtr& child : children) {
             if (!child->referenced)
                 bringToTop(session, child);
-            else if (child->type().isTransform())
-                session.scene.setParent(child, nullptr);
         }
-        session.scene.detach(*node);
     }
+}
+
+void detachReferenced(Scene& scene, const Reference& reference)
+{
+    for (const auto& inner : reference.inner)
+        detachReferenced(scene, *inner);
+    for (auto node = reference.nodes.rbegin(); node != reference.nodes.rend(); ++node) {
+        const std::vector<NodePtr> children = (*node)->children();
+        for (const NodePtr& child : children) {
+            if (child->type().isTransform())
+                scene.setParent(child, nullptr);
+        }
+        scene.detach(*node);
+    }
+}
+
+/// The scene's own nodes leave first: a place in the world needs every node above it, of whichever reference.
+void detachNodes(Session& session, const Reference& reference)
+{
+    bringOwnToTop(session, reference);
+    detachReferenced(session.scene, reference);
 }
 
 /// What has been read of a file goes again.
@@ -172,6 +190,10 @@ void readFile(Session& session, Reference& reference)
         intake.setReference(&reference);
         try {
             addToScene(session, content, intake);
+            // Only a namespace keeps such nodes apart from the scene's when it is read again.
+            if (reference.nameSpace.empty() && intake.hasRenamed())
+                throw CommandError("The file \"" + reference.path
+                                   + "\" has names that the scene has already; give it a namespace.");
         } catch (...) {
             takeBack(session, reference, intake.nodes());
             throw;
@@ -193,6 +215,26 @@ void findParents(Scene& scene, unsigned long long firstSerial)
         scene.makeUnknownTransform(parent);
         if (parent->type().isTransform())
             scene.setParent(node, parent.get());
+    }
+}
+
+/// Reads a reference into a scene that is already open. What could be undone before would not know of its nodes.
+void readIntoScene(Session& session, Reference& reference)
+{
+    const unsigned long long firstSerial = session.scene.nextSerial();
+    readFile(session, reference);
+    findParents(session.scene, firstSerial);
+    session.undo.flush();
+}
+
+/// No node waits any longer for a parent in a namespace.
+void forgetParents(const Scene& scene, const std::string& nameSpace)
+{
+    const std::string start = nameSpace + ':';
+    for (const NodePtr& node : scene.nodes()) {
+        const std::size_t first = std::min(node->absentParent.find_first_not_of("|:"), node->absentParent.size());
+        if (node->absentParent.compare(first, start.size(), start) == 0)
+            node->absentParent.clear();
     }
 }
 
@@ -270,7 +312,7 @@ Reference& createReference(Session& session, ReferenceRequest request)
     reference.node->unknownStatements.push_back("lockNode -l 1 ;");
     try {
         if (!reference.isDeferred)
-            readFile(session, reference);
+            readIntoScene(session, reference);
     } catch (...) {
         dropReference(session, reference);
         throw;
@@ -314,10 +356,8 @@ void loadReference(Session& session, Reference& reference)
 {
     if (reference.isLoaded)
         return;
-    const unsigned long long firstSerial = session.scene.nextSerial();
-    readFile(session, reference);
+    readIntoScene(session, reference);
     reference.isDeferred = false;
-    findParents(session.scene, firstSerial);
     // What was kept for its nodes is read as it would have been with the scene.
     std::ostringstream statements;
     statements << "select -ne " << quotedText(reference.node->name()) << ";\n";
@@ -332,6 +372,8 @@ void removeReference(Session& session, Reference& reference)
     if (reference.outer)
         throw CommandError("Only the file that makes a reference can remove it: " + reference.name());
     session.undo.flush();
+    if (!reference.nameSpace.empty())
+        forgetParents(session.scene, reference.nameSpace);
     dropReference(session, reference);
     session.scene.setModified();
 }

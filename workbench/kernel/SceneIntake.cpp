@@ -27,6 +27,14 @@ std::string prefixed(const std::string& name, const std::string& prefix)
     return result.insert(name.rfind(':') + 1, prefix + '_');
 }
 
+/// Whether the end of a path, or all of it, is the other; a bar at the start of either does not count.
+bool endsWithPath(const std::string& path, const std::string& end)
+{
+    const std::string steps = end.substr(0, 1) == "|" ? end : '|' + end;
+    const std::string whole = path.substr(0, 1) == "|" ? path : '|' + path;
+    return whole.size() >= steps.size() && whole.compare(whole.size() - steps.size(), steps.size(), steps) == 0;
+}
+
 }  // namespace
 
 SceneIntake::SceneIntake(Session& session, Purpose purpose, std::string path, Naming naming)
@@ -147,6 +155,8 @@ bool SceneIntake::isNameInFile(const Node& node, const std::string& fileName) co
             return false;
         if (bar == std::string::npos)
             return true;
+        if (!step->absentParent.empty())
+            return bar > 0 && endsWithPath(step->absentParent, pathHere(fileName.substr(0, bar)));
         step = step->parent();
         if (bar == 0)
             return !step;
@@ -174,6 +184,14 @@ void SceneIntake::adopt(const std::string& fileName, const NodePtr& node)
 {
     m_nodes.push_back(node);
     remember(fileName, node);
+}
+
+bool SceneIntake::hasRenamed() const
+{
+    return std::any_of(m_nodes.begin(), m_nodes.end(), [this](const NodePtr& node) {
+        const auto known = m_fileNames.find(node.get());
+        return known != m_fileNames.end() && known->second != node->name();
+    });
 }
 
 void SceneIntake::mapNamespace(const std::string& fileNamespace, const std::string& here)

@@ -67,6 +67,8 @@ public:
 
     /// The nodes made for the file, in order, those of files it references itself not included.
     const std::vector<NodePtr>& nodes() const { return m_nodes; }
+    /// Whether one of them has another name in the scene than in the file.
+    bool hasRenamed() const;
 
 private:
     NodePtr existing(const NodeRequest& request) const;

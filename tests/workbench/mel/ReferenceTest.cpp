@@ -5,7 +5,6 @@
 #include <stdexcept>
 
 using testing::AllOf;
-using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -272,12 +271,35 @@ TEST_F(ReferencedFile, LeavesNothingBehindWhenItsReadingBreaksOff)
 
 TEST_F(ReferencedFile, CanLieInTheRootNamespace)
 {
-    run("createNode transform -n house");
-    EXPECT_EQ(eval("file -reference -namespace \":\" -returnNewNodes \"" + path("set.ma") + "\""), "house1 houseShape");
+    EXPECT_EQ(eval("file -reference -namespace \":\" -returnNewNodes \"" + path("set.ma") + "\""), "house houseShape");
     EXPECT_EQ(eval("ls -references"), "setRN");
     EXPECT_EQ(eval("namespace -exists \"_\""), "0");
     saveAs("shot.ma");
-    EXPECT_THAT(linesWith("shot.ma", "file -r"), Each(HasSubstr(" -ns \":\" -rfn \"setRN\" ")));
+    const auto statement = HasSubstr(" -ns \":\" -rfn \"setRN\" ");
+    EXPECT_THAT(linesWith("shot.ma", "file -r"), ElementsAre(statement, statement));
+}
+
+TEST_F(ReferencedFile, ItsNamesInTheRootMustBeFree)
+{
+    const std::string message =
+        "The file \"" + path("set.ma") + "\" has names that the scene has already; give it a namespace.";
+    run("createNode transform -n house");
+    EXPECT_EQ(error("file -reference -namespace \":\" \"" + path("set.ma") + "\""), message);
+    EXPECT_EQ(eval("ls \"house*\""), "house");
+    EXPECT_THAT(session.scene.references, IsEmpty());
+
+    write("shot.ma", "file -r -ns \":\" -dr 1 -rfn \"setRN\" \"set.ma\";\ncreateNode transform -n \"house\";\n");
+    reopen("shot.ma");
+    EXPECT_EQ(error("file -loadReference \"setRN\""), message);
+    saveAs("again.ma");
+    EXPECT_THAT(linesWith("again.ma", "file -r "), ElementsAre(HasSubstr("-ns \":\" -dr 1")));
+
+    write("twice.ma", "file -r -ns \":\" -rfn \"aRN\" \"set.ma\";\nfile -r -ns \":\" -rfn \"bRN\" \"set.ma\";\n");
+    warnings.clear();
+    reopen("twice.ma");
+    EXPECT_THAT(warnings, ElementsAre(HasSubstr(message)));
+    EXPECT_EQ(eval("ls -references"), "aRN bRN");
+    EXPECT_EQ(eval("ls -referencedNodes"), "house houseShape");
 }
 
 TEST_F(ReferencedFile, AMissingFileKeepsItsReferenceAndChanges)
@@ -425,6 +447,72 @@ TEST_F(ReferencedFile, TheScenesOwnNodesStayInPlaceWhenRemoved)
     EXPECT_THAT(corners("mark"), testing::Pointwise(testing::DoubleNear(1e-9), mark));
     EXPECT_EQ(eval("ls -long mark"), "|locator1|mark");
     EXPECT_EQ(eval("getAttr mark.lpx"), "4");
+}
+
+TEST_F(ReferencedFile, TheScenesOwnNodesStayInPlaceWhenItHoldsOthers)
+{
+    write("room.ma", "file -r -ns \"set\" -rfn \"setRN\" \"set.ma\";\n"
+                     "createNode transform -n \"table\" -p \"set:house\";\n\tsetAttr \".ty\" 3;\n");
+    file("-reference -namespace \"room\"", "room.ma");
+    run("createNode transform -n below -p \"room:table\"; setAttr below.tz 1");
+    run("file -removeReference -referenceNode \"roomRN\"");
+    EXPECT_EQ(eval("ls -long below"), "|below");
+    EXPECT_EQ(eval("getAttr below.t"), "5 3 1");
+}
+
+TEST_F(ReferencedFile, WhatWasDoneBeforeItsReadingCannotBeUndone)
+{
+    write("shot.ma", "file -r -ns \"set\" -dr 1 -rfn \"setRN\" \"set.ma\";\n"
+                     "createNode transform -n \"below\" -p \"set:house\";\n");
+    reopen("shot.ma");
+    run("createNode transform -n own; parent below own");
+    EXPECT_THAT(error("file -reference \"" + path("gone.ma") + "\""), HasSubstr("File not found"));
+    EXPECT_TRUE(session.undo.canUndo());
+    run("file -loadReference \"setRN\"");
+    EXPECT_FALSE(session.undo.canUndo());
+    run("setAttr below.tx 1");
+    file("-reference", "set.ma");
+    EXPECT_FALSE(session.undo.canUndo());
+}
+
+TEST_F(ReferencedFile, NoNodeWaitsForAParentInOneThatIsRemoved)
+{
+    write("shot.ma", "file -r -ns \"set\" -dr 1 -rfn \"setRN\" \"set.ma\";\n"
+                     "createNode transform -n \"below\" -p \"|set:house\";\n"
+                     "createNode transform -n \"waiting\" -p \"set2:house\";\n");
+    reopen("shot.ma");
+    run("file -removeReference -referenceNode \"setRN\"");
+    file("-reference -namespace \"set\"", "set.ma");
+    EXPECT_EQ(eval("ls -long below waiting"), "|below |waiting");
+    saveAs("again.ma");
+    EXPECT_THAT(content("again.ma"), AllOf(HasSubstr("createNode transform -n \"below\";"),
+                                           HasSubstr("createNode transform -n \"waiting\" -p \"set2:house\";")));
+    file("-reference -namespace \"set2\"", "set.ma");
+    EXPECT_EQ(eval("listRelatives -parent waiting"), "set2:house");
+}
+
+TEST_F(ReferencedFile, NodesBelowOneThatMissesItsParentFindIt)
+{
+    write("shot.ma", "file -r -ns \"set\" -dr 1 -rfn \"setRN\" \"set.ma\";\n"
+                     "createNode transform -n \"box\";\n"
+                     "createNode transform -n \"box\" -p \"|set:house\";\n"
+                     "createNode transform -n \"inner\" -p \"set:house|box\";\n"
+                     "createNode transform -n \"other\" -p \"|set:house|box\";\n"
+                     "createNode transform -n \"atRoot\" -p \"|box\";\n"
+                     "select -ne \"|set:house|box\";\n\tsetAttr \".tx\" 4;\n"
+                     "select -ne \"|box\";\n\tsetAttr \".tx\" 2;\n");
+    for (const char* how : {"-force -open", "-force -import -namespace \"in\""}) {
+        SCOPED_TRACE(how);
+        run("file -force -new");
+        errors.clear();
+        ASSERT_TRUE(file(how, "shot.ma"));
+        EXPECT_THAT(errors, ElementsAre(HasSubstr("line 4: No object matches name: |set:house")));
+        const std::string start = std::string(how).find("import") == std::string::npos ? "" : "in:";
+        EXPECT_EQ(eval("listRelatives " + start + "box1"), start + "inner " + start + "other");
+        EXPECT_EQ(eval("listRelatives " + start + "box"), start + "atRoot");
+        EXPECT_EQ(eval("getAttr " + start + "box1.tx"), "4");
+        EXPECT_EQ(eval("getAttr " + start + "box.tx"), "2");
+    }
 }
 
 TEST_F(ReferencedFile, TimesAreReadInTheFilesUnit)
