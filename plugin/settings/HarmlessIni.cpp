@@ -1,5 +1,7 @@
 #include "settings/HarmlessIni.h"
 
+#include <QStringList>
+
 #include <cstring>
 
 namespace {
@@ -7,7 +9,11 @@ namespace {
 constexpr int kEnd = -1;
 constexpr char kObjects[] = "@Variant(";
 constexpr char kDates[] = "@DateTime(";
-constexpr int kColour = 0x43;
+constexpr int kColourType[] = {0, 0, 0, 0x43};
+
+// No character of any text. A value that begins with it is a text.
+constexpr ushort kMark = 0xfdd0;
+constexpr char kMarkAsEscape[] = "\\xfdd0";
 
 bool isBlank(char c)
 {
@@ -104,12 +110,15 @@ bool isObject(const QByteArray& text, int at)
     if (!object.take(kObjects)) {
         return ValueText(text, at).take(kDates);
     }
-    // The number of its type, four bytes, follows; in all there are few types. Letters are a text's.
-    const bool isType = object.next() == 0 && object.next() == 0;
-    return isType && !(object.next() == 0 && object.next() == kColour);
+    for (const int code : kColourType) {
+        if (object.next() != code) {
+            return true;
+        }
+    }
+    return false;
 }
 
-// Where a value may begin. Some of these places lie within a text, where what looks like an object gets the sign, too.
+// Where a value may begin; some of these places lie within one.
 bool beginsValue(const QByteArray& text, int at)
 {
     return at > 0 && (text[at - 1] == '=' || text[at - 1] == ',');
@@ -130,9 +139,18 @@ QByteArray harmlessIni(const QByteArray& text)
             ++start;
         }
         if (isObject(text, start)) {
-            result += text.mid(copied, start - copied) + '@';  // two of them stand for the character
+            result += text.mid(copied, start - copied) + kMarkAsEscape;
             copied = start;
         }
     }
     return copied == 0 ? text : result + text.mid(copied);
+}
+
+QVariant withoutMarks(const QVariant& value)
+{
+    const QString mark = QChar(kMark);
+    if (value.type() == QVariant::StringList) {
+        return value.toStringList().replaceInStrings(mark, QString());
+    }
+    return value.type() == QVariant::String ? QVariant(value.toString().remove(mark)) : value;
 }

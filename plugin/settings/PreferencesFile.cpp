@@ -66,7 +66,7 @@ void Preferences::loadFrom(const QString& filePath)
     for (const PreferenceRow& row : rows()) {
         const QString key = path(row);
         if (file.contains(key)) {
-            row.accept(*this, file.value(key));
+            row.accept(*this, withoutMarks(file.value(key)));
         } else if (row.takesDefaultWhenMissing()) {
             row.setToDefault(*this);
         }
