@@ -11,9 +11,9 @@ constexpr char kObjects[] = "@Variant(";
 constexpr char kDates[] = "@DateTime(";
 constexpr int kColourType[] = {0, 0, 0, 0x43};
 
-// No character of any text. A value that begins with it is a text.
-constexpr ushort kMark = 0xfdd0;
-constexpr char kMarkAsEscape[] = "\\xfdd0";
+// What neither a text nor a geometry holds. A value that begins with it is a text.
+constexpr char kMark[] = "\x1\x2\x3\x1\x2\x3";
+constexpr char kMarkAsEscapes[] = "\\x1\\x2\\x3\\x1\\x2\\x3";
 
 bool isBlank(char c)
 {
@@ -139,7 +139,7 @@ QByteArray harmlessIni(const QByteArray& text)
             ++start;
         }
         if (isObject(text, start)) {
-            result += text.mid(copied, start - copied) + kMarkAsEscape;
+            result += text.mid(copied, start - copied) + kMarkAsEscapes;
             copied = start;
         }
     }
@@ -148,9 +148,11 @@ QByteArray harmlessIni(const QByteArray& text)
 
 QVariant withoutMarks(const QVariant& value)
 {
-    const QString mark = QChar(kMark);
-    if (value.type() == QVariant::StringList) {
-        return value.toStringList().replaceInStrings(mark, QString());
+    const QString mark = QString::fromLatin1(kMark);
+    switch (value.type()) {
+    case QVariant::String: return value.toString().remove(mark);
+    case QVariant::StringList: return value.toStringList().replaceInStrings(mark, QString());
+    case QVariant::ByteArray: return value.toByteArray().replace(kMark, QByteArray());
+    default: return value;
     }
-    return value.type() == QVariant::String ? QVariant(value.toString().remove(mark)) : value;
 }

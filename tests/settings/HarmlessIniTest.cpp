@@ -49,6 +49,8 @@ TEST_F(HarmlessIniTest, ObjectsBecomeTextHoweverTheyAreSpelled)
     EXPECT_EQ(list.toStringList(), (QStringList{"one", "@Variant(x)"}));
     const QByteArray within("[g]\nkey=\"a,@Variant(\\0\\0\\0\\t), x=@Variant(e)\"\n");
     EXPECT_EQ(withoutMarks(read(harmlessIni(within), "g/key")), read(within, "g/key"));
+    const QByteArray bytes("[g]\nkey=\"@ByteArray(=@Variant(\\0\\0\\0\\t)\"\n");
+    EXPECT_EQ(withoutMarks(read(harmlessIni(bytes), "g/key")), read(bytes, "g/key"));
 }
 
 TEST_F(HarmlessIniTest, WhatIsNoSuchObjectStaysAsItIs)
