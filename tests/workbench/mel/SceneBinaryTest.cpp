@@ -2,6 +2,7 @@
 #include "kernel/ChunkWriter.h"
 #include "kernel/SceneBinaryReader.h"
 #include "kernel/SceneFile.h"
+#include "workbench/mel/ModuleType.h"
 #include "workbench/mel/ScriptHost.h"
 
 #include <gmock/gmock.h>
@@ -51,29 +52,12 @@ public:
 
 void addModule(kernel::Session& session)
 {
-    kernel::DataType data;
-    data.name = "blobData";
-    data.id = 77;
-    data.make = [] { return std::make_shared<Blob>(); };
-    data.plugin = "blobber";
-    session.dataTypes.add(data);
-    kernel::NodeType type;
-    type.name = "blob";
-    type.base = session.nodeTypes.find("locator");
-    type.role = kernel::NodeRole::Locator;
-    type.id = 0x11a887;
-    type.plugin = "blobber";
-    type.pluginVersion = "1.4";
-    const auto attribute = std::make_shared<kernel::AttributeSpec>();
-    attribute->longName = "content";
-    attribute->shortName = "ct";
-    attribute->kind = kernel::ValueKind::Custom;
-    attribute->customType = "blobData";
     const auto depth = std::make_shared<kernel::AttributeSpec>();
     depth->longName = "depth";
     depth->shortName = "dp";
-    type.attributes = {attribute, depth};
-    session.nodeTypes.add(type);
+    addModuleType(session,
+                  {"blob", 0x11a887, "blobber", "content", "ct", "blobData", [] { return std::make_shared<Blob>(); }},
+                  {depth});
 }
 
 /// A host with the module or without it.

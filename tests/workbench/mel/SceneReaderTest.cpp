@@ -1,5 +1,6 @@
 #include "kernel/SceneFile.h"
 #include "kernel/SceneIntake.h"
+#include "workbench/mel/ModuleType.h"
 #include "workbench/mel/ScriptHost.h"
 
 #include <gtest/gtest.h>
@@ -51,27 +52,8 @@ std::function<void()> WobbleData::onRead;
 
 void addWobble(kernel::Session& session)
 {
-    kernel::DataType data;
-    data.name = "wobbleData";
-    data.id = 77;
-    data.make = [] { return std::make_shared<WobbleData>(); };
-    data.plugin = "wobblePlugin";
-    session.dataTypes.add(data);
-
-    kernel::NodeType type;
-    type.name = "wobble";
-    type.base = session.nodeTypes.find("locator");
-    type.role = kernel::NodeRole::Locator;
-    type.id = 78;
-    type.plugin = "wobblePlugin";
-    type.pluginVersion = "1.4";
-    const auto attribute = std::make_shared<kernel::AttributeSpec>();
-    attribute->longName = "wobbles";
-    attribute->shortName = "wb";
-    attribute->kind = kernel::ValueKind::Custom;
-    attribute->customType = "wobbleData";
-    type.attributes.push_back(attribute);
-    session.nodeTypes.add(type);
+    addModuleType(session, {"wobble", 78, "wobblePlugin", "wobbles", "wb", "wobbleData",
+                            [] { return std::make_shared<WobbleData>(); }});
 }
 
 const WobbleData* wobblesOf(ScriptHost& host, const std::string& node)
