@@ -43,8 +43,6 @@ public:
 
     std::vector<api::View*> views() const override { return {&m_persp, &m_top}; }
     api::View* activeView() const override { return m_active; }
-    QWidget* mainWindow() const override { return nullptr; }
-    QWidget* findControl(const std::string&) const override { return nullptr; }
 
     TestView& persp() { return m_persp; }
     TestView& top() { return m_top; }

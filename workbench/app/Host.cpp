@@ -36,7 +36,8 @@ std::string preparedFolder(const std::string& wanted)
 
 }  // namespace
 
-Host::Host(const HostOptions& options) : m_session(std::make_unique<kernel::Session>())
+Host::Host(const HostOptions& options)
+    : m_session(std::make_unique<kernel::Session>()), m_ui(std::make_unique<ui::UiObjects>(*m_session))
 {
     m_session->batch = options.batch;
     m_session->prefsDir = preparedFolder(options.prefsDir);

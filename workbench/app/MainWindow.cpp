@@ -63,8 +63,7 @@ QString stepText(const QString& verb, const std::string& name)
 MainWindow::MainWindow(Host& host) : m_host(host), m_session(host.session())
 {
     s_window = this;
-    setObjectName("MayaWindow");
-    m_session.script().setGlobalString("gMainWindow", "MayaWindow");
+    m_host.ui().setMainWindow(this);
     m_files = new FileActions(m_session, this, [this](const std::string& text) { return runAction(text); });
     buildViews();
     buildLines();
@@ -96,7 +95,7 @@ MainWindow::~MainWindow()
 
 void MainWindow::buildViews()
 {
-    m_viewports = std::make_unique<view::Viewports>(m_session, this);
+    m_viewports = std::make_unique<view::Viewports>(m_session);
     m_splitter = new QSplitter(Qt::Horizontal);
     m_splitter->setChildrenCollapsible(false);
     m_splitter->setHandleWidth(4);
@@ -123,8 +122,10 @@ void MainWindow::buildLines()
     m_help->setContentsMargins(6, 0, 6, 0);  // in line with the text of the field below
     m_help->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     m_time = new TimeField(m_session, run);
-    m_time->setObjectName("timeControl1");
-    m_session.script().setGlobalString("gPlayBackSlider", "timeControl1");
+    ui::UiObjects& ui = m_host.ui();
+    const ui::UiObject& slider =
+        ui.add(ui::Kind::Control, "timeControl", "timeControl1", ui.mainWindowObject(), m_time);
+    m_session.script().setGlobalString("gPlayBackSlider", ui::UiObjects::path(slider));
 
     auto* const whole = new QWidget;
     auto* const layout = new QGridLayout(whole);
