@@ -68,7 +68,7 @@ MainWindow::MainWindow(Host& host) : m_host(host), m_session(host.session())
     buildViews();
     buildLines();
     buildMenus();
-    m_commands = std::make_unique<WindowCommands>(m_session, *this);
+    m_commands = std::make_unique<WindowCommands>(m_session, *this, m_host.ui());
     m_ports = std::make_unique<CommandPorts>(m_session);
     m_idle = std::make_unique<IdleRunner>(m_session);
     listen();

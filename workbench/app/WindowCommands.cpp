@@ -5,8 +5,11 @@
 #include "view/Viewport.h"
 #include "view/Viewports.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCursor>
+#include <QMenu>
+#include <QMenuBar>
 #include <QTabletEvent>
 
 namespace app {
@@ -15,15 +18,50 @@ using kernel::ArgType;
 using kernel::CommandError;
 using kernel::Value;
 
-WindowCommands::WindowCommands(kernel::Session& session, MainWindow& window) : m_session(session), m_window(window)
+namespace {
+
+/// Where a named object is on the screen, in device-independent pixels; empty for what is not to be seen.
+QRect screenRect(const ui::UiObject& object)
+{
+    if (const auto* action = qobject_cast<const QAction*>(object.object)) {
+        for (const QWidget* shownIn : action->associatedWidgets()) {
+            const auto* const menu = qobject_cast<const QMenu*>(shownIn);
+            if (menu && menu->isVisible()) {
+                const QRect rect = menu->actionGeometry(const_cast<QAction*>(action));
+                return QRect(menu->mapToGlobal(rect.topLeft()), rect.size());
+            }
+        }
+        return QRect();
+    }
+    if (const auto* menu = qobject_cast<const QMenu*>(object.object)) {
+        for (const QWidget* shownIn : menu->menuAction()->associatedWidgets()) {
+            const auto* const bar = qobject_cast<const QMenuBar*>(shownIn);
+            if (bar && bar->isVisible()) {
+                const QRect rect = bar->actionGeometry(menu->menuAction());
+                return QRect(bar->mapToGlobal(rect.topLeft()), rect.size());
+            }
+        }
+        return QRect();
+    }
+    const QWidget* const widget = object.widget();
+    return widget && widget->isVisible() ? QRect(widget->mapToGlobal(QPoint()), widget->size()) : QRect();
+}
+
+}  // namespace
+
+WindowCommands::WindowCommands(kernel::Session& session, MainWindow& window, const ui::UiObjects& ui)
+    : m_session(session), m_window(window), m_ui(ui)
 {
     m_session.commands.add("workbenchView", [this](const kernel::ValueList& args) { return workbenchView(args); });
+    m_session.commands.add("workbenchControl",
+                           [this](const kernel::ValueList& args) { return workbenchControl(args); });
     m_session.commands.add("workbenchPen", [this](const kernel::ValueList& args) { return workbenchPen(args); });
 }
 
 WindowCommands::~WindowCommands()
 {
     m_session.commands.remove("workbenchView");
+    m_session.commands.remove("workbenchControl");
     m_session.commands.remove("workbenchPen");
 }
 
@@ -73,6 +111,22 @@ Value WindowCommands::workbenchView(const kernel::ValueList& args)
         }
     }
     return {};
+}
+
+Value WindowCommands::workbenchControl(const kernel::ValueList& args)
+{
+    kernel::Syntax syntax;
+    syntax.enableQuery();
+    syntax.addFlag("sr", "screenRect");
+    syntax.setObjects(kernel::Syntax::Objects::Strings, 1, 1);
+    const kernel::ParsedArgs parsed = kernel::parsedOrThrow(syntax, args);
+    if (!parsed.query || !parsed.has("screenRect")) {
+        throw CommandError("workbenchControl: -screenRect can be queried");
+    }
+    const QRect rect = screenRect(m_ui.get("workbenchControl", kernel::toText(parsed.objects.front())));
+    const double ratio = m_window.devicePixelRatioF();
+    const QPoint corner = rect.topLeft() * ratio;
+    return kernel::IntArray{corner.x(), corner.y(), int(rect.width() * ratio), int(rect.height() * ratio)};
 }
 
 Value WindowCommands::workbenchPen(const kernel::ValueList& args)
