@@ -41,6 +41,7 @@ constexpr Template kSceneCameras = {"ls -cameras", false, false};
 constexpr char kLayerCreated[] = " -la %1";
 constexpr char kFrameCreated[] = " -fa";
 constexpr char kUseDrawTool[] = "%1 -draw";
+constexpr char kUseTransformTool[] = "%1 -transform";
 constexpr char kNewLayerDialog[] = "%1 -newLayer";
 constexpr char kRefreshLayerManager[] = "%1 -rlm";
 constexpr char kRefreshGhosts[] = "%1 -rg";
@@ -152,6 +153,11 @@ bool setActiveLayer(const QString& camera, int index)
 bool switchToDrawToolDeferred()
 {
     return runDeferred(utilCommand(kUseDrawTool));
+}
+
+bool switchToTransformToolDeferred()
+{
+    return runDeferred(utilCommand(kUseTransformTool));
 }
 
 bool openNewLayerDialogDeferred()

@@ -41,6 +41,7 @@ bool setActiveLayer(const QString& camera, int index);
 // Tools, panels and menus ---------------------------------------------------------------------------------------------
 
 bool switchToDrawToolDeferred();
+bool switchToTransformToolDeferred();
 bool openNewLayerDialogDeferred();
 bool refreshLayerManagerDeferred();
 
