@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/Frame.h"
 #include "node/ViewportMetrics.h"
 
 // Before the host's view headers, which may bring the window system's macros (None, Bool, CursorShape).
@@ -78,6 +79,9 @@ public:
     /// Takes back what drawingTarget made for a stroke that came to nothing. frame: the one it was to go to.
     void withdrawDrawingTarget(const FrameAddress& frame, int newLayerIndex, bool frameCreated);
 
+    /// What was copied last: packed frames, their times counted from the start of the span they were copied from.
+    std::vector<std::unique_ptr<Frame>>& frameClipboard() { return m_frameClipboard; }
+
     // Where it is shown ---------------------------------------------------------------------------------------------
 
     /// Works out where a view of this camera and size (pixels) shows the canvas, and shows the current frames.
@@ -114,4 +118,5 @@ private:
     ViewportMetrics m_toolMetrics;
     double m_toolPixelRatio = 1.0;  ///< port pixels for each pixel of the tool view's widget
     int m_frameNumber = 0;
+    std::vector<std::unique_ptr<Frame>> m_frameClipboard;
 };
