@@ -5,6 +5,8 @@
 #include "settings/ScriptTemplates.h"
 
 #include <QFile>
+#include <QHash>
+#include <QRegularExpression>
 
 namespace script {
 
@@ -15,8 +17,7 @@ const char kResource[] = ":/scripts/Lumisketch.mel";
 // Whether there is a menu that wants to be told of changes.
 bool s_hasMenu = false;
 
-/// What stands in the script for each name, in the order of replacement.
-std::vector<std::pair<const char*, QString>> placeholders()
+QHash<QString, QString> placeholders()
 {
     return {
         {"{MAIN_MENU_NAME}", escaped(Preferences::instance().mainMenuName())},
@@ -37,20 +38,20 @@ std::vector<std::pair<const char*, QString>> placeholders()
     };
 }
 
-/// One pass from front to back: what is filled in, the user's menu name above all, is not looked at again.
-QString replaced(const QString& script)
+/// In one pass: what is filled in, the user's menu name above all, is not looked at again.
+QString withoutPlaceholders(const QString& script)
 {
-    const auto rows = placeholders();
+    const QHash<QString, QString> values = placeholders();
+    const QRegularExpression placeholder("\\{[A-Z_]+\\}");
     QString result;
-    for (int i = 0; i < script.size();) {
-        const QStringRef rest = script.midRef(i);
-        const auto row = std::find_if(rows.begin(), rows.end(), [&](const std::pair<const char*, QString>& candidate) {
-            return rest.startsWith(QLatin1String(candidate.first));
-        });
-        result += row == rows.end() ? QString(script[i]) : row->second;
-        i += row == rows.end() ? 1 : static_cast<int>(qstrlen(row->first));
+    int end = 0;
+    for (QRegularExpressionMatchIterator matches = placeholder.globalMatch(script); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        result += script.midRef(end, match.capturedStart() - end);
+        result += values.value(match.captured(), match.captured());
+        end = match.capturedEnd();
     }
-    return result;
+    return result + script.midRef(end);
 }
 
 }  // namespace
@@ -61,7 +62,7 @@ bool sourceMenuScript()
     if (!file.open(QIODevice::ReadOnly)) {
         return false;
     }
-    return run(templates::kSourceText, {replaced(QString::fromLatin1(file.readAll()))});
+    return run(templates::kSourceText, {withoutPlaceholders(QString::fromLatin1(file.readAll()))});
 }
 
 bool createMainMenu()

@@ -195,6 +195,11 @@ bool setCurrentTool(const QString& contextName)
     return run(templates::kSetTool, {word(contextName)});
 }
 
+bool setSelectTool()
+{
+    return run(templates::kSetSelectTool);
+}
+
 bool setToolOptions(ToolType tool, const ToolOptions& options)
 {
     return runRow(templates::kToolOptions, tool,

@@ -71,6 +71,10 @@ bool switchToTransformToolDeferred();
 /// Makes a tool context current; false for an unknown one.
 bool setCurrentTool(const QString& contextName);
 bool contextExists(const QString& contextName);
+/// What kind of tool is current; ours are of the classes that their commands are named by.
+QString currentToolClass();
+/// Makes the host's own selection tool current.
+bool setSelectTool();
 
 /// All that the options of any tool hold; each tool takes those it has.
 struct ToolOptions {

@@ -18,6 +18,13 @@ bool isTrue(const Template& row, const QStringList& values = QStringList())
     return ask(row, answer, values) && answer != 0;
 }
 
+/// Empty when the host has no answer.
+QString text(const Template& row, const QStringList& values = QStringList())
+{
+    MString answer;
+    return ask(row, answer, values) ? toQString(answer) : QString();
+}
+
 }  // namespace
 
 bool isBatch()
@@ -36,6 +43,11 @@ bool contextExists(const QString& contextName)
     return isTrue(templates::kContextExists, {word(contextName)});
 }
 
+QString currentToolClass()
+{
+    return text(templates::kContextClass, {word(text(templates::kCurrentContext))});
+}
+
 QColor colourOfSlider(const QString& slider)
 {
     MDoubleArray rgb;
@@ -47,18 +59,16 @@ QColor colourOfSlider(const QString& slider)
 
 QString userPrefDir()
 {
-    MString folder;
-    return ask(templates::kUserPrefDir, folder) ? toQString(folder) : QString();
+    return text(templates::kUserPrefDir);
 }
 
 QString timeControlName()
 {
-    MString name;
-    if (!ask(templates::kTimeControlName, name) || name.length() == 0) {
-        messages::error(QString("Failed to get time control name"));
-        return QString();
+    const QString name = text(templates::kTimeControlName);
+    if (name.isEmpty()) {
+        messages::error("Failed to get time control name");
     }
-    return toQString(name);
+    return name;
 }
 
 FrameSpan highlightedSpan()

@@ -39,8 +39,9 @@ protected:
 TEST_F(PluginMainTest, RegistersCommandsToolsDataNodeAndDrawing)
 {
     ASSERT_TRUE(load());
-    EXPECT_THAT(api::commandsOf(kName), ElementsAre("tqLumisketchNode", "tqLumisketchStroke"));
-    EXPECT_THAT(api::contextCommandsOf(kName), ElementsAre("tqLmDrawCtx"));
+    EXPECT_THAT(api::commandsOf(kName), ElementsAre("tqLumisketchNode", "tqLumisketchLayer", "tqLumisketchFrame",
+                                                    "tqLumisketchStroke", "tqLumisketchUtil"));
+    EXPECT_THAT(api::contextCommandsOf(kName), ElementsAre("tqLmDrawCtx", "tqLmTransformCtx"));
     EXPECT_THAT(api::drawOverridesOf(kName), ElementsAre("drawdb/geometry/tqLumisketch"));
     const kernel::NodeType* type = session().nodeTypes.find(names::kNodeType);
     ASSERT_NE(type, nullptr);
