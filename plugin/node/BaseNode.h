@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/Frame.h"
 #include "node/RegionOutline.h"
 #include "node/ViewportMetrics.h"
 
@@ -82,6 +83,9 @@ public:
     /// The camera has an active layer, and the user may change its drawings. False, and reported, when not.
     bool canEditActiveLayer(const QString& camera) const;
 
+    /// What was copied last: packed frames, their times counted from the start of the span they were copied from.
+    std::vector<std::unique_ptr<Frame>>& frameClipboard() { return m_frameClipboard; }
+
     // Where it is shown ---------------------------------------------------------------------------------------------
 
     /// Works out where a view of this camera and size (pixels) shows the canvas, and shows the current frames.
@@ -127,5 +131,6 @@ private:
     ViewportMetrics m_toolMetrics;
     double m_toolPixelRatio = 1.0;  ///< port pixels for each pixel of the tool view's widget
     int m_frameNumber = 0;
+    std::vector<std::unique_ptr<Frame>> m_frameClipboard;
     RegionOutline m_regionOutline;
 };
