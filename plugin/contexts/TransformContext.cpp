@@ -35,7 +35,7 @@ QString activeCamera()
 
 }  // namespace
 
-TransformContext::TransformContext() : m_anchor()
+TransformContext::TransformContext() : m_inputHandler(*this), m_anchor()
 {
     setTitleString("Transform Context");
     setImage(":/icons/transform_context_01.png", MPxContext::kImage1);
@@ -47,12 +47,14 @@ void TransformContext::toolOnSetup(MEvent&)
     revert();
     reset();
     m_failed = false;
+    m_inputHandler.setUp();
 }
 
 void TransformContext::toolOffCleanup()
 {
     revert();
     reset();
+    m_inputHandler.cleanUp();
 }
 
 void TransformContext::getClassName(MString& name) const
@@ -98,6 +100,7 @@ MStatus TransformContext::doPress(MEvent& event)
     if (m_failed) {
         return MStatus::kSuccess;
     }
+    m_inputHandler.watchActiveView();
     const QPoint position = positionOf(event);
     if (m_state == State::Transforming) {
         pressTransforming(event, position);
@@ -187,12 +190,9 @@ MStatus TransformContext::doRelease(MEvent& event, MHWRender::MUIDrawManager&, c
 
 void TransformContext::completeAction()
 {
-    if (m_failed) {
-        return;
-    }
     if (m_state == State::Selecting) {
-        start();
-    } else {
+        start(Taking());
+    } else if (!m_failed) {
         apply();
     }
 }
@@ -215,7 +215,7 @@ void TransformContext::abortAction()
 
 // False, and the tool is done for, when the camera has nothing that may be transformed. Without a drawing node nothing
 // happens.
-bool TransformContext::begin()
+bool TransformContext::begin(bool pasting)
 {
     MStatus status;
     M3dView view = M3dView::active3dView(&status);
@@ -227,42 +227,51 @@ bool TransformContext::begin()
     reset();
     m_node = master->thisMObject();
     m_camera = activeCamera();
-    m_failed = !takeAim(*master, *drawing);
+    m_failed = !(pasting ? aimAtPasteTarget(*master, *drawing) : aimAtSelection(*master, *drawing));
     return !m_failed;
 }
 
-bool TransformContext::takeAim(BaseNode& node, LayerManager& manager)
+bool TransformContext::aimAtSelection(BaseNode& node, LayerManager& manager)
 {
-    if (!node.canEditActiveLayer(m_camera)) {
+    const bool canEdit = node.canEditActiveLayer(m_camera);
+    if (canEdit) {
+        aimAtActiveLayer(manager);
+    }
+    return canEdit;
+}
+
+bool TransformContext::aimAtPasteTarget(BaseNode& node, LayerManager& manager)
+{
+    int createdLayer = -1;
+    if (!node.drawingTarget(m_camera, createdLayer, m_frameCreated)) {
         return false;
     }
-    m_frameNumber = currentFrameNumber();
-    m_layerIndex = manager.activeLayerIndex(m_camera);
-    if (manager.currentCamera() != m_camera) {
-        manager.setActiveLayer(m_camera, m_layerIndex, true);
-    }
+    m_layerCreated = createdLayer >= 0;
+    aimAtActiveLayer(manager);
     return true;
 }
 
-void TransformContext::start()
+void TransformContext::aimAtActiveLayer(LayerManager& manager)
 {
-    if (m_camera.isEmpty() && !begin()) {
-        return;
+    m_frameNumber = currentFrameNumber();
+    if (manager.currentCamera() != m_camera) {
+        manager.setActiveLayer(m_camera, manager.activeLayerIndex(m_camera), true);
+    }
+}
+
+bool TransformContext::start(const Taking& taking)
+{
+    if (m_failed || isTransforming() || (m_camera.isEmpty() && !begin())) {
+        return false;
     }
     BaseNode* const target = node();
     const std::shared_ptr<LayerManager> drawing = manager();
     if (!drawing) {
-        return;
+        return false;
     }
-    // Time, layer and camera may have changed since the region was selected.
-    m_failed = !takeAim(*target, *drawing);
-    if (m_failed || !floatRegion(*target, *drawing, selectedRegion(*target))) {
-        return;
-    }
-    m_drag = Drag::None;
-    m_state = State::Transforming;
-    showHelp();
-    refresh(*target);
+    // The time and the layer may have changed since the region was selected.
+    m_failed = !aimAtSelection(*target, *drawing);
+    return !m_failed && floatRegion(selectedRegion(*target), taking);
 }
 
 QRect TransformContext::selectedRegion(const BaseNode& node) const
@@ -274,27 +283,40 @@ QRect TransformContext::selectedRegion(const BaseNode& node) const
 }
 
 // False when no frame is shown, so that there is nothing to take the region from.
-bool TransformContext::floatRegion(BaseNode& node, LayerManager& manager, const QRect& region)
+bool TransformContext::floatRegion(const QRect& region, const Taking& taking)
 {
-    manager.dropStroke();  // of a tool that is no longer in use
-    ActiveStroke* const stroke = manager.beginStroke(m_camera, true);
-    if (!stroke || manager.strokeFrame(m_camera).layerIndex < 0) {
-        manager.dropStroke();
+    BaseNode& target = *node();
+    LayerManager& drawing = *manager();
+    drawing.dropStroke();  // of a tool that is no longer in use
+    ActiveStroke* const stroke = drawing.beginStroke(m_camera, true);
+    if (!stroke || drawing.strokeFrame(m_camera).layerIndex < 0) {
+        drawing.dropStroke();
         return false;
     }
     stroke->tool = ToolType::Transform;
     stroke->region = region;
     stroke->takeRegion = true;
-    fillRecord(*stroke, m_transform);
-    manager.advanceStroke(m_camera);
-    m_span = {node.canvasToPort(region.topLeft()), node.canvasToPort(region.bottomRight() + QPoint(1, 1))};
+    stroke->clearOnly = taking.clear;
+    stroke->keepCut = taking.keep;
+    stroke->pasteAsIs = taking.pasting;
+    drawing.advanceStroke(m_camera);
+    stroke->pasteAsIs = false;  // from here on what is pasted is turned and scaled like any region
+    if (taking.keep) {
+        m_clipboard = region;
+    }
+    m_span = {target.canvasToPort(region.topLeft()), target.canvasToPort(region.bottomRight() + QPoint(1, 1))};
+    m_drag = Drag::None;
+    m_state = State::Transforming;
+    showHelp();
+    refresh(target);
     return true;
 }
 
 void TransformContext::apply()
 {
-    const bool applied = record() && isWhereItBegan() && script::commitStroke(m_camera, -1, false);
-    if (!applied) {
+    const bool canApply = record() && isWhereItBegan();
+    const int createdLayer = canApply && m_layerCreated ? manager()->strokeFrame(m_camera).layerIndex : -1;
+    if (!canApply || !script::commitStroke(m_camera, createdLayer, m_frameCreated)) {
         revert();
     }
     restart();
@@ -311,10 +333,11 @@ void TransformContext::revert()
     if (!drawing) {
         return;
     }
-    m_layerIndex = drawing->strokeFrame(m_camera).layerIndex;  // where the layer is by now
+    const FrameAddress frame = drawing->strokeFrame(m_camera);  // where the layer is by now
     drawing->dropStroke();
-    if (drawing->isValidLayer(m_camera, m_layerIndex) && drawing->activeLayerIndex(m_camera) != m_layerIndex) {
-        drawing->setActiveLayer(m_camera, m_layerIndex, false);
+    node()->withdrawDrawingTarget(frame, m_layerCreated ? frame.layerIndex : -1, m_frameCreated);
+    if (!m_layerCreated && frame.layerIndex >= 0 && drawing->activeLayerIndex(m_camera) != frame.layerIndex) {
+        drawing->setActiveLayer(m_camera, frame.layerIndex, false);
     }
     node()->redrawActiveView();
 }
@@ -329,6 +352,8 @@ void TransformContext::reset()
     m_drag = Drag::None;
     m_node = MObject();
     m_camera.clear();
+    m_layerCreated = false;
+    m_frameCreated = false;
     m_span = ViewSpan();
     m_transform = RegionTransform();
     showHelp();
@@ -339,6 +364,60 @@ void TransformContext::restart()
 {
     reset();
     script::switchToTransformToolDeferred();
+}
+
+// The menu ------------------------------------------------------------------------------------------------------------
+
+bool TransformContext::canPaste() const
+{
+    const BaseNode* const master = m_clipboard.isValid() ? BaseNode::masterNode() : nullptr;
+    const std::shared_ptr<LayerManager> drawing = master ? master->layerManager() : nullptr;
+    return drawing && drawing->holdsCut();
+}
+
+void TransformContext::transform(bool keepSource)
+{
+    start({false, keepSource, false});
+}
+
+void TransformContext::flipHorizontal()
+{
+    flip(&RegionTransform::flipHorizontal);
+}
+
+void TransformContext::flipVertical()
+{
+    flip(&RegionTransform::flipVertical);
+}
+
+void TransformContext::flip(bool RegionTransform::*direction)
+{
+    if (!m_failed && record()) {
+        m_transform.*direction = !(m_transform.*direction);
+        refresh(*node());
+    }
+}
+
+void TransformContext::cut()
+{
+    if (start({true, true, false})) {
+        apply();
+    }
+}
+
+void TransformContext::copy()
+{
+    if (start({false, true, false})) {
+        deleteAction();
+    }
+}
+
+bool TransformContext::paste(const QPoint& position)
+{
+    if (m_failed || isTransforming() || !canPaste() || !begin(true)) {
+        return false;
+    }
+    return floatRegion(QRect(node()->viewToCanvas(position), m_clipboard.size()), {false, false, true});
 }
 
 // Display -------------------------------------------------------------------------------------------------------------

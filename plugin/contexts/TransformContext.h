@@ -1,5 +1,6 @@
 #pragma once
 
+#include "contexts/TransformContextInputHandler.h"
 #include "contexts/TransformGeometry.h"
 #include "model/LayerManager.h"
 
@@ -33,16 +34,38 @@ public:
     void completeAction() override;  ///< floats what is selected; then puts it down
     void abortAction() override;     ///< takes the transform back and goes on to the draw tool
 
+    // The menu's actions; each does nothing where the menu does not offer it.
+    bool isTransforming() const { return m_state == State::Transforming; }
+    bool canPaste() const;
+    void transform(bool keepSource);  ///< floats what is selected; keepSource: a copy of it
+    void flipHorizontal();
+    void flipVertical();
+    void cut();
+    void copy();
+    /// Floats what was cut or copied last, its upper left corner at a point of the active view's widget (y pointing
+    /// up). False when it cannot.
+    bool paste(const QPoint& position);
+
 private:
     enum class State { Selecting, Transforming };
     enum class Drag { None, Select, Translate, Rotate, Scale };
 
-    bool begin();
-    bool takeAim(BaseNode& node, LayerManager& manager);
-    void start();
+    /// What becomes of the region when it starts to float.
+    struct Taking {
+        bool clear;    ///< it is emptied, and nothing floats
+        bool keep;     ///< a copy is kept for pasting, and unless it is cleared the source stays
+        bool pasting;  ///< the kept copy floats, and the source stays
+    };
+
+    bool begin(bool pasting = false);
+    bool aimAtSelection(BaseNode& node, LayerManager& manager);
+    bool aimAtPasteTarget(BaseNode& node, LayerManager& manager);
+    void aimAtActiveLayer(LayerManager& manager);
+    bool start(const Taking& taking);
     QRect selectedRegion(const BaseNode& node) const;
-    bool floatRegion(BaseNode& node, LayerManager& manager, const QRect& region);
+    bool floatRegion(const QRect& region, const Taking& taking);
     void apply();
+    void flip(bool RegionTransform::*direction);
     bool isWhereItBegan() const;
     void revert();
     void reset();
@@ -60,12 +83,15 @@ private:
     ActiveStroke* record() const;  // of the transform; null when it is gone
 
     State m_state = State::Selecting;
+    TransformContextInputHandler m_inputHandler;
     bool m_failed = false;                               // nothing more is begun until the tool is set up again
     MHWRender::MUIDrawManager* m_drawManager = nullptr;  // during an event in Viewport 2.0
     MObjectHandle m_node;
-    QString m_camera;       // empty until something begins
-    int m_frameNumber = 0;  // the scene's when it began
-    int m_layerIndex = -1;  // the active layer's
+    QString m_camera;             // empty until something begins
+    int m_frameNumber = 0;        // the scene's when it began
+    bool m_layerCreated = false;  // for what is pasted
+    bool m_frameCreated = false;
+    QRect m_clipboard;  // the region kept last, canvas pixels
 
     Drag m_drag = Drag::None;
     DragAnchor m_anchor;
