@@ -130,12 +130,12 @@ void TransformContextInputHandler::TransformCopy()
 
 void TransformContextInputHandler::FlipHorizontal()
 {
-    m_tool.flipHorizontal();
+    m_tool.flip(&RegionTransform::flipHorizontal);
 }
 
 void TransformContextInputHandler::FlipVertical()
 {
-    m_tool.flipVertical();
+    m_tool.flip(&RegionTransform::flipVertical);
 }
 
 void TransformContextInputHandler::Cut()
