@@ -8,6 +8,7 @@
 #include <maya/MAnimControl.h>
 
 #include <algorithm>
+#include <utility>
 
 using api::report;
 
@@ -71,6 +72,14 @@ const kernel::Value* optionVar(const MString& name, bool* exists)
     if (exists)
         *exists = there;
     return there ? &found->second : nullptr;
+}
+
+bool setOptionVar(const MString& name, kernel::Value value)
+{
+    const std::string variable = api::toKernel(name);
+    session().optionVars[variable] = std::move(value);
+    session().tellOptionVarChanged(variable);
+    return true;
 }
 
 std::string quoted(const std::string& text)
@@ -270,20 +279,17 @@ bool MGlobal::optionVarExists(const MString& name)
 
 bool MGlobal::setOptionVarValue(const MString& name, int value)
 {
-    session().optionVars[api::toKernel(name)] = value;
-    return true;
+    return setOptionVar(name, value);
 }
 
 bool MGlobal::setOptionVarValue(const MString& name, double value)
 {
-    session().optionVars[api::toKernel(name)] = value;
-    return true;
+    return setOptionVar(name, value);
 }
 
 bool MGlobal::setOptionVarValue(const MString& name, MString value)
 {
-    session().optionVars[api::toKernel(name)] = api::toKernel(value);
-    return true;
+    return setOptionVar(name, api::toKernel(value));
 }
 
 MStatus MGlobal::viewFrame(const MTime& time)

@@ -6,6 +6,7 @@
 #include "app/FileActions.h"
 #include "app/IdleRunner.h"
 #include "app/MessageLine.h"
+#include "app/PlaybackRunner.h"
 #include "app/TimeField.h"
 #include "app/ViewPanel.h"
 #include "app/WindowCommands.h"
@@ -72,6 +73,7 @@ MainWindow::MainWindow(Host& host) : m_host(host), m_session(host.session())
     m_commands = std::make_unique<WindowCommands>(m_session, *this);
     m_ports = std::make_unique<CommandPorts>(m_session);
     m_idle = std::make_unique<IdleRunner>(m_session);
+    m_playback = std::make_unique<PlaybackRunner>(m_session);
     listen();
     ShowActiveView();
     ShowStatus();

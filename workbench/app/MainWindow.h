@@ -25,6 +25,7 @@ class CommandField;
 class CommandPorts;
 class FileActions;
 class IdleRunner;
+class PlaybackRunner;
 class MessageLine;
 class TimeField;
 class ViewPanel;
@@ -82,6 +83,7 @@ private:
     std::unique_ptr<WindowCommands> m_commands;
     std::unique_ptr<CommandPorts> m_ports;
     std::unique_ptr<IdleRunner> m_idle;
+    std::unique_ptr<PlaybackRunner> m_playback;
     FileActions* m_files = nullptr;
     QSplitter* m_splitter = nullptr;
     std::vector<ViewPanel*> m_panels;

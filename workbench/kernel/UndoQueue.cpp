@@ -11,6 +11,14 @@ void UndoQueue::openChunk(const std::string& name)
         m_open.name = name;
 }
 
+void UndoQueue::reopenLastChunk()
+{
+    if (m_depth++ > 0 || m_done.empty())
+        return;
+    m_open = std::move(m_done.back());
+    m_done.pop_back();
+}
+
 void UndoQueue::closeChunk()
 {
     if (m_depth == 0 || --m_depth > 0)

@@ -16,6 +16,8 @@ public:
     /// Chunks nest; only the outermost pair makes an entry. The name is the text shown for the step.
     void openChunk(const std::string& name);
     void closeChunk();
+    /// Like openChunk(), but what is recorded until closeChunk() joins the last step, if there is one.
+    void reopenLastChunk();
     bool isChunkOpen() const { return m_depth > 0; }
 
     /// Takes an executed command into the open chunk (or a chunk of its own) and empties the redo side.

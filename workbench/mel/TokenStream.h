@@ -28,6 +28,8 @@ public:
     bool is(Tok kind) const { return m_token.kind == kind; }
     std::size_t at() const { return m_token.begin; }
     std::string text() const { return std::string(m_lexer.text(m_token)); }
+    /// Name of a Variable token, without "$".
+    std::string variableName() const { return std::string(m_lexer.text(m_token).substr(1)); }
     /// Whether nothing separates the current token from the one before.
     bool isAdjacent() const { return m_token.begin == m_previousEnd; }
 

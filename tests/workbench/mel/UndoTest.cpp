@@ -153,21 +153,3 @@ TEST(ScriptUndo, InBatchEveryStatementIsAStep)
     EXPECT_EQ(kernel::toText(host.interpreter().executeBatch("int $z = 4; { int $y = 5; print $y; } $z + 1;").value),
               "5");
 }
-
-TEST(ScriptUndo, OneSelectionEventStandsForAWholeText)
-{
-    ScriptHost host;
-    int events = 0;
-    std::string seen;
-    host.session.events.add("SelectionChanged", [&] {
-        ++events;
-        seen = host.eval("ls -sl");
-    });
-    host.run("createNode transform -n a; select -cl; select persp; select -add a;");
-    EXPECT_EQ(events, 1);
-    EXPECT_EQ(seen, "persp a");
-    host.run("ls -sl; select -cl; select persp a;");
-    EXPECT_EQ(events, 2) << "even when nothing has changed in the end";
-    host.run("ls;");
-    EXPECT_EQ(events, 2);
-}
