@@ -99,7 +99,7 @@ Value makeMenu(UiObjects& ui, const MenuSets& sets, const kernel::ParsedArgs& ar
 {
     ui.requireAvailable("menu");
     UiObject& window = windowFor(ui, args);
-    auto menu = std::make_unique<ScriptMenu>(ui, &menuBarOf(*window.widget()));
+    auto menu = std::make_unique<ScriptMenu>(ui, &menuBarOf(window));
     UiObject& object = ui.add(Kind::Menu, "menu", name, &window, menu.get());
     menu->setLabel({QString::fromStdString(object.name), {}});
     Target target{ui, object, *menu};

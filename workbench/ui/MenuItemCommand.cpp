@@ -177,7 +177,7 @@ UiObject& parentMenu(const UiObjects& ui, const std::string& command, const Pars
     if (args.has("parent")) {
         return getMenu(ui, command, args.text("parent"));
     }
-    if (!ui.menuParent()) {
+    if (!ui.menuParent() || !menuOf(*ui.menuParent())) {
         throw CommandError(command + ": There is no current menu");
     }
     return *ui.menuParent();

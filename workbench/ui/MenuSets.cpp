@@ -118,7 +118,7 @@ void MenuSets::arrange(const UiObject& window) const
         order << menu->menuAction();
         menu->menuAction()->setVisible(isShown(*menu));
     }
-    QMenuBar& bar = menuBarOf(*window.widget());
+    QMenuBar& bar = menuBarOf(window);
     if (bar.actions() != order) {
         bar.addActions(order);  // those that are there already move to the end
     }

@@ -3,7 +3,6 @@
 #include "ui/MenuItem.h"
 #include "ui/ScriptMenu.h"
 
-#include <QLayout>
 #include <QMainWindow>
 #include <QMenuBar>
 
@@ -41,19 +40,9 @@ void deleteItems(UiObjects& ui, const UiObject& menu)
     }
 }
 
-QMenuBar& menuBarOf(QWidget& window)
+QMenuBar& menuBarOf(const UiObject& window)
 {
-    if (auto* const main = qobject_cast<QMainWindow*>(&window)) {
-        return *main->menuBar();
-    }
-    auto* bar = window.findChild<QMenuBar*>(QString(), Qt::FindDirectChildrenOnly);
-    if (!bar) {
-        bar = new QMenuBar(&window);
-        if (window.layout()) {
-            window.layout()->setMenuBar(bar);
-        }
-    }
-    return *bar;
+    return *qobject_cast<QMainWindow*>(window.object)->menuBar();
 }
 
 }  // namespace ui

@@ -2,9 +2,6 @@
 
 #include "ui/UiObjects.h"
 
-#include <QList>
-
-class QAction;
 class QMenuBar;
 
 namespace ui {
@@ -22,7 +19,7 @@ UiObject& getMenu(const UiObjects& ui, const std::string& command, const std::st
 std::vector<UiObject*> itemsOf(const UiObjects& ui, const UiObject& menu);
 /// Takes all items and collections of a menu away.
 void deleteItems(UiObjects& ui, const UiObject& menu);
-/// The bar of a window; made when there is none.
-QMenuBar& menuBarOf(QWidget& window);
+/// The bar of a window, made when there is none.
+QMenuBar& menuBarOf(const UiObject& window);
 
 }  // namespace ui
