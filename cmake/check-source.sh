@@ -26,7 +26,8 @@ includes workbench/kernel kernel
 includes workbench/mel mel kernel
 includes workbench/api api kernel
 includes workbench/view view api kernel
-includes workbench/app app view api mel kernel
+includes workbench/ui ui view api mel kernel
+includes workbench/app app ui view api mel kernel
 node=$(git grep -nE '^#include "[a-z_]+/' -- plugin/node ':!plugin/node/PluginMain.cpp' | grep -vE '#include "(node|model|settings)/')
 [ -n "$node" ] && report "plugin/node may include only: node model settings" "$node"
 qt=$(git grep -nE '#include <Q[A-Z]' -- workbench/kernel workbench/mel)

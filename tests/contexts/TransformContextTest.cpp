@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QMainWindow>
 #include <QMenu>
 #include <QMouseEvent>
 
@@ -451,8 +452,8 @@ TEST_F(TransformContextTest, TheMenuOffersWhatCanBeDoneNow)
 
 TEST_F(TransformContextTest, TheMenuOpensOnlyForAPlainRightPressInTheViewInUse)
 {
-    QWidget window;
-    views.window = &window;
+    QMainWindow window;
+    host().ui().setMainWindow(&window);
     run("setToolTo transformTool");
     EXPECT_EQ(openMenu(views.persp(), QPoint(10, 10), Qt::ControlModifier), nullptr);
     EXPECT_EQ(openMenu(views.top()), nullptr);

@@ -13,6 +13,9 @@
 #include <QCursor>
 #include <QDir>
 #include <QFile>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
 
 #include <maya/MDrawRegistry.h>
 
@@ -63,26 +66,37 @@ protected:
     void forgetPreferences() { QFile::remove(QDir(prefsDir()).filePath("lumisketch2.ini")); }
 };
 
-/// The host as it is with a window, which has two views and counts its menus.
+/// The host as it is with a window and two views.
 class PluginMainInAWindow : public PluginMainTest {
 protected:
     PluginMainInAWindow()
     {
         session().batch = false;
-        replace("menu", [this](const kernel::ValueList& arguments) -> kernel::Value {
-            if (kernel::toText(arguments.front()) == "-exists") {
-                return menus;
+        host().ui().setMainWindow(&window);
+    }
+
+    /// Our menus among those of the window.
+    QList<QMenu*> menus() const
+    {
+        QList<QMenu*> found;
+        for (QAction* action : window.menuBar()->actions()) {
+            if (action->menu() && action->text() == "LM2") {
+                found << action->menu();
             }
-            ++menus;
-            return std::string("ourMenu");
-        });
-        replace("deleteUI", [this](const kernel::ValueList&) {
-            --menus;
-            return kernel::Value();
-        });
-        replace("menuItem", [](const kernel::ValueList&) { return kernel::Value(std::string("item")); });
-        replace("setParent", [](const kernel::ValueList&) { return kernel::Value(); });
-        replace("radioMenuItemCollection", [](const kernel::ValueList&) { return kernel::Value(); });
+        }
+        return found;
+    }
+    QStringList checkedItems() const
+    {
+        QStringList texts;
+        for (const QMenu* menu : window.findChildren<QMenu*>()) {
+            for (const QAction* action : menu->actions()) {
+                if (action->isChecked()) {
+                    texts << action->text();
+                }
+            }
+        }
+        return texts;
     }
     void press()
     {
@@ -100,8 +114,8 @@ protected:
         api::ToolBox::instance().send(event, nullptr, nullptr);
     }
 
+    QMainWindow window;
     TestViews views;
-    int menus = 0;
 };
 
 TEST_F(PluginMainTest, RegistersCommandsToolsDataNodeAndDrawing)
@@ -142,10 +156,16 @@ TEST_F(PluginMainTest, DefinesTheScriptsProceduresInBatchButMakesAndDeletesNoMen
 TEST_F(PluginMainInAWindow, HasItsMenuForAsLongAsItIsLoaded)
 {
     ASSERT_TRUE(load());
-    EXPECT_EQ(menus, 1);
+    EXPECT_THAT(menus(), SizeIs(1));
+    EXPECT_EQ(checkedItems(), (QStringList{"Pencil", "Always"}));
+    ASSERT_TRUE(run("tqLumisketchUtil -arrowTool; tqLumisketchUtil -e -ghostNext 1;"
+                    "tqLumisketchUtil -e -timelineFrameDisplay 2"));
+    EXPECT_EQ(checkedItems(), (QStringList{"Arrow", "Ghost Next", "Off"}));
+    ASSERT_TRUE(run("setToolTo selectSuperContext; file -f -new; flushUndo"));
     ASSERT_TRUE(unload());
-    EXPECT_EQ(menus, 0);
+    EXPECT_THAT(menus(), IsEmpty());
     EXPECT_THAT(errors(), IsEmpty());
+    EXPECT_THAT(warnings(), IsEmpty());
 }
 
 TEST_F(PluginMainTest, LeavesNothingBehindHoweverOftenItIsLoaded)
@@ -316,7 +336,7 @@ TEST_F(PluginMainInAWindow, LoadsWithoutWhatIsOnlyConvenient)
     ASSERT_TRUE(load());
     EXPECT_THAT(errors(), Contains("Failed to source scripts"));
     EXPECT_THAT(errors(), Not(Contains("Failed to create main menu")));
-    EXPECT_EQ(menus, 0);
+    EXPECT_THAT(menus(), IsEmpty());
 }
 
 TEST_F(PluginMainInAWindow, LoadsWithoutAMenuThatCannotBeMade)

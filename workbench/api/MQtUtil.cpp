@@ -1,7 +1,7 @@
 #include <maya/MQtUtil.h>
 
 #include "api/Handles.h"
-#include "api/Views.h"
+#include "api/UserInterface.h"
 
 #include <QtCore/QStringList>
 #include <QtGui/QGuiApplication>
@@ -30,40 +30,44 @@ OPENMAYA_MAJOR_NAMESPACE_OPEN
 
 QWidget* MQtUtil::mainWindow()
 {
-    api::ViewHost* const host = api::viewHost();
-    return host ? host->mainWindow() : nullptr;
+    return api::userInterface() ? api::userInterface()->mainWindow() : nullptr;
 }
 
 QWidget* MQtUtil::findControl(MString name, const QWidget* ancestor)
 {
-    if (name.isEmpty())
-        return nullptr;
     if (ancestor)
-        return ancestor->findChild<QWidget*>(toQString(name).section('|', -1));
-    api::ViewHost* const host = api::viewHost();
-    return host ? host->findControl(api::toKernel(name)) : nullptr;
+        return name.isEmpty() ? nullptr : ancestor->findChild<QWidget*>(toQString(name).section('|', -1));
+    return api::userInterface() ? api::userInterface()->findControl(api::toKernel(name)) : nullptr;
 }
 
 QWidget* MQtUtil::findLayout(MString name, const QWidget* ancestor)
 {
-    QWidget* const control = findControl(name, ancestor);
-    return control && control->layout() ? control : nullptr;
+    if (ancestor) {
+        QWidget* const control = findControl(name, ancestor);
+        return control && control->layout() ? control : nullptr;
+    }
+    return api::userInterface() ? api::userInterface()->findLayout(api::toKernel(name)) : nullptr;
 }
 
 QWidget* MQtUtil::findWindow(MString name)
 {
-    if (!qApp || name.isEmpty())
-        return nullptr;
-    const QString wanted = toQString(name);
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->objectName() == wanted)
-            return window;
-    }
-    return nullptr;
+    return api::userInterface() ? api::userInterface()->findWindow(api::toKernel(name)) : nullptr;
+}
+
+QAction* MQtUtil::findMenuItem(MString name)
+{
+    return api::userInterface() ? api::userInterface()->findMenuItem(api::toKernel(name)) : nullptr;
 }
 
 MString MQtUtil::fullName(const QObject* object)
 {
+    if (!object)
+        return MString();
+    if (api::userInterface()) {
+        const std::string known = api::userInterface()->fullName(*object);
+        if (!known.empty())
+            return api::toHost(known);
+    }
     QStringList names;
     for (; object; object = object->parent()) {
         if (!object->objectName().isEmpty())

@@ -34,14 +34,12 @@ public:
     virtual void endXorDrawing() = 0;
 };
 
-/// The program's windows as the host API sees them. None is installed in batch mode.
+/// The program's views as the host API sees them. None is installed in batch mode.
 class ViewHost {
 public:
     virtual ~ViewHost() = default;
     virtual std::vector<View*> views() const = 0;
     virtual View* activeView() const = 0;  ///< null when there was none
-    virtual QWidget* mainWindow() const = 0;
-    virtual QWidget* findControl(const std::string& name) const = 0;
 };
 
 ViewHost* viewHost();                  ///< null in batch mode

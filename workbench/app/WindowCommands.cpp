@@ -1,12 +1,15 @@
 #include "app/WindowCommands.h"
 
 #include "app/MainWindow.h"
+#include "app/Version.h"
 #include "kernel/Syntax.h"
 #include "view/Viewport.h"
 #include "view/Viewports.h"
 
 #include <QApplication>
 #include <QCursor>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTabletEvent>
 
 namespace app {
@@ -19,12 +22,14 @@ WindowCommands::WindowCommands(kernel::Session& session, MainWindow& window) : m
 {
     m_session.commands.add("workbenchView", [this](const kernel::ValueList& args) { return workbenchView(args); });
     m_session.commands.add("workbenchPen", [this](const kernel::ValueList& args) { return workbenchPen(args); });
+    m_session.commands.add("workbenchAbout", [this](const kernel::ValueList& args) { return workbenchAbout(args); });
 }
 
 WindowCommands::~WindowCommands()
 {
     m_session.commands.remove("workbenchView");
     m_session.commands.remove("workbenchPen");
+    m_session.commands.remove("workbenchAbout");
 }
 
 view::Viewport& WindowCommands::findView(const std::string& panel) const
@@ -108,6 +113,18 @@ Value WindowCommands::workbenchPen(const kernel::ValueList& args)
     if (release) {
         m_penIsEraser = false;
     }
+    return {};
+}
+
+Value WindowCommands::workbenchAbout(const kernel::ValueList& args)
+{
+    kernel::parsedOrThrow(kernel::Syntax(), args);
+    auto* const box = new QMessageBox(QMessageBox::NoIcon, QObject::tr("About"),
+                                      QObject::tr("Lumisketch Workbench %1").arg(kVersion), QMessageBox::Ok, &m_window);
+    box->setInformativeText(QObject::tr("A stand-alone host to draw in, and to try scripts and modules."));
+    box->button(QMessageBox::Ok)->setIcon(QIcon());
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
     return {};
 }
 

@@ -10,7 +10,8 @@ namespace app {
 
 class MainWindow;
 
-/// The commands that stand on the main window, for automation and demonstrations: workbenchView and workbenchPen.
+/// The commands that stand on the main window, for automation and demonstrations: workbenchView and workbenchPen,
+/// and workbenchAbout.
 /// Registered for as long as this lives.
 class WindowCommands {
 public:
@@ -22,6 +23,7 @@ public:
 private:
     kernel::Value workbenchView(const kernel::ValueList& args);
     kernel::Value workbenchPen(const kernel::ValueList& args);
+    kernel::Value workbenchAbout(const kernel::ValueList& args);
     view::Viewport& findView(const std::string& panel) const;
 
     kernel::Session& m_session;

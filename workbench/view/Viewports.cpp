@@ -4,13 +4,11 @@
 #include "view/TextureCache.h"
 #include "view/Viewport.h"
 
-#include <QApplication>
-
 #include <algorithm>
 
 namespace view {
 
-Viewports::Viewports(kernel::Session& session, QWidget* mainWindow) : m_session(session), m_mainWindow(mainWindow)
+Viewports::Viewports(kernel::Session& session) : m_session(session)
 {
     api::setRendererAvailable(true);
     api::setTextureReleaseListener(&TextureCache::forget);
@@ -99,23 +97,6 @@ std::vector<api::View*> Viewports::views() const
 api::View* Viewports::activeView() const
 {
     return m_active.data();
-}
-
-QWidget* Viewports::findControl(const std::string& name) const
-{
-    const QString wanted = QString::fromStdString(name).section('|', -1);
-    if (wanted.isEmpty()) {
-        return nullptr;
-    }
-    for (QWidget* top : QApplication::topLevelWidgets()) {
-        if (top->objectName() == wanted) {
-            return top;
-        }
-        if (QWidget* const found = top->findChild<QWidget*>(wanted)) {
-            return found;
-        }
-    }
-    return nullptr;
 }
 
 void Viewports::touched()

@@ -19,7 +19,7 @@ class Viewports : public QObject, public api::ViewHost {
 
 public:
     /// Installs itself for as long as it lives.
-    Viewports(kernel::Session& session, QWidget* mainWindow);
+    explicit Viewports(kernel::Session& session);
     ~Viewports() override;
 
     /// Makes a view; its widget belongs to `parent`. It counts as long as it is not hidden (see setShown).
@@ -35,9 +35,6 @@ public:
 
     std::vector<api::View*> views() const override;
     api::View* activeView() const override;
-    QWidget* mainWindow() const override { return m_mainWindow; }
-    /// By object name; of a path ("window|layout|control") the last part.
-    QWidget* findControl(const std::string& name) const override;
 
 signals:
     void ActiveChanged();
@@ -55,7 +52,6 @@ private:
     void touched();
 
     kernel::Session& m_session;
-    QPointer<QWidget> m_mainWindow;
     std::vector<Entry> m_entries;
     QPointer<Viewport> m_active;
 };

@@ -218,8 +218,7 @@ TEST_F(MainWindow, ShowsOneOrTwoViewsAndLooksThroughCameras)
 TEST_F(MainWindow, NamesItsPartsForScripts)
 {
     EXPECT_EQ(value("$window = $gMainWindow"), "MayaWindow");
-    EXPECT_EQ(window->viewports().findControl(value("$slider = $gPlayBackSlider")),
-              window->findChild<QWidget*>("timeControl1"));
+    EXPECT_EQ(host->ui().findControl(value("$slider = $gPlayBackSlider")), window->findChild<QWidget*>("timeControl1"));
 }
 
 TEST_F(MainWindow, TheCommandFieldRunsALineAndRemembersIt)

@@ -45,7 +45,7 @@ protected:
         }
         session.batch = false;
         window.resize(kWidth, kHeight);
-        views = std::make_unique<view::Viewports>(session, &window);
+        views = std::make_unique<view::Viewports>(session);
         viewport = views->add("modelPanel4", session.scene.findOrNull("perspShape"), &window);
         viewport->setGeometry(0, 0, kWidth, kHeight);
         window.show();

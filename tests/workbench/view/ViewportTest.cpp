@@ -108,7 +108,7 @@ protected:
     kernel::Session session;
     QWidget window;
     QStringList log;
-    view::Viewports views{session, &window};
+    view::Viewports views{session};
     view::Viewport* persp;
     view::Viewport* top;
 
@@ -251,15 +251,4 @@ TEST_F(ViewportTest, LooksThroughTheCameraOfItsNameInAnotherSceneOrThroughPersp)
     session.scene.detach(transform);
     ASSERT_TRUE(top->camera());
     EXPECT_EQ(top->camera()->name(), "perspShape");
-}
-
-TEST_F(ViewportTest, ControlsAreFoundByTheLastPartOfTheirPath)
-{
-    QWidget slider(&window);
-    slider.setObjectName("timeControl1");
-    EXPECT_EQ(views.findControl("MainWindow|toolBar6|timeControl1"), &slider);
-    EXPECT_EQ(views.findControl("timeControl1"), &slider);
-    EXPECT_EQ(views.findControl("modelPanel1"), top);
-    EXPECT_EQ(views.findControl("nothing"), nullptr);
-    EXPECT_EQ(views.findControl(""), nullptr);
 }

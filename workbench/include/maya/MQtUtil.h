@@ -6,6 +6,7 @@
 #include <maya/MApiNamespace.h>
 #include <maya/MString.h>
 
+class QAction;
 class QObject;
 class QWidget;
 
@@ -20,6 +21,7 @@ public:
     static QWidget* findControl(MString name, const QWidget* ancestor = NULL);
     static QWidget* findLayout(MString name, const QWidget* ancestor = NULL);
     static QWidget* findWindow(MString name);
+    static QAction* findMenuItem(MString name);
     /// Object names from the window down, joined by "|"; empty for null.
     static MString fullName(const QObject* object);
     static QObject* getParent(const QObject* object);
