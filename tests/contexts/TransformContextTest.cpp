@@ -476,7 +476,6 @@ TEST_F(TransformContextTest, TheMenuOpensOnlyForAPlainRightPressInTheViewInUse)
     close(menu);
     run("setToolTo selectSuperContext");
     EXPECT_EQ(openMenu(views.top()), nullptr);
-    views.window = nullptr;
 }
 
 TEST_F(TransformContextTest, TheMenuAppliesRevertsAndCancels)
