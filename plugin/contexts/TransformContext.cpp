@@ -1,13 +1,10 @@
 #include "contexts/TransformContext.h"
 
-#include "model/FrameNumber.h"
 #include "node/BaseNode.h"
 #include "settings/Names.h"
 #include "settings/ScriptBridge.h"
 
-#include <maya/M3dView.h>
 #include <maya/MCursor.h>
-#include <maya/MDagPath.h>
 #include <maya/MEvent.h>
 
 namespace {
@@ -25,17 +22,9 @@ QPoint positionOf(const MEvent& event)
     return QPoint(x, y);
 }
 
-QString activeCamera()
-{
-    MStatus status;
-    M3dView view = M3dView::active3dView(&status);
-    MDagPath camera;
-    return status && view.getCamera(camera) ? script::cameraKey(camera) : QString();
-}
-
 }  // namespace
 
-TransformContext::TransformContext() : m_anchor()
+TransformContext::TransformContext() : m_inputHandler(*this), m_anchor()
 {
     setTitleString("Transform Context");
     setImage(":/icons/transform_context_01.png", MPxContext::kImage1);
@@ -44,15 +33,17 @@ TransformContext::TransformContext() : m_anchor()
 
 void TransformContext::toolOnSetup(MEvent&)
 {
-    revert();
+    m_floating.revert();
     reset();
     m_failed = false;
+    m_inputHandler.setUp();
 }
 
 void TransformContext::toolOffCleanup()
 {
-    revert();
+    m_floating.revert();
     reset();
+    m_inputHandler.cleanUp();
 }
 
 void TransformContext::getClassName(MString& name) const
@@ -67,27 +58,7 @@ MStatus TransformContext::helpStateHasChanged(MEvent&)
 
 MStatus TransformContext::showHelp()
 {
-    return setHelpString(m_state == State::Selecting ? kSelectingHelp : kTransformingHelp);
-}
-
-// What it works on ----------------------------------------------------------------------------------------------------
-
-BaseNode* TransformContext::node() const
-{
-    return BaseNode::fromHandle(m_node);
-}
-
-std::shared_ptr<LayerManager> TransformContext::manager() const
-{
-    const BaseNode* owner = node();
-    return owner ? owner->layerManager() : nullptr;
-}
-
-ActiveStroke* TransformContext::record() const
-{
-    const std::shared_ptr<LayerManager> drawing = m_state == State::Transforming ? manager() : nullptr;
-    ActiveStroke* stroke = drawing ? drawing->stroke(m_camera) : nullptr;
-    return stroke && stroke->tool == ToolType::Transform ? stroke : nullptr;
+    return setHelpString(isTransforming() ? kTransformingHelp : kSelectingHelp);
 }
 
 // Pointer -------------------------------------------------------------------------------------------------------------
@@ -98,25 +69,21 @@ MStatus TransformContext::doPress(MEvent& event)
     if (m_failed) {
         return MStatus::kSuccess;
     }
+    m_inputHandler.watchActiveView();
     const QPoint position = positionOf(event);
-    if (m_state == State::Transforming) {
+    if (isTransforming()) {
         pressTransforming(event, position);
-    } else if (event.mouseButton() == MEvent::kLeftMouse && begin()) {
-        pressSelecting(position);
+    } else if (event.mouseButton() == MEvent::kLeftMouse && begin(&FloatingRegion::aimAtSelection)) {
+        m_drag = Drag::Select;
+        m_span = {position, position};
+        showChange();
     }
     return MStatus::kSuccess;
 }
 
-void TransformContext::pressSelecting(const QPoint& position)
-{
-    m_drag = Drag::Select;
-    m_span = {position, position};
-    showOutline(*node());
-}
-
 void TransformContext::pressTransforming(const MEvent& event, const QPoint& position)
 {
-    if (activeCamera() != m_camera) {
+    if (!m_floating.isInActiveView()) {
         m_failed = true;
         return;
     }
@@ -130,26 +97,27 @@ void TransformContext::pressTransforming(const MEvent& event, const QPoint& posi
 
 MStatus TransformContext::doDrag(MEvent& event)
 {
-    BaseNode* const target = m_drag == Drag::None || m_failed ? nullptr : node();
-    if (!target) {
-        return MStatus::kSuccess;
+    if (m_drag != Drag::None && m_floating.node()) {
+        dragTo(positionOf(event), event.isModifierShift());
+        showChange();
     }
-    const QPoint position = positionOf(event);
-    switch (m_drag) {
-    case Drag::None: break;
-    case Drag::Select: m_span.end = position; break;
-    case Drag::Translate: translateTo(*target, position); break;
-    case Drag::Rotate: turnTo(m_transform, m_anchor, position.x()); break;
-    case Drag::Scale: scaleTowards(m_transform, m_anchor, position, event.isModifierShift()); break;
-    }
-    refresh(*target);
     return MStatus::kSuccess;
 }
 
-void TransformContext::translateTo(const BaseNode& node, const QPoint& position)
+void TransformContext::dragTo(const QPoint& position, bool shift)
 {
-    m_transform.viewTranslation = position - m_anchor.translation;
-    m_transform.translation = node.portToCanvas(position) - node.portToCanvas(m_anchor.translation);
+    switch (m_drag) {
+    case Drag::None: break;
+    case Drag::Select: m_span.end = position; break;
+    case Drag::Translate: {
+        const BaseNode& node = *m_floating.node();
+        m_transform.viewTranslation = position - m_anchor.translation;
+        m_transform.translation = node.portToCanvas(position) - node.portToCanvas(m_anchor.translation);
+        break;
+    }
+    case Drag::Rotate: turnTo(m_transform, m_anchor, position.x()); break;
+    case Drag::Scale: scaleTowards(m_transform, m_anchor, position, shift); break;
+    }
 }
 
 MStatus TransformContext::doRelease(MEvent&)
@@ -187,148 +155,134 @@ MStatus TransformContext::doRelease(MEvent& event, MHWRender::MUIDrawManager&, c
 
 void TransformContext::completeAction()
 {
-    if (m_failed) {
-        return;
-    }
-    if (m_state == State::Selecting) {
-        start();
-    } else {
+    if (isTransforming()) {
         apply();
+    } else {
+        transform(false);
     }
 }
 
 // The ways out stay open when the tool has failed: they only take back, and set the tool up again.
 void TransformContext::deleteAction()
 {
-    revert();
+    m_floating.revert();
     restart();
 }
 
 void TransformContext::abortAction()
 {
-    revert();
+    m_floating.revert();
     reset();
     script::switchToDrawToolDeferred();
 }
 
-// From the selection to the commit ------------------------------------------------------------------------------------
+// The menu ------------------------------------------------------------------------------------------------------------
 
-// False, and the tool is done for, when the camera has nothing that may be transformed. Without a drawing node nothing
-// happens.
-bool TransformContext::begin()
+void TransformContext::transform(bool keepSource)
 {
-    MStatus status;
-    M3dView view = M3dView::active3dView(&status);
-    BaseNode* const master = status ? BaseNode::masterNode() : nullptr;
-    const std::shared_ptr<LayerManager> drawing = master ? master->layerManager() : nullptr;
-    if (!drawing || !master->prepareToolView(view)) {
+    start({false, keepSource, false});
+}
+
+void TransformContext::flip(bool RegionTransform::*direction)
+{
+    if (!m_failed && m_floating.record()) {
+        m_transform.*direction = !(m_transform.*direction);
+        showChange();
+    }
+}
+
+void TransformContext::cut()
+{
+    if (start({true, true, false})) {
+        apply();
+    }
+}
+
+void TransformContext::copy()
+{
+    if (start({false, true, false})) {
+        deleteAction();
+    }
+}
+
+bool TransformContext::paste(const QPoint& position)
+{
+    if (m_failed || isTransforming() || !canPaste() || !begin(&FloatingRegion::aimAtPasteTarget)) {
         return false;
     }
+    const QPoint corner = m_floating.node()->viewToCanvas(position);
+    return floatRegion(QRect(corner, m_floating.clipboardSize()), {false, false, true});
+}
+
+// From the selection to the commit ------------------------------------------------------------------------------------
+
+// Without a drawing node nothing happens; with nothing to aim at the tool has failed.
+bool TransformContext::begin(Aim aim)
+{
     reset();
-    m_node = master->thisMObject();
-    m_camera = activeCamera();
-    m_failed = !takeAim(*master, *drawing);
+    return m_floating.open() && aimAt(aim);
+}
+
+bool TransformContext::aimAt(Aim aim)
+{
+    m_failed = !(m_floating.*aim)();
     return !m_failed;
 }
 
-bool TransformContext::takeAim(BaseNode& node, LayerManager& manager)
+bool TransformContext::start(const FloatingRegion::Taking& taking)
 {
-    if (!node.canEditActiveLayer(m_camera)) {
+    if (m_failed || isTransforming()) {
         return false;
     }
-    m_frameNumber = currentFrameNumber();
-    m_layerIndex = manager.activeLayerIndex(m_camera);
-    if (manager.currentCamera() != m_camera) {
-        manager.setActiveLayer(m_camera, m_layerIndex, true);
-    }
-    return true;
+    // The time and the layer may have changed since the region was selected, so both are taken up anew.
+    const Aim aim = &FloatingRegion::aimAtSelection;
+    const bool ready = m_floating.node() ? aimAt(aim) : begin(aim);
+    return ready && floatRegion(selectedRegion(), taking);
 }
 
-void TransformContext::start()
-{
-    if (m_camera.isEmpty() && !begin()) {
-        return;
-    }
-    BaseNode* const target = node();
-    const std::shared_ptr<LayerManager> drawing = manager();
-    if (!drawing) {
-        return;
-    }
-    // Time, layer and camera may have changed since the region was selected.
-    m_failed = !takeAim(*target, *drawing);
-    if (m_failed || !floatRegion(*target, *drawing, selectedRegion(*target))) {
-        return;
-    }
-    m_drag = Drag::None;
-    m_state = State::Transforming;
-    showHelp();
-    refresh(*target);
-}
-
-QRect TransformContext::selectedRegion(const BaseNode& node) const
+QRect TransformContext::selectedRegion() const
 {
     if (m_span.start == m_span.end) {
         return wholeCanvas();
     }
+    const BaseNode& node = *m_floating.node();
     return canvasRegion(node.portToCanvas(m_span.start), node.portToCanvas(m_span.end));
 }
 
-// False when no frame is shown, so that there is nothing to take the region from.
-bool TransformContext::floatRegion(BaseNode& node, LayerManager& manager, const QRect& region)
+bool TransformContext::floatRegion(const QRect& region, const FloatingRegion::Taking& taking)
 {
-    manager.dropStroke();  // of a tool that is no longer in use
-    ActiveStroke* const stroke = manager.beginStroke(m_camera, true);
-    if (!stroke || manager.strokeFrame(m_camera).layerIndex < 0) {
-        manager.dropStroke();
+    if (!m_floating.take(region, taking)) {
         return false;
     }
-    stroke->tool = ToolType::Transform;
-    stroke->region = region;
-    stroke->takeRegion = true;
-    fillRecord(*stroke, m_transform);
-    manager.advanceStroke(m_camera);
+    const BaseNode& node = *m_floating.node();
     m_span = {node.canvasToPort(region.topLeft()), node.canvasToPort(region.bottomRight() + QPoint(1, 1))};
+    m_drag = Drag::None;
+    m_state = State::Transforming;
+    showHelp();
+    showChange();
     return true;
 }
 
 void TransformContext::apply()
 {
-    const bool applied = record() && isWhereItBegan() && script::commitStroke(m_camera, -1, false);
-    if (!applied) {
-        revert();
+    if (m_failed) {
+        return;
+    }
+    if (!m_floating.record() || !m_floating.isWhereItBegan() || !m_floating.commit()) {
+        m_floating.revert();
     }
     restart();
 }
 
-bool TransformContext::isWhereItBegan() const
-{
-    return activeCamera() == m_camera && currentFrameNumber() == m_frameNumber;
-}
-
-void TransformContext::revert()
-{
-    const std::shared_ptr<LayerManager> drawing = record() ? manager() : nullptr;
-    if (!drawing) {
-        return;
-    }
-    m_layerIndex = drawing->strokeFrame(m_camera).layerIndex;  // where the layer is by now
-    drawing->dropStroke();
-    if (drawing->isValidLayer(m_camera, m_layerIndex) && drawing->activeLayerIndex(m_camera) != m_layerIndex) {
-        drawing->setActiveLayer(m_camera, m_layerIndex, false);
-    }
-    node()->redrawActiveView();
-}
-
 void TransformContext::reset()
 {
-    if (BaseNode* const target = node()) {
-        target->setRegionOutline({});
-        target->scheduleRedraw();
+    if (BaseNode* const node = m_floating.node()) {
+        node->setRegionOutline({});
+        node->scheduleRedraw();
     }
+    m_floating.close();
     m_state = State::Selecting;
     m_drag = Drag::None;
-    m_node = MObject();
-    m_camera.clear();
     m_span = ViewSpan();
     m_transform = RegionTransform();
     showHelp();
@@ -343,22 +297,17 @@ void TransformContext::restart()
 
 // Display -------------------------------------------------------------------------------------------------------------
 
-void TransformContext::refresh(BaseNode& node)
+void TransformContext::showChange()
 {
-    if (ActiveStroke* const stroke = record()) {
+    if (ActiveStroke* const stroke = m_floating.record()) {
         fillRecord(*stroke, m_transform);
     }
-    showOutline(node);
-}
-
-void TransformContext::showOutline(BaseNode& node)
-{
     const Outline corners = transformedOutline(m_span, m_transform);
-    node.setRegionOutline({m_camera, corners});
+    m_floating.node()->setRegionOutline({m_floating.camera(), corners});
     if (m_drawManager) {
         m_drawManager->beginDrawable();
         drawOutline(*m_drawManager, corners);
         m_drawManager->endDrawable();
     }
-    node.redrawActiveView();
+    m_floating.node()->redrawActiveView();
 }

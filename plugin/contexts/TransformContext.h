@@ -1,15 +1,13 @@
 #pragma once
 
+#include "contexts/FloatingRegion.h"
+#include "contexts/TransformContextInputHandler.h"
 #include "contexts/TransformGeometry.h"
-#include "model/LayerManager.h"
 
-#include <maya/MObjectHandle.h>
 #include <maya/MPxContext.h>
 
-class BaseNode;
-
 /// The transform tool: a region of the drawing is selected, moved, turned, scaled and flipped, and put back as one undo
-/// step. While it is transformed it floats in the manager's stroke; taking it back leaves no trace.
+/// step.
 class TransformContext : public MPxContext {
 public:
     TransformContext();
@@ -33,39 +31,41 @@ public:
     void completeAction() override;  ///< floats what is selected; then puts it down
     void abortAction() override;     ///< takes the transform back and goes on to the draw tool
 
+    // The menu's actions; each does nothing where the menu does not offer it.
+    bool isTransforming() const { return m_state == State::Transforming; }
+    bool canPaste() const { return m_floating.hasClipboard(); }
+    void transform(bool keepSource);  ///< floats what is selected; keepSource: a copy of it
+    void flip(bool RegionTransform::*direction);
+    void cut();
+    void copy();
+    /// Floats what was kept last, its upper left corner at a point of the active view's widget (y pointing up). False
+    /// when it cannot.
+    bool paste(const QPoint& position);
+
 private:
     enum class State { Selecting, Transforming };
     enum class Drag { None, Select, Translate, Rotate, Scale };
 
-    bool begin();
-    bool takeAim(BaseNode& node, LayerManager& manager);
-    void start();
-    QRect selectedRegion(const BaseNode& node) const;
-    bool floatRegion(BaseNode& node, LayerManager& manager, const QRect& region);
+    using Aim = bool (FloatingRegion::*)();
+    bool begin(Aim aim);
+    bool aimAt(Aim aim);
+    bool start(const FloatingRegion::Taking& taking);
+    bool floatRegion(const QRect& region, const FloatingRegion::Taking& taking);
+    QRect selectedRegion() const;
     void apply();
-    bool isWhereItBegan() const;
-    void revert();
     void reset();
     void restart();
 
-    void pressSelecting(const QPoint& position);
     void pressTransforming(const MEvent& event, const QPoint& position);
-    void translateTo(const BaseNode& node, const QPoint& position);
-    void refresh(BaseNode& node);
-    void showOutline(BaseNode& node);
+    void dragTo(const QPoint& position, bool shift);
+    void showChange();
     MStatus showHelp();
 
-    BaseNode* node() const;  // the one that is worked on; null when it is gone
-    std::shared_ptr<LayerManager> manager() const;
-    ActiveStroke* record() const;  // of the transform; null when it is gone
-
-    State m_state = State::Selecting;
-    bool m_failed = false;                               // nothing more is begun until the tool is set up again
+    TransformContextInputHandler m_inputHandler;
     MHWRender::MUIDrawManager* m_drawManager = nullptr;  // during an event in Viewport 2.0
-    MObjectHandle m_node;
-    QString m_camera;       // empty until something begins
-    int m_frameNumber = 0;  // the scene's when it began
-    int m_layerIndex = -1;  // the active layer's
+    FloatingRegion m_floating;
+    State m_state = State::Selecting;
+    bool m_failed = false;  // nothing more is begun until the tool is set up again
 
     Drag m_drag = Drag::None;
     DragAnchor m_anchor;

@@ -296,11 +296,12 @@ MStatus uninitializePlugin(MObject object)
     if (s_isInteractive && !script::deleteMainMenu()) {
         messages::bareError("Failed to delete main menu");
     }
-    if (s_playbackJob >= 0 && !script::stopPlaybackJob(s_playbackJob)) {
+    const int job = s_playbackJob;
+    s_playbackJob = -1;  // one that cannot be stopped is gone: the next attempt goes on without it
+    if (job >= 0 && !script::stopPlaybackJob(job)) {
         messages::bareError("Failed to remove scriptJobs");
         return MStatus::kFailure;
     }
-    s_playbackJob = -1;
     MStatus status = callbacks::remove();
     if (!status) {
         messages::bareError("Failed to remove callbacks");

@@ -5,6 +5,11 @@
 
 #include "api/DrawList.h"
 
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+
 namespace {
 
 using testing::ElementsAre;
@@ -82,6 +87,46 @@ protected:
         enter();
     }
     const ActiveStroke* record(const QString& camera = "persp") { return drawing().stroke(camera); }
+    /// What a press of the right button in a view opens; null when nothing.
+    QMenu* openMenu(TestView& view, const QPoint& at = QPoint(10, 10), Qt::KeyboardModifiers keys = Qt::NoModifier)
+    {
+        QMouseEvent press(QEvent::MouseButtonPress, at, Qt::RightButton, Qt::RightButton, keys);
+        press.ignore();
+        const bool consumed = QCoreApplication::sendEvent(view.widget(), &press);
+        QMenu* const menu = view.widget()->findChild<QMenu*>();
+        EXPECT_EQ(consumed && menu, menu != nullptr) << "a press that opens the menu goes no further";
+        return menu;
+    }
+    static void close(QMenu* menu) { delete menu; }
+    /// The items from top to bottom, "-" for a separator, those that cannot be chosen in brackets.
+    std::vector<std::string> items()
+    {
+        QMenu* const menu = openMenu(views.persp());
+        std::vector<std::string> texts;
+        for (const QAction* action : menu->actions()) {
+            const std::string text = action->isSeparator() ? "-" : action->text().toStdString();
+            texts.push_back(action->isEnabled() ? text : "(" + text + ")");
+        }
+        close(menu);
+        return texts;
+    }
+    /// at: widget pixels, y pointing down.
+    void choose(const QString& item, const QPoint& at = QPoint(10, 10))
+    {
+        QMenu* const menu = openMenu(views.persp(), at);
+        for (QAction* action : menu->actions()) {
+            if (action->text() == item) {
+                EXPECT_TRUE(action->isEnabled()) << item.toStdString();
+                action->trigger();
+            }
+        }
+        close(menu);
+    }
+    void pressBackslash(QWidget& window, bool down)
+    {
+        QKeyEvent event(down ? QEvent::KeyPress : QEvent::KeyRelease, Qt::Key_Backslash, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &event);
+    }
     QImage drawn(const QString& camera = "persp") { return drawing().activeLayer(camera)->currentFrame()->image(); }
     QRect shownInk() { return pixels::inkBox(*drawing().composite("persp")); }
 
@@ -385,6 +430,200 @@ TEST_F(TransformContextTest, ARegionPartlyOffTheCanvasIsPaddedAndKeepsItsCentre)
     drag({300, 300}, {480, 300}, api::ToolEvent::Button::Left, true);
     EXPECT_EQ(record()->angle, 180);
     EXPECT_EQ(shownInk(), QRect(0, 201, 1, 20)) << "all but one column is turned off the canvas";
+}
+
+TEST_F(TransformContextTest, TheMenuOffersWhatCanBeDoneNow)
+{
+    const std::vector<std::string> selecting = {"Transform", "Transform Copy",        "-", "Cut",   "Copy",
+                                                "(Paste)",   "(Paste and Transform)", "-", "Cancel"};
+    EXPECT_EQ(items(), selecting);
+    selectInk();
+    choose("Copy");
+    EXPECT_THAT(items(), ElementsAre("Transform", "Transform Copy", "-", "Cut", "Copy", "Paste", "Paste and Transform",
+                                     "-", "Cancel"));
+    choose("Transform");
+    EXPECT_THAT(items(), ElementsAre("Apply Transform", "Revert Transform", "-", "Flip Horizontal", "Flip Vertical",
+                                     "-", "Cancel"));
+    backspace();
+    run("file -f -new");
+    EXPECT_EQ(items(), selecting) << "another scene has nothing to paste";
+}
+
+TEST_F(TransformContextTest, TheMenuOpensOnlyForAPlainRightPressInTheViewInUse)
+{
+    QWidget window;
+    views.window = &window;
+    run("setToolTo transformTool");
+    EXPECT_EQ(openMenu(views.persp(), QPoint(10, 10), Qt::ControlModifier), nullptr);
+    EXPECT_EQ(openMenu(views.top()), nullptr);
+    pressBackslash(window, true);
+    EXPECT_EQ(openMenu(views.persp()), nullptr);
+    pressBackslash(window, false);
+    Preferences::instance().setTransformToolContextMenu(false);
+    EXPECT_EQ(openMenu(views.persp()), nullptr);
+    Preferences::instance().setTransformToolContextMenu(true);
+    QMenu* menu = openMenu(views.persp());
+    EXPECT_NE(menu, nullptr);
+    close(menu);
+
+    draw("top");
+    views.activate(views.top());
+    drag({10, 10}, {20, 20});
+    EXPECT_EQ(openMenu(views.persp()), nullptr);
+    menu = openMenu(views.top());
+    EXPECT_NE(menu, nullptr);
+    close(menu);
+    run("setToolTo selectSuperContext");
+    EXPECT_EQ(openMenu(views.top()), nullptr);
+    views.window = nullptr;
+}
+
+TEST_F(TransformContextTest, TheMenuAppliesRevertsAndCancels)
+{
+    const QString before = pixels("persp");
+    selectInk();
+    choose("Transform");
+    drag({300, 300}, {310, 300});
+    choose("Revert Transform");
+    EXPECT_EQ(pixels("persp"), before);
+    selectInk();
+    choose("Transform");
+    drag({300, 300}, {310, 300});
+    choose("Cancel");
+    EXPECT_EQ(pixels("persp"), before);
+    EXPECT_THAT(commits, IsEmpty());
+    selectInk();
+    choose("Transform");
+    drag({300, 300}, {310, 300});
+    choose("Apply Transform");
+    EXPECT_EQ(pixels::inkBox(drawn()), kInk.translated(20, 0));
+    host().drainIdle();
+    EXPECT_THAT(toolSwitches, ElementsAre("-transform", "-draw", "-transform"));
+}
+
+TEST_F(TransformContextTest, FlippingMirrorsTheRegionAndFlippingAgainGivesItBack)
+{
+    floatInk();
+    const auto colourAt = [this](int x, int y) { return drawing().composite("persp")->pixelColor(x, y); };
+    choose("Flip Horizontal");
+    EXPECT_EQ(record()->scaleX, -1);
+    EXPECT_EQ(colourAt(105, 210), QColor(Qt::blue));
+    EXPECT_EQ(colourAt(135, 210), QColor(Qt::red));
+    choose("Flip Horizontal");
+    EXPECT_EQ(shownInk(), kInk);
+    EXPECT_EQ(colourAt(105, 210), QColor(Qt::red));
+    choose("Flip Vertical");
+    EXPECT_EQ(shownInk(), kInk.translated(0, 1)) << "the region's last row is empty";
+    choose("Flip Vertical");
+    enter();
+    EXPECT_TRUE(pixels::same(drawn(), inked(kInk)));
+}
+
+TEST_F(TransformContextTest, ATransformedCopyLeavesTheSource)
+{
+    selectInk();
+    choose("Transform Copy");
+    drag({300, 300}, {400, 300});
+    enter();
+    EXPECT_EQ(pixels::inkBox(drawn()), QRect(100, 200, 240, 20));
+    EXPECT_EQ(drawn().pixelColor(105, 210), QColor(Qt::red));
+    EXPECT_EQ(drawn().pixelColor(305, 210), QColor(Qt::red));
+    EXPECT_EQ(pixels::alpha(drawn(), 200, 210), 0);
+}
+
+TEST_F(TransformContextTest, WhatIsCutIsGoneInOneStepAndComesBackWhereItIsPasted)
+{
+    selectInk();
+    choose("Cut");
+    EXPECT_THAT(commits, ElementsAre("persp"));
+    EXPECT_EQ(pixels::inkBox(drawn()), QRect());
+    choose("Paste", QPoint(150, 250));
+    EXPECT_EQ(commits.size(), 2u);
+    EXPECT_TRUE(pixels::same(drawn(), inked(QRect(300, 500, 40, 20))));
+    host().drainIdle();
+    EXPECT_THAT(toolSwitches, ElementsAre("-transform", "-transform"));
+}
+
+TEST_F(TransformContextTest, WhatIsCopiedStaysAndCanBePastedAtAnotherTime)
+{
+    const QString before = describeDrawing();
+    selectInk();
+    choose("Copy");
+    EXPECT_EQ(describeDrawing(), before);
+    EXPECT_THAT(commits, IsEmpty());
+    EXPECT_FALSE(drawing().hasStroke());
+
+    goTo(5);
+    choose("Paste", QPoint(0, 0));
+    EXPECT_THAT(commits, ElementsAre("-fa persp"));
+    EXPECT_TRUE(pixels::same(drawn(), inked(QRect(0, 0, 40, 20))));
+    EXPECT_EQ(drawing().frameNumbers("persp"), (QList<int>{1, 5}));
+}
+
+TEST_F(TransformContextTest, WhatIsPastedCanBeTurnedBeforeItIsApplied)
+{
+    selectInk();
+    choose("Cut");
+    choose("Paste and Transform", QPoint(150, 250));
+    EXPECT_EQ(help(), kTransformingHelp);
+    EXPECT_EQ(node().regionOutline().corners[0], QPointF(150, 262));
+    EXPECT_EQ(shownInk(), QRect(300, 500, 40, 20));
+    choose("Flip Horizontal");
+    drag({300, 300}, {310, 300});
+    enter();
+    EXPECT_EQ(pixels::inkBox(drawn()), QRect(321, 500, 40, 20));
+    EXPECT_EQ(drawn().pixelColor(325, 510), QColor(Qt::blue));
+}
+
+TEST_F(TransformContextTest, APasteThatIsTakenBackTakesItsLayerAndFrameAlong)
+{
+    selectInk();
+    choose("Copy");
+    drawing().insertLayer("persp", -1, "Upper");
+    const QString before = describeDrawing();
+    const unsigned undoSteps = session().undo.count();
+
+    goTo(5);
+    choose("Paste and Transform");
+    EXPECT_EQ(drawing().frameNumbers("persp"), (QList<int>{1, 5}));
+    drawing().moveLayer("persp", 0, 1);  // the frame is still the one of its layer
+    backspace();
+    drawing().moveLayer("persp", 1, 0);
+    goTo(1);
+    EXPECT_EQ(describeDrawing(), before);
+
+    refuseCommits = true;
+    goTo(5);
+    choose("Paste");
+    goTo(1);
+    EXPECT_EQ(describeDrawing(), before);
+
+    drawing().takeAllLayers("persp");
+    choose("Paste and Transform");
+    EXPECT_EQ(drawing().layerCount("persp"), 1);
+    escape();
+    EXPECT_EQ(drawing().totalLayerCount(), 0);
+    EXPECT_EQ(session().undo.count(), undoSteps);
+
+    refuseCommits = false;
+    run("setToolTo transformTool");
+    choose("Paste");
+    EXPECT_EQ(commits.back(), "-la 0 -fa persp");
+}
+
+TEST_F(TransformContextTest, APasteWithoutATargetSaysWhyAndStopsTheTool)
+{
+    selectInk();
+    choose("Copy");
+    drawing().setLayerState("persp", 0, kLayerLocked);
+    choose("Paste");
+    EXPECT_THAT(errors(), ElementsAre("[Lumisketch2] Active layer is locked."));
+    drawing().setLayerState("persp", 0, kLayerAnim);
+    choose("Paste");
+    EXPECT_THAT(commits, IsEmpty());
+    run("setToolTo transformTool");
+    choose("Paste");
+    EXPECT_THAT(commits, ElementsAre("persp"));
 }
 
 }  // namespace

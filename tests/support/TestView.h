@@ -43,12 +43,14 @@ public:
 
     std::vector<api::View*> views() const override { return {&m_persp, &m_top}; }
     api::View* activeView() const override { return m_active; }
-    QWidget* mainWindow() const override { return nullptr; }
+    QWidget* mainWindow() const override { return window; }
     QWidget* findControl(const std::string&) const override { return nullptr; }
 
     TestView& persp() { return m_persp; }
     TestView& top() { return m_top; }
     void activate(TestView& view) { m_active = &view; }
+
+    QWidget* window = nullptr;  ///< the host's, for what watches it
 
 private:
     mutable TestView m_persp{"persp", 512, 512};
