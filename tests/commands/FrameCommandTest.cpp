@@ -192,6 +192,35 @@ TEST_F(FrameCommandTest, ACopyOrCutReplacesTheWholeClipboard)
     EXPECT_EQ(keys(), (Keys{1, 3, 50}));
 }
 
+TEST_F(FrameCommandTest, ARedoneCutIsWhatIsPastedNext)
+{
+    keyed("persp", "A", {1, 5});
+    const QString cut = picture(1);
+    run(frame("-cut"));
+    run("undo");
+    goTo(5);
+    run(frame("-copy"));
+    run("redo");
+    goTo(9);
+    run(frame("-paste"));
+    EXPECT_EQ(picture(9), cut);
+}
+
+TEST_F(FrameCommandTest, AGhostThatIsReplacedIsSeen)
+{
+    Preferences::instance().setGhostNext(true);
+    keyed("persp", "A", {1, 5, 9});
+    run(frame("-copy"));
+    goTo(5);
+    run(frame("-clear"));  // nothing covers the ghost
+    const QString ghosts = pixels::hash(*drawing().composite("persp"));
+    highlight(9, 10);
+    run(frame("-paste"));
+    EXPECT_NE(pixels::hash(*drawing().composite("persp")), ghosts);
+    run("undo");
+    EXPECT_EQ(pixels::hash(*drawing().composite("persp")), ghosts);
+}
+
 TEST_F(FrameCommandTest, LeavesALockedLayerAlone)
 {
     keyed("persp", "A", {1, 3});

@@ -2,6 +2,8 @@
 
 #include "commands/LayerCommand.h"
 
+#include <maya/MEventMessage.h>
+
 namespace {
 
 using kernel::Value;
@@ -341,7 +343,7 @@ TEST_F(LayerCommandTest, SaysWhatIsMissingInASceneWithoutADrawing)
     }
 }
 
-TEST_F(LayerCommandTest, EveryChangeAndItsUndoTellTheViewsAndMarksOnce)
+TEST_F(LayerCommandTest, EveryChangeAndItsUndoTellTheMarksAndChangeTheSelectionForAMoment)
 {
     struct Marks : TimelineMarks {
         bool update() override { return false; }
@@ -349,16 +351,23 @@ TEST_F(LayerCommandTest, EveryChangeAndItsUndoTellTheViewsAndMarksOnce)
         int refreshes = 0;
     } marks;
     TimelineMarks::install(&marks);
-    run("select -cl");
-    for (const char* arguments : {"-add -ls 0 persp", "-ev 0 0 persp", "-mv 0 1 persp", "-da persp"}) {
-        run(layer(arguments));
-        run("undo");
-        EXPECT_EQ(marks.refreshes, 2) << arguments;
-        marks.refreshes = 0;
-        run("redo");
-        marks.refreshes = 0;
+    int selections = 0;
+    const MCallbackId callback = MEventMessage::addEventCallback(
+        "SelectionChanged", [](void* count) { ++*static_cast<int*>(count); }, &selections);
+    for (const char* selected : {"select -cl", "select top"}) {
+        run(selected);
+        for (const char* arguments : {"-add -ls 0 persp", "-ev 0 0 persp", "-mv 0 1 persp", "-da persp"}) {
+            for (const std::string& text : {layer(arguments), std::string("undo")}) {
+                marks.refreshes = 0;
+                selections = 0;
+                run(text);
+                EXPECT_EQ(marks.refreshes, 1) << text << " of " << arguments;
+                EXPECT_GT(selections, 0) << text << " of " << arguments;
+            }
+        }
     }
-    EXPECT_EQ(evaluate("size(`ls -sl`)"), Value(0));
+    EXPECT_EQ(evaluate("ls -sl"), Value(kernel::StringArray{"top"}));
+    MMessage::removeCallback(callback);
 }
 
 }  // namespace

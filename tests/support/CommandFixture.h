@@ -32,15 +32,21 @@ protected:
         ASSERT_TRUE(run(text)) << text;
         EXPECT_EQ(session().undo.count(), steps + 1) << text;
         const QString after = describeDrawing();
-        EXPECT_NE(before, after) << text;
+        SCOPED_TRACE(text);
+        expectUndoAndRedo(before, after);
+    }
+    /// Undo gives `before` again and redo `after`, as often as one likes.
+    void expectUndoAndRedo(const QString& before, const QString& after)
+    {
+        EXPECT_NE(before, after);
         for (int round = 0; round < 2; ++round) {
             run("undo");
-            EXPECT_EQ(describeDrawing(), before) << text << ", round " << round;
+            EXPECT_EQ(describeDrawing(), before) << "round " << round;
             run("redo");
-            EXPECT_EQ(describeDrawing(), after) << text << ", round " << round;
+            EXPECT_EQ(describeDrawing(), after) << "round " << round;
         }
     }
-    /// Runs a text that fails, changes nothing and leaves nothing to undo. error: the only one; null for any or none.
+    /// Runs a text that fails, changes nothing and leaves nothing to undo. error: what the plug-in says of it.
     void expectRefused(const std::string& text, const char* error = nullptr)
     {
         const QString before = BaseNode::masterNode() ? describeDrawing() : QString();
@@ -53,7 +59,7 @@ protected:
         EXPECT_EQ(session().undo.count(), steps) << text;
         EXPECT_EQ(BaseNode::masterNode() ? describeDrawing() : QString(), before) << text;
     }
-    /// The same without a message of the plug-in's own.
+    /// The same; the plug-in says nothing.
     void expectSilentlyRefused(const std::string& text)
     {
         expectRefused(text);
@@ -65,7 +71,8 @@ private:
     QByteArray nextPicture()
     {
         QImage image(8, 8, QImage::Format_RGBA8888);
-        image.fill(QColor(m_nextDrawing++ % 256, 100, 200));
+        image.fill(QColor(m_nextDrawing * 37 % 256, m_nextDrawing * 91 % 256, 200));
+        ++m_nextDrawing;
         return encodePng(image);
     }
 
