@@ -19,17 +19,19 @@ public:
     void setCamera(const kernel::NodePtr&) override {}
     int portWidth() const override { return m_widget.width() * pixelRatio; }
     int portHeight() const override { return m_widget.height() * pixelRatio; }
-    bool isLegacy() const override { return false; }
+    bool isLegacy() const override { return legacy; }
     api::ViewMatrices matrices() const override { return projection; }
     void refresh(bool) override { ++refreshes; }
     void scheduleRefresh() override { ++scheduled; }
-    void beginXorDrawing(float, const float[4]) override {}
+    void beginXorDrawing(float, const float[4]) override { ++invertedOutlines; }
     void endXorDrawing() override {}
 
     int pixelRatio = 1;  ///< port pixels for each of the widget's
     api::ViewMatrices projection;
+    bool legacy = false;
     int refreshes = 0;
     int scheduled = 0;
+    int invertedOutlines = 0;
 
 private:
     const std::string m_camera;
@@ -43,14 +45,12 @@ public:
 
     std::vector<api::View*> views() const override { return {&m_persp, &m_top}; }
     api::View* activeView() const override { return m_active; }
-    QWidget* mainWindow() const override { return window; }
+    QWidget* mainWindow() const override { return nullptr; }
     QWidget* findControl(const std::string&) const override { return nullptr; }
 
     TestView& persp() { return m_persp; }
     TestView& top() { return m_top; }
     void activate(TestView& view) { m_active = &view; }
-
-    QWidget* window = nullptr;  ///< the host's, for what watches it
 
 private:
     mutable TestView m_persp{"persp", 512, 512};
