@@ -4,6 +4,7 @@
 #include "settings/Names.h"
 #include "settings/ScriptBridge.h"
 
+#include <maya/M3dView.h>
 #include <maya/MCursor.h>
 #include <maya/MEvent.h>
 
@@ -304,10 +305,16 @@ void TransformContext::showChange()
     }
     const Outline corners = transformedOutline(m_span, m_transform);
     m_floating.node()->setRegionOutline({m_floating.camera(), corners});
+    m_floating.node()->redrawActiveView();
     if (m_drawManager) {
         m_drawManager->beginDrawable();
         drawOutline(*m_drawManager, corners);
         m_drawManager->endDrawable();
+        return;
     }
-    m_floating.node()->redrawActiveView();
+    MStatus status;
+    M3dView view = M3dView::active3dView(&status);
+    if (status) {
+        drawOutline(view, corners);
+    }
 }

@@ -1,9 +1,11 @@
 #pragma once
 
-#include <maya/MUIDrawManager.h>
-
+// Before the host's view headers, which may bring the window system's macros (None, Bool, CursorShape).
 #include <QPointF>
 #include <QString>
+
+#include <maya/M3dView.h>
+#include <maya/MUIDrawManager.h>
 
 #include <array>
 
@@ -15,3 +17,5 @@ struct RegionOutline {
 
 /// Draws the lines; the caller begins and ends the drawable.
 void drawOutline(MHWRender::MUIDrawManager& drawManager, const std::array<QPointF, 4>& corners);
+/// Inverts the picture of a legacy view along the lines, until the view is drawn anew. Nothing happens in Viewport 2.0.
+void drawOutline(M3dView& legacyView, const std::array<QPointF, 4>& corners);

@@ -7,7 +7,6 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
-#include <QMainWindow>
 #include <QMenu>
 #include <QMouseEvent>
 
@@ -66,7 +65,7 @@ protected:
         api::FrameState state;
         const auto frame = api::makeFrameContext(state);
         lines.items.clear();
-        api::ToolBox::instance().send(event, manager.get(), frame.get());
+        api::ToolBox::instance().send(event, drawsInViewport2 ? manager.get() : nullptr, frame.get());
     }
     void drag(const QPoint& from, const QPoint& to, api::ToolEvent::Button button = api::ToolEvent::Button::Left,
               bool shift = false)
@@ -123,10 +122,10 @@ protected:
         }
         close(menu);
     }
-    void pressBackslash(QWidget& window, bool down)
+    void pressBackslash(bool down)
     {
         QKeyEvent event(down ? QEvent::KeyPress : QEvent::KeyRelease, Qt::Key_Backslash, Qt::NoModifier);
-        QCoreApplication::sendEvent(&window, &event);
+        QCoreApplication::sendEvent(views.persp().widget(), &event);
     }
     QImage drawn(const QString& camera = "persp") { return drawing().activeLayer(camera)->currentFrame()->image(); }
     QRect shownInk() { return pixels::inkBox(*drawing().composite("persp")); }
@@ -137,6 +136,7 @@ protected:
     const QRect kRegion{QPoint(100, 200), QPoint(140, 220)};
     std::vector<std::string> toolSwitches;
     api::DrawList lines;
+    bool drawsInViewport2 = true;
 };
 
 TEST_F(TransformContextTest, EnterWithoutASelectionTakesTheWholeCanvas)
@@ -254,6 +254,24 @@ TEST_F(TransformContextTest, TheOutlineIsDrawnDuringADrag)
     ASSERT_EQ(lines.items.size(), 4u);
     EXPECT_EQ(lines.items[0].points[0].x, 60);
     EXPECT_EQ(lines.items[0].points[0].y, 432);
+}
+
+TEST_F(TransformContextTest, InALegacyViewTheOutlineIsInvertedOnceForEachRefresh)
+{
+    TestView& view = views.persp();
+    floatInk();
+    choose("Flip Horizontal");
+    EXPECT_EQ(view.invertedOutlines, 0) << "Viewport 2.0 has the node draw it";
+    backspace();
+
+    view.legacy = true;
+    drawsInViewport2 = false;
+    view.refreshes = 0;
+    floatInk();
+    drag({300, 300}, {310, 300});
+    EXPECT_EQ(view.invertedOutlines, 4) << "press and drag, start, drag";
+    EXPECT_EQ(view.refreshes, view.invertedOutlines) << "a second one would erase the first";
+    EXPECT_TRUE(lines.items.empty());
 }
 
 TEST_F(TransformContextTest, TakingBackLeavesNoTrace)
@@ -452,14 +470,11 @@ TEST_F(TransformContextTest, TheMenuOffersWhatCanBeDoneNow)
 
 TEST_F(TransformContextTest, TheMenuOpensOnlyForAPlainRightPressInTheViewInUse)
 {
-    QMainWindow window;
-    host().ui().setMainWindow(&window);
-    run("setToolTo transformTool");
     EXPECT_EQ(openMenu(views.persp(), QPoint(10, 10), Qt::ControlModifier), nullptr);
     EXPECT_EQ(openMenu(views.top()), nullptr);
-    pressBackslash(window, true);
+    pressBackslash(true);
     EXPECT_EQ(openMenu(views.persp()), nullptr);
-    pressBackslash(window, false);
+    pressBackslash(false);
     Preferences::instance().setTransformToolContextMenu(false);
     EXPECT_EQ(openMenu(views.persp()), nullptr);
     Preferences::instance().setTransformToolContextMenu(true);

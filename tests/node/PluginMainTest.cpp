@@ -73,6 +73,15 @@ protected:
     {
         session().batch = false;
         host().ui().setMainWindow(&window);
+        // What a host may not have made yet; one that has them keeps its own.
+        session().commands.add("setParent", [this](const kernel::ValueList&) {
+            host().ui().setMenuParent(host().ui().menuParent()->parent);
+            return kernel::Value();
+        });
+        session().commands.add("deleteUI", [this](const kernel::ValueList& arguments) {
+            host().ui().destroy(host().ui().get("deleteUI", kernel::toText(arguments.back())));
+            return kernel::Value();
+        });
     }
 
     /// Our menus among those of the window.
@@ -187,6 +196,17 @@ TEST_F(PluginMainTest, LeavesNothingBehindHoweverOftenItIsLoaded)
     }
 }
 
+TEST_F(PluginMainTest, WhatItPutOffUntilIdleTimeGoesWithIt)
+{
+    ASSERT_TRUE(load());
+    ASSERT_TRUE(run("evalDeferred(\"tqLumisketchUtil -rlm\"); evalDeferred \"global int $gRan = 1\";"
+                    "evalDeferred -lowestPriority(\"tqLumisketchUtil -draw\"); unloadPlugin lumisketch2;"
+                    "if (size(`evalDeferred -list`) != 1) error \"listed\";"));
+    host().drainIdle();
+    EXPECT_THAT(errors(), IsEmpty());
+    EXPECT_EQ(value("int $ran = $gRan; $ran;"), "1") << "what is not the module's still runs";
+}
+
 // A stroke that is being drawn has a thread at work, and a tool that is in use watches the view.
 TEST_F(PluginMainInAWindow, LeavesNothingBehindWhateverTheUserWasDoing)
 {
@@ -228,6 +248,8 @@ TEST_F(PluginMainTest, ItsScriptsCleanUpLayersAndDrawingsInStepsThatCanBeUndone)
     EXPECT_EQ(session().undo.count(), 0u);
     EXPECT_TRUE(run("tqLumisketchNode -l -c top; tqLumisketchLayer -add -n two persp;"
                     "tqLumisketchLayer -add -n three persp; tqLumisketchLayer -e -active 0 persp"));
+    for (auto& e : lines())
+        puts(e.text.c_str());
     const auto state = [this] {
         return value("objExists lumisketch") + ' ' + value("tqLumisketchLayer -cnt persp") + ' '
              + value("tqLumisketchLayer -cnt top");

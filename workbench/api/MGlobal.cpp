@@ -144,8 +144,9 @@ MString MGlobal::executeCommandStringResult(const MString& command, bool display
 MStatus MGlobal::executeCommandOnIdle(const MString& command, bool displayEnabled)
 {
     kernel::Session& host = session();
-    host.idle.post(
-        [&host, text = api::toKernel(command), displayEnabled] { host.script().execute(text, displayEnabled, true); });
+    const std::string text = api::toKernel(command);
+    host.idle.post([&host, text, displayEnabled] { host.script().execute(text, displayEnabled, true); },
+                   kernel::IdleQueue::Priority::Usual, text);
     return MStatus::kSuccess;
 }
 

@@ -6,17 +6,27 @@
 
 namespace kernel {
 
-void IdleQueue::post(std::function<void()> work, Priority priority)
+void IdleQueue::post(std::function<void()> work, Priority priority, std::string text)
 {
     std::function<void()> wake;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         if (!hasWork())
             wake = m_wake;
-        m_work[static_cast<std::size_t>(priority)].push_back({m_posted++, std::move(work)});
+        m_work[static_cast<std::size_t>(priority)].push_back({m_posted++, std::move(work), std::move(text)});
     }
     if (wake)
         wake();
+}
+
+void IdleQueue::drop(const std::function<bool(const std::string& text)>& isUnwanted)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    for (std::deque<Entry>& entries : m_work) {
+        entries.erase(
+            std::remove_if(entries.begin(), entries.end(), [&](const Entry& entry) { return isUnwanted(entry.text); }),
+            entries.end());
+    }
 }
 
 bool IdleQueue::isEmpty() const

@@ -4,6 +4,7 @@
 #include <deque>
 #include <functional>
 #include <mutex>
+#include <string>
 
 namespace kernel {
 
@@ -13,7 +14,10 @@ class IdleQueue {
 public:
     enum class Priority { First, Usual, Low, Lowest };
 
-    void post(std::function<void()> work, Priority priority = Priority::Usual);
+    /// text: what the work runs, when it is a script.
+    void post(std::function<void()> work, Priority priority = Priority::Usual, std::string text = {});
+    /// Takes back the scripts that are unwanted.
+    void drop(const std::function<bool(const std::string& text)>& isUnwanted);
     bool isEmpty() const;
     /// Runs what was queued when it was called, by priority; what those entries post waits for the next pass.
     /// Returns whether anything ran.
@@ -28,6 +32,7 @@ private:
     struct Entry {
         unsigned long long number;  ///< counts what was ever posted
         std::function<void()> work;
+        std::string text;
     };
     bool hasWork() const;
     /// The next one with a number below `end`; empty when there is none.

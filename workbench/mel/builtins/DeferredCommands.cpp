@@ -18,42 +18,37 @@ public:
 
     void add(const std::string& text, kernel::IdleQueue::Priority priority)
     {
-        const unsigned number = m_nextNumber++;
-        m_pending.push_back({number, text});
+        const auto pending = std::make_shared<const std::string>(text);
+        m_pending.push_back(pending);
         m_session.idle.post(
-            [weak = weak_from_this(), number] {
+            [weak = weak_from_this(), pending] {
                 if (const auto self = weak.lock())
-                    self->run(number);
+                    self->run(pending);
             },
-            priority);
+            priority, text);
     }
 
     kernel::StringArray list() const
     {
         kernel::StringArray texts;
-        for (const Text& pending : m_pending)
-            texts.push_back(pending.text);
+        for (const auto& entry : m_pending) {
+            if (const auto pending = entry.lock())
+                texts.push_back(*pending);
+        }
         return texts;
     }
 
 private:
-    struct Text {
-        unsigned number;
-        std::string text;
-    };
-
-    void run(unsigned number)
+    void run(const std::shared_ptr<const std::string>& pending)
     {
-        const auto found = std::find_if(m_pending.begin(), m_pending.end(),
-                                        [&](const Text& pending) { return pending.number == number; });
-        const std::string text = found->text;
-        m_pending.erase(found);
-        m_session.script().execute(text, false, true);
+        m_pending.erase(std::remove_if(m_pending.begin(), m_pending.end(),
+                                       [&](const auto& entry) { return entry.expired() || entry.lock() == pending; }),
+                        m_pending.end());
+        m_session.script().execute(*pending, false, true);
     }
 
     kernel::Session& m_session;
-    std::vector<Text> m_pending;
-    unsigned m_nextNumber = 0;
+    std::vector<std::weak_ptr<const std::string>> m_pending;  // expired: taken back before they ran
 };
 
 kernel::IdleQueue::Priority priority(const kernel::ParsedArgs& args)
