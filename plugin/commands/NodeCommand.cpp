@@ -1,7 +1,9 @@
 #include "commands/NodeCommand.h"
 
+#include "commands/Arguments.h"
 #include "commands/CreateNodeEdit.h"
 #include "commands/Flags.h"
+#include "commands/GhostRefresh.h"
 #include "model/LayerManager.h"
 #include "node/BaseNode.h"
 #include "settings/Messages.h"
@@ -17,22 +19,6 @@ const Flag kFlags[] = {
     {"-c", "-camera", MSyntax::kString},          {"-ln", "-layerName", MSyntax::kString},
     {"-ls", "-layerState", MSyntax::kUnsigned},   {"-f", "-frame", MSyntax::kNoArg},
 };
-
-QString textArgument(const MArgDatabase& args, const char* flag)
-{
-    MString text;
-    args.getFlagArgument(flag, 0, text);
-    return toQString(text);
-}
-
-int layerStateArgument(const MArgDatabase& args)
-{
-    int state = -1;
-    if (args.getFlagArgument("-layerState", 0, state) && (state < 0 || state >= kLayerStateCount)) {
-        return kLayerAnim;
-    }
-    return state;
-}
 
 }  // namespace
 
@@ -118,14 +104,7 @@ MStatus NodeCommand::refreshLayers()
 
 MStatus NodeCommand::refreshGhosting()
 {
-    BaseNode* node = BaseNode::masterNode();
-    const std::shared_ptr<LayerManager> manager = node ? node->layerManager() : nullptr;
-    if (!manager) {
-        return MStatus::kFailure;
-    }
-    manager->markForRedraw(manager->currentCamera());
-    node->requestRedraw();
-    return MStatus::kSuccess;
+    return rebuildGhosts() ? MStatus::kSuccess : MStatus::kFailure;
 }
 
 MStatus NodeCommand::createNode(const MArgDatabase& args)
@@ -134,6 +113,7 @@ MStatus NodeCommand::createNode(const MArgDatabase& args)
     const bool withLayer = args.isFlagSet("-layer");
     const FirstLayerRequest layer = {withLayer, withLayer ? textArgument(args, "-camera") : QString(),
                                      withLayer ? textArgument(args, "-layerName") : QString(),
-                                     withLayer ? layerStateArgument(args) : -1, args.isFlagSet("-frame")};
+                                     withLayer ? layerStateArgument(args, "-layerState") : -1,
+                                     args.isFlagSet("-frame")};
     return execute(std::unique_ptr<Edit>(new CreateNodeEdit(layer)));
 }

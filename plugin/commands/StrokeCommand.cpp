@@ -1,14 +1,11 @@
 #include "commands/StrokeCommand.h"
 
+#include "commands/Arguments.h"
 #include "commands/CommitStrokeEdit.h"
 #include "commands/Flags.h"
-#include "settings/Messages.h"
-#include "settings/ScriptBridge.h"
-#include "settings/Text.h"
 
 #include <maya/MArgDatabase.h>
 #include <maya/MArgList.h>
-#include <maya/MStringArray.h>
 
 namespace {
 
@@ -40,15 +37,8 @@ MStatus StrokeCommand::doIt(const MArgList& list)
     if (!status) {
         return status;
     }
-    MStringArray objects;
-    args.getObjects(objects);
-    if (objects.length() == 0) {
-        messages::error("Camera not specified");
-        return MStatus::kFailure;
-    }
-    const QString camera = toQString(objects[0]);
-    if (!script::cameraExists(camera)) {
-        messages::error(QString("Camera does not exist: %1").arg(camera));
+    QString camera;
+    if (!readCameraArgument(args, camera)) {
         return MStatus::kFailure;
     }
     int layerAdded = -1;

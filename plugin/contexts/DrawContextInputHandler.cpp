@@ -5,34 +5,15 @@
 
 #include <QTabletEvent>
 
-#include <maya/M3dView.h>
-
 void DrawContextInputHandler::setUp()
 {
     penState::reset();
-    m_views.clear();
     watchActiveView();
 }
 
 void DrawContextInputHandler::cleanUp()
 {
-    for (const QPointer<QWidget>& view : m_views) {
-        if (view) {
-            view->removeEventFilter(this);
-        }
-    }
-    m_views.clear();
-}
-
-void DrawContextInputHandler::watchActiveView()
-{
-    MStatus status;
-    M3dView view = M3dView::active3dView(&status);
-    QWidget* widget = status ? view.widget() : nullptr;
-    if (widget && !m_views.contains(widget)) {
-        widget->installEventFilter(this);
-        m_views.append(widget);
-    }
+    m_views.release();
 }
 
 bool DrawContextInputHandler::eventFilter(QObject* watched, QEvent* event)

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QList>
+#include "contexts/WatchedViews.h"
+
 #include <QObject>
-#include <QPointer>
-#include <QWidget>
 
 class QTabletEvent;
 
@@ -15,12 +14,12 @@ public:
     void setUp();
     void cleanUp();
     /// Watches the active view too.
-    void watchActiveView();
+    void watchActiveView() { m_views.addActive(); }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void followPen(const QTabletEvent& event);
 
-    QList<QPointer<QWidget>> m_views;
+    WatchedViews m_views{*this};
 };

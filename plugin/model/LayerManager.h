@@ -110,6 +110,7 @@ public:
     /// stroke, or nothing to put it into (the stroke is dropped then).
     bool commitStroke(const QString& camera, Picture& undo);
     void dropStroke();
+    bool holdsCut() const { return m_stroke.holdsCut(); }  ///< a transform has kept a region, which can be pasted
     /// Exchanges a frame's drawing with the given one: one call undoes a stroke, the next redoes it. False when there
     /// is no such frame.
     bool swapImage(const FrameAddress& frame, Picture& other);

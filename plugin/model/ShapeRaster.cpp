@@ -126,6 +126,25 @@ QMatrix turnAndScale(const ActiveStroke& record)
     return matrix;
 }
 
+/// What would be made of the image is far larger than the canvas on which a part of it is seen.
+bool isVast(const ActiveStroke& record, const QSize& size)
+{
+    constexpr double kLargest = 16.0 * kCanvasSize * kCanvasSize;
+    const QRectF box = turnAndScale(record).mapRect(QRectF(QPointF(0, 0), size));
+    return box.width() * box.height() > kLargest;
+}
+
+// Only the part on the canvas is made: all of it would take seconds, and may not fit into memory.
+void drawVast(QPainter& painter, const ActiveStroke& record, const QImage& image)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.translate(centreOf(record.region) + record.translation);
+    painter.setTransform(QTransform(turnAndScale(record)), true);
+    painter.drawImage(QPointF(-image.width() / 2.0, -image.height() / 2.0), image);
+    painter.restore();
+}
+
 }  // namespace
 
 void renderShape(QImage& canvas, const ActiveStroke& record, bool preview)
@@ -148,6 +167,10 @@ void drawTransformed(QPainter& painter, const ActiveStroke& record, const QImage
 {
     if (record.pasteAsIs) {
         painter.drawImage(record.region.topLeft() + record.translation, image);
+        return;
+    }
+    if (isVast(record, image.size())) {
+        drawVast(painter, record, image);
         return;
     }
     const QImage transformed = image.transformed(turnAndScale(record), Qt::SmoothTransformation);

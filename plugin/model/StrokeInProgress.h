@@ -41,6 +41,7 @@ public:
     const InkedImage& canvas() const { return m_canvas; }
     void paintFloating(QPainter& painter) const;
     QRect floatingBox() const { return m_floatingBox; }  ///< holds what floats
+    bool holdsCut() const { return !m_cut.isNull(); }    ///< there is something to paste
 
     Picture committed(const Picture& base);  ///< the drawing that a commit leaves behind: a canvas
 

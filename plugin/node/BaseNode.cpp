@@ -318,6 +318,17 @@ QPoint BaseNode::viewToCanvas(const QPoint& point) const
     return canvasPixelAt(m_toolMetrics, point.x() * m_toolPixelRatio, point.y() * m_toolPixelRatio);
 }
 
+QPoint BaseNode::portToCanvas(const QPoint& point) const
+{
+    return canvasPixelAt(m_toolMetrics, point.x(), point.y());
+}
+
+QPoint BaseNode::canvasToPort(const QPoint& pixel) const
+{
+    const MPoint point = viewPointOf(m_toolMetrics, pixel);
+    return QPoint(qRound(point.x), qRound(point.y));
+}
+
 void BaseNode::requestRedraw()
 {
     MHWRender::MRenderer::setGeometryDrawDirty(thisMObject());

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/Frame.h"
+#include "node/RegionOutline.h"
 #include "node/ViewportMetrics.h"
 
 // Before the host's view headers, which may bring the window system's macros (None, Bool, CursorShape).
@@ -20,6 +22,7 @@
 #include <memory>
 #include <vector>
 
+class Layer;
 class LayerManager;
 class QImage;
 struct FrameAddress;
@@ -77,6 +80,11 @@ public:
     bool drawingTarget(const QString& camera, int& newLayerIndex, bool& frameCreated);
     /// Takes back what drawingTarget made for a stroke that came to nothing. frame: the one it was to go to.
     void withdrawDrawingTarget(const FrameAddress& frame, int newLayerIndex, bool frameCreated);
+    /// The camera has an active layer, and the user may change its drawings. False, and reported, when not.
+    bool canEditActiveLayer(const QString& camera) const;
+
+    /// What was copied last: packed frames, their times counted from the start of the span they were copied from.
+    std::vector<std::unique_ptr<Frame>>& frameClipboard() { return m_frameClipboard; }
 
     // Where it is shown ---------------------------------------------------------------------------------------------
 
@@ -93,6 +101,14 @@ public:
     bool prepareToolView(M3dView& view);
     /// Canvas pixel under a point of the tool's view (its widget's pixels, but y pointing up).
     QPoint viewToCanvas(const QPoint& point) const;
+    /// The same for a point as the tools' events give it: port pixels, y pointing up.
+    QPoint portToCanvas(const QPoint& point) const;
+    /// Where the tool's view shows the upper left corner of a canvas pixel; port pixels.
+    QPoint canvasToPort(const QPoint& pixel) const;
+
+    /// Shown in Viewport 2.0 from the next redraw on.
+    void setRegionOutline(const RegionOutline& outline) { m_regionOutline = outline; }
+    const RegionOutline& regionOutline() const { return m_regionOutline; }
 
     /// Has the views draw the node anew at their next refresh.
     void requestRedraw();
@@ -105,6 +121,7 @@ private:
     std::shared_ptr<LayerManager> findLayerManager(const char** failure) const;
     QString cameraInFile(const QString& camera) const;
     void setUpDrawing();
+    static Layer* editableLayer(LayerManager& manager, const QString& camera);
     bool prepareFrame(LayerManager& manager, const QString& camera, bool& frameCreated) const;
 
     static MObject s_layerData;
@@ -114,4 +131,6 @@ private:
     ViewportMetrics m_toolMetrics;
     double m_toolPixelRatio = 1.0;  ///< port pixels for each pixel of the tool view's widget
     int m_frameNumber = 0;
+    std::vector<std::unique_ptr<Frame>> m_frameClipboard;
+    RegionOutline m_regionOutline;
 };

@@ -103,6 +103,9 @@ MUserData* BaseNodeDrawOverride::prepareForDraw(const MDagPath& objPath, const M
     data->image = node->compositeImage(camera);
     data->cameraHasDrawing = data->image != nullptr;
     data->opacity = node->opacity();
+    const RegionOutline& region = node->regionOutline();
+    data->showRegion = !region.camera.isEmpty() && region.camera == camera;
+    data->corners = region.corners;
     data->frameNumber = node->currentFrameNumber();
     return data;
 }
@@ -132,5 +135,9 @@ void BaseNodeDrawOverride::addUIDrawables(const MDagPath&, MHWRender::MUIDrawMan
     drawManager.setTextureMask(MHWRender::MBlendState::kRGBAChannels);
     drawManager.setColor(MColor(1.0f, 1.0f, 1.0f, shown->opacity));
     drawManager.rect2d(shown->centre, MVector(0.0, 1.0, 0.0), shown->halfSize, shown->halfSize, true);
+    if (shown->showRegion) {
+        drawManager.setTexture(nullptr);
+        drawOutline(drawManager, shown->corners);
+    }
     drawManager.endDrawable();
 }

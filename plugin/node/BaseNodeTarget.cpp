@@ -40,23 +40,31 @@ bool BaseNode::drawingTarget(const QString& camera, int& newLayerIndex, bool& fr
     return false;
 }
 
-bool BaseNode::prepareFrame(LayerManager& manager, const QString& camera, bool& frameCreated) const
+bool BaseNode::canEditActiveLayer(const QString& camera) const
+{
+    const std::shared_ptr<LayerManager> manager = layerManager();
+    return manager && editableLayer(*manager, camera);
+}
+
+// Null, and reported, when there is none.
+Layer* BaseNode::editableLayer(LayerManager& manager, const QString& camera)
 {
     Layer* layer = manager.activeLayer(camera);
-    if (!layer) {
-        messages::error("An active layer does not exist.");
-        return false;
+    const char* refusal = !layer                         ? "An active layer does not exist."
+                        : !layer->isVisible()            ? "Active layer is not visible."
+                        : layer->state() == kLayerLocked ? "Active layer is locked."
+                                                         : nullptr;
+    if (refusal) {
+        messages::error(refusal);
     }
-    if (!layer->isVisible()) {
-        messages::error("Active layer is not visible.");
-        return false;
-    }
-    if (layer->state() == kLayerLocked) {
-        messages::error("Active layer is locked.");
-        return false;
-    }
-    if (layer->hasFrameAtCurrentTime()) {
-        return true;
+    return refusal ? nullptr : layer;
+}
+
+bool BaseNode::prepareFrame(LayerManager& manager, const QString& camera, bool& frameCreated) const
+{
+    Layer* layer = editableLayer(manager, camera);
+    if (!layer || layer->hasFrameAtCurrentTime()) {
+        return layer != nullptr;
     }
     if (layer->state() == kLayerStatic) {
         const Preferences& preferences = Preferences::instance();

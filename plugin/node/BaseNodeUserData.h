@@ -4,6 +4,9 @@
 #include <maya/MUserData.h>
 
 #include <QImage>
+#include <QPointF>
+
+#include <array>
 
 /// What one view shows of a drawing node, from prepareForDraw to addUIDrawables.
 class BaseNodeUserData : public MUserData {
@@ -13,7 +16,9 @@ public:
     const QImage* image = nullptr;  ///< the manager's; null to draw nothing
     float opacity = 1.0f;           ///< 0..1
     bool cameraHasDrawing = false;
-    MPoint centre;       ///< view pixels
-    float halfSize = 0;  ///< view pixels
+    MPoint centre;                   ///< view pixels
+    float halfSize = 0;              ///< view pixels
+    bool showRegion = false;         ///< the transform tool's outline belongs to this camera
+    std::array<QPointF, 4> corners;  ///< of that outline, view pixels
     int frameNumber = 0;
 };

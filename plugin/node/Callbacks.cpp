@@ -6,13 +6,14 @@
 #include "model/LayerManager.h"
 #include "node/BaseNode.h"
 #include "node/TimelineMarks.h"
-#include "settings/Preferences.h"
 
 #include <maya/MCallbackIdArray.h>
 #include <maya/MEventMessage.h>
 #include <maya/MMessage.h>
 
 namespace {
+
+void (*s_shutDown)() = nullptr;
 
 MCallbackIdArray& installedIds()
 {
@@ -79,7 +80,7 @@ void sceneOpened(void*)
 
 void quitApplication(void*)
 {
-    Preferences::instance().save();
+    s_shutDown();
 }
 
 const struct {
@@ -97,8 +98,9 @@ const struct {
 
 }  // namespace
 
-MStatus callbacks::install()
+MStatus callbacks::install(void (*shutDown)())
 {
+    s_shutDown = shutDown;
     for (const auto& callback : kCallbacks) {
         MStatus status;
         const MCallbackId id = MEventMessage::addEventCallback(callback.event, callback.answer, nullptr, &status);

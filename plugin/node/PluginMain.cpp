@@ -1,15 +1,21 @@
 // The module's entry: the one place that knows every other and wires them together.
 
+#include "commands/FrameCommand.h"
+#include "commands/LayerCommand.h"
 #include "commands/NodeCommand.h"
+#include "commands/Panels.h"
 #include "commands/StrokeCommand.h"
+#include "commands/UtilCommand.h"
 #include "contexts/DrawContextCommand.h"
 #include "contexts/ThreadManager.h"
+#include "contexts/TransformContextCommand.h"
 #include "model/BaseNodeLayerData.h"
 #include "model/LayerManager.h"
 #include "node/BaseNode.h"
 #include "node/BaseNodeDrawOverride.h"
 #include "node/Callbacks.h"
 #include "node/HostViews.h"
+#include "node/TimelineMarks.h"
 #include "settings/Messages.h"
 #include "settings/Names.h"
 #include "settings/Preferences.h"
@@ -19,6 +25,10 @@
 #include <maya/MDrawRegistry.h>
 #include <maya/MFnPlugin.h>
 
+#include <QCoreApplication>
+#include <QPointer>
+#include <QWidget>
+
 #include <functional>
 #include <vector>
 
@@ -27,6 +37,9 @@ namespace {
 const char kVendor[] = "Lumisketch";
 const char kVersion[] = "2.5.4";
 
+// For the whole load; set anew by each, as the host may have kept the module in memory since it was last unloaded.
+bool s_isInteractive = false;
+bool s_isShutDown = false;
 int s_playbackJob = -1;
 
 /// A step of loading and the step of unloading that takes it back; either may do nothing.
@@ -89,9 +102,26 @@ Registration drawOverride()
             "Failed to register draw node override", "Failed to deregister base node draw override", false};
 }
 
+MStatus nothing(MFnPlugin&)
+{
+    return MStatus::kSuccess;
+}
+
+Registration onlyEntered(Registration step)
+{
+    step.leave = nothing;
+    return step;
+}
+
+Registration onlyLeft(Registration step)
+{
+    step.enter = nothing;
+    return step;
+}
+
 Registration whenLeaving(void (*step)())
 {
-    return {[](MFnPlugin&) { return MStatus(); },
+    return {nothing,
             [=](MFnPlugin&) {
                 step();
                 return MStatus();
@@ -99,24 +129,102 @@ Registration whenLeaving(void (*step)())
             QString(), QString(), false};
 }
 
-void savePreferences()
+const struct {
+    Panel panel;
+    void (Preferences::*keepGeometry)(const QByteArray&);
+} kPanels[] = {
+    {Panel::Toolbox, &Preferences::setToolboxGeometry},
+    {Panel::ToolOptions, &Preferences::setToolOptionsGeometry},
+    {Panel::LayerManager, &Preferences::setLayerManagerGeometry},
+    {Panel::ColorPalette, &Preferences::setColorPaletteGeometry},
+    {Panel::RetimingTool, &Preferences::setRetimingToolGeometry},
+};
+
+void closePanels(Panels& panels)
 {
+    for (const auto& row : kPanels) {
+        const QPointer<QWidget> panel = panels.existingPanel(row.panel);
+        if (panel) {
+            (Preferences::instance().*row.keepGeometry)(panel->saveGeometry());
+            panel->close();
+            delete panel;  // null by now if it deletes itself
+        }
+    }
+}
+
+/// Takes our windows away and saves the settings: once, when the host quits or when the module is unloaded before.
+void shutDown()
+{
+    if (s_isShutDown) {
+        return;
+    }
+    s_isShutDown = true;
+    if (Panels* panels = Panels::installed()) {
+        closePanels(*panels);
+    }
+    Panels::install(nullptr);
+    TimelineMarks::install(nullptr);
+    LayerManager::setLayerListView(nullptr);
     Preferences::instance().save();
+}
+
+/// Nothing of ours may be under the pointer or at work while the rest goes.
+void leaveTools()
+{
+    const QString toolClass = script::currentToolClass();
+    if (toolClass == names::kDrawContextCommand || toolClass == names::kTransformContextCommand) {
+        script::setSelectTool();
+    }
+    ThreadManager::destroy();
+}
+
+/// What is to be deleted later would be deleted without its code.
+void deleteNow()
+{
+    if (QCoreApplication::instance()) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 }
 
 /// In the order of loading; unloading goes the other way.
 std::vector<Registration> registrations()
 {
+    const Registration transformTool =
+        contextCommand(names::kTransformContextCommand, TransformContextCommand::creator);
     return {
-        whenLeaving(ThreadManager::destroy),
+        whenLeaving(deleteNow),
         command(names::kNodeCommand, NodeCommand::creator, NodeCommand::newSyntax),
+        command(names::kLayerCommand, LayerCommand::creator, LayerCommand::newSyntax),
+        command(names::kFrameCommand, FrameCommand::creator, FrameCommand::newSyntax),
         command(names::kStrokeCommand, StrokeCommand::creator, StrokeCommand::newSyntax),
+        command(names::kUtilCommand, UtilCommand::creator, UtilCommand::newSyntax),
+        // Of the tools the draw tool is the first both ways.
+        onlyLeft(transformTool),
         contextCommand(names::kDrawContextCommand, DrawContextCommand::creator),
+        onlyEntered(transformTool),
         layerData(),
-        whenLeaving(savePreferences),
+        whenLeaving(shutDown),
         baseNode(),
         drawOverride(),
     };
+}
+
+/// Without its menu the module is as useful to scripts: a failure is only reported.
+void makeMenu()
+{
+    if (!script::sourceMenuScript()) {
+        messages::bareError("Failed to source scripts");
+        return;
+    }
+    if (!s_isInteractive) {
+        return;
+    }
+    if (!script::createMainMenu()) {
+        messages::bareError("Failed to create main menu");
+    }
+    if (!script::notifyMainMenu()) {
+        messages::bareError("Failed to update main menu");
+    }
 }
 
 MStatus report(const Registration& step, const QString& failure, const MStatus& status)
@@ -164,14 +272,17 @@ MStatus initializePlugin(MObject object)
         messages::bareError("Failed to initialize plugin: " + toQString(status.errorString()));
         return status;
     }
-    Preferences::instance() = Preferences();  // the host may have kept the module in memory since it was last unloaded
+    s_isInteractive = !script::isBatch();
+    s_isShutDown = false;
+    Preferences::instance() = Preferences();
     Preferences::instance().load();
+    makeMenu();
     LayerManager::setDrawingViews(&hostViews());
     status = enterAll(plugin);
     if (!status) {
         return status;
     }
-    status = callbacks::install();
+    status = callbacks::install(shutDown);
     if (!status) {
         return status;
     }
@@ -181,11 +292,16 @@ MStatus initializePlugin(MObject object)
 
 MStatus uninitializePlugin(MObject object)
 {
-    if (s_playbackJob >= 0 && !script::stopPlaybackJob(s_playbackJob)) {
+    leaveTools();
+    if (s_isInteractive && !script::deleteMainMenu()) {
+        messages::bareError("Failed to delete main menu");
+    }
+    const int job = s_playbackJob;
+    s_playbackJob = -1;  // one that cannot be stopped is gone: the next attempt goes on without it
+    if (job >= 0 && !script::stopPlaybackJob(job)) {
         messages::bareError("Failed to remove scriptJobs");
         return MStatus::kFailure;
     }
-    s_playbackJob = -1;
     MStatus status = callbacks::remove();
     if (!status) {
         messages::bareError("Failed to remove callbacks");

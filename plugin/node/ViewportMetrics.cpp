@@ -89,3 +89,12 @@ QPoint canvasPixelAt(const ViewportMetrics& metrics, double x, double y)
     const double below = metrics.height - (metrics.panOffset.y + y);
     return QPoint(roundHalfUp((left + x) * scale), roundHalfUp((below + (size - metrics.height) / 2.0) * scale));
 }
+
+MPoint viewPointOf(const ViewportMetrics& metrics, const QPoint& pixel)
+{
+    const double size = metrics.drawnSize;
+    const double scale = size / kCanvasSize;
+    const double left = (size - metrics.width) / 2.0 + metrics.panOffset.x;
+    const double top = (size + metrics.height) / 2.0 - metrics.panOffset.y;
+    return MPoint(pixel.x() * scale - left, top - pixel.y() * scale);
+}

@@ -39,3 +39,5 @@ void panTo(ViewportMetrics& metrics, const MPoint& target);
 /// Canvas pixel under a point of the view; may lie outside 0..1023. The canvas's y points down. Halves round up,
 /// below zero too. The origin when the view shows no canvas.
 QPoint canvasPixelAt(const ViewportMetrics& metrics, double x, double y);
+/// Where the view shows the upper left corner of a canvas pixel, which may lie outside the canvas.
+MPoint viewPointOf(const ViewportMetrics& metrics, const QPoint& pixel);

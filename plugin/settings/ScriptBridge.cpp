@@ -1,107 +1,64 @@
 #include "settings/ScriptBridge.h"
 
-#include "settings/Messages.h"
-#include "settings/Names.h"
-#include "settings/Text.h"
-
-#include <maya/MDoubleArray.h>
-#include <maya/MGlobal.h>
-#include <maya/MSelectionList.h>
-#include <maya/MStringArray.h>
+#include "settings/ScriptTemplates.h"
 
 #include <QRegularExpression>
+
+#include <initializer_list>
 
 namespace script {
 
 namespace {
 
-// A command text, in which %1, %2 ... stand for what is filled in, and how it runs: echoed to the script editor or not,
-// recorded for undo or not.
-struct Template {
-    const char* text;
-    bool display;
-    bool undo;
-};
-
-constexpr Template kCommitStroke = {"%1%2 %3", false, true};
-constexpr Template kCreateNode = {"%1%2", false, true};
-constexpr Template kSetActiveLayer = {"%1 -e -active %2 %3", false, true};
-constexpr Template kDeferred = {"evalDeferred(%1)", false, false};
-constexpr Template kSetTool = {"setToolTo %1", false, false};
-constexpr Template kContextExists = {"contextInfo -exists %1", false, false};
-constexpr Template kIsBatch = {"about -batch", false, false};
-constexpr Template kStartPlaybackJob = {"scriptJob -cf \"playingBack\" %1", false, false};
-constexpr Template kStopPlaybackJob = {"scriptJob -f -k %1", false, false};
-constexpr Template kUserPrefDir = {"internalVar -userPrefDir", false, false};
-constexpr Template kTimeControlName = {"$tempVar = $gPlayBackSlider", false, false};
-constexpr Template kHighlightedSpan = {"timeControl -q -rangeArray $gPlayBackSlider", false, false};
-constexpr Template kSceneCameras = {"ls -cameras", false, false};
-
-// Texts that are parts of others.
-constexpr char kLayerCreated[] = " -la %1";
-constexpr char kFrameCreated[] = " -fa";
-constexpr char kUseDrawTool[] = "%1 -draw";
-constexpr char kNewLayerDialog[] = "%1 -newLayer";
-constexpr char kRefreshLayerManager[] = "%1 -rlm";
-constexpr char kRefreshGhosts[] = "%1 -rg";
-
-// Fills the places in one pass, so that a %1 in what is filled in stays what it is. All templates have fewer than ten
-// places.
-QString filled(const char* format, const QStringList& values = QStringList())
+QStringList numbers(std::initializer_list<int> values)
 {
-    const QString text = QLatin1String(format);
-    QString result;
-    for (int i = 0; i < text.size(); ++i) {
-        if (text[i] == QLatin1Char('%') && i + 1 < text.size() && text[i + 1].isDigit()) {
-            ++i;
-            result += values.value(text[i].digitValue() - 1);
-        } else {
-            result += text[i];
-        }
+    QStringList texts;
+    for (const int value : values) {
+        texts << QString::number(value);
     }
-    return result;
+    return texts;
 }
 
-bool run(const Template& command, const QStringList& values = QStringList())
+QStringList components(const QColor& colour)
 {
-    return MGlobal::executeCommand(toMString(filled(command.text, values)), command.display, command.undo);
+    return numbers({colour.red(), colour.green(), colour.blue()});
 }
 
-template <class Result>
-bool ask(const Template& command, Result& result, const QStringList& values = QStringList())
+QStringList fractions(const QColor& colour)
 {
-    return MGlobal::executeCommand(toMString(filled(command.text, values)), result, command.display, command.undo);
+    return {QString::number(colour.redF()), QString::number(colour.greenF()), QString::number(colour.blueF())};
 }
 
-QString utilCommand(const char* format)
+/// Runs the row that an enumerator names; false when there is none for it.
+template <class Enum, std::size_t Count>
+bool runRow(const Template (&rows)[Count], Enum which, const QStringList& values = QStringList())
 {
-    return filled(format, {QLatin1String(names::kUtilCommand)});
-}
-
-bool runDeferred(const QString& command)
-{
-    return run(kDeferred, {quoted(command)});
+    const auto index = static_cast<std::size_t>(which);
+    return index < Count && run(rows[index], values);
 }
 
 }  // namespace
 
-QString quoted(const QString& text)
+QString escaped(const QString& text)
 {
-    QString result(QLatin1Char('"'));
+    QString result;
     for (const QChar c : text) {
         switch (c.unicode()) {
+        case '\0': break;
         case '"': result += QLatin1String("\\\""); break;
         case '\\': result += QLatin1String("\\\\"); break;
         case '\n': result += QLatin1String("\\n"); break;
         case '\t': result += QLatin1String("\\t"); break;
         case '\r': result += QLatin1String("\\r"); break;
-        default:
-            if (c.category() != QChar::Other_Control) {
-                result += c;
-            }
+        default: result += c;
         }
     }
-    return result + QLatin1Char('"');
+    return result;
+}
+
+QString quoted(const QString& text)
+{
+    return QLatin1Char('"') + escaped(text) + QLatin1Char('"');
 }
 
 QString word(const QString& name)
@@ -110,16 +67,38 @@ QString word(const QString& name)
     return kLegalName.match(name).hasMatch() ? name : quoted(name);
 }
 
+bool editFrames(FrameAction action)
+{
+    return runRow(templates::kFrames, action);
+}
+
+bool retimeFrames(int value, bool relative, bool moveToNext)
+{
+    QString flags;
+    if (relative) {
+        flags += QLatin1String(" -relative");
+    }
+    if (moveToNext) {
+        flags += QLatin1String(" -moveToNext");
+    }
+    return run(templates::kRetime, {QString::number(value), flags});
+}
+
+bool moveFrames(int offset, int first, int last)
+{
+    return run(templates::kMoveFrames, numbers({offset, first, last}));
+}
+
 bool commitStroke(const QString& camera, int createdLayer, bool frameCreated)
 {
     QString created;
     if (createdLayer >= 0) {
-        created += filled(kLayerCreated, {QString::number(createdLayer)});
+        created += QLatin1String(" -la ") + QString::number(createdLayer);
     }
     if (frameCreated) {
-        created += filled(kFrameCreated);
+        created += QLatin1String(" -fa");
     }
-    return run(kCommitStroke, {QLatin1String(names::kStrokeCommand), created, word(camera)});
+    return run(templates::kCommitStroke, {created, word(camera)});
 }
 
 bool createDrawingNodeOnIdle(const FirstLayer* layer)
@@ -140,117 +119,168 @@ bool createDrawingNodeOnIdle(const FirstLayer* layer)
             flags += QLatin1String(" -f");
         }
     }
-    const QString command = filled(kCreateNode.text, {QLatin1String(names::kNodeCommand), flags});
-    return MGlobal::executeCommandOnIdle(toMString(command), kCreateNode.display);
+    const Template& row = templates::kCreateNode;
+    return MGlobal::executeCommandOnIdle(toMString(filled(row, {flags})), row.display);
+}
+
+bool addLayer(const QString& camera, const QString& name, int state)
+{
+    QString flags;
+    if (!name.isEmpty()) {
+        flags += QLatin1String(" -n ") + quoted(name);
+    }
+    if (state >= 0) {
+        flags += QLatin1String(" -ls ") + QString::number(state);
+    }
+    return run(templates::kAddLayer, {flags, word(camera)});
 }
 
 bool setActiveLayer(const QString& camera, int index)
 {
-    return run(kSetActiveLayer, {QLatin1String(names::kLayerCommand), QString::number(index), word(camera)});
+    return run(templates::kSetActiveLayer, numbers({index}) << word(camera));
+}
+
+bool deleteLayer(const QString& camera, int index)
+{
+    return run(templates::kDeleteLayer, numbers({index}) << word(camera));
+}
+
+bool renameLayer(const QString& camera, int index, const QString& name)
+{
+    return run(templates::kRenameLayer, {quoted(name), QString::number(index), word(camera)});
+}
+
+bool setLayerState(const QString& camera, int index, int state)
+{
+    return run(templates::kSetLayerState, numbers({state, index}) << word(camera));
+}
+
+bool setLayerVisible(const QString& camera, int index, bool visible)
+{
+    return run(templates::kSetLayerVisible, numbers({visible, index}) << word(camera));
+}
+
+bool moveLayer(const QString& camera, int from, int to)
+{
+    return run(templates::kMoveLayer, numbers({from, to}) << word(camera));
+}
+
+bool moveAllLayers(const QString& camera, const QString& toCamera)
+{
+    return run(templates::kMoveAllLayers, {word(toCamera), word(camera)});
+}
+
+bool moveLayerToCamera(const QString& camera, int index, const QString& toCamera, int toIndex)
+{
+    return run(templates::kMoveLayerToCamera, QStringList(word(toCamera)) << numbers({index, toIndex}) << word(camera));
+}
+
+bool selectTool(ToolType tool)
+{
+    return runRow(templates::kTools, tool);
 }
 
 bool switchToDrawToolDeferred()
 {
-    return runDeferred(utilCommand(kUseDrawTool));
+    return runDeferred(templates::kUseDrawTool);
 }
 
-bool openNewLayerDialogDeferred()
+bool switchToTransformToolDeferred()
 {
-    return runDeferred(utilCommand(kNewLayerDialog));
-}
-
-bool refreshLayerManagerDeferred()
-{
-    return runDeferred(utilCommand(kRefreshLayerManager));
+    return runDeferred(templates::kUseTransformTool);
 }
 
 bool setCurrentTool(const QString& contextName)
 {
-    return run(kSetTool, {word(contextName)});
+    return run(templates::kSetTool, {word(contextName)});
 }
 
-bool contextExists(const QString& contextName)
+bool setSelectTool()
 {
-    int exists = 0;
-    return ask(kContextExists, exists, {word(contextName)}) && exists != 0;
+    return run(templates::kSetSelectTool);
 }
 
-bool isBatch()
+bool setToolOptions(ToolType tool, const ToolOptions& options)
 {
-    int batch = 0;
-    return ask(kIsBatch, batch) && batch != 0;
+    return runRow(templates::kToolOptions, tool,
+                  numbers({options.size, options.opacity, options.hardness, options.tablet})
+                      << quoted(options.fontFamily));
 }
 
-int startPlaybackJob()
+bool setDrawColour(const QColor& colour)
 {
-    int job = -1;
-    const QString refresh = filled(kRefreshGhosts, {QLatin1String(names::kNodeCommand)});
-    return ask(kStartPlaybackJob, job, {quoted(refresh)}) ? job : -1;
+    return run(templates::kDrawColour, components(colour));
+}
+
+bool showGhosts(GhostSide side, GhostSwitch show)
+{
+    return runRow(templates::kShowGhosts, side, numbers({static_cast<int>(show)}));
+}
+
+bool setGhostCount(GhostSide side, int count)
+{
+    return runRow(templates::kGhostCount, side, numbers({count}));
+}
+
+bool setGhostColour(GhostSide side, const QColor& colour)
+{
+    return runRow(templates::kGhostColour, side, components(colour));
+}
+
+bool setGhostColourOverride(bool on)
+{
+    return run(templates::kGhostColourOverride, numbers({on}));
+}
+
+bool setTimelineFrameDisplay(int display)
+{
+    return run(templates::kTimelineDisplay, numbers({display}));
+}
+
+bool refreshTimelineDisplay()
+{
+    return run(templates::kRefreshTimeline);
+}
+
+bool openPanel(Panel panel)
+{
+    return runRow(templates::kPanels, panel);
+}
+
+bool openNewLayerDialogDeferred()
+{
+    return runDeferred(templates::kPanels[static_cast<int>(Panel::NewLayer)]);
+}
+
+bool refreshLayerManagerDeferred()
+{
+    return runDeferred(templates::kRefreshLayerManager);
+}
+
+QString createColourSlider(const QString& name, int swatchWidth)
+{
+    MString made;
+    return ask(templates::kMakeColourSlider, made, numbers({swatchWidth}) << word(name)) ? toQString(made) : QString();
+}
+
+bool setColourOfSlider(const QString& slider, const QColor& colour)
+{
+    return run(templates::kSetSliderColour, fractions(colour) << word(slider));
+}
+
+bool refreshToolboxWithSlider(const QString& slider)
+{
+    return run(templates::kSetSliderCommand, {quoted(filled(templates::kRefreshToolbox)), word(slider)});
+}
+
+bool cleanUp(Cleanup what)
+{
+    return runRow(templates::kCleanups, what);
 }
 
 bool stopPlaybackJob(int job)
 {
-    return run(kStopPlaybackJob, {QString::number(job)});
-}
-
-QString userPrefDir()
-{
-    MString folder;
-    return ask(kUserPrefDir, folder) ? toQString(folder) : QString();
-}
-
-QString timeControlName()
-{
-    MString name;
-    if (!ask(kTimeControlName, name) || name.length() == 0) {
-        messages::error(QString("Failed to get time control name"));
-        return QString();
-    }
-    return toQString(name);
-}
-
-FrameSpan highlightedSpan()
-{
-    MDoubleArray range;
-    if (!ask(kHighlightedSpan, range) || range.length() < 2) {
-        return {0, 0};
-    }
-    return {static_cast<int>(range[0]), static_cast<int>(range[1])};
-}
-
-QStringList sceneCameras()
-{
-    QStringList cameras;
-    MStringArray shapes;
-    if (!ask(kSceneCameras, shapes)) {
-        return cameras;
-    }
-    for (unsigned int i = 0; i < shapes.length(); ++i) {
-        MSelectionList list;
-        MDagPath path;
-        if (list.add(shapes[i]) && list.getDagPath(0, path)) {
-            cameras.append(cameraKey(path));
-        }
-    }
-    return cameras;
-}
-
-bool cameraExists(const QString& camera)
-{
-    return sceneCameras().contains(camera);
-}
-
-QString cameraKey(const MDagPath& camera)
-{
-    if (!camera.isValid()) {
-        return QString();
-    }
-    MDagPath transform(camera);
-    // The path cannot be asked: one that ends at a transform answers for the shape below it too.
-    if (!transform.node().hasFn(MFn::kTransform)) {
-        transform.pop();
-    }
-    return toQString(transform.partialPathName());
+    return run(templates::kStopPlaybackJob, numbers({job}));
 }
 
 }  // namespace script

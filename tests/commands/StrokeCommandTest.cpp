@@ -1,4 +1,4 @@
-#include "support/NodeFixture.h"
+#include "support/CommandFixture.h"
 
 #include "commands/StrokeCommand.h"
 
@@ -7,7 +7,7 @@ namespace {
 using testing::Contains;
 using testing::IsEmpty;
 
-class StrokeCommandTest : public NodeFixture {
+class StrokeCommandTest : public CommandFixture {
 protected:
     StrokeCommandTest() { addCommand(names::kStrokeCommand, StrokeCommand::creator, StrokeCommand::newSyntax); }
 
@@ -29,17 +29,6 @@ protected:
         drawing().insertLayer(camera, -1, "Ink");
         for (int frameNumber : frameNumbers) {
             drawing().addFrame(camera, timeOfFrame(frameNumber));
-        }
-    }
-    /// Undo gives `before` again and redo `after`, as often as one likes.
-    void expectUndoAndRedo(const QString& before, const QString& after)
-    {
-        ASSERT_NE(before, after);
-        for (int round = 0; round < 3; ++round) {
-            run("undo");
-            EXPECT_EQ(describeDrawing(), before) << "round " << round;
-            run("redo");
-            EXPECT_EQ(describeDrawing(), after) << "round " << round;
         }
     }
 };

@@ -1,10 +1,7 @@
-#include "support/NodeFixture.h"
+#include "support/ToolFixture.h"
 
 #include "contexts/DrawContextCommand.h"
 #include "contexts/ThreadManager.h"
-#include "support/TestView.h"
-
-#include "api/Tools.h"
 
 #include <QCoreApplication>
 #include <QCursor>
@@ -15,17 +12,12 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// The tool in the views of a window; the real pointer is put where the test wants it. In place of the stroke command
-/// stands one that notes its arguments and commits.
-class DrawContextTest : public NodeFixture {
+/// The tool in the views of a window; the real pointer is put where the test wants it.
+class DrawContextTest : public ToolFixture {
 protected:
     DrawContextTest()
     {
-        session().batch = false;
         EXPECT_TRUE(m_plugin.registerContextCommand(names::kDrawContextCommand, DrawContextCommand::creator));
-        session().commands.add(names::kStrokeCommand, [this](const kernel::ValueList& args) { return commit(args); });
-        run("setAttr perspShape.filmFit 1; setAttr topShape.filmFit 1");
-        node();
         run("tqLmDrawCtx drawTool; setToolTo drawTool");
         pointAt(views.persp(), 100, 100);
     }
@@ -33,20 +25,6 @@ protected:
     {
         run("setToolTo selectSuperContext");
         ThreadManager::destroy();
-    }
-
-    kernel::Value commit(const kernel::ValueList& args)
-    {
-        std::string text;
-        for (const kernel::Value& arg : args) {
-            text += (text.empty() ? "" : " ") + kernel::toText(arg);
-        }
-        commits.push_back(text);
-        Picture before;
-        if (refuseCommits || !drawing().commitStroke(QString::fromStdString(kernel::toText(args.back())), before)) {
-            throw kernel::CommandError("refused");
-        }
-        return {};
     }
 
     void pointAt(TestView& view, int x, int y) { QCursor::setPos(view.widget()->mapToGlobal(QPoint(x, y))); }
@@ -73,16 +51,8 @@ protected:
         event.ignore();
         QCoreApplication::sendEvent(view.widget(), &event);
     }
-    QString pixels(const QString& camera, int index = 0)
-    {
-        const Layer* layer = drawing().layer(camera, index);
-        return layer && layer->currentFrame() ? pixels::hash(layer->currentFrame()->image()) : QString();
-    }
 
     const QString blank = pixels::hash(Frame(timeOfFrame(0)).image());
-    TestViews views;
-    std::vector<std::string> commits;
-    bool refuseCommits = false;
 };
 
 TEST_F(DrawContextTest, AClickDrawsAndTellsTheCommandWhatWasMadeForIt)

@@ -1,5 +1,6 @@
 #include "model/ShapeRaster.h"
 #include "model/Canvas.h"
+#include "model/DrawingPainter.h"
 #include "support/Drawings.h"
 
 #include <gtest/gtest.h>
@@ -110,6 +111,44 @@ TEST(ShapeRaster, OnlyAPreviewFramesTheText)
     EXPECT_TRUE(framed.contains(words));
     EXPECT_EQ(framed.left(), 100 - 4 - 1);
     EXPECT_GT(framed.width(), blankFrame.width());
+}
+
+TEST(ShapeRaster, ATransformScaledFarBeyondTheCanvasStillShowsItsPartOnIt)
+{
+    QImage floating = blankCanvas();
+    QPainter(&floating).fillRect(0, 0, 512, 512, Qt::red);  // a quarter
+    ActiveStroke record;
+    record.tool = ToolType::Transform;
+    record.region = floating.rect();
+    const struct {
+        float angle;
+        QPoint moved;
+        QRect box;
+    } cases[] = {
+        {0, {0, 0}, {0, 0, 512, 512}},
+        {0, {200, 100}, {0, 0, 712, 612}},
+        {90, {0, 0}, {512, 0, 512, 512}},
+    };
+    for (const double scale : {3.9, 4.1, 40.0}) {
+        for (const auto& c : cases) {
+            record.scaleX = scale;
+            record.scaleY = scale;
+            record.angle = c.angle;
+            record.translation = c.moved;
+            QImage canvas = blankCanvas();
+            QPainter painter(&canvas);
+            prepareDrawingPainter(painter);
+            drawTransformed(painter, record, floating);
+            painter.end();
+            // The edge itself is blurred over half a pixel of what is scaled.
+            const int blur = int(scale);
+            const QRect box = pixels::inkBox(canvas);
+            EXPECT_NEAR(box.right(), c.box.right(), blur) << "scale " << scale << ", angle " << c.angle;
+            EXPECT_NEAR(box.bottom(), c.box.bottom(), blur) << "scale " << scale << ", angle " << c.angle;
+            EXPECT_NEAR(box.left(), c.box.left(), blur) << "scale " << scale << ", angle " << c.angle;
+            EXPECT_EQ(box.top(), 0);
+        }
+    }
 }
 
 TEST(ShapeRaster, ATransformTurnsAboutTheMiddleOfItsRegion)

@@ -117,6 +117,39 @@ TEST_F(BaseNodeDrawOverrideTest, ViewsOfDifferentSizesPreparedTogetherKeepTheirO
     EXPECT_EQ(square(top), (std::vector<double>{0, 200, 0, 200}));
 }
 
+TEST_F(BaseNodeDrawOverrideTest, OutlinesTheTransformedRegionOnlyForTheCameraItWasSelectedOn)
+{
+    draw("persp");
+    draw("top");
+    node().setRegionOutline({"persp", {{{10, 80}, {50, 80}, {50, 20}, {10, 20}}}});
+    View persp("persp", 400, 300);
+    View top("top", 200, 200);
+    for (View* view : {&persp, &top}) {
+        prepare(*view);
+        paint(*view);
+    }
+    EXPECT_EQ(top.list.items.size(), 1u);
+    ASSERT_EQ(persp.list.items.size(), 5u);
+    const kernel::Vector3 corners[] = {{10, 80, 0}, {50, 80, 0}, {50, 20, 0}, {10, 20, 0}, {10, 80, 0}};
+    for (size_t i = 0; i < 4; ++i) {
+        const api::DrawItem& line = persp.list.items[i + 1];
+        EXPECT_EQ(line.state.texture, nullptr);
+        EXPECT_FLOAT_EQ(line.state.lineWidth, 1.f);
+        EXPECT_EQ(std::vector<float>(line.state.colour, line.state.colour + 4), (std::vector<float>{1, 0, 0, 1}));
+        ASSERT_EQ(line.points.size(), 2u);
+        for (size_t end = 0; end < 2; ++end) {
+            EXPECT_EQ(line.points[end].x, corners[i + end].x);
+            EXPECT_EQ(line.points[end].y, corners[i + end].y);
+        }
+    }
+
+    node().setRegionOutline({});
+    persp.list.items.clear();
+    prepare(persp);
+    paint(persp);
+    EXPECT_EQ(persp.list.items.size(), 1u);
+}
+
 TEST_F(BaseNodeDrawOverrideTest, TheTextureIsKeptAndShowsEachChange)
 {
     draw("persp");

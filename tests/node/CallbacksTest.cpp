@@ -38,7 +38,8 @@ class CallbacksTest : public NodeFixture {
 protected:
     CallbacksTest()
     {
-        EXPECT_TRUE(callbacks::install());
+        shutDowns = 0;
+        EXPECT_TRUE(callbacks::install([] { ++shutDowns; }));
         TimelineMarks::install(&marks);
         LayerManager::setLayerListView(&list);
     }
@@ -68,7 +69,10 @@ protected:
 
     Marks marks;
     List list;
+    static int shutDowns;  // what is called by the host has no room for an object
 };
+
+int CallbacksTest::shutDowns = 0;
 
 TEST_F(CallbacksTest, AChangeOfTimeShowsEveryNodesFrames)
 {
@@ -155,6 +159,14 @@ TEST_F(CallbacksTest, AnOpenedSceneIsPublishedAtItsTime)
     EXPECT_EQ(list.rows, QStringList{"persp Ink"});
     EXPECT_GE(marks.refreshes, 1);
     EXPECT_EQ(drawing().activeLayer("persp")->currentFrameIndex(), frameNumberOf(MAnimControl::currentTime()) >= 10);
+}
+
+TEST_F(CallbacksTest, TheHostsQuittingShutsTheModuleDown)
+{
+    session().events.raise("SceneOpened");
+    EXPECT_EQ(shutDowns, 0);
+    session().events.raise("quitApplication");
+    EXPECT_EQ(shutDowns, 1);
 }
 
 TEST_F(CallbacksTest, NothingIsHeardAfterTheyAreRemoved)

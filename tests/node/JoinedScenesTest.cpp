@@ -32,7 +32,7 @@ class JoinedScenes : public NodeFixture {
 protected:
     JoinedScenes()
     {
-        EXPECT_TRUE(callbacks::install());
+        EXPECT_TRUE(callbacks::install([] {}));
         LayerManager::setLayerListView(&list);
     }
     ~JoinedScenes() override { callbacks::remove(); }

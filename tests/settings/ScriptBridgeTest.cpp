@@ -39,28 +39,6 @@ private:
     std::vector<std::string> m_heard;
 };
 
-// Whatever a user types comes out of the interpreter as it went in, and is never run.
-TEST_F(ScriptBridgeTest, AnyTextSurvivesTheInterpreterAsOneArgument)
-{
-    const QString texts[] = {"Ink",
-                             "two words",
-                             "quote \" here",
-                             "back \\ slash",
-                             "a\\",
-                             "tab\tline\nend",
-                             "$x `ls` ; quit -f",
-                             "%1 %2",
-                             "-name",
-                             "",
-                             QString::fromUtf8("Überblick 日本 🖌")};
-    listenTo("remember");
-    for (const QString& text : texts) {
-        ASSERT_TRUE(run("remember " + script::quoted(text).toStdString())) << text.toStdString();
-        EXPECT_EQ(heard().back(), text.toStdString());
-    }
-    EXPECT_EQ(heard().size(), std::size(texts));
-}
-
 TEST_F(ScriptBridgeTest, OnlyLegalNodeNamesAreBareWords)
 {
     const struct {
@@ -76,15 +54,6 @@ TEST_F(ScriptBridgeTest, OnlyLegalNodeNamesAreBareWords)
     }
 }
 
-TEST_F(ScriptBridgeTest, CommitsAStrokeWithWhatWasMadeForIt)
-{
-    listenTo(names::kStrokeCommand);
-    EXPECT_TRUE(script::commitStroke("persp", -1, false));
-    EXPECT_TRUE(script::commitStroke("persp", 2, false));
-    EXPECT_TRUE(script::commitStroke("odd name", 0, true));
-    EXPECT_THAT(heard(), ElementsAre("persp", "-la 2 persp", "-la 0 -fa odd name"));
-}
-
 TEST_F(ScriptBridgeTest, CreatesTheNodeOnlyWhenTheHostIsIdle)
 {
     listenTo(names::kNodeCommand);
@@ -94,17 +63,6 @@ TEST_F(ScriptBridgeTest, CreatesTheNodeOnlyWhenTheHostIsIdle)
     EXPECT_THAT(heard(), ElementsAre());
     host().drainIdle();
     EXPECT_THAT(heard(), ElementsAre("", "-l -c cam1 -ln my \"ink\" -ls 1 -f"));
-}
-
-TEST_F(ScriptBridgeTest, DefersWhatOpensPanels)
-{
-    listenTo(names::kUtilCommand);
-    EXPECT_TRUE(script::openNewLayerDialogDeferred());
-    EXPECT_TRUE(script::refreshLayerManagerDeferred());
-    EXPECT_TRUE(script::switchToDrawToolDeferred());
-    EXPECT_THAT(heard(), ElementsAre());
-    host().drainIdle();
-    EXPECT_THAT(heard(), ElementsAre("-newLayer", "-rlm", "-draw"));
 }
 
 TEST_F(ScriptBridgeTest, AFailedCommandGivesFalse)

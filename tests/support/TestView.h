@@ -19,17 +19,19 @@ public:
     void setCamera(const kernel::NodePtr&) override {}
     int portWidth() const override { return m_widget.width() * pixelRatio; }
     int portHeight() const override { return m_widget.height() * pixelRatio; }
-    bool isLegacy() const override { return false; }
+    bool isLegacy() const override { return legacy; }
     api::ViewMatrices matrices() const override { return projection; }
     void refresh(bool) override { ++refreshes; }
     void scheduleRefresh() override { ++scheduled; }
-    void beginXorDrawing(float, const float[4]) override {}
+    void beginXorDrawing(float, const float[4]) override { ++invertedOutlines; }
     void endXorDrawing() override {}
 
     int pixelRatio = 1;  ///< port pixels for each of the widget's
     api::ViewMatrices projection;
+    bool legacy = false;
     int refreshes = 0;
     int scheduled = 0;
+    int invertedOutlines = 0;
 
 private:
     const std::string m_camera;

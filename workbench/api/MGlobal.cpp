@@ -8,6 +8,7 @@
 #include <maya/MAnimControl.h>
 
 #include <algorithm>
+#include <utility>
 
 using api::report;
 
@@ -73,6 +74,14 @@ const kernel::Value* optionVar(const MString& name, bool* exists)
     return there ? &found->second : nullptr;
 }
 
+bool setOptionVar(const MString& name, kernel::Value value)
+{
+    const std::string variable = api::toKernel(name);
+    session().optionVars[variable] = std::move(value);
+    session().tellOptionVarChanged(variable);
+    return true;
+}
+
 std::string quoted(const std::string& text)
 {
     return '"' + text + '"';
@@ -135,8 +144,9 @@ MString MGlobal::executeCommandStringResult(const MString& command, bool display
 MStatus MGlobal::executeCommandOnIdle(const MString& command, bool displayEnabled)
 {
     kernel::Session& host = session();
-    host.idle.post(
-        [&host, text = api::toKernel(command), displayEnabled] { host.script().execute(text, displayEnabled, true); });
+    const std::string text = api::toKernel(command);
+    host.idle.post([&host, text, displayEnabled] { host.script().execute(text, displayEnabled, true); },
+                   kernel::IdleQueue::Priority::Usual, text);
     return MStatus::kSuccess;
 }
 
@@ -270,20 +280,17 @@ bool MGlobal::optionVarExists(const MString& name)
 
 bool MGlobal::setOptionVarValue(const MString& name, int value)
 {
-    session().optionVars[api::toKernel(name)] = value;
-    return true;
+    return setOptionVar(name, value);
 }
 
 bool MGlobal::setOptionVarValue(const MString& name, double value)
 {
-    session().optionVars[api::toKernel(name)] = value;
-    return true;
+    return setOptionVar(name, value);
 }
 
 bool MGlobal::setOptionVarValue(const MString& name, MString value)
 {
-    session().optionVars[api::toKernel(name)] = api::toKernel(value);
-    return true;
+    return setOptionVar(name, api::toKernel(value));
 }
 
 MStatus MGlobal::viewFrame(const MTime& time)

@@ -134,6 +134,15 @@ void dropUndoOf(const Module& module)
         module.session->undo.flush();
 }
 
+/// Texts that wait for idle time and begin with a command that is gone could only fail.
+void dropIdleTextsOf(kernel::Session& session, const std::vector<std::string>& commands)
+{
+    session.idle.drop([&](const std::string& text) {
+        const std::string command = text.substr(0, text.find_first_of(" \t\n;("));
+        return std::find(commands.begin(), commands.end(), command) != commands.end();
+    });
+}
+
 std::string quotedName(const std::string& name)
 {
     return "Plug-in, \"" + name + "\",";
@@ -151,6 +160,7 @@ void unload(const ModulePtr& module, bool force)
         throw kernel::CommandError(quotedName(module->name) + " cannot be unloaded because it is still in use");
     dropUndoOf(*module);
     runProcedure(*module, module->deleteProcedure);
+    const std::vector<std::string> commands = commandsOf(module->name);
     const bool done = callEntryPoint(module, "uninitializePlugin");
     if (!done && !force)
         throw kernel::CommandError("uninitializePlugin function failed (" + module->name + ")");
@@ -158,6 +168,7 @@ void unload(const ModulePtr& module, bool force)
         session.output.warning("uninitializePlugin function failed (" + module->name + ")");
     for (const std::string& leftover : dropLeftovers(*module))
         session.output.warning(quotedName(module->name) + " left behind " + leftover + ".");
+    dropIdleTextsOf(session, commands);
     dropUndoOf(*module);  // what its tools and entry point did while they were leaving
     closeLibrary(*module);
     forget(module);

@@ -51,22 +51,6 @@ bool needsPress(ToolEvent::Kind kind)
     return kind == ToolEvent::Kind::Drag || kind == ToolEvent::Kind::Release || kind == ToolEvent::Kind::Hold;
 }
 
-/// What a tool does for one event: its selection changes are told when it is through.
-class Step {
-public:
-    explicit Step(kernel::Session& session) : m_session(session) { ++m_session.commandDepth; }
-    ~Step()
-    {
-        if (--m_session.commandDepth == 0)
-            m_session.scene.deliverSelectionEvent();
-    }
-    Step(const Step&) = delete;
-    Step& operator=(const Step&) = delete;
-
-private:
-    kernel::Session& m_session;
-};
-
 }  // namespace
 
 /// Marks that a tool's code runs.
@@ -278,7 +262,6 @@ void ToolBox::send(const ToolEvent& event, MHWRender::MUIDrawManager* manager, c
         return;
 
     kernel::Session& session = kernel::Session::current();
-    const Step step(session);
     if (event.kind == ToolEvent::Kind::Press) {
         endPress();
         session.undo.openChunk(m_current->name);
@@ -314,7 +297,6 @@ void ToolBox::act(void (MPxContext::*action)())
     if (!context)
         return;
     kernel::Session& session = kernel::Session::current();
-    const Step step(session);
     session.undo.openChunk(m_current->name);
     {
         const Handling handling(*this, *m_current);

@@ -1,14 +1,13 @@
 #include "app/FileActions.h"
 
 #include "kernel/SceneFile.h"
+#include "kernel/Syntax.h"
 #include "mel/builtins/Quoting.h"
 
 #include <QAbstractButton>
-#include <QAction>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMenu>
 #include <QMessageBox>
 
 namespace app {
@@ -17,6 +16,14 @@ namespace {
 
 constexpr QSize kFileDialogSize(800, 480);
 const char kOpenFilter[] = "Scenes (*.ma *.mb);;All files (*)";
+
+const struct {
+    const char* name;
+    const char* slot;
+} kCommands[] = {
+    {"NewScene", "New"},       {"OpenScene", "Open"}, {"SaveScene", "Save"},
+    {"SaveSceneAs", "SaveAs"}, {"Import", "Import"},  {"CreateReference", "CreateReference"},
+};
 
 struct SaveFilter {
     const char* text;
@@ -75,23 +82,21 @@ int runDialog(QDialog& dialog, QWidget* window)
 
 FileActions::FileActions(kernel::Session& session, QWidget* window, std::function<bool(const std::string&)> run)
     : QObject(window), m_session(session), m_window(window), m_run(std::move(run))
-{}
-
-void FileActions::fill(QMenu* menu)
 {
-    menu->addAction(tr("&New"), this, SLOT(New()), QKeySequence::New);
-    menu->addAction(tr("&Open..."), this, SLOT(Open()), QKeySequence::Open);
-    menu->addSeparator();
-    menu->addAction(tr("&Save"), this, SLOT(Save()), QKeySequence::Save);
-    menu->addAction(tr("Save &As..."), this, SLOT(SaveAs()), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S));
-    menu->addSeparator();
-    menu->addAction(tr("&Import..."), this, SLOT(Import()));
-    menu->addAction(tr("Create &Reference..."), this, SLOT(CreateReference()));
-    m_references = menu->addMenu(tr("Remove Re&ference"));
-    connect(menu, SIGNAL(aboutToShow()), this, SLOT(FillReferenceMenu()));
-    connect(m_references, SIGNAL(triggered(QAction*)), this, SLOT(RemoveReference(QAction*)));
-    menu->addSeparator();
-    menu->addAction(tr("&Quit"), m_window, SLOT(close()), QKeySequence(Qt::CTRL + Qt::Key_Q));
+    for (const auto& row : kCommands) {
+        m_session.commands.add(row.name, [this, slot = row.slot](const kernel::ValueList& args) -> kernel::Value {
+            kernel::parsedOrThrow(kernel::Syntax(), args);
+            QMetaObject::invokeMethod(this, slot, Qt::QueuedConnection);
+            return {};
+        });
+    }
+}
+
+FileActions::~FileActions()
+{
+    for (const auto& row : kCommands) {
+        m_session.commands.remove(row.name);
+    }
 }
 
 bool FileActions::mayDiscardScene()
@@ -156,23 +161,6 @@ void FileActions::CreateReference()
     if (!path.empty()) {
         m_run("file -reference " + mel::quoted(path));
     }
-}
-
-void FileActions::FillReferenceMenu()
-{
-    m_references->clear();
-    for (const auto& reference : m_session.scene.references) {
-        const QString node = QString::fromStdString(reference->node->name());
-        const QString file = QFileInfo(QString::fromStdString(reference->name())).fileName();
-        QAction* const action = m_references->addAction(QString("%1 (%2)").arg(node, file).replace('&', "&&"));
-        action->setData(node);
-    }
-    m_references->setEnabled(!m_references->isEmpty());
-}
-
-void FileActions::RemoveReference(QAction* action)
-{
-    m_run("file -removeReference -referenceNode " + mel::quoted(action->data().toString().toStdString()));
 }
 
 bool FileActions::Save()

@@ -7,21 +7,21 @@
 #include <functional>
 #include <string>
 
-class QAction;
-class QMenu;
 class QWidget;
 
 namespace app {
 
-/// The File menu: new, open, save, save as, import, references, quit. Changes that would be lost are asked about first.
+/// What the File menu asks the user before it acts: new, open, save, save as, import, create reference. Changes that
+/// would be lost are asked about first. Each is a command of scripts, too (NewScene, OpenScene, ...), which is over at
+/// once: the dialog comes when the script has ended, and what it leads to is an action of its own.
 class FileActions : public QObject {
     Q_OBJECT
 
 public:
     /// run: executes a text as a user's action and says whether it worked.
     FileActions(kernel::Session& session, QWidget* window, std::function<bool(const std::string&)> run);
+    ~FileActions() override;
 
-    void fill(QMenu* menu);
     /// True when nothing would be lost: unchanged, saved, or given up by the user.
     bool mayDiscardScene();
 
@@ -33,10 +33,6 @@ public slots:
     void Import();
     void CreateReference();
 
-private slots:
-    void FillReferenceMenu();
-    void RemoveReference(QAction* action);
-
 private:
     /// Asks for a scene file; empty when the user thought better of it.
     std::string chooseScene(const QString& title);
@@ -44,7 +40,6 @@ private:
 
     kernel::Session& m_session;
     QWidget* const m_window;
-    QMenu* m_references = nullptr;
     const std::function<bool(const std::string&)> m_run;
 };
 

@@ -5,6 +5,7 @@
 #include "kernel/Syntax.h"
 #include "mel/Builtins.h"
 #include "mel/builtins/OptionVars.h"
+#include "ui/MenuCommands.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -37,13 +38,17 @@ std::string preparedFolder(const std::string& wanted)
 }  // namespace
 
 Host::Host(const HostOptions& options)
-    : m_session(std::make_unique<kernel::Session>()), m_ui(std::make_unique<ui::UiObjects>(*m_session))
+    : m_session(std::make_unique<kernel::Session>()), m_ui(std::make_unique<ui::UiObjects>(*m_session)),
+      m_menuSets(std::make_unique<ui::MenuSets>(*m_ui))
 {
     m_session->batch = options.batch;
     m_session->prefsDir = preparedFolder(options.prefsDir);
     mel::installScriptLanguage(*m_session);
     api::installHostApi(*m_session);
     registerViewCommands(*m_session);
+    ui::addMenuCommand(*m_ui, *m_menuSets);
+    ui::addMenuItemCommands(*m_ui);
+    ui::addMenuSetCommands(*m_ui, *m_menuSets);
     registerQuit();
     mel::loadOptionVars(*m_session);
     m_savedOptionVars = mel::optionVarScript(*m_session);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kernel/Session.h"
+#include "ui/MenuSets.h"
 #include "ui/UiObjects.h"
 
 #include <functional>
@@ -25,6 +26,7 @@ public:
 
     kernel::Session& session() { return *m_session; }
     ui::UiObjects& ui() { return *m_ui; }
+    ui::MenuSets& menuSets() { return *m_menuSets; }
     /// Runs a text at the global scope as one undo step, then what is due at idle. False when it failed.
     bool run(const std::string& text);
     kernel::Value evaluate(const std::string& text);  ///< the same; monostate when it failed
@@ -50,6 +52,7 @@ private:
 
     std::unique_ptr<kernel::Session> m_session;
     std::unique_ptr<ui::UiObjects> m_ui;
+    std::unique_ptr<ui::MenuSets> m_menuSets;
     std::unique_ptr<QuitRequest> m_quitRequest;
     std::function<void()> m_quitListener;
     std::string m_savedOptionVars;  ///< as they stand in the preferences folder

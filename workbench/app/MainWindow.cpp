@@ -6,18 +6,19 @@
 #include "app/FileActions.h"
 #include "app/IdleRunner.h"
 #include "app/MessageLine.h"
+#include "app/PlaybackRunner.h"
 #include "app/TimeField.h"
 #include "app/ViewPanel.h"
 #include "app/WindowCommands.h"
-#include "mel/builtins/Quoting.h"
+#include "ui/MenuItem.h"
+#include "ui/StatusLine.h"
 #include "view/Viewport.h"
 #include "view/Viewports.h"
 
 #include <QAbstractSpinBox>
-#include <QAction>
-#include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFile>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -27,6 +28,7 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QSplitter>
+#include <QStatusTipEvent>
 #include <QTextEdit>
 
 namespace app {
@@ -44,8 +46,6 @@ const struct {
     {"modelPanel1", "topShape"},
 };
 
-const char* const kStandardCameras[] = {"persp", "top", "front", "side"};
-
 // The tool box tells of changes through a plain function, so the one window is found through this.
 MainWindow* s_window = nullptr;
 
@@ -55,7 +55,7 @@ QString stepText(const QString& verb, const std::string& name)
     if (text.size() > kLongestName) {
         text = text.left(kLongestName - 1) + QChar(0x2026);
     }
-    return text.isEmpty() ? verb : verb + ' ' + text.replace('&', "&&");
+    return text.isEmpty() ? verb : verb + ' ' + text;
 }
 
 }  // namespace
@@ -71,6 +71,7 @@ MainWindow::MainWindow(Host& host) : m_host(host), m_session(host.session())
     m_commands = std::make_unique<WindowCommands>(m_session, *this, m_host.ui());
     m_ports = std::make_unique<CommandPorts>(m_session);
     m_idle = std::make_unique<IdleRunner>(m_session);
+    m_playback = std::make_unique<PlaybackRunner>(m_session);
     listen();
     ShowActiveView();
     ShowStatus();
@@ -147,29 +148,14 @@ void MainWindow::buildLines()
 
 void MainWindow::buildMenus()
 {
-    m_files->fill(menuBar()->addMenu(tr("&File")));
+    addToolBar(new ui::StatusLine(m_host.ui(), m_host.menuSets()));
+    setContextMenuPolicy(Qt::NoContextMenu);  // it would offer to hide the line
 
-    QMenu* const edit = menuBar()->addMenu(tr("&Edit"));
-    m_undo = edit->addAction(tr("&Undo"), this, SLOT(Undo()), QKeySequence(Qt::CTRL + Qt::Key_Z));
-    m_redo = edit->addAction(tr("&Redo"), this, SLOT(Redo()), QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z));
-    edit->addSeparator();
-    edit->addAction(tr("&Duplicate"), this, SLOT(Duplicate()), QKeySequence(Qt::CTRL + Qt::Key_D));
-    connect(edit, SIGNAL(aboutToShow()), this, SLOT(ShowStatus()));
-
-    QMenu* const view = menuBar()->addMenu(tr("&View"));
-    m_cameras = view->addMenu(tr("Look Through"));
-    connect(m_cameras, SIGNAL(aboutToShow()), this, SLOT(FillCameraMenu()));
-    connect(m_cameras, SIGNAL(triggered(QAction*)), this, SLOT(LookThrough(QAction*)));
-    view->addSeparator();
-    m_onePanel = view->addAction(tr("One Pane"), this, SLOT(ShowOnePanel()));
-    m_twoPanels = view->addAction(tr("Two Panes"), this, SLOT(ShowTwoPanels()));
-    auto* const panes = new QActionGroup(this);
-    for (QAction* action : {m_onePanel, m_twoPanels}) {
-        action->setCheckable(true);
-        panes->addAction(action);
-    }
-    m_onePanel->setChecked(paneCount() == 1);
-    m_twoPanels->setChecked(paneCount() == 2);
+    QFile script(":/workbench/mainMenus.mel");
+    script.open(QIODevice::ReadOnly);
+    m_session.script().execute(script.readAll().toStdString(), false, false);
+    connect(m_host.ui().get("menu", "mainEditMenu").widget(), SIGNAL(aboutToShow()), this, SLOT(ShowStatus()));
+    connect(menuBar(), SIGNAL(triggered(QAction*)), this, SLOT(ScheduleStatus()));
 }
 
 void MainWindow::listen()
@@ -201,10 +187,6 @@ void MainWindow::setPaneCount(int count)
         m_panels[i]->setVisible(i < count);
         m_viewports->setShown(m_panels[i]->view(), i < count);
     }
-    if (m_onePanel) {
-        m_onePanel->setChecked(count == 1);
-        m_twoPanels->setChecked(count == 2);
-    }
     const int half = m_splitter->width() / 2;
     m_splitter->setSizes({half, half});
     ShowActiveView();
@@ -213,47 +195,6 @@ void MainWindow::setPaneCount(int count)
 int MainWindow::paneCount() const
 {
     return int(m_viewports->views().size());
-}
-
-void MainWindow::ShowOnePanel()
-{
-    runAction("workbenchView -panes 1");
-}
-
-void MainWindow::ShowTwoPanels()
-{
-    runAction("workbenchView -panes 2");
-}
-
-void MainWindow::FillCameraMenu()
-{
-    m_cameras->clear();
-    const view::Viewport* const view = m_viewports->active();
-    const kernel::NodePtr shown = view ? view->camera() : nullptr;
-    const auto add = [&](const kernel::NodePtr& shape) {
-        const kernel::Node& node = shape->parent() ? *shape->parent() : *shape;
-        QAction* const action = m_cameras->addAction(QString::fromStdString(m_session.scene.partialPath(node)));
-        action->setCheckable(true);
-        action->setChecked(shape == shown);
-    };
-    for (const char* name : kStandardCameras) {
-        if (const kernel::NodePtr shape = m_session.scene.findOrNull(std::string(name) + "Shape")) {
-            add(shape);
-        }
-    }
-    m_cameras->addSeparator();
-    for (const kernel::NodePtr& shape : m_session.scene.cameras()) {
-        if (!shape->startup) {
-            add(shape);
-        }
-    }
-}
-
-void MainWindow::LookThrough(QAction* camera)
-{
-    if (const view::Viewport* const view = m_viewports->active()) {
-        runAction("lookThru " + view->panelName() + " " + mel::quoted(camera->text().toStdString()));
-    }
 }
 
 void MainWindow::ShowActiveView()
@@ -271,21 +212,6 @@ bool MainWindow::runAction(const std::string& text)
     const bool ok = m_session.script().execute(text, true, true).ok;
     ScheduleStatus();
     return ok;
-}
-
-void MainWindow::Undo()
-{
-    runAction("undo");
-}
-
-void MainWindow::Redo()
-{
-    runAction("redo");
-}
-
-void MainWindow::Duplicate()
-{
-    runAction("duplicate");
 }
 
 void MainWindow::QuitAsAsked()
@@ -332,17 +258,34 @@ void MainWindow::ShowStatus()
 void MainWindow::showUndoState()
 {
     const kernel::UndoQueue& queue = m_session.undo;
-    m_undo->setEnabled(queue.canUndo());
-    m_undo->setText(stepText(tr("&Undo"), queue.canUndo() ? queue.undoName() : std::string()));
-    m_redo->setEnabled(queue.canRedo());
-    m_redo->setText(stepText(tr("&Redo"), queue.canRedo() ? queue.redoName() : std::string()));
+    const struct {
+        const char* item;
+        QString verb;
+        bool isAvailable;
+        std::string step;
+    } rows[] = {
+        {"mainEditMenu|undoItem", tr("Undo"), queue.canUndo(), queue.canUndo() ? queue.undoName() : std::string()},
+        {"mainEditMenu|redoItem", tr("Redo"), queue.canRedo(), queue.canRedo() ? queue.redoName() : std::string()},
+    };
+    for (const auto& row : rows) {
+        // A script may have taken the item away.
+        if (auto* const item = qobject_cast<ui::MenuItem*>(m_host.ui().findMenuItem(row.item))) {
+            item->setEnabled(row.isAvailable);
+            item->setLabel({stepText(row.verb, row.step), item->label().mnemonic});
+        }
+    }
 }
 
 void MainWindow::showTool()
 {
-    m_help->setText(QString::fromStdString(api::ToolBox::instance().helpString()));
-    m_help->setToolTip(m_help->text());
+    showHelp(QString::fromStdString(api::ToolBox::instance().helpString()));
     m_viewports->setCursor(api::ToolBox::instance().cursor());
+}
+
+void MainWindow::showHelp(const QString& text)
+{
+    m_help->setText(text);
+    m_help->setToolTip(text);
 }
 
 // --- keys ----------------------------------------------------------------------------------------------------------
@@ -352,6 +295,11 @@ bool MainWindow::event(QEvent* event)
     // A key is about to be compared with the shortcuts: those of Undo and Redo must know the latest step.
     if (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::WindowActivate) {
         ShowStatus();
+    }
+    if (event->type() == QEvent::StatusTip) {
+        const QString tip = static_cast<QStatusTipEvent*>(event)->tip();
+        showHelp(tip.isEmpty() ? QString::fromStdString(api::ToolBox::instance().helpString()) : tip);
+        return true;
     }
     return QMainWindow::event(event);
 }

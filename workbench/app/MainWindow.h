@@ -8,10 +8,8 @@
 #include <memory>
 #include <vector>
 
-class QAction;
 class QLabel;
 class QLineEdit;
-class QMenu;
 class QSplitter;
 
 namespace view {
@@ -25,6 +23,7 @@ class CommandField;
 class CommandPorts;
 class FileActions;
 class IdleRunner;
+class PlaybackRunner;
 class MessageLine;
 class TimeField;
 class ViewPanel;
@@ -54,13 +53,6 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private slots:
-    void Undo();
-    void Redo();
-    void Duplicate();
-    void ShowOnePanel();
-    void ShowTwoPanels();
-    void FillCameraMenu();
-    void LookThrough(QAction* camera);
     void ShowActiveView();
     void ScheduleStatus();
     void ShowStatus();
@@ -72,6 +64,7 @@ private:
     void buildLines();
     void listen();
     void showTool();
+    void showHelp(const QString& text);
     void showUndoState();
     void finishTool(int key);
     bool isTyping() const;
@@ -82,14 +75,10 @@ private:
     std::unique_ptr<WindowCommands> m_commands;
     std::unique_ptr<CommandPorts> m_ports;
     std::unique_ptr<IdleRunner> m_idle;
+    std::unique_ptr<PlaybackRunner> m_playback;
     FileActions* m_files = nullptr;
     QSplitter* m_splitter = nullptr;
     std::vector<ViewPanel*> m_panels;
-    QAction* m_undo = nullptr;
-    QAction* m_redo = nullptr;
-    QAction* m_onePanel = nullptr;
-    QAction* m_twoPanels = nullptr;
-    QMenu* m_cameras = nullptr;
     QLabel* m_help = nullptr;
     CommandField* m_command = nullptr;
     MessageLine* m_messages = nullptr;

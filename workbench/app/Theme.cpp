@@ -40,6 +40,7 @@ void applyTheme(QApplication& application)
         palette.setColor(QPalette::Disabled, role, QColor("#808080"));
     }
     palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor("#3a3a3a"));
+    palette.setColor(QPalette::Disabled, QPalette::Light, QColor("#303030"));  // etched under entries of menus
     application.setStyle(QStyleFactory::create("Fusion"));
     application.setPalette(palette);
 }

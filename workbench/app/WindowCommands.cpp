@@ -1,6 +1,7 @@
 #include "app/WindowCommands.h"
 
 #include "app/MainWindow.h"
+#include "app/Version.h"
 #include "kernel/Syntax.h"
 #include "view/Viewport.h"
 #include "view/Viewports.h"
@@ -10,6 +11,8 @@
 #include <QCursor>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTabletEvent>
 
 namespace app {
@@ -56,6 +59,7 @@ WindowCommands::WindowCommands(kernel::Session& session, MainWindow& window, con
     m_session.commands.add("workbenchControl",
                            [this](const kernel::ValueList& args) { return workbenchControl(args); });
     m_session.commands.add("workbenchPen", [this](const kernel::ValueList& args) { return workbenchPen(args); });
+    m_session.commands.add("workbenchAbout", [this](const kernel::ValueList& args) { return workbenchAbout(args); });
 }
 
 WindowCommands::~WindowCommands()
@@ -63,6 +67,7 @@ WindowCommands::~WindowCommands()
     m_session.commands.remove("workbenchView");
     m_session.commands.remove("workbenchControl");
     m_session.commands.remove("workbenchPen");
+    m_session.commands.remove("workbenchAbout");
 }
 
 view::Viewport& WindowCommands::findView(const std::string& panel) const
@@ -162,6 +167,18 @@ Value WindowCommands::workbenchPen(const kernel::ValueList& args)
     if (release) {
         m_penIsEraser = false;
     }
+    return {};
+}
+
+Value WindowCommands::workbenchAbout(const kernel::ValueList& args)
+{
+    kernel::parsedOrThrow(kernel::Syntax(), args);
+    auto* const box = new QMessageBox(QMessageBox::NoIcon, QObject::tr("About"),
+                                      QObject::tr("Lumisketch Workbench %1").arg(kVersion), QMessageBox::Ok, &m_window);
+    box->setInformativeText(QObject::tr("A stand-alone host to draw in, and to try scripts and modules."));
+    box->button(QMessageBox::Ok)->setIcon(QIcon());
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
     return {};
 }
 

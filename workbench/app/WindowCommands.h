@@ -11,8 +11,8 @@ namespace app {
 
 class MainWindow;
 
-/// The commands that stand on the main window, for automation and demonstrations: workbenchView, workbenchControl and
-/// workbenchPen. Registered for as long as this lives.
+/// The commands that stand on the main window, for automation and demonstrations: workbenchView, workbenchControl,
+/// workbenchPen and workbenchAbout. Registered for as long as this lives.
 class WindowCommands {
 public:
     WindowCommands(kernel::Session& session, MainWindow& window, const ui::UiObjects& ui);
@@ -24,6 +24,7 @@ private:
     kernel::Value workbenchView(const kernel::ValueList& args);
     kernel::Value workbenchControl(const kernel::ValueList& args);
     kernel::Value workbenchPen(const kernel::ValueList& args);
+    kernel::Value workbenchAbout(const kernel::ValueList& args);
     view::Viewport& findView(const std::string& panel) const;
 
     kernel::Session& m_session;

@@ -4,6 +4,7 @@
 #include "app/Host.h"
 #include "app/MainWindow.h"
 #include "app/Theme.h"
+#include "app/Version.h"
 #include "mel/builtins/Quoting.h"
 
 #include <QApplication>
@@ -14,8 +15,6 @@
 #include <cstdio>
 
 namespace {
-
-constexpr char kVersion[] = "2.5.4";
 
 /// Without a login session there is no runtime folder, which the toolkit mentions at every start; nothing here uses it.
 void writeToolkitMessage(QtMsgType, const QMessageLogContext&, const QString& text)
@@ -124,7 +123,7 @@ int main(int argc, char** argv)
         return 0;
     }
     if (line.showVersion) {
-        std::printf("lumisketch-workbench %s\n", kVersion);
+        std::printf("lumisketch-workbench %s\n", app::kVersion);
         return 0;
     }
     qInstallMessageHandler(writeToolkitMessage);

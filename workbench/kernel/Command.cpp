@@ -15,22 +15,6 @@ private:
     const std::function<Value(const ValueList&)> m_run;
 };
 
-/// Counts a running command; selection changes are told when the outermost one ends, however it ends.
-class Running {
-public:
-    explicit Running(Session& session) : m_session(session) { ++m_session.commandDepth; }
-    ~Running()
-    {
-        if (--m_session.commandDepth == 0)
-            m_session.scene.deliverSelectionEvent();
-    }
-    Running(const Running&) = delete;
-    Running& operator=(const Running&) = delete;
-
-private:
-    Session& m_session;
-};
-
 }  // namespace
 
 bool CommandRegistry::add(const std::string& name, CommandFactory make, const std::string& plugin)
@@ -68,7 +52,6 @@ Value runCommand(Session& session, const std::string& name, const ValueList& arg
     if (!entry)
         throw CommandError("Cannot find procedure \"" + name + "\".");
     const std::string plugin = entry->plugin;  // the entry may be gone once the command has run
-    const Running running(session);
     std::unique_ptr<Command> command = entry->make();
     Value result = command->run(args);
     if (command->isUndoable()) {

@@ -29,6 +29,8 @@ public:
     std::vector<std::string> conditionNames() const;
     /// Tells watchers when it changes; an unknown name becomes a condition.
     void setCondition(const std::string& name, bool state);
+    /// Its watchers stay, and hear again when there is one of that name again.
+    void removeCondition(const std::string& name) { m_conditions.erase(name); }
     using ConditionCallback = std::function<void(bool)>;
     /// Returns an id above 0; 0 for an unknown condition.
     unsigned watch(const std::string& condition, ConditionCallback callback);

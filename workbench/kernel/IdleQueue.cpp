@@ -2,46 +2,67 @@
 
 #include "kernel/Session.h"
 
+#include <algorithm>
+
 namespace kernel {
 
-void IdleQueue::post(std::function<void()> work)
+void IdleQueue::post(std::function<void()> work, Priority priority, std::string text)
 {
     std::function<void()> wake;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        if (m_work.empty())
+        if (!hasWork())
             wake = m_wake;
-        m_work.push_back(std::move(work));
+        m_work[static_cast<std::size_t>(priority)].push_back({m_posted++, std::move(work), std::move(text)});
     }
     if (wake)
         wake();
 }
 
+void IdleQueue::drop(const std::function<bool(const std::string& text)>& isUnwanted)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    for (std::deque<Entry>& entries : m_work) {
+        entries.erase(
+            std::remove_if(entries.begin(), entries.end(), [&](const Entry& entry) { return isUnwanted(entry.text); }),
+            entries.end());
+    }
+}
+
 bool IdleQueue::isEmpty() const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_work.empty();
+    return !hasWork();
+}
+
+bool IdleQueue::hasWork() const
+{
+    return std::any_of(m_work.begin(), m_work.end(), [](const auto& entries) { return !entries.empty(); });
+}
+
+std::function<void()> IdleQueue::takeBefore(unsigned long long end)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    for (std::deque<Entry>& entries : m_work) {
+        if (entries.empty() || entries.front().number >= end)
+            continue;
+        std::function<void()> work = std::move(entries.front().work);
+        entries.pop_front();
+        return work;
+    }
+    return {};
 }
 
 bool IdleQueue::runPass()
 {
-    // Entries leave one by one and are counted, so that a pass started from inside an entry keeps the order.
+    // Entries leave one by one, so that a pass started from inside an entry keeps the order.
     unsigned long long end = 0;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        end = m_taken + m_work.size();
+        end = m_posted;
     }
     bool ran = false;
-    for (;;) {
-        std::function<void()> work;
-        {
-            const std::lock_guard<std::mutex> lock(m_mutex);
-            if (m_taken >= end)
-                return ran;
-            work = std::move(m_work.front());
-            m_work.pop_front();
-            ++m_taken;
-        }
+    while (const std::function<void()> work = takeBefore(end)) {
         ran = true;
         try {
             work();
@@ -51,6 +72,7 @@ bool IdleQueue::runPass()
                 Session::current().output.error(error.what());
         }
     }
+    return ran;
 }
 
 void IdleQueue::drain(int limit)

@@ -177,6 +177,8 @@ void Node::setValue(const AttributeSpec& attribute, PlugValue value)
     }
     m_state.values[attribute.longName] = std::move(value);
     changed();
+    if (m_scene)
+        m_scene->tell([&](ChangeListener& listener) { listener.attributeChanged(*this, attribute); });
 }
 
 bool Node::isSceneTime(const AttributeSpec& attribute) const

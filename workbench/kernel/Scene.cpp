@@ -3,6 +3,7 @@
 #include "kernel/Session.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kernel {
 
@@ -148,8 +149,9 @@ void Scene::removeFromScene(const NodePtr& node)
     m_names.remove(node);
     if (std::find(m_selection.begin(), m_selection.end(), node) != m_selection.end()) {
         erase(m_selection, node);
-        m_selectionEventDue = true;
+        selectionChanged();
     }
+    tell([&](ChangeListener& listener) { listener.nodeRemoved(*node); });
 }
 
 int Scene::childIndex(const Node& node) const
@@ -208,17 +210,21 @@ void Scene::setSelection(std::vector<NodePtr> nodes)
             selection.push_back(std::move(node));
     }
     m_selection.swap(selection);
-    m_selectionEventDue = true;
+    selectionChanged();
     requestRedraw();
 }
 
-void Scene::deliverSelectionEvent()
+void Scene::selectionChanged()
 {
-    if (!m_selectionEventDue)
-        return;
-    m_selectionEventDue = false;
+    if (!std::exchange(m_selectionEventDue, true)) {
+        m_session.idle.post(
+            [this] {
+                m_selectionEventDue = false;
+                m_session.events.raise("SelectionChanged");
+            },
+            IdleQueue::Priority::First);
+    }
     m_session.events.setCondition("SomethingSelected", !m_selection.empty());
-    m_session.events.raise("SelectionChanged");
 }
 
 void Scene::touch()
@@ -232,6 +238,12 @@ void Scene::requestRedraw()
 {
     if (m_touched)
         m_touched();
+}
+
+void Scene::tell(const std::function<void(ChangeListener& listener)>& report)
+{
+    if (m_session.changes && !isBusyWithFile())
+        report(*m_session.changes);
 }
 
 void Scene::raise(const char* event)

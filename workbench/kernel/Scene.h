@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kernel/ChangeListener.h"
 #include "kernel/NameIndex.h"
 #include "kernel/Node.h"
 #include "kernel/Reference.h"
@@ -88,9 +89,9 @@ public:
 
     // --- selection -------------------------------------------------------------------------------------------
     const std::vector<NodePtr>& selection() const { return m_selection; }
-    /// Raises SelectionChanged at the end of the outermost command, even when nothing changed.
+    /// SelectionChanged is raised when the host is next idle, once for all changes until then, even when they add up
+    /// to none.
     void setSelection(std::vector<NodePtr> nodes);
-    void deliverSelectionEvent();  ///< called by whoever ends an outermost command or tool event
 
     // --- time ------------------------------------------------------------------------------------------------
     Time currentTime() const;               ///< in the current unit
@@ -187,6 +188,8 @@ private:
     std::string freeName(const std::string& wanted, const Node& node, const Node* parent) const;
     void giveName(Node& node, const std::string& name);
     void raise(const char* event);
+    void tell(const std::function<void(ChangeListener& listener)>& report);
+    void selectionChanged();
     void addStartupCameras();
     void addDefaultNodes();
     void storeTimeInNode();

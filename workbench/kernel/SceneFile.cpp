@@ -145,6 +145,7 @@ void openScene(Session& session, const std::string& path)
     const std::string absolute = absolutePath(path);
     const SceneContent content(absolute);
     Scene& scene = session.scene;
+    session.playback.stop();
     const TimeState before(scene);
     {
         const Scene::Activity activity(scene, FileActivity::Open);
@@ -168,6 +169,7 @@ void openScene(Session& session, const std::string& path)
 void newScene(Session& session)
 {
     Scene& scene = session.scene;
+    session.playback.stop();
     const TimeState before(scene);
     {
         const During deleting(session.events, "deleteAllCondition");

@@ -2,6 +2,7 @@
 #include "kernel/Scene.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kernel {
 
@@ -194,9 +195,11 @@ void Scene::giveName(Node& node, const std::string& name)
     const NodePtr self = node.shared_from_this();
     if (node.m_scene)
         m_names.remove(self);
-    node.m_name = name;
+    const bool isNew = std::exchange(node.m_name, name) != name;
     if (node.m_scene)
         m_names.add(self);
+    if (node.m_scene && isNew)
+        tell([&](ChangeListener& listener) { listener.nodeRenamed(node); });
 }
 
 std::string Scene::rename(Node& node, const std::string& name)

@@ -66,6 +66,8 @@ void Scene::storeTimeInNode()
             continue;
         node->m_state.values["outTime"] = m_time.value;
         node->m_state.values["unwarpedTime"] = m_time.value;
+        for (const char* name : {"outTime", "unwarpedTime"})
+            tell([&](ChangeListener& listener) { listener.attributeChanged(*node, *node->attribute(name)); });
     }
 }
 

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "kernel/ChangeListener.h"
 #include "kernel/Command.h"
 #include "kernel/Events.h"
 #include "kernel/IdleQueue.h"
 #include "kernel/NodeType.h"
 #include "kernel/Output.h"
+#include "kernel/Playback.h"
 #include "kernel/Scene.h"
 #include "kernel/Script.h"
 #include "kernel/UndoQueue.h"
@@ -31,6 +33,8 @@ public:
     bool batch = true;
     std::string prefsDir;  ///< with a trailing slash
 
+    ChangeListener* changes = nullptr;  ///< null while nobody listens
+
     Output output;
     Events events;
     IdleQueue idle;
@@ -39,8 +43,14 @@ public:
     DataTypes dataTypes;
     UndoQueue undo;
     Scene scene;
+    Playback playback{*this};
     std::map<std::string, Value> optionVars;
-    int commandDepth = 0;  ///< commands running inside one another right now
+    /// To be called by whoever changed, added or removed one.
+    void tellOptionVarChanged(const std::string& name)
+    {
+        if (changes)
+            changes->optionVarChanged(name);
+    }
 
     bool hasScript() const { return m_script != nullptr; }
     void setScript(std::unique_ptr<ScriptEngine> script) { m_script = std::move(script); }

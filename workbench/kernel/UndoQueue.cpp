@@ -11,12 +11,21 @@ void UndoQueue::openChunk(const std::string& name)
         m_open.name = name;
 }
 
+void UndoQueue::reopenLastChunk()
+{
+    if (m_depth++ > 0 || m_done.empty())
+        return;
+    m_open = std::move(m_done.back());
+    m_done.pop_back();
+}
+
 void UndoQueue::closeChunk()
 {
     if (m_depth == 0 || --m_depth > 0)
         return;
     closeOpenSteps();
     m_open.name.clear();
+    m_givenName.clear();
 }
 
 void UndoQueue::closeOpenSteps()
@@ -24,7 +33,7 @@ void UndoQueue::closeOpenSteps()
     if (m_open.steps.empty())
         return;
     Chunk chunk;
-    chunk.name = m_open.name;
+    chunk.name = openName();
     chunk.steps.swap(m_open.steps);
     push(std::move(chunk));
 }
@@ -114,7 +123,7 @@ bool UndoQueue::take(Chunk& chunk, bool (Command::*step)(), bool backwards)
 std::string UndoQueue::undoName() const
 {
     if (!m_open.steps.empty())
-        return m_open.name;
+        return openName();
     return m_done.empty() ? std::string() : m_done.back().name;
 }
 
@@ -142,6 +151,21 @@ void UndoQueue::setEnabled(bool on)
 void UndoQueue::setEnabledWithoutFlush(bool on)
 {
     m_enabled = on;
+}
+
+std::vector<std::string> UndoQueue::names() const
+{
+    std::vector<std::string> names;
+    for (const Chunk& chunk : m_done)
+        names.push_back(chunk.name);
+    return names;
+}
+
+void UndoQueue::setInfinite(bool on)
+{
+    m_infinite = on;
+    trim();
+    notify();
 }
 
 void UndoQueue::setLength(unsigned length)

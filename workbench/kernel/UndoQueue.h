@@ -16,6 +16,11 @@ public:
     /// Chunks nest; only the outermost pair makes an entry. The name is the text shown for the step.
     void openChunk(const std::string& name);
     void closeChunk();
+    /// A name of its own for the open chunk, whatever it was opened with; kept until the outermost pair is closed.
+    void nameOpenChunk(const std::string& name) { m_givenName = name; }
+    const std::string& givenChunkName() const { return m_givenName; }
+    /// Like openChunk(), but what is recorded until closeChunk() joins the last step, if there is one.
+    void reopenLastChunk();
     bool isChunkOpen() const { return m_depth > 0; }
 
     /// Takes an executed command into the open chunk (or a chunk of its own) and empties the redo side.
@@ -40,9 +45,11 @@ public:
     bool isEnabled() const { return m_enabled; }
     void setLength(unsigned length);  ///< default 50
     unsigned length() const { return m_length; }
-    void setInfinite(bool on) { m_infinite = on; }
+    void setInfinite(bool on);
     bool isInfinite() const { return m_infinite; }
     unsigned count() const { return unsigned(m_done.size()); }
+    /// What undo would take back, the oldest first.
+    std::vector<std::string> names() const;
 
     /// Whether commands of a module are in the queue; it must be flushed before that module is unloaded.
     bool holdsCommandsOf(const std::string& plugin) const;
@@ -76,6 +83,7 @@ private:
     std::deque<Chunk> m_done;
     std::deque<Chunk> m_undone;
     Chunk m_open;
+    std::string m_givenName;
     int m_depth = 0;
     int m_suspended = 0;
     bool m_enabled = true;
@@ -90,6 +98,7 @@ private:
 
     void push(Chunk chunk);
     void closeOpenSteps();
+    const std::string& openName() const { return m_givenName.empty() ? m_open.name : m_givenName; }
     void trim();
     void notify();
     bool take(Chunk& chunk, bool (Command::*step)(), bool backwards);

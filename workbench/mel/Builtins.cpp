@@ -36,10 +36,13 @@ void installScriptLanguage(kernel::Session& session)
     addMoveCommand(session);
     addCameraCommand(session);
     addTimeCommands(session);
+    addPlaybackCommands(session);
     addUndoCommands(session);
     addFileCommand(session);
     addSessionCommands(session);
+    addConditionCommands(session);
     addDeferredCommands(session);
+    addScriptJobCommand(session);
     addOptionVarCommand(session);
 
     addLanguageFunctions(interpreter);

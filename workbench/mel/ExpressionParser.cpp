@@ -211,7 +211,7 @@ std::unique_ptr<VariableExpr> ExpressionParser::parseVariable()
 {
     if (!m_tokens.is(Tok::Variable))
         m_tokens.fail();
-    auto variable = std::make_unique<VariableExpr>(m_tokens.at(), m_tokens.text().substr(1));
+    auto variable = std::make_unique<VariableExpr>(m_tokens.at(), m_tokens.variableName());
     m_tokens.advance();
     while (variable->indices.size() < 2 && m_tokens.accept(Tok::LeftBracket)) {
         variable->indices.push_back(parseExpression());

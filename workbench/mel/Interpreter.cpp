@@ -82,20 +82,6 @@ private:
     std::optional<kernel::UndoQueue::Suspend> m_suspend;
 };
 
-// The text counts as a command that holds all it runs, so that one selection event stands for the whole of it.
-Interpreter::Running::Running(Interpreter& interpreter) : m_interpreter(interpreter)
-{
-    ++m_interpreter.m_depth;
-    ++m_interpreter.m_session.commandDepth;
-}
-
-Interpreter::Running::~Running()
-{
-    --m_interpreter.m_depth;
-    if (--m_interpreter.m_session.commandDepth == 0)
-        m_interpreter.m_session.scene.deliverSelectionEvent();
-}
-
 /// A scene is read while this lives: it has a current node of its own.
 class Interpreter::ReadingScene {
 public:

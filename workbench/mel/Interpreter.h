@@ -99,11 +99,11 @@ public:
     /// For the command itself; null for any other, also one that the module runs meanwhile.
     const kernel::Arguments* takeSceneArguments() { return std::exchange(m_sceneArguments, nullptr); }
 
-    /// Marks a piece of script as running; the outermost one's end delivers the selection event.
+    /// Marks a piece of script as running.
     class Running {
     public:
-        explicit Running(Interpreter& interpreter);
-        ~Running();
+        explicit Running(Interpreter& interpreter) : m_interpreter(interpreter) { ++m_interpreter.m_depth; }
+        ~Running() { --m_interpreter.m_depth; }
         Running(const Running&) = delete;
         Running& operator=(const Running&) = delete;
 

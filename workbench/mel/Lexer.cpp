@@ -56,23 +56,49 @@ const std::unordered_map<std::string_view, Tok> kReservedWords = {
 };
 constexpr std::size_t kLongestReservedWord = 10;
 
+/// What a mark means alone, twice in a row, and with "=" behind it; Bad where it means nothing.
 struct Operator {
-    const char* text;
-    Tok kind;
+    char mark = 0;
+    Tok alone = Tok::Bad;
+    Tok doubled = Tok::Bad;
+    Tok withAssign = Tok::Bad;
 };
-// Longer ones first.
-const Operator kOperators[] = {
-    {"<<", Tok::LeftAngles},   {">>", Tok::RightAngles},  {"++", Tok::Increment},   {"--", Tok::Decrement},
-    {"+=", Tok::PlusAssign},   {"-=", Tok::MinusAssign},  {"*=", Tok::TimesAssign}, {"/=", Tok::DivideAssign},
-    {"%=", Tok::ModuloAssign}, {"^=", Tok::CrossAssign},  {"==", Tok::Equal},       {"!=", Tok::NotEqual},
-    {"<=", Tok::LessEqual},    {">=", Tok::GreaterEqual}, {"&&", Tok::And},         {"||", Tok::Or},
-    {"(", Tok::LeftParen},     {")", Tok::RightParen},    {"[", Tok::LeftBracket},  {"]", Tok::RightBracket},
-    {"{", Tok::LeftBrace},     {"}", Tok::RightBrace},    {",", Tok::Comma},        {";", Tok::Semicolon},
-    {":", Tok::Colon},         {"?", Tok::Question},      {"`", Tok::Backquote},    {".", Tok::Dot},
-    {"+", Tok::Plus},          {"-", Tok::Minus},         {"*", Tok::Times},        {"/", Tok::Divide},
-    {"%", Tok::Modulo},        {"^", Tok::Cross},         {"=", Tok::Assign},       {"<", Tok::Less},
-    {">", Tok::Greater},       {"!", Tok::Not},
+constexpr Operator kOperators[] = {
+    {'(', Tok::LeftParen},
+    {')', Tok::RightParen},
+    {'[', Tok::LeftBracket},
+    {']', Tok::RightBracket},
+    {'{', Tok::LeftBrace},
+    {'}', Tok::RightBrace},
+    {',', Tok::Comma},
+    {';', Tok::Semicolon},
+    {':', Tok::Colon},
+    {'?', Tok::Question},
+    {'`', Tok::Backquote},
+    {'.', Tok::Dot},
+    {'+', Tok::Plus, Tok::Increment, Tok::PlusAssign},
+    {'-', Tok::Minus, Tok::Decrement, Tok::MinusAssign},
+    {'*', Tok::Times, Tok::Bad, Tok::TimesAssign},
+    {'/', Tok::Divide, Tok::Bad, Tok::DivideAssign},
+    {'%', Tok::Modulo, Tok::Bad, Tok::ModuloAssign},
+    {'^', Tok::Cross, Tok::Bad, Tok::CrossAssign},
+    {'=', Tok::Assign, Tok::Equal},
+    {'!', Tok::Not, Tok::Bad, Tok::NotEqual},
+    {'<', Tok::Less, Tok::LeftAngles, Tok::LessEqual},
+    {'>', Tok::Greater, Tok::RightAngles, Tok::GreaterEqual},
+    {'&', Tok::Bad, Tok::And},
+    {'|', Tok::Bad, Tok::Or},
 };
+
+constexpr std::array<Operator, 256> operatorsByMark()
+{
+    std::array<Operator, 256> table{};
+    for (const Operator& op : kOperators)
+        table[static_cast<unsigned char>(op.mark)] = op;
+    return table;
+}
+
+constexpr std::array<Operator, 256> kOperatorOfMark = operatorsByMark();
 
 char unescaped(char c)
 {
@@ -266,17 +292,12 @@ Token Lexer::scanWord(std::size_t begin)
 
 Token Lexer::scanOperator(std::size_t begin)
 {
-    for (const Operator& op : kOperators) {
-        if (op.text[0] != m_text[begin])
-            continue;
-        const std::size_t length = std::strlen(op.text);
-        if (m_text.compare(begin, length, op.text) == 0) {
-            m_at += length;
-            return finish(op.kind, begin);
-        }
-    }
-    ++m_at;
-    return finish(Tok::Bad, begin);
+    const char mark = m_text[begin];
+    const Operator& op = kOperatorOfMark[static_cast<unsigned char>(mark)];
+    const char behind = peek(1);
+    const Tok pair = behind == mark ? op.doubled : behind == '=' ? op.withAssign : Tok::Bad;
+    m_at += pair == Tok::Bad ? 1 : 2;
+    return finish(pair == Tok::Bad ? op.alone : pair, begin);
 }
 
 std::string Lexer::stringContent(const Token& token) const

@@ -133,7 +133,7 @@ Parameter Parser::parseParameter()
     if (!m_tokens.is(Tok::Variable))
         m_tokens.fail();
     parameter.at = m_tokens.at();
-    parameter.name = m_tokens.text().substr(1);
+    parameter.name = m_tokens.variableName();
     m_tokens.advance();
     if (m_tokens.accept(Tok::LeftBracket)) {
         m_tokens.expect(Tok::RightBracket);
@@ -162,7 +162,7 @@ Declarator Parser::parseDeclarator(BaseType base)
         m_tokens.fail();
     Declarator declarator;
     declarator.type.base = base;
-    declarator.variable = std::make_unique<VariableExpr>(m_tokens.at(), m_tokens.text().substr(1));
+    declarator.variable = std::make_unique<VariableExpr>(m_tokens.at(), m_tokens.variableName());
     m_tokens.advance();
     if (m_tokens.accept(Tok::LeftBracket)) {
         declarator.size = parseSize();
@@ -304,7 +304,7 @@ StmtPtr Parser::parseForIn(std::size_t at, Type type)
 {
     auto loop = std::make_unique<ForInStmt>(at);
     loop->type = type;
-    loop->variable = std::make_unique<VariableExpr>(m_tokens.at(), m_tokens.text().substr(1));
+    loop->variable = std::make_unique<VariableExpr>(m_tokens.at(), m_tokens.variableName());
     m_tokens.advance();
     m_tokens.expect(Tok::In);
     loop->source = m_expressions.parseExpression();

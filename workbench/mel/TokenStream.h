@@ -2,6 +2,7 @@
 
 #include "mel/Lexer.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 
@@ -28,6 +29,8 @@ public:
     bool is(Tok kind) const { return m_token.kind == kind; }
     std::size_t at() const { return m_token.begin; }
     std::string text() const { return std::string(m_lexer.text(m_token)); }
+    /// Name of a Variable token, without "$".
+    std::string variableName() const { return std::string(m_lexer.text(m_token).substr(1)); }
     /// Whether nothing separates the current token from the one before.
     bool isAdjacent() const { return m_token.begin == m_previousEnd; }
 
@@ -83,9 +86,20 @@ public:
         if (!accept(kind))
             fail();
     }
-    [[noreturn]] void fail(const std::string& message = "Syntax error") const { throw SyntaxError(message, at()); }
+    /// The current token cannot stand where it does.
+    [[noreturn]] void fail() const { fail("Syntax error" + tokenPlace()); }
+    [[noreturn]] void fail(const std::string& message) const { throw SyntaxError(message, at()); }
 
 private:
+    std::string tokenPlace() const
+    {
+        constexpr std::size_t kLongest = 40;
+        if (is(Tok::End))
+            return " at the end";
+        const std::string_view token = m_lexer.text(m_token);
+        return " near '" + std::string(token.substr(0, std::min(token.find('\n'), kLongest))) + "'";
+    }
+
     Lexer m_lexer;
     Token m_token;
     std::size_t m_previousEnd = 0;

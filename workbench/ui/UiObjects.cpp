@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QMainWindow>
+#include <QMenu>
 
 #include <algorithm>
 
@@ -153,7 +154,10 @@ std::vector<UiObject*> UiObjects::all(Kinds kinds) const
 void UiObjects::destroy(UiObject& object)
 {
     QObject* const gone = object.object;
-    if (auto* const widget = object.widget()) {
+    if (auto* const menu = qobject_cast<QMenu*>(gone)) {
+        menu->hide();
+        menu->menuAction()->setVisible(false);
+    } else if (auto* const widget = object.widget()) {
         widget->hide();
     } else if (auto* const action = qobject_cast<QAction*>(gone)) {
         action->setVisible(false);
@@ -191,10 +195,10 @@ void UiObjects::forget(UiObject& object)
 
 // --- scripts -------------------------------------------------------------------------------------------------------
 
-void UiObjects::runScript(const std::string& script)
+void UiObjects::runScript(const std::string& script, Echo echo)
 {
     if (!script.empty()) {
-        m_session.script().execute(script, true, true);
+        m_session.script().execute(script, echo == Echo::Yes, true);
     }
 }
 

@@ -16,6 +16,9 @@ class QMainWindow;
 
 namespace ui {
 
+/// Whether a script that is run stands in the journal.
+enum class Echo { No, Yes };
+
 enum class Kind : unsigned {
     Window = 1,
     Layout = 2,
@@ -96,8 +99,8 @@ public:
     UiObject* menuParent() const { return m_menuParent; }
     void setMenuParent(UiObject* parent) { m_menuParent = parent; }
 
-    /// Runs the script of a control as a user's action: echoed, at the global scope, one undo step. Empty: nothing.
-    void runScript(const std::string& script);
+    /// Runs the script of a control as a user's action: at the global scope, one undo step. Empty: nothing.
+    void runScript(const std::string& script, Echo echo = Echo::Yes);
 
     kernel::Session& session() { return m_session; }
 

@@ -8,12 +8,14 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSpinBox>
+#include <QStatusTipEvent>
 
 #include <maya/MPxContext.h>
 
@@ -99,13 +101,107 @@ TEST_F(MainWindow, MenusDuplicateAndRemoveReferences)
     openFileMenu();
     EXPECT_TRUE(menu->isEnabled());
     ASSERT_EQ(menu->menu()->actions().size(), 1);
-    EXPECT_EQ(menu->menu()->actions().front()->text(), "setRN (set.ma)");
+    EXPECT_EQ(menu->menu()->actions().front()->text(), "set.ma");
     host->run("select set:thing");
     action("Duplicate")->trigger();
     EXPECT_EQ(value("ls -sl"), "thing");
     openFileMenu();
     menu->menu()->actions().front()->trigger();
     EXPECT_EQ(value("ls \"*thing\" \"*:thing\""), "thing");
+}
+
+// An entry is one undo step, whatever it does.
+TEST_F(MainWindow, MenusMakeSelectAndShowThings)
+{
+    const struct {
+        const char* before;
+        const char* entry;
+        const char* query;
+        const char* after;
+    } rows[] = {
+        {"", "Box", "size(`ls -type implicitBox`)", "1"},
+        {"", "Sphere", "size(`ls -type implicitSphere`)", "1"},
+        {"", "Cone", "size(`ls -type implicitCone`)", "1"},
+        {"", "Camera", "size(`ls -cameras`)", "5"},
+        {"", "Empty Group", "objExists transform1", "1"},
+        {"createNode transform -n a; createNode transform -n b; select -clear", "All", "ls -sl", "a b"},
+        {"createNode transform -n a", "None", "ls -sl", ""},
+        {"createNode transform -n a; createNode transform -n b -p a; select a", "Hierarchy", "ls -sl", "a b"},
+        {"createNode transform -n a; setAttr a.t 1 2 3; setAttr a.s 2 2 2", "Reset Transformations",
+         "`getAttr a.tx` + `getAttr a.sy`", "1"},
+        {"createNode transform -n a", "Hide Selection", "getAttr a.visibility", "0"},
+        {"createNode transform -n a; setAttr a.visibility 0", "Show Selection", "getAttr a.visibility", "1"},
+        {"createNode transform -n a; createNode transform -n b; select a b", "Parent", "ls -long a", "|b|a"},
+        {"createNode transform -n a; createNode transform -n b -p a", "Unparent", "ls -long b", "|b"},
+        {"createNode transform -n a", "Delete", "objExists a", "0"},
+    };
+    for (const auto& row : rows) {
+        host->run("file -force -new");
+        host->run(row.before);
+        const std::string before = value(row.query);
+        action(row.entry)->trigger();
+        EXPECT_EQ(value(row.query), row.after) << row.entry;
+        action("Undo")->trigger();
+        EXPECT_EQ(value(row.query), before) << row.entry;
+    }
+}
+
+TEST_F(MainWindow, MenusLeadThroughCamerasAndPanes)
+{
+    host->run("camera; rename camera1 shot");
+    const auto openDisplayMenu = [&] { QMetaObject::invokeMethod(action("Display")->menu(), "aboutToShow"); };
+    openDisplayMenu();
+    EXPECT_EQ(value("menu -q -numberOfItems lookThroughItem"), "6");
+    EXPECT_TRUE(action("persp")->isChecked());
+    action("shot")->trigger();
+    EXPECT_EQ(value("lookThru -q"), "shot");
+    host->run("workbenchView -panes 2");
+    openDisplayMenu();
+    EXPECT_EQ(value("menuItem -q -rb twoPanesItem"), "1");
+    action("One Pane")->trigger();
+    EXPECT_EQ(value("workbenchView -q -panes"), "1");
+}
+
+// A dialog must not keep a script, and the undo step it is, open.
+TEST_F(MainWindow, CommandsThatMayAskTheUserActWhenTheScriptHasEnded)
+{
+    host->run("createNode transform -n thing; file -modified false");
+    EXPECT_EQ(value("NewScene; objExists thing"), "1");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(value("objExists thing"), "0");
+    const std::string path = m_prefs.filePath("shot.ma").toStdString();
+    host->run("createNode transform; file -rename \"" + path + "\"");
+    action("Save Scene")->trigger();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(value("file -q -exists \"" + path + "\""), "1");
+    EXPECT_FALSE(host->run("NewScene now"));
+}
+
+TEST_F(MainWindow, ChoosesTheSetOfItsMenus)
+{
+    EXPECT_EQ(value("menuSet -q -allMenuSets"), "commonMenuSet modelingMenuSet riggingMenuSet animationMenuSet"
+                                                " dynamicsMenuSet renderingMenuSet");
+    EXPECT_EQ(value("findMenuSetFromLabel(\"FX\")"), "dynamicsMenuSet");
+    EXPECT_EQ(value("menuSet -q -menuArray commonMenuSet"), "mainFileMenu mainEditMenu mainCreateMenu mainSelectMenu"
+                                                            " mainModifyMenu mainDisplayMenu mainWindowMenu");
+    EXPECT_EQ(value("findMenuFromMenuSet(\"commonMenuSet\", \"Windows\")"), value("$m = $gMainWindowMenu"));
+    EXPECT_EQ(window->findChild<QComboBox*>("menuSetBox")->currentText(), "Modeling");
+
+    host->run("menu -label Ink -parent $gMainWindow");
+    QStringList bar;
+    for (const QAction* menu : window->menuBar()->actions()) {
+        bar << menu->text().remove('&');
+    }
+    EXPECT_EQ(bar.mid(6).join(' '), "Windows Ink Help");
+}
+
+TEST_F(MainWindow, ItsOwnMenusCanBeTakenAway)
+{
+    host->ui().destroy(host->ui().get("test", "mainEditMenu"));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(window->runAction("createNode transform -n thing; undo"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(value("menu -exists mainEditMenu"), "0");
 }
 
 TEST_F(MainWindow, TitleNamesTheFileAndMarksChanges)
@@ -149,6 +245,11 @@ TEST_F(MainWindow, LinesShowTheLastMessageAndTheToolsHelp)
     QStringList log;
     api::ToolBox& tools = api::ToolBox::instance();
     tools.setCurrent(tools.add("keyToolCtx", "", new KeyTool(log), nullptr));
+    EXPECT_EQ(textOf("helpLine"), "Press a key.");
+    action("Sphere")->hover();
+    EXPECT_EQ(textOf("helpLine"), "Create a sphere") << "the entry under the pointer";
+    QStatusTipEvent leaving{QString()};
+    QApplication::sendEvent(window.get(), &leaving);
     EXPECT_EQ(textOf("helpLine"), "Press a key.");
     tools.removeOf("keyToolCtx");
     EXPECT_EQ(textOf("helpLine"), "Select Tool");

@@ -235,28 +235,44 @@ TEST_F(SceneTest, CamerasAreListedAsTheHostDoes)
     EXPECT_THAT(names, ElementsAre("frontShape", "perspShape", "sideShape", "topShape", "zebraShape", "antShape"));
 }
 
-TEST_F(SceneTest, SelectionIsToldOnceAtTheEndOfTheOutermostCommand)
+TEST_F(SceneTest, SelectionIsToldOnceWhenTheHostIsIdle)
 {
     int told = 0;
-    int toldBefore = 0;
     session.events.add("SelectionChanged", [&] { ++told; });
-    session.commands.add("inner", [&](const ValueList&) -> Value {
+    session.commands.add("fails", [&](const ValueList&) -> Value {
         scene.setSelection({scene.findOne("persp"), scene.findOne("persp"), nullptr});
         throw CommandError("too late");
     });
-    session.commands.add("outer", [&](const ValueList&) {
-        EXPECT_THROW(runCommand(session, "inner", {}), CommandError);
-        scene.setSelection({scene.findOne("persp")});
-        EXPECT_EQ(told, toldBefore);
-        return Value();
-    });
-    runCommand(session, "outer", {});
+    EXPECT_THROW(runCommand(session, "fails", {}), CommandError);
+    scene.setSelection({scene.findOne("persp")});
+    EXPECT_EQ(told, 0);
+    EXPECT_TRUE(session.events.condition("SomethingSelected")) << "who asks is told the truth at once";
+    session.idle.drain();
     EXPECT_EQ(told, 1);
     EXPECT_EQ(scene.selection().size(), 1u);
-    EXPECT_TRUE(session.events.condition("SomethingSelected"));
-    toldBefore = 1;
-    runCommand(session, "outer", {});
+    scene.setSelection({});
+    scene.setSelection({scene.findOne("persp")});
+    session.idle.drain();
     EXPECT_EQ(told, 2) << "also when it ends as it was";
+    scene.detach(scene.findOne("persp"));
+    session.idle.drain();
+    EXPECT_EQ(told, 3);
+    EXPECT_FALSE(session.events.condition("SomethingSelected"));
+}
+
+TEST_F(SceneTest, ASelectionMadeByWhoeverIsToldIsToldInALaterPass)
+{
+    int told = 0;
+    session.events.add("SelectionChanged", [&] {
+        if (++told == 1)
+            scene.setSelection({});
+    });
+    scene.setSelection({scene.findOne("persp")});
+    session.idle.runPass();
+    EXPECT_EQ(told, 1);
+    session.idle.runPass();
+    EXPECT_EQ(told, 2);
+    EXPECT_TRUE(session.idle.isEmpty());
 }
 
 TEST_F(SceneTest, ValuesFitTheirAttribute)

@@ -310,83 +310,20 @@ TEST(SessionCommands, AboutAndFolders)
 TEST(DeferredCommands, TextsRunAtIdleInOrder)
 {
     ScriptHost host;
-    host.run("evalDeferred -lp \"print 5\"; evalDeferred -low \"print 4\"; evalDeferred(\"print 1\");"
-             "evalDeferred \"evalDeferred \\\"print 3\\\"; noSuch; print 9\"; evalDeferred print 2; print 0;");
+    host.run("evalDeferred -lp \"print 6\"; evalDeferred -low \"print 5\"; evalDeferred(\"print 3\");"
+             "evalDeferred \"evalDeferred -en \\\"print 7\\\"; noSuch; print 9\"; evalDeferred print 4;"
+             "evalDeferred -en \"print 1\"; evalDeferred -en \"print 2\"; print 0;");
     EXPECT_EQ(host.printed, "0");
-    EXPECT_EQ(host.eval("size(`evalDeferred -list`)"), "5");
+    EXPECT_EQ(host.eval("size(`evalDeferred -list`)"), "7");
     host.session.idle.runPass();
-    EXPECT_EQ(host.printed, "012") << "an error does not stop the next one";
+    EXPECT_EQ(host.printed, "0123456") << "an error does not stop the next one";
+    EXPECT_EQ(host.eval("size(`evalDeferred -list`)"), "1") << "what a deferred text defers waits for another pass";
     host.session.idle.drain();
-    EXPECT_EQ(host.printed, "012435");
+    EXPECT_EQ(host.printed, "01234567");
     EXPECT_EQ(host.errors, Texts{"Cannot find procedure \"noSuch\"."});
     host.run("evalDeferred \"createNode transform -n d\";");
     host.session.idle.drain();
     EXPECT_EQ(host.eval("undoInfo -q -un"), "createNode transform -n d");
-}
-
-TEST(DeferredCommands, ScriptJobsWaitForTheirTrigger)
-{
-    ScriptHost host;
-    host.session.batch = false;
-    const auto condition = [&](bool on) {
-        host.session.events.setCondition("playingBack", on);
-        host.session.idle.drain();
-    };
-    EXPECT_EQ(host.eval("scriptJob -cf \"playingBack\" \"print stopped\""), "1");
-    EXPECT_EQ(host.eval("scriptJob -ct playingBack \"print started\""), "2");
-    EXPECT_EQ(host.eval("scriptJob -ro on -e timeChanged \"print time\""), "3");
-    EXPECT_EQ(host.eval("scriptJob -pro -cc playingBack \"print change\""), "4");
-    host.session.idle.drain();
-    EXPECT_EQ(host.printed, "");
-    condition(true);
-    EXPECT_EQ(host.printed, "startedchange");
-    condition(true);
-    condition(false);
-    EXPECT_EQ(host.printed, "startedchangestoppedchange") << "false means that it stopped";
-    host.printed.clear();
-    host.run("currentTime 3; currentTime 4;");
-    EXPECT_EQ(host.printed, "");
-    host.session.idle.drain();
-    host.run("currentTime 5;");
-    host.session.idle.drain();
-    EXPECT_EQ(host.printed, "time") << "once, however often it was triggered";
-    EXPECT_EQ(host.eval("scriptJob -ex 3"), "0");
-    EXPECT_EQ(host.eval("scriptJob -lj"), "1: \"-conditionFalse\" \"playingBack\" \"print stopped\" "
-                                          "2: \"-conditionTrue\" \"playingBack\" \"print started\" "
-                                          "4: \"-protected\" \"-conditionChange\" \"playingBack\" \"print change\"");
-    expectErrors(host, {
-                           {"scriptJob -k 99", "scriptJob: There is no job number 99."},
-                           {"scriptJob -k 4", "scriptJob: Job number 4 is protected."},
-                           {"scriptJob -e nonsense x", "scriptJob: Unknown event: nonsense"},
-                           {"scriptJob -cf nonsense x", "scriptJob: Unknown condition: nonsense"},
-                       });
-    EXPECT_TRUE(host.run("scriptJob -f -k 4; scriptJob -ka;"));
-    EXPECT_EQ(host.eval("scriptJob -lj"), "");
-}
-
-TEST(DeferredCommands, AJobMayEndItselfAndOthers)
-{
-    ScriptHost host;
-    host.session.batch = false;
-    host.run(
-        "scriptJob -e Undo \"scriptJob -k 1; scriptJob -k 2; print first; scriptJob -kws -e Undo \\\"print x\\\"\";"
-        "scriptJob -e Undo \"print second\";");
-    host.run("createNode transform;");
-    host.run("undo");
-    host.session.idle.drain();
-    EXPECT_EQ(host.printed, "first");
-    EXPECT_EQ(host.eval("scriptJob -ex 3"), "1");
-    host.run("file -new -f;");
-    EXPECT_EQ(host.eval("scriptJob -ex 3"), "0");
-}
-
-TEST(DeferredCommands, InBatchJobsNeverRun)
-{
-    ScriptHost host;
-    EXPECT_EQ(host.eval("scriptJob -cc \"UndoAvailable\" \"print ran\""), "1");
-    host.run("createNode transform;");
-    host.session.idle.drain();
-    EXPECT_EQ(host.printed, "");
 }
 
 TEST(FileCommand, SavesOpensAndGuardsChanges)

@@ -26,11 +26,28 @@ TEST(ScriptErrors, ASyntaxErrorShowsTheLineAndRunsNothing)
 {
     ScriptHost host;
     EXPECT_FALSE(host.run("print 1;\nglobal proc p() { }\n  print (1 + );\nprint 2;"));
-    EXPECT_EQ(host.errors, (Texts{"  print (1 + );", "line 3.14: Syntax error"}));
+    EXPECT_EQ(host.errors, (Texts{"  print (1 + );", "line 3.14: Syntax error near ')'"}));
     EXPECT_EQ(host.printed, "");
     EXPECT_EQ(host.eval("exists \"p\""), "0");
-    EXPECT_EQ(host.error("int $n = 1; nosuch +;"), "line 1.20: Syntax error");
-    EXPECT_EQ(host.interpreter().global("n"), kernel::Value()) << "a text that does not compile declares nothing";
+    const struct {
+        const char* text;
+        const char* error;
+    } cases[] = {
+        {"int $n = 1; nosuch +;", "line 1.20: Syntax error near '+'"},
+        {"int $n = 1; if ($n { print 1; }", "line 1.20: Syntax error near '{'"},
+        {"int $n = 1; print \"open\n\";", "line 1.19: Syntax error near '\"open'"},
+        {"int $n = 1; string $s = float;", "line 1.30: Syntax error near ';'"},
+        {"int $n = 1; { print 1;", "line 1.23: Syntax error at the end"},
+        {"int $n = 1;\n\nproc 4() { }", "line 3.6: Syntax error near '4'"},
+        {"int $n = 1; addAttr -at float;", "line 1.25: Syntax error near 'float'"},
+        {"int $n = 1; case 1: print 1;", "line 1.13: Syntax error near 'case'"},
+        {"int $n = 1; $n.x = 2;", "line 1.18: Syntax error near '='"},
+        {"int $n = 1; 5 = $n;", "line 1.15: Syntax error near '='"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(host.error(c.text), c.error) << c.text;
+        EXPECT_EQ(host.interpreter().global("n"), kernel::Value()) << "declares nothing: " << c.text;
+    }
 }
 
 TEST(ScriptErrors, ARunTimeErrorEndsTheTextUnlessCaught)
@@ -46,7 +63,7 @@ TEST(ScriptErrors, ARunTimeErrorEndsTheTextUnlessCaught)
     EXPECT_EQ(host.errors.size(), 2u);
     EXPECT_EQ(host.warnings, Texts());
     EXPECT_EQ(host.eval("catch(eval(\"1 +\"));"), "1");
-    EXPECT_EQ(host.errors.back(), "line 1.4: Syntax error");
+    EXPECT_EQ(host.errors.back(), "line 1.4: Syntax error at the end");
     EXPECT_EQ(host.eval("warning \"careful\"; 1;"), "1");
     EXPECT_EQ(host.warnings, Texts{"careful"});
 }
@@ -64,7 +81,8 @@ TEST(ScriptErrors, FilesAreNamedWithTheLine)
     EXPECT_EQ(host.eval("whatIs bad"), "Mel procedure found in: " + file.path);
 
     const TemporaryFile broken("broken.mel", "print 1;\nprint (;\n");
-    EXPECT_EQ(host.error("source \"" + broken.path + "\";"), "file: " + broken.path + " line 2.8: Syntax error");
+    EXPECT_EQ(host.error("source \"" + broken.path + "\";"),
+              "file: " + broken.path + " line 2.8: Syntax error near ';'");
     EXPECT_EQ(host.error("source \"/no/such.mel\";"), "Cannot find file \"/no/such.mel\" for source statement.");
     EXPECT_FALSE(host.session.script().executeFile("/no/such.mel", true).ok);
     EXPECT_EQ(host.errors.back(), "File not found: /no/such.mel");

@@ -136,6 +136,59 @@ TEST(ScriptUndo, TheCommandsSayWhatTheyDo)
     EXPECT_EQ(host.eval("undoInfo -q -uqe"), "1");
 }
 
+TEST(ScriptUndo, ChunksThatScriptsOpenJoinTextsUntilTheyAreClosed)
+{
+    ScriptHost host;
+    host.run("undoInfo -openChunk -chunkName \"Outer\"; createNode transform -n a;");
+    host.run("undoInfo -ock; createNode transform -n b;");
+    EXPECT_EQ(host.eval("undoInfo -q -chunkName"), "Outer");
+    host.run("undoInfo -closeChunk;");
+    host.run("createNode transform -n c;");
+    EXPECT_EQ(host.eval("undoInfo -q"), "0") << "one is still open";
+    host.run("undoInfo -cck;");
+    EXPECT_EQ(host.eval("undoInfo -q -undoName"), "Outer");
+    EXPECT_EQ(host.eval("undoInfo -q -chunkName"), "");
+    host.run("createNode transform -n d; undoInfo -closeChunk; createNode transform -n e;");
+    EXPECT_EQ(host.output("undoInfo -q -printQueue"),
+              "1: Outer\n2: createNode transform -n d; undoInfo -closeChunk; createNode transform -n e\n")
+        << "a script cannot close the step of its own text";
+    host.run("undo; undo;");
+    EXPECT_EQ(host.eval("size(`ls a b c d e`)"), "0");
+    EXPECT_EQ(host.eval("undoInfo -q -redoName"), "Outer");
+}
+
+TEST(ScriptUndo, TheQueueIsAsLongAsItIsTold)
+{
+    ScriptHost host;
+    const std::string make = "createNode transform;";
+    host.run("undoInfo -length 2");
+    for (int i = 0; i < 4; ++i)
+        host.run(make);
+    EXPECT_EQ(host.eval("undoInfo -q"), "2");
+    host.run("undoInfo -infinity on");
+    for (int i = 0; i < 4; ++i)
+        host.run(make);
+    EXPECT_EQ(host.eval("undoInfo -q"), "6");
+    EXPECT_EQ(host.eval("undoInfo -infinity off; undoInfo -q"), "2");
+    EXPECT_EQ(host.eval("undoInfo -swf off; createNode transform -n x; undoInfo -q"), "2");
+    EXPECT_EQ(host.eval("undoInfo -q -state"), "0");
+    EXPECT_EQ(host.eval("undoInfo -swf on; undo; size(`ls x`)"), "1") << "it was not recorded";
+    EXPECT_EQ(host.eval("undoInfo -state off; undoInfo -q"), "0");
+}
+
+TEST(ScriptUndo, UndoInsideAProcedureTakesBackTheLastStep)
+{
+    ScriptHost host;
+    host.run("global proc int count() { return size(`ls \"n*\"`); }"
+             "global proc string there() { createNode transform -n n1; createNode transform -n n2; int $a = count();"
+             "undo; int $b = count(); redo; return ($a + \" \" + $b + \" \" + count()); }");
+    host.run("createNode transform -n n0;");
+    EXPECT_EQ(host.eval("there"), "3 1 3") << "what the text has done so far is a step";
+    host.run("undo; undo;");
+    EXPECT_EQ(host.eval("count"), "0");
+    EXPECT_EQ(host.eval("redo; redo; count"), "3");
+}
+
 TEST(ScriptUndo, InBatchEveryStatementIsAStep)
 {
     ScriptHost host;
@@ -152,22 +205,4 @@ TEST(ScriptUndo, InBatchEveryStatementIsAStep)
     EXPECT_EQ(host.printed, "1");
     EXPECT_EQ(kernel::toText(host.interpreter().executeBatch("int $z = 4; { int $y = 5; print $y; } $z + 1;").value),
               "5");
-}
-
-TEST(ScriptUndo, OneSelectionEventStandsForAWholeText)
-{
-    ScriptHost host;
-    int events = 0;
-    std::string seen;
-    host.session.events.add("SelectionChanged", [&] {
-        ++events;
-        seen = host.eval("ls -sl");
-    });
-    host.run("createNode transform -n a; select -cl; select persp; select -add a;");
-    EXPECT_EQ(events, 1);
-    EXPECT_EQ(seen, "persp a");
-    host.run("ls -sl; select -cl; select persp a;");
-    EXPECT_EQ(events, 2) << "even when nothing has changed in the end";
-    host.run("ls;");
-    EXPECT_EQ(events, 2);
 }

@@ -79,6 +79,11 @@ void requireFinite(const kernel::ValueList& values)
                                    + "' must be a finite number.");
 }
 
+const char* const kChangingFlags[] = {
+    "remove",           "intValue",          "floatValue",      "stringValue", "intValueAppend",
+    "floatValueAppend", "stringValueAppend", "removeFromArray", "clearArray",
+};
+
 void change(const BuiltinCall& call, OptionVars& variables)
 {
     eachUse(call, "floatValue", requireFinite);
@@ -107,6 +112,8 @@ void change(const BuiltinCall& call, OptionVars& variables)
         if (Value* variable = found(values))
             clearArray(*variable);
     });
+    for (const char* flag : kChangingFlags)
+        eachUse(call, flag, [&](const auto& values) { call.session.tellOptionVarChanged(name(values)); });
 }
 
 Value runOptionVar(BuiltinCall& call)

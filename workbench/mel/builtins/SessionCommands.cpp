@@ -74,14 +74,6 @@ Value runTimer(BuiltinCall& call)
     return now - call.args.number("startTime");
 }
 
-Value runIsTrue(BuiltinCall& call)
-{
-    const std::string name = call.objectNames().front();
-    if (!call.session.events.isCondition(name))
-        throw CommandError("isTrue: Unknown condition: " + name);
-    return int(call.session.events.condition(name));
-}
-
 }  // namespace
 
 void addSessionCommands(kernel::Session& session)
@@ -113,7 +105,6 @@ void addSessionCommands(kernel::Session& session)
                           Modes::Create, 0, 0),
                runInternalVar);
     addBuiltin(session, "timerX", makeSyntax({{"startTime", "st", "f"}}, Modes::Create, 0, 0), runTimer);
-    addBuiltin(session, "isTrue", makeSyntax({}, Modes::Create, 1, 1), runIsTrue);
 }
 
 }  // namespace mel

@@ -17,11 +17,14 @@ void addListCommands(kernel::Session& session);       ///< ls listRelatives objE
 void addAttributeCommands(Interpreter& interpreter);  ///< setAttr getAttr
 void addMoveCommand(kernel::Session& session);        ///< move
 void addCameraCommand(kernel::Session& session);      ///< camera
-void addTimeCommands(kernel::Session& session);       ///< currentTime playbackOptions currentUnit timeControl
+void addTimeCommands(kernel::Session& session);       ///< currentTime currentUnit timeControl
+void addPlaybackCommands(kernel::Session& session);   ///< playbackOptions play
 void addUndoCommands(kernel::Session& session);       ///< undo redo undoInfo flushUndo
 void addFileCommand(kernel::Session& session);        ///< file
-void addSessionCommands(kernel::Session& session);    ///< about internalVar isTrue
-void addDeferredCommands(kernel::Session& session);   ///< evalDeferred scriptJob
+void addSessionCommands(kernel::Session& session);    ///< about internalVar timerX
+void addConditionCommands(kernel::Session& session);  ///< condition isTrue
+void addDeferredCommands(kernel::Session& session);   ///< evalDeferred
+void addScriptJobCommand(kernel::Session& session);   ///< scriptJob
 void addOptionVarCommand(kernel::Session& session);   ///< optionVar
 void addLanguageFunctions(Interpreter& interpreter);  ///< print size eval error warning source exists whatIs ...
 void addArrayFunctions(Interpreter& interpreter);     ///< clear stringArrayContains ...

@@ -1,7 +1,6 @@
 #include "mel/builtins/Builtin.h"
 #include "mel/builtins/Subjects.h"
 
-#include <memory>
 #include <utility>
 
 namespace mel {
@@ -20,113 +19,6 @@ Value runCurrentTime(BuiltinCall& call)
     if (!call.args.query && !call.args.objects.empty())
         call.apply(kernel::setTimeEdit(call.time(call.args.objects[0])));
     return call.scene.currentTime().value;
-}
-
-// --- playbackOptions -------------------------------------------------------------------------------------------------
-
-/// How playback runs, as far as it is no part of the scene.
-struct Playback {
-    double by = 1;
-    double speed = 1;  ///< 0: every frame
-    double maxSpeed = 0;
-    std::string loop = "continuous";
-    std::string view = "active";
-};
-
-struct Ranges {
-    Scene::Range playback;
-    Scene::Range animation;
-};
-
-void setRanges(Scene& scene, const Ranges& ranges)
-{
-    scene.setAnimationRange(ranges.animation);
-    scene.setPlaybackRange(ranges.playback);
-}
-
-/// A start behind the end pushes the end along, and the other way round.
-void setStart(Scene::Range& range, double start)
-{
-    range.first = start;
-    if (range.last < start)
-        range.last = start + 1;
-}
-
-void setEnd(Scene::Range& range, double end)
-{
-    range.last = end;
-    if (range.first > end)
-        range.first = end - 1;
-}
-
-Value queryPlayback(const BuiltinCall& call, const Playback& playback)
-{
-    const kernel::ParsedArgs& args = call.args;
-    const std::pair<const char*, Value> answers[] = {
-        {"minTime", call.scene.playbackRange().first},
-        {"maxTime", call.scene.playbackRange().last},
-        {"animationStartTime", call.scene.animationRange().first},
-        {"animationEndTime", call.scene.animationRange().last},
-        {"by", playback.by},
-        {"playbackSpeed", playback.speed},
-        {"maxPlaybackSpeed", playback.maxSpeed},
-        {"loop", playback.loop},
-        {"view", playback.view},
-        {"framesPerSecond", kernel::kTicksPerSecond / kernel::ticksPerUnit(call.scene.timeUnit())},
-    };
-    for (const auto& answer : answers) {
-        if (args.has(answer.first))
-            return answer.second;
-    }
-    return {};
-}
-
-void editRanges(BuiltinCall& call)
-{
-    const Ranges before{call.scene.playbackRange(), call.scene.animationRange()};
-    Ranges after = before;
-    const auto given = [&](const char* flag) -> const Value* {
-        const kernel::ValueList* values = call.args.values(flag);
-        return values ? &values->front() : nullptr;
-    };
-    const auto number = [&](const Value& value) { return call.time(value).as(call.scene.timeUnit()); };
-    if (const Value* start = given("animationStartTime"))
-        setStart(after.animation, number(*start));
-    if (const Value* end = given("animationEndTime"))
-        setEnd(after.animation, number(*end));
-    if (const Value* start = given("minTime"))
-        setStart(after.playback, number(*start));
-    if (const Value* end = given("maxTime"))
-        setEnd(after.playback, number(*end));
-    const bool setsAnimation = given("animationStartTime") || given("animationEndTime");
-    const bool setsPlayback = given("minTime") || given("maxTime");
-    if (!setsAnimation && !setsPlayback)
-        return;
-    call.apply(functionEdit(
-        [=](Scene& scene) {
-            if (setsAnimation)
-                scene.setAnimationRange(after.animation);
-            if (setsPlayback)
-                scene.setPlaybackRange(after.playback);
-        },
-        [=](Scene& scene) { setRanges(scene, before); }));
-}
-
-Value runPlaybackOptions(BuiltinCall& call, Playback& playback)
-{
-    if (call.args.query)
-        return queryPlayback(call, playback);
-    editRanges(call);
-    if (call.args.has("by")) {
-        const double by = call.args.number("by");
-        call.apply(functionEdit([&playback, by](Scene&) { playback.by = by; },
-                                [&playback, was = playback.by](Scene&) { playback.by = was; }));
-    }
-    playback.speed = call.args.number("playbackSpeed", 0, playback.speed);
-    playback.maxSpeed = call.args.number("maxPlaybackSpeed", 0, playback.maxSpeed);
-    playback.loop = call.args.text("loop", 0, playback.loop);
-    playback.view = call.args.text("view", 0, playback.view);
-    return {};
 }
 
 // --- currentUnit -----------------------------------------------------------------------------------------------------
@@ -164,14 +56,17 @@ Value runCurrentUnit(BuiltinCall& call)
         const TimeUnit unit = kernel::timeUnitFromName(call.args.text("time"));
         if (unit == TimeUnit::Invalid)
             throw CommandError("currentUnit: Unknown time unit '" + call.args.text("time") + "'.");
-        const Ranges ranges{call.scene.playbackRange(), call.scene.animationRange()};
+        const Scene::Range playback = call.scene.playbackRange();
+        const Scene::Range animation = call.scene.animationRange();
         // Converting back would not give the same numbers: not every instant is a whole number of ticks.
-        call.apply(functionEdit([unit](Scene& scene) { scene.setTimeUnit(unit); },
-                                [ranges, was = call.scene.timeUnit(), now = call.scene.currentTime()](Scene& scene) {
-                                    scene.setTimeUnit(was);
-                                    setRanges(scene, ranges);
-                                    scene.setCurrentTime(now);
-                                }));
+        call.apply(functionEdit(
+            [unit](Scene& scene) { scene.setTimeUnit(unit); },
+            [playback, animation, was = call.scene.timeUnit(), now = call.scene.currentTime()](Scene& scene) {
+                scene.setTimeUnit(was);
+                scene.setAnimationRange(animation);
+                scene.setPlaybackRange(playback);
+                scene.setCurrentTime(now);
+            }));
     }
     return {};
 }
@@ -200,20 +95,6 @@ Value runTimeControl(BuiltinCall& call)
 void addTimeCommands(kernel::Session& session)
 {
     addBuiltin(session, "currentTime", makeSyntax({{"update", "u", "b"}}, Modes::QueryAndEdit, 0, 1), runCurrentTime);
-    const auto playback = std::make_shared<Playback>();
-    addBuiltin(session, "playbackOptions",
-               makeSyntax({{"minTime", "min", "t"},
-                           {"maxTime", "max", "t"},
-                           {"animationStartTime", "ast", "t"},
-                           {"animationEndTime", "aet", "t"},
-                           {"by", "by", "f"},
-                           {"loop", "l", "s"},
-                           {"playbackSpeed", "ps", "f"},
-                           {"maxPlaybackSpeed", "mps", "f"},
-                           {"view", "v", "s"},
-                           {"framesPerSecond", "fps"}},
-                          Modes::QueryAndEdit, 0, 0),
-               [playback](BuiltinCall& call) { return runPlaybackOptions(call, *playback); });
     addBuiltin(session, "currentUnit",
                makeSyntax({{"time", "t", "s"},
                            {"linear", "l", "s"},

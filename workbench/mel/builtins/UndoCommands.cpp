@@ -1,6 +1,8 @@
 #include "mel/builtins/Builtin.h"
 #include "mel/builtins/Subjects.h"
 
+#include <memory>
+
 namespace mel {
 
 using kernel::Value;
@@ -37,15 +39,26 @@ Value runRedo(BuiltinCall& call)
     return {};
 }
 
-Value queryUndo(const kernel::UndoQueue& queue, const kernel::ParsedArgs& args)
+void printSteps(const BuiltinCall& call)
 {
+    std::size_t number = 0;
+    for (const std::string& name : call.session.undo.names())
+        call.session.output.say(kernel::Severity::Plain, std::to_string(++number) + ": " + name + "\n");
+}
+
+Value queryUndo(const BuiltinCall& call)
+{
+    const kernel::UndoQueue& queue = call.session.undo;
+    const kernel::ParsedArgs& args = call.args;
     if (args.has("state") || args.has("stateWithoutFlush"))
         return int(queue.isEnabled());
     if (args.has("infinity"))
         return int(queue.isInfinite());
     if (args.has("length"))
         return int(queue.length());
-    if (args.has("undoName") || args.has("chunkName"))
+    if (args.has("chunkName"))
+        return queue.givenChunkName();
+    if (args.has("undoName"))
         return queue.undoName();
     if (args.has("redoName"))
         return queue.redoName();
@@ -53,15 +66,39 @@ Value queryUndo(const kernel::UndoQueue& queue, const kernel::ParsedArgs& args)
         return int(!queue.canUndo());
     if (args.has("redoQueueEmpty"))
         return int(!queue.canRedo());
+    if (args.has("printQueue")) {
+        printSteps(call);
+        return {};
+    }
     return int(queue.count());
 }
 
-Value runUndoInfo(BuiltinCall& call)
+/// Chunks that scripts opened and have not closed again.
+struct ScriptChunks {
+    unsigned open = 0;
+};
+
+// A script closes what scripts opened, not the step that its own text is.
+void openOrCloseChunk(BuiltinCall& call, ScriptChunks& chunks)
+{
+    kernel::UndoQueue& queue = call.session.undo;
+    if (call.args.has("openChunk")) {
+        queue.openChunk({});
+        queue.nameOpenChunk(call.args.text("chunkName", 0, queue.givenChunkName()));
+        ++chunks.open;
+    }
+    if (call.args.has("closeChunk") && chunks.open > 0) {
+        queue.closeChunk();
+        --chunks.open;
+    }
+}
+
+Value runUndoInfo(BuiltinCall& call, ScriptChunks& chunks)
 {
     kernel::UndoQueue& queue = call.session.undo;
     const kernel::ParsedArgs& args = call.args;
     if (args.query)
-        return queryUndo(queue, args);
+        return queryUndo(call);
     if (args.has("state"))
         queue.setEnabled(args.integer("state") != 0);
     if (args.has("stateWithoutFlush"))
@@ -73,10 +110,7 @@ Value runUndoInfo(BuiltinCall& call)
             throw kernel::CommandError("undoInfo: The length of the queue cannot be negative.");
         queue.setLength(unsigned(args.integer("length")));
     }
-    if (args.has("openChunk"))
-        queue.openChunk(args.text("chunkName"));
-    if (args.has("closeChunk"))
-        queue.closeChunk();
+    openOrCloseChunk(call, chunks);
     return {};
 }
 
@@ -86,6 +120,7 @@ void addUndoCommands(kernel::Session& session)
 {
     addBuiltin(session, "undo", makeSyntax({}, Modes::Create, 0, 0), runUndo);
     addBuiltin(session, "redo", makeSyntax({}, Modes::Create, 0, 0), runRedo);
+    const auto chunks = std::make_shared<ScriptChunks>();
     addBuiltin(session, "undoInfo",
                makeSyntax({{"state", "st", "b"},
                            {"stateWithoutFlush", "swf", "b"},
@@ -97,9 +132,10 @@ void addUndoCommands(kernel::Session& session)
                            {"undoName", "un"},
                            {"redoName", "rn"},
                            {"undoQueueEmpty", "uqe"},
-                           {"redoQueueEmpty", "rqe"}},
+                           {"redoQueueEmpty", "rqe"},
+                           {"printQueue", "pq"}},
                           Modes::Query, 0, 0),
-               runUndoInfo);
+               [chunks](BuiltinCall& call) { return runUndoInfo(call, *chunks); });
     addBuiltin(session, "flushUndo", makeSyntax({}, Modes::Create, 0, 0), [](BuiltinCall& call) {
         call.session.undo.flush();
         return Value();

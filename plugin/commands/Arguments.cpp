@@ -1,0 +1,54 @@
+#include "commands/Arguments.h"
+
+#include "model/Layer.h"
+#include "settings/Messages.h"
+#include "settings/ScriptBridge.h"
+#include "settings/Text.h"
+
+#include <maya/MStringArray.h>
+
+QString textArgument(const MArgDatabase& args, const char* flag, unsigned int index)
+{
+    MString text;
+    args.getFlagArgument(flag, index, text);
+    return toQString(text);
+}
+
+int numberArgument(const MArgDatabase& args, const char* flag, unsigned int index)
+{
+    int number = 0;
+    args.getFlagArgument(flag, index, number);
+    return number;
+}
+
+int layerStateArgument(const MArgDatabase& args, const char* flag)
+{
+    int state = -1;
+    if (args.getFlagArgument(flag, 0, state) && (state < 0 || state >= kLayerStateCount)) {
+        return kLayerAnim;
+    }
+    return state;
+}
+
+bool hasCameraArgument(const MArgDatabase& args)
+{
+    MStringArray objects;
+    args.getObjects(objects);
+    return objects.length() > 0;
+}
+
+bool readCameraArgument(const MArgDatabase& args, QString& camera)
+{
+    MStringArray objects;
+    args.getObjects(objects);
+    if (objects.length() == 0) {
+        messages::error("Camera not specified");
+        return false;
+    }
+    camera = toQString(objects[0]);
+    if (!script::cameraExists(camera)) {
+        messages::error(QString("Camera does not exist: %1").arg(camera));
+        return false;
+    }
+    return true;
+}

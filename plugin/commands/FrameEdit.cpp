@@ -1,0 +1,62 @@
+#include "commands/FrameEdit.h"
+
+#include "model/FrameNumber.h"
+#include "model/LayerManager.h"
+#include "settings/Messages.h"
+
+FrameEdit::FrameEdit(const QString& camera, const char* whenLocked) : m_camera(camera), m_whenLocked(whenLocked) {}
+
+bool FrameEdit::prepare(LayerManager& manager)
+{
+    m_layerIndex = manager.activeLayerIndex(m_camera);
+    const Layer* layer = manager.layer(m_camera, m_layerIndex);
+    if (layer && m_whenLocked && layer->state() == kLayerLocked) {
+        messages::error(m_whenLocked);
+        return false;
+    }
+    return !layer || prepareFor(*layer);
+}
+
+bool FrameEdit::prepareFor(const Layer&)
+{
+    return true;
+}
+
+bool FrameEdit::apply(LayerManager& manager)
+{
+    return run(manager, &FrameEdit::applyTo);
+}
+
+bool FrameEdit::revert(LayerManager& manager)
+{
+    return run(manager, &FrameEdit::revertOn);
+}
+
+bool FrameEdit::run(LayerManager& manager, bool (FrameEdit::*step)(Layer&))
+{
+    if (m_layerIndex < 0) {
+        return true;
+    }
+    Layer* layer = manager.layer(m_camera, m_layerIndex);
+    if (!layer || !(this->*step)(*layer)) {
+        return false;
+    }
+    manager.markForRedraw(m_camera);  // the ghosts may be other ones although the frame shown is the same
+    return true;
+}
+
+void takeFrames(Layer& layer, int frameNumber, Frames& taken)
+{
+    while (std::unique_ptr<Frame> frame = layer.takeFrame(timeOfFrame(frameNumber))) {
+        frame->pack();
+        taken.push_back(std::move(frame));
+    }
+}
+
+void putBack(Layer& layer, Frames& frames)
+{
+    for (std::unique_ptr<Frame>& frame : frames) {
+        layer.restoreFrame(std::move(frame));
+    }
+    frames.clear();
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "commands/DrawingChange.h"
+#include "model/Layer.h"
+
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+using Frames = std::vector<std::unique_ptr<Frame>>;
+
+/// A change of the frames of one layer: the one that was active when the edit ran first. On a camera that had no
+/// active layer it changes nothing.
+class FrameEdit : public DrawingChange {
+protected:
+    /// whenLocked: what is said of a locked layer, which is then left alone; null when that makes no difference.
+    FrameEdit(const QString& camera, const char* whenLocked);
+
+    bool prepare(LayerManager& manager) override;
+    bool apply(LayerManager& manager) override;
+    bool revert(LayerManager& manager) override;
+    /// prepare() for the layer itself; not called without one.
+    virtual bool prepareFor(const Layer& layer);
+    virtual bool applyTo(Layer& layer) = 0;
+    virtual bool revertOn(Layer& layer) = 0;
+
+    const QString& camera() const { return m_camera; }
+    void setLayerIndex(int index) { m_layerIndex = index; }
+
+private:
+    bool run(LayerManager& manager, bool (FrameEdit::*step)(Layer&));
+
+    const QString m_camera;
+    const char* const m_whenLocked;
+    int m_layerIndex = -1;
+};
+
+/// Takes every frame of a number out, packed, and appends it: there are several when the time unit made them share it.
+void takeFrames(Layer& layer, int frameNumber, Frames& taken);
+/// Puts frames back at the very times they were taken from; the list is empty afterwards.
+void putBack(Layer& layer, Frames& frames);

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "commands/FrameEdit.h"
+#include "settings/FrameSpan.h"
+
+#include <maya/MTime.h>
+
+/// Puts blank frames wherever a span has none, on a new layer if the camera has no layer.
+class InsertFrames : public FrameEdit {
+public:
+    InsertFrames(const QString& camera, const FrameSpan& span);
+
+protected:
+    bool prepare(LayerManager& manager) override;
+    bool apply(LayerManager& manager) override;
+    bool revert(LayerManager& manager) override;
+    bool applyTo(Layer& layer) override;
+    bool revertOn(Layer& layer) override;
+
+private:
+    const FrameSpan m_span;
+    std::vector<int> m_inserted;  // ascending
+    bool m_makesLayer = false;
+    std::unique_ptr<Layer> m_layer;  // the one that was made, ours only while the edit is undone
+};
+
+/// Copies the drawing before the current time to that time.
+class DuplicateFrame : public FrameEdit {
+public:
+    explicit DuplicateFrame(const QString& camera);
+
+protected:
+    bool prepare(LayerManager& manager) override;
+    bool prepareFor(const Layer& layer) override;
+    bool applyTo(Layer& layer) override;
+    bool revertOn(Layer& layer) override;
+
+private:
+    int m_source = 0;
+    MTime m_time;
+};
+
+/// Takes the frames of a span away; undo puts the very same ones back.
+class DeleteFrames : public FrameEdit {
+public:
+    DeleteFrames(const QString& camera, const FrameSpan& span, const char* whenLocked);
+
+protected:
+    bool applyTo(Layer& layer) override;
+    bool revertOn(Layer& layer) override;
+
+    const Frames& taken() const { return m_taken; }
+
+private:
+    const FrameSpan m_span;
+    Frames m_taken;  // ours only while the edit is applied
+};
+
+/// Takes the frames of a span away and into the clipboard.
+class CutFrames : public DeleteFrames {
+public:
+    CutFrames(const QString& camera, const FrameSpan& span);
+
+protected:
+    MStatus redoOn(BaseNode& node) override;
+
+private:
+    const FrameSpan m_span;
+};
+
+/// Makes the frames of a span blank.
+class ClearFrames : public DeleteFrames {
+public:
+    ClearFrames(const QString& camera, const FrameSpan& span);
+
+protected:
+    bool applyTo(Layer& layer) override;
+    bool revertOn(Layer& layer) override;
+};
+
+/// Puts frames in at their times; what was there gives way until the edit is undone.
+class PasteFrames : public FrameEdit {
+public:
+    /// No two frames have the same number.
+    PasteFrames(const QString& camera, Frames frames);
+
+protected:
+    bool applyTo(Layer& layer) override;
+    bool revertOn(Layer& layer) override;
+
+private:
+    Frames m_frames;  // ours only while the edit is undone
+    std::vector<int> m_numbers;
+    Frames m_replaced;  // ours only while the edit is applied
+};

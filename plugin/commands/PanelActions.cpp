@@ -1,0 +1,157 @@
+#include "commands/PanelActions.h"
+
+#include "model/LayerListView.h"
+#include "model/LayerManager.h"
+#include "node/BaseNode.h"
+#include "settings/Preferences.h"
+#include "settings/ScriptBridge.h"
+
+#include <maya/MQtUtil.h>
+
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPointer>
+#include <QWidget>
+
+namespace {
+
+const struct {
+    Panel panel;
+    void (Preferences::*setGeometry)(const QByteArray&);
+} kPanels[] = {
+    {Panel::LayerManager, &Preferences::setLayerManagerGeometry},
+    {Panel::Toolbox, &Preferences::setToolboxGeometry},
+    {Panel::ToolOptions, &Preferences::setToolOptionsGeometry},
+    {Panel::ColorPalette, &Preferences::setColorPaletteGeometry},
+    {Panel::RetimingTool, &Preferences::setRetimingToolGeometry},
+};
+
+constexpr int kLabelPadding = 17;  // blanks that make the dialog wider
+
+/// Null when nothing can be opened.
+Panels* openablePanels()
+{
+    return script::isBatch() ? nullptr : Panels::installed();
+}
+
+std::shared_ptr<LayerManager> sceneDrawing()
+{
+    const BaseNode* node = BaseNode::masterNode();
+    return node ? node->layerManager() : nullptr;
+}
+
+MStatus statusOf(bool succeeded)
+{
+    return succeeded ? MStatus::kSuccess : MStatus::kFailure;
+}
+
+/// Empty when the user cancels.
+QString askForCamera(const QStringList& cameras, const QString& preselected)
+{
+    const QString label = QString("Select camera to move layers from:") + QString(kLabelPadding, QLatin1Char(' '));
+    bool confirmed = false;
+    const QString camera = QInputDialog::getItem(MQtUtil::mainWindow(), "Move Layers to View", label, cameras,
+                                                 qMax(cameras.indexOf(preselected), 0), false, &confirmed);
+    return confirmed ? camera : QString();
+}
+
+void destroyPanel(const QPointer<QWidget>& panel)
+{
+    if (panel) {
+        panel->close();
+    }
+    if (panel) {  // it may destroy itself when it is closed
+        panel->setParent(nullptr);
+        delete panel;
+    }
+}
+
+}  // namespace
+
+MStatus showPanel(Panel panel)
+{
+    Panels* panels = openablePanels();
+    QWidget* widget = panels ? panels->panel(panel) : nullptr;
+    if (!widget) {
+        return MStatus::kFailure;
+    }
+    if (widget->isVisible()) {
+        widget->activateWindow();
+        widget->raise();
+    } else {
+        widget->show();
+    }
+    return MStatus::kSuccess;
+}
+
+void refreshPanel(Panel panel)
+{
+    Panels* panels = Panels::installed();
+    if (panels && panels->existingPanel(panel)) {
+        panels->refresh(panel);
+    }
+}
+
+MStatus openDialog(Dialog dialog)
+{
+    Panels* panels = openablePanels();
+    return statusOf(panels && panels->open(dialog));
+}
+
+MStatus openLayerProperties()
+{
+    const std::shared_ptr<LayerManager> drawing = sceneDrawing();
+    if (!drawing) {
+        return MStatus::kFailure;
+    }
+    const QString camera = drawing->currentCamera();
+    const int index = drawing->activeLayerIndex(camera);
+    Panels* panels = openablePanels();
+    return statusOf(index >= 0 && panels && panels->openLayerProperties(camera, index));
+}
+
+MStatus refreshLayerManager()
+{
+    if (const std::shared_ptr<LayerManager> drawing = sceneDrawing()) {
+        drawing->publish();
+    } else if (LayerListView* list = LayerManager::layerListView()) {
+        list->refresh();
+    }
+    return MStatus::kSuccess;
+}
+
+MStatus resetPanels()
+{
+    if (script::isBatch()) {
+        return MStatus::kFailure;
+    }
+    const QMessageBox::StandardButton answer =
+        QMessageBox::question(MQtUtil::mainWindow(), "Reset UI", "Reset user interface elements?",
+                              QMessageBox::Yes | QMessageBox::No, QMessageBox::NoButton);
+    Panels* panels = Panels::installed();
+    if (answer == QMessageBox::Yes && panels) {
+        for (const auto& row : kPanels) {
+            destroyPanel(panels->existingPanel(row.panel));
+            (Preferences::instance().*row.setGeometry)(QByteArray());  // a panel keeps its place when it is closed
+        }
+    }
+    return MStatus::kSuccess;
+}
+
+MStatus openFloatingViewportWith(const QString& camera)
+{
+    const QStringList cameras = script::sceneCameras();
+    const std::shared_ptr<LayerManager> drawing = sceneDrawing();
+    if (!camera.isEmpty() || !drawing) {
+        script::openFloatingViewport(cameras.contains(camera) ? camera : QString());
+        return MStatus::kSuccess;
+    }
+    if (script::isBatch()) {
+        return MStatus::kFailure;
+    }
+    const QString chosen = askForCamera(cameras, drawing->currentCamera());
+    if (!chosen.isEmpty()) {
+        script::openFloatingViewport(chosen);
+    }
+    return MStatus::kSuccess;
+}

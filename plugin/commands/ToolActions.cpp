@@ -1,0 +1,95 @@
+#include "commands/ToolActions.h"
+
+#include "commands/Arguments.h"
+#include "commands/PanelActions.h"
+#include "settings/Messages.h"
+#include "settings/Names.h"
+#include "settings/Preferences.h"
+#include "settings/ScriptBridge.h"
+#include "settings/Text.h"
+
+#include <maya/MGlobal.h>
+
+namespace {
+
+constexpr int kComponentCount = 3;
+
+// contextName: of the context that the command made last.
+MStatus useContext(const char* command, QString& contextName)
+{
+    if (contextName.isEmpty() || !script::contextExists(contextName)) {
+        MString made;
+        MGlobal::executeCommand(command, made, false, false);
+        contextName = toQString(made);
+    }
+    return !contextName.isEmpty() && script::setCurrentTool(contextName) ? MStatus::kSuccess : MStatus::kFailure;
+}
+
+}  // namespace
+
+MStatus useDrawContext()
+{
+    static QString contextName;
+    return useContext(names::kDrawContextCommand, contextName);
+}
+
+MStatus useTransformContext()
+{
+    static QString contextName;
+    return useContext(names::kTransformContextCommand, contextName);
+}
+
+MStatus useTool(ToolType tool)
+{
+    const MStatus status = useDrawContext();
+    if (status) {
+        Preferences::instance().setActiveTool(tool);
+        script::notifyMainMenu();
+        refreshPanel(Panel::Toolbox);
+        refreshPanel(Panel::ToolOptions);
+    }
+    return status;
+}
+
+MStatus setToolOptions(const MArgDatabase& args, const char* flag, ToolType tool)
+{
+    Preferences& preferences = Preferences::instance();
+    unsigned int next = 0;
+    preferences.setToolSize(tool, numberArgument(args, flag, next++));
+    preferences.setToolOpacity(tool, numberArgument(args, flag, next++));
+    if (tool == ToolType::Brush || tool == ToolType::Eraser) {
+        preferences.setToolHardness(tool, numberArgument(args, flag, next++));
+    }
+    if (isFreehand(tool)) {
+        preferences.setTabletEnabled(tool, numberArgument(args, flag, next++) != 0);
+    }
+    if (tool == ToolType::Text) {
+        preferences.setTextFontFamily(textArgument(args, flag, next++));
+    }
+    refreshPanel(Panel::ToolOptions);
+    refreshPanel(Panel::Toolbox);
+    return MStatus::kSuccess;
+}
+
+bool readColourArgument(const MArgDatabase& args, const char* flag, QColor& colour)
+{
+    int values[kComponentCount];
+    for (unsigned int i = 0; i < kComponentCount; ++i) {
+        values[i] = numberArgument(args, flag, i);
+        if (values[i] < 0 || values[i] > 255) {
+            messages::error("Color values must be in the range of 0-255.");
+            return false;
+        }
+    }
+    colour = QColor(values[0], values[1], values[2]);
+    return true;
+}
+
+MIntArray components(const QColor& colour)
+{
+    MIntArray values;
+    for (int value : {colour.red(), colour.green(), colour.blue()}) {
+        values.append(value);
+    }
+    return values;
+}

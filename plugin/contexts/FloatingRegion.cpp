@@ -1,0 +1,152 @@
+#include "contexts/FloatingRegion.h"
+
+#include "model/FrameNumber.h"
+#include "node/BaseNode.h"
+#include "settings/ScriptBridge.h"
+
+#include <maya/M3dView.h>
+#include <maya/MDagPath.h>
+
+namespace {
+
+QString activeCamera()
+{
+    MStatus status;
+    M3dView view = M3dView::active3dView(&status);
+    MDagPath camera;
+    return status && view.getCamera(camera) ? script::cameraKey(camera) : QString();
+}
+
+}  // namespace
+
+bool FloatingRegion::open()
+{
+    close();
+    MStatus status;
+    M3dView view = M3dView::active3dView(&status);
+    BaseNode* const master = status ? BaseNode::masterNode() : nullptr;
+    if (!master || !master->layerManager() || !master->prepareToolView(view)) {
+        return false;
+    }
+    m_node = master->thisMObject();
+    m_camera = activeCamera();
+    return isOpen();
+}
+
+void FloatingRegion::close()
+{
+    m_node = MObject();
+    m_camera.clear();
+    m_layerCreated = false;
+    m_frameCreated = false;
+}
+
+BaseNode* FloatingRegion::node() const
+{
+    return BaseNode::fromHandle(m_node);
+}
+
+std::shared_ptr<LayerManager> FloatingRegion::manager() const
+{
+    const BaseNode* owner = node();
+    return owner ? owner->layerManager() : nullptr;
+}
+
+bool FloatingRegion::aimAtSelection()
+{
+    const std::shared_ptr<LayerManager> drawing = manager();
+    if (!drawing || !node()->canEditActiveLayer(m_camera)) {
+        return false;
+    }
+    aimAtActiveLayer(*drawing);
+    return true;
+}
+
+bool FloatingRegion::aimAtPasteTarget()
+{
+    const std::shared_ptr<LayerManager> drawing = manager();
+    int createdLayer = -1;
+    if (!drawing || !node()->drawingTarget(m_camera, createdLayer, m_frameCreated)) {
+        return false;
+    }
+    m_layerCreated = createdLayer >= 0;
+    aimAtActiveLayer(*drawing);
+    return true;
+}
+
+void FloatingRegion::aimAtActiveLayer(LayerManager& manager)
+{
+    m_frameNumber = currentFrameNumber();
+    if (manager.currentCamera() != m_camera) {
+        manager.setActiveLayer(m_camera, manager.activeLayerIndex(m_camera), true);
+    }
+}
+
+bool FloatingRegion::take(const QRect& region, const Taking& taking)
+{
+    LayerManager& drawing = *manager();
+    drawing.dropStroke();  // of a tool that is no longer in use
+    ActiveStroke* const stroke = drawing.beginStroke(m_camera, true);
+    if (!stroke || drawing.strokeFrame(m_camera).layerIndex < 0) {
+        drawing.dropStroke();
+        return false;
+    }
+    stroke->tool = ToolType::Transform;
+    stroke->region = region;
+    stroke->takeRegion = true;
+    stroke->clearOnly = taking.clear;
+    stroke->keepCut = taking.keep;
+    stroke->pasteAsIs = taking.paste;
+    stroke->changed = true;
+    drawing.advanceStroke(m_camera);
+    stroke->pasteAsIs = false;  // from here on what is pasted is turned and scaled like any region
+    if (taking.keep) {
+        m_clipboard = region;
+    }
+    return true;
+}
+
+ActiveStroke* FloatingRegion::record() const
+{
+    const std::shared_ptr<LayerManager> drawing = manager();
+    ActiveStroke* const stroke = drawing ? drawing->stroke(m_camera) : nullptr;
+    return stroke && stroke->tool == ToolType::Transform ? stroke : nullptr;
+}
+
+bool FloatingRegion::isInActiveView() const
+{
+    return activeCamera() == m_camera;
+}
+
+bool FloatingRegion::isWhereItBegan() const
+{
+    return isInActiveView() && currentFrameNumber() == m_frameNumber;
+}
+
+bool FloatingRegion::commit()
+{
+    const int createdLayer = m_layerCreated ? manager()->strokeFrame(m_camera).layerIndex : -1;
+    return script::commitStroke(m_camera, createdLayer, m_frameCreated);
+}
+
+void FloatingRegion::revert()
+{
+    if (!record()) {
+        return;
+    }
+    LayerManager& drawing = *manager();
+    const FrameAddress frame = drawing.strokeFrame(m_camera);  // where the layer is by now
+    drawing.dropStroke();
+    node()->withdrawDrawingTarget(frame, m_layerCreated ? frame.layerIndex : -1, m_frameCreated);
+    if (!m_layerCreated && frame.layerIndex >= 0 && drawing.activeLayerIndex(m_camera) != frame.layerIndex) {
+        drawing.setActiveLayer(m_camera, frame.layerIndex, false);
+    }
+    node()->redrawActiveView();
+}
+
+bool FloatingRegion::hasClipboard() const
+{
+    const BaseNode* const master = m_clipboard.isValid() ? BaseNode::masterNode() : nullptr;
+    const std::shared_ptr<LayerManager> drawing = master ? master->layerManager() : nullptr;
+    return drawing && drawing->holdsCut();
+}

@@ -1,0 +1,176 @@
+#include "contexts/TransformContextInputHandler.h"
+
+#include "contexts/TransformContext.h"
+#include "settings/Preferences.h"
+
+#include <QCursor>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMouseEvent>
+
+#include <maya/MQtUtil.h>
+
+namespace {
+
+struct MenuRow {
+    const char* text;  ///< null for a separator
+    const char* slot;
+    bool needsClipboard;
+};
+
+const MenuRow kSeparator = {nullptr, nullptr, false};
+
+const MenuRow kSelectingRows[] = {
+    {"Transform", SLOT(Transform()), false},
+    {"Transform Copy", SLOT(TransformCopy()), false},
+    kSeparator,
+    {"Cut", SLOT(Cut()), false},
+    {"Copy", SLOT(Copy()), false},
+    {"Paste", SLOT(Paste()), true},
+    {"Paste and Transform", SLOT(PasteAndTransform()), true},
+};
+
+const MenuRow kTransformingRows[] = {
+    {"Apply Transform", SLOT(Apply()), false},          {"Revert Transform", SLOT(Revert()), false},    kSeparator,
+    {"Flip Horizontal", SLOT(FlipHorizontal()), false}, {"Flip Vertical", SLOT(FlipVertical()), false},
+};
+
+const MenuRow kLastRows[] = {
+    kSeparator,
+    {"Cancel", SLOT(Cancel()), false},
+};
+
+template <size_t count>
+void addRows(QMenu& menu, const MenuRow (&rows)[count], QObject* receiver, bool hasClipboard)
+{
+    for (const MenuRow& row : rows) {
+        if (row.text) {
+            menu.addAction(QLatin1String(row.text), receiver, row.slot)
+                ->setEnabled(hasClipboard || !row.needsClipboard);
+        } else {
+            menu.addSeparator();
+        }
+    }
+}
+
+}  // namespace
+
+void TransformContextInputHandler::setUp()
+{
+    m_backslashHeld = false;
+    if (QWidget* window = MQtUtil::mainWindow()) {
+        window->installEventFilter(this);
+    }
+    watchActiveView();
+}
+
+void TransformContextInputHandler::cleanUp()
+{
+    if (QWidget* window = MQtUtil::mainWindow()) {
+        window->removeEventFilter(this);
+    }
+    m_views.release();
+}
+
+void TransformContextInputHandler::watchActiveView()
+{
+    m_views.release();
+    m_views.addActive();
+}
+
+bool TransformContextInputHandler::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+        if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Backslash) {
+            m_backslashHeld = event->type() == QEvent::KeyPress;
+        }
+        break;
+    case QEvent::MouseButtonPress:
+        if (m_views.contains(watched) && asksForMenu(static_cast<QMouseEvent&>(*event))) {
+            openMenu(static_cast<QWidget&>(*watched), static_cast<QMouseEvent*>(event)->pos());
+            return true;
+        }
+        break;
+    default: break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+bool TransformContextInputHandler::asksForMenu(const QMouseEvent& event) const
+{
+    return event.button() == Qt::RightButton && event.modifiers() == Qt::NoModifier && !m_backslashHeld
+        && Preferences::instance().transformToolContextMenu();
+}
+
+void TransformContextInputHandler::openMenu(QWidget& view, const QPoint& position)
+{
+    m_menuPosition = QPoint(position.x(), view.height() - position.y());
+    auto* menu = new QMenu(&view);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (m_tool.isTransforming()) {
+        addRows(*menu, kTransformingRows, this, false);
+    } else {
+        addRows(*menu, kSelectingRows, this, m_tool.canPaste());
+    }
+    addRows(*menu, kLastRows, this, false);
+    menu->popup(QCursor::pos());
+}
+
+void TransformContextInputHandler::Transform()
+{
+    m_tool.transform(false);
+}
+
+void TransformContextInputHandler::TransformCopy()
+{
+    m_tool.transform(true);
+}
+
+void TransformContextInputHandler::FlipHorizontal()
+{
+    m_tool.flip(&RegionTransform::flipHorizontal);
+}
+
+void TransformContextInputHandler::FlipVertical()
+{
+    m_tool.flip(&RegionTransform::flipVertical);
+}
+
+void TransformContextInputHandler::Cut()
+{
+    m_tool.cut();
+}
+
+void TransformContextInputHandler::Copy()
+{
+    m_tool.copy();
+}
+
+void TransformContextInputHandler::Paste()
+{
+    if (m_tool.paste(m_menuPosition)) {
+        m_tool.completeAction();
+    }
+}
+
+void TransformContextInputHandler::PasteAndTransform()
+{
+    m_tool.paste(m_menuPosition);
+}
+
+void TransformContextInputHandler::Apply()
+{
+    m_tool.completeAction();
+}
+
+void TransformContextInputHandler::Revert()
+{
+    m_tool.deleteAction();
+}
+
+void TransformContextInputHandler::Cancel()
+{
+    m_tool.abortAction();
+}

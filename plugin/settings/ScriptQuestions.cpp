@@ -1,0 +1,128 @@
+// The part of the script bridge that asks the host instead of having it do something.
+
+#include "settings/Messages.h"
+#include "settings/ScriptBridge.h"
+#include "settings/ScriptTemplates.h"
+
+#include <maya/MDoubleArray.h>
+#include <maya/MSelectionList.h>
+#include <maya/MStringArray.h>
+
+namespace script {
+
+namespace {
+
+bool isTrue(const Template& row, const QStringList& values = QStringList())
+{
+    int answer = 0;
+    return ask(row, answer, values) && answer != 0;
+}
+
+/// Empty when the host has no answer.
+QString text(const Template& row, const QStringList& values = QStringList())
+{
+    MString answer;
+    return ask(row, answer, values) ? toQString(answer) : QString();
+}
+
+}  // namespace
+
+bool isBatch()
+{
+    return isTrue(templates::kIsBatch);
+}
+
+int startPlaybackJob()
+{
+    int job = -1;
+    return ask(templates::kStartPlaybackJob, job, {quoted(filled(templates::kRefreshGhosts))}) ? job : -1;
+}
+
+bool contextExists(const QString& contextName)
+{
+    return isTrue(templates::kContextExists, {word(contextName)});
+}
+
+QString currentToolClass()
+{
+    return text(templates::kContextClass, {word(text(templates::kCurrentContext))});
+}
+
+QColor colourOfSlider(const QString& slider)
+{
+    MDoubleArray rgb;
+    if (!ask(templates::kSliderColour, rgb, {word(slider)}) || rgb.length() < 3) {
+        return QColor();
+    }
+    return QColor::fromRgbF(rgb[0], rgb[1], rgb[2]);
+}
+
+QString userPrefDir()
+{
+    return text(templates::kUserPrefDir);
+}
+
+QString timeControlName()
+{
+    const QString name = text(templates::kTimeControlName);
+    if (name.isEmpty()) {
+        messages::error("Failed to get time control name");
+    }
+    return name;
+}
+
+FrameSpan highlightedSpan()
+{
+    MDoubleArray range;
+    if (!ask(templates::kHighlightedSpan, range) || range.length() < 2) {
+        return {0, 0};
+    }
+    return {static_cast<int>(range[0]), static_cast<int>(range[1])};
+}
+
+bool isSpanHighlighted()
+{
+    return isTrue(templates::kIsSpanHighlighted);
+}
+
+bool isPlaybackCached()
+{
+    return MGlobal::optionVarIntValue("cachedPlaybackEnable") != 0;
+}
+
+QStringList sceneCameras()
+{
+    QStringList cameras;
+    MStringArray shapes;
+    if (!ask(templates::kSceneCameras, shapes)) {
+        return cameras;
+    }
+    for (unsigned int i = 0; i < shapes.length(); ++i) {
+        MSelectionList list;
+        MDagPath path;
+        if (list.add(shapes[i]) && list.getDagPath(0, path)) {
+            cameras.append(cameraKey(path));
+        }
+    }
+    return cameras;
+}
+
+bool cameraExists(const QString& camera)
+{
+    return sceneCameras().contains(camera);
+}
+
+QString cameraKey(const MDagPath& camera)
+{
+    if (!camera.isValid()) {
+        return QString();
+    }
+    MDagPath transform(camera);
+    // The path cannot be asked: one that ends at a transform answers for the shape below it too.
+    if (!transform.node().hasFn(MFn::kTransform)) {
+        transform.pop();
+    }
+    return toQString(transform.partialPathName());
+}
+
+}  // namespace script

@@ -1,0 +1,468 @@
+#include "support/CommandFixture.h"
+#include "support/TestView.h"
+
+#include "commands/FrameCommand.h"
+
+namespace {
+
+using Keys = QList<int>;
+using testing::IsEmpty;
+
+/// A view that looks through persp; persp and top each have a layer with drawings, persp's first.
+class FrameCommandTest : public CommandFixture {
+protected:
+    FrameCommandTest()
+    {
+        addCommand(names::kFrameCommand, FrameCommand::creator, FrameCommand::newSyntax);
+        drawing();
+        goTo(1);
+    }
+
+    static std::string frame(const std::string& arguments) { return "tqLumisketchFrame " + arguments; }
+    void highlight(int first, int end) { session().scene.highlightSliderRange({double(first), double(end)}); }
+    Keys keys(const QString& camera = "persp") { return drawing().frameNumbers(camera); }
+    /// The drawing at a frame number, as its hash; "none" for a blank one.
+    QString picture(int frameNumber, const QString& camera = "persp")
+    {
+        const Frame* found = drawing().activeLayer(camera)->frameNumbered(frameNumber);
+        if (!found || found->isBlank()) {
+            return found ? "none" : "missing";
+        }
+        return pixels::hash(decodePng(found->png()));
+    }
+    static int now() { return currentFrameNumber(); }
+
+    TestViews m_views;
+};
+
+TEST_F(FrameCommandTest, InsertsOnANewLayerWhenTheCameraHasNone)
+{
+    goTo(7);
+    runAndRewind(frame("-ins persp"));
+    EXPECT_EQ(stack("persp"), "Layer*");
+    EXPECT_EQ(keys(), Keys{7});
+    run("undo");
+    EXPECT_EQ(drawing().totalLayerCount(), 0);
+}
+
+TEST_F(FrameCommandTest, ARedoneNewLayerIsAsItWasWhateverThePreferenceSaysByThen)
+{
+    run(frame("-ins persp"));
+    run("undo");
+    Preferences::instance().setDefaultLayerState(kLayerLocked);
+    run("redo");
+    EXPECT_EQ(drawing().layerState("persp", 0), kLayerAnim);
+}
+
+TEST_F(FrameCommandTest, InsertsWhereverTheSpanHasNoFrame)
+{
+    keyed("persp", "A", {3});
+    const QString kept = picture(3);
+    highlight(1, 6);
+    runAndRewind(frame("-insert"));
+    EXPECT_EQ(keys(), (Keys{1, 2, 3, 4, 5}));
+    EXPECT_EQ(picture(3), kept);
+    run("undo");
+    EXPECT_EQ(keys(), Keys{3});
+    highlight(20, 30);
+    run("redo");  // the span is that of the first run
+    EXPECT_EQ(keys(), (Keys{1, 2, 3, 4, 5}));
+}
+
+TEST_F(FrameCommandTest, InsertsALongSpanAndTakesItBack)
+{
+    keyed("persp", "A", {0});
+    highlight(1, 20001);
+    ASSERT_TRUE(run(frame("-ins persp")));
+    EXPECT_EQ(keys().size(), 20001);
+    run("undo");
+    EXPECT_EQ(keys(), Keys{0});
+}
+
+TEST_F(FrameCommandTest, DuplicatesThePreviousDrawingToTheCurrentTime)
+{
+    keyed("persp", "A", {2, 5, 9});
+    goTo(7);
+    runAndRewind(frame("-dup"));
+    EXPECT_EQ(keys(), (Keys{2, 5, 7, 9}));
+    EXPECT_EQ(picture(7), picture(5));
+    expectRefused(frame("-dup"), "A frame already exists at the current time.");
+    goTo(30);
+    run("undo");
+    EXPECT_EQ(keys(), (Keys{2, 5, 9}));
+    goTo(1);
+    expectSilentlyRefused(frame("-duplicate"));
+    goTo(7);
+    drawing().setLayerState("persp", 0, kLayerStatic);
+    expectRefused(frame("-dup"), "A frame already exists at the current time.");
+}
+
+TEST_F(FrameCommandTest, SaysWhenADuplicateIsGoneBeforeItIsUndone)
+{
+    keyed("persp", "A", {2});
+    goTo(7);
+    run(frame("-dup"));
+    drawing().takeFrame("persp", timeOfFrame(7));
+    forgetLines();
+    run("undo");
+    EXPECT_THAT(errors(), testing::Contains("[Lumisketch2] Failed to undo duplicate frame operation."));
+    EXPECT_EQ(keys(), Keys{2});
+}
+
+TEST_F(FrameCommandTest, DeletesCutsAndClearsTheFramesOfTheSpan)
+{
+    keyed("persp", "A", {1, 3, 4, 8});
+    highlight(3, 6);
+    const QString third = picture(3);
+    runAndRewind(frame("-del"));
+    EXPECT_EQ(keys(), (Keys{1, 8}));
+    run("undo");
+    runAndRewind(frame("-cut persp"));
+    EXPECT_EQ(keys(), (Keys{1, 8}));
+    run("undo");
+    EXPECT_EQ(picture(3), third);
+    runAndRewind(frame("-clr"));
+    EXPECT_EQ(keys(), (Keys{1, 3, 4, 8}));
+    EXPECT_EQ(picture(3), "none");
+    run("undo");
+    EXPECT_EQ(picture(3), third);
+    EXPECT_THAT(errors(), IsEmpty());
+}
+
+TEST_F(FrameCommandTest, TheVerySameFrameObjectComesBack)
+{
+    keyed("persp", "A", {1, 3});
+    goTo(3);
+    const Frame* third = drawing().activeLayer("persp")->frameAt(1);
+    for (const char* mode : {"-del", "-cut", "-clear"}) {
+        run(frame(mode));
+        run("undo");
+        EXPECT_EQ(drawing().activeLayer("persp")->frameAt(1), third) << mode;
+    }
+}
+
+TEST_F(FrameCommandTest, PastesWhatWasCopiedAsOftenAsOneLikes)
+{
+    keyed("persp", "A", {10, 12, 21});
+    keyed("top", "X", {1});
+    const QString copied[] = {picture(10), picture(12)};
+    const QString replaced = picture(21);
+    highlight(10, 13);
+    const unsigned steps = session().undo.count();
+    ASSERT_TRUE(run(frame("-cp")));
+    EXPECT_EQ(session().undo.count(), steps);
+    highlight(19, 20);
+    runAndRewind(frame("-pst"));
+    EXPECT_EQ(keys(), (Keys{10, 12, 19, 21}));
+    EXPECT_EQ(picture(19), copied[0]);
+    EXPECT_EQ(picture(21), copied[1]);
+    run("undo");
+    EXPECT_EQ(picture(21), replaced);
+    highlight(-3, -2);
+    runAndRewind(frame("-paste top"));
+    EXPECT_EQ(keys("top"), (Keys{-3, -1, 1}));
+    EXPECT_THAT(errors(), IsEmpty());
+}
+
+TEST_F(FrameCommandTest, APastedFrameIsTheSameObjectAfterARedo)
+{
+    keyed("persp", "A", {1});
+    run(frame("-copy"));
+    goTo(5);
+    run(frame("-paste"));
+    const Frame* pasted = drawing().activeLayer("persp")->frameNumbered(5);
+    run("undo");
+    run("redo");
+    EXPECT_EQ(drawing().activeLayer("persp")->frameNumbered(5), pasted);
+}
+
+TEST_F(FrameCommandTest, ACopyOrCutReplacesTheWholeClipboard)
+{
+    keyed("persp", "A", {1, 2, 3});
+    highlight(1, 4);
+    run(frame("-copy"));
+    highlight(2, 3);
+    run(frame("-cut"));
+    highlight(50, 51);
+    run(frame("-paste"));
+    EXPECT_EQ(keys(), (Keys{1, 3, 50}));
+    highlight(100, 101);
+    run(frame("-copy"));  // nothing there
+    run(frame("-paste"));
+    EXPECT_EQ(keys(), (Keys{1, 3, 50}));
+}
+
+TEST_F(FrameCommandTest, ARedoneCutIsWhatIsPastedNext)
+{
+    keyed("persp", "A", {1, 5});
+    const QString cut = picture(1);
+    run(frame("-cut"));
+    run("undo");
+    goTo(5);
+    run(frame("-copy"));
+    run("redo");
+    goTo(9);
+    run(frame("-paste"));
+    EXPECT_EQ(picture(9), cut);
+}
+
+TEST_F(FrameCommandTest, AGhostThatIsReplacedIsSeen)
+{
+    Preferences::instance().setGhostNext(true);
+    keyed("persp", "A", {1, 5, 9});
+    run(frame("-copy"));
+    goTo(5);
+    run(frame("-clear"));  // nothing covers the ghost
+    const QString ghosts = pixels::hash(*drawing().composite("persp"));
+    highlight(9, 10);
+    run(frame("-paste"));
+    EXPECT_NE(pixels::hash(*drawing().composite("persp")), ghosts);
+    run("undo");
+    EXPECT_EQ(pixels::hash(*drawing().composite("persp")), ghosts);
+}
+
+TEST_F(FrameCommandTest, LeavesALockedLayerAlone)
+{
+    keyed("persp", "A", {1, 3});
+    goTo(3);
+    run(frame("-copy"));
+    drawing().setLayerState("persp", 0, kLayerLocked);
+    const struct {
+        const char* mode;
+        const char* message;
+    } cases[] = {
+        {"-ins", "Cannot add frames to a locked layer"},      {"-dup", "Cannot duplicate frames on a locked layer"},
+        {"-del", "Cannot remove frames from a locked layer"}, {"-clr", "Cannot remove frames from a locked layer"},
+        {"-cut", "Cannot cut frames from a locked layer"},    {"-pst", "Cannot paste frames to a locked layer"},
+    };
+    for (const auto& c : cases) {
+        expectRefused(frame(c.mode), c.message);
+    }
+    EXPECT_TRUE(run(frame("-retime 5")));
+    EXPECT_TRUE(run(frame("-move 1 3 3")));
+}
+
+TEST_F(FrameCommandTest, ALayerLockedMeanwhileDoesNotStopARedo)
+{
+    keyed("persp", "A", {1, 3});
+    run(frame("-del"));
+    run("undo");
+    drawing().setLayerState("persp", 0, kLayerLocked);
+    run("redo");
+    EXPECT_EQ(keys(), Keys{3});
+}
+
+TEST_F(FrameCommandTest, StepsThroughTheDrawingsAndAround)
+{
+    keyed("persp", "A", {1, 5, 9});
+    const struct {
+        const char* mode;
+        int from;
+        int to;
+    } cases[] = {
+        {"-sf", 1, 5}, {"-stepForward", 9, 1}, {"-sf", 6, 9}, {"-sb", 9, 5}, {"-stepBack", 1, 9}, {"-sb", 7, 5},
+    };
+    for (const auto& c : cases) {
+        goTo(c.from);
+        ASSERT_TRUE(run(frame(c.mode))) << c.mode << c.from;
+        EXPECT_EQ(now(), c.to) << c.mode << c.from;
+        EXPECT_EQ(drawing().activeLayer("persp")->currentFrame()->frameNumber(), c.to) << c.mode << c.from;
+        run("undo");
+        EXPECT_EQ(now(), c.from) << c.mode << c.from;
+        run("redo");
+        EXPECT_EQ(now(), c.to) << c.mode << c.from;
+    }
+}
+
+TEST_F(FrameCommandTest, WithNowhereToGoOnlyTheStepBackSucceeds)
+{
+    expectSilentlyRefused(frame("-sf"));  // no layer at all
+    EXPECT_TRUE(run(frame("-sb")));
+    keyed("persp", "A", {5});
+    goTo(5);
+    expectSilentlyRefused(frame("-sf"));
+    EXPECT_TRUE(run(frame("-sb")));
+    EXPECT_EQ(now(), 5);
+}
+
+TEST_F(FrameCommandTest, RetimesTheCurrentCamerasFramesAndGoesToOneOfThem)
+{
+    const struct {
+        const char* arguments;
+        std::initializer_list<int> keys;
+        int time;
+        Keys retimed;
+        int landing;
+    } cases[] = {
+        {"-ret 3", {1, 2, 3, 10}, 2, {1, 2, 5, 12}, 2},
+        {"-retime 3 -moveToNext", {1, 2, 3, 10}, 2, {1, 2, 5, 12}, 5},
+        {"-retime -5 -relative", {1, 2, 3}, 1, {1, 2, 3}, 1},
+        {"-ret 4 -rel -mvn", {1, 2, 3}, 2, {1, 2, 7}, 7},
+        {"-ret 2 top", {1, 2, 3}, 1, {1, 3, 4}, 1},  // the camera named makes no difference
+        {"-ret 2 -mvn", {4, 6}, 6, {4, 6}, 6},
+    };
+    for (const auto& c : cases) {
+        run("file -f -new");
+        keyed("persp", "A", c.keys);
+        keyed("top", "X", {1, 2});
+        goTo(c.time);
+        const QString before = describeDrawing();
+        ASSERT_TRUE(run(frame(c.arguments))) << c.arguments;
+        const QString after = describeDrawing();
+        EXPECT_EQ(keys(), c.retimed) << c.arguments;
+        EXPECT_EQ(keys("top"), (Keys{1, 2})) << c.arguments;
+        EXPECT_EQ(now(), c.landing) << c.arguments;
+        goTo(33);
+        run("undo");
+        EXPECT_EQ(describeDrawing(), before) << c.arguments;
+        EXPECT_EQ(now(), c.time) << c.arguments;
+        run("redo");
+        EXPECT_EQ(describeDrawing(), after) << c.arguments;
+        EXPECT_EQ(now(), c.landing) << c.arguments;
+    }
+}
+
+TEST_F(FrameCommandTest, MovesFramesByAnOffset)
+{
+    keyed("persp", "A", {1, 2, 4, 9});
+    keyed("top", "X", {1, 2});
+    const struct {
+        const char* arguments;
+        Keys persp;
+        Keys top;
+    } cases[] = {
+        {"-mv 1 1 2", {2, 3, 4, 9}, {1, 2}},
+        {"-move -3 1 4", {-2, -1, 1, 9}, {1, 2}},
+        {"-move 100 4 2147483647 persp", {1, 2, 104, 109}, {1, 2}},
+        {"-move 1 1 2 top", {1, 2, 4, 9}, {2, 3}},
+    };
+    for (const auto& c : cases) {
+        runAndRewind(frame(c.arguments));
+        EXPECT_EQ(keys(), c.persp) << c.arguments;
+        EXPECT_EQ(keys("top"), c.top) << c.arguments;
+        run("undo");
+    }
+    EXPECT_TRUE(run(frame("-move 5 5 8")));  // none there
+    EXPECT_EQ(keys(), (Keys{1, 2, 4, 9}));
+    EXPECT_THAT(errors(), IsEmpty());
+}
+
+TEST_F(FrameCommandTest, RefusesNumbersOutsideTheRangeAndChangesNothing)
+{
+    keyed("persp", "A", {1, 2, 4});
+    expectRefused(frame("-retime 2147483647"), "Frame number out of range");
+    expectRefused(frame("-retime 2147483647 -relative"), "Frame number out of range");
+    expectRefused(frame("-move 2147483647 1 2"), "Frame number out of range");
+    run(frame("-copy"));
+    highlight(1, 5);
+    run(frame("-copy"));
+    highlight(2147483646, 2147483647);
+    expectRefused(frame("-paste"), "Frame number out of range");
+    EXPECT_EQ(now(), 1);
+}
+
+TEST_F(FrameCommandTest, FramesThatShareANumberInASlowerTimeUnitAllComeBack)
+{
+    run("currentUnit -t film");
+    keyed("persp", "A", {2, 3, 4});
+    run("currentUnit -t \"12fps\"");
+    ASSERT_EQ(keys(), (Keys{1, 1, 2}));
+    for (const char* arguments : {"-del", "-cut", "-clr", "-retime 4", "-move 5 1 1"}) {
+        goTo(1);
+        runAndRewind(frame(arguments));
+        run("undo");
+        run("currentUnit -t film");
+        EXPECT_EQ(keys(), (Keys{2, 3, 4})) << arguments;
+        run("currentUnit -t \"12fps\"");
+    }
+}
+
+TEST_F(FrameCommandTest, WorksOnTheActiveViewsCameraUnlessOneIsNamed)
+{
+    keyed("persp", "A", {});
+    keyed("top", "X", {});
+    m_views.activate(m_views.top());
+    EXPECT_TRUE(run(frame("-ins")));
+    EXPECT_EQ(keys("top"), Keys{1});
+    EXPECT_TRUE(run(frame("-ins persp")));
+    EXPECT_EQ(keys("persp"), Keys{1});
+}
+
+TEST_F(FrameCommandTest, EditsOfACameraWithoutLayersSucceedAndDoNothing)
+{
+    for (const char* mode : {"-del", "-cut", "-clr", "-pst", "-move 1 1 5 top"}) {
+        EXPECT_TRUE(run(frame(mode))) << mode;
+        run("undo");
+        EXPECT_EQ(drawing().totalLayerCount(), 0) << mode;
+    }
+    expectSilentlyRefused(frame("-dup"));
+    expectSilentlyRefused(frame("-retime 3"));
+}
+
+TEST_F(FrameCommandTest, TheFirstModeInOrderOfPrecedenceIsTaken)
+{
+    keyed("persp", "A", {1, 5});
+    EXPECT_TRUE(run(frame("-move 1 1 1 -sf -clr -del")));
+    EXPECT_EQ(keys(), Keys{5});
+    EXPECT_TRUE(run(frame("-move 1 5 5 -ret 1 -sb -sf")));
+    EXPECT_EQ(now(), 5);
+}
+
+TEST_F(FrameCommandTest, RefusesWhatItCannotDo)
+{
+    keyed("persp", "A", {1, 2, 3});
+    const struct {
+        const char* arguments;
+        const char* message;  // null when it fails silently
+    } cases[] = {
+        {"-ins nowhere", "Camera does not exist: nowhere"},
+        {"-sf nowhere", "Camera does not exist: nowhere"},
+        {"-retime 2 nowhere", "Camera does not exist: nowhere"},
+        {"-move 2 1 1", "Move Failed. A frame already exists at time 3"},
+        {"-move -1 3 3", "Move Failed. A frame already exists at time 2"},
+        {"-move 0 1 3", nullptr},
+        {"", nullptr},
+        {"-relative -moveToNext", nullptr},
+    };
+    for (const auto& c : cases) {
+        if (c.message) {
+            expectRefused(frame(c.arguments), c.message);
+        } else {
+            expectSilentlyRefused(frame(c.arguments));
+        }
+    }
+    for (const char* malformed :
+         {"-retime", "-retime x", "-move 1 2", "-move 1 2 x", "-e -ins", "-q -ins", "-noSuchFlag"}) {
+        expectRefused(frame(malformed));
+    }
+}
+
+TEST_F(FrameCommandTest, SaysWhatIsMissingInASceneWithoutADrawing)
+{
+    run("file -f -new");
+    expectRefused(frame("-ins"), "Failed to insert key. Node does not exist.");
+    for (const char* arguments : {"-dup", "-del", "-cut", "-cp", "-pst", "-clr", "-sf", "-sb", "-ret 1", "-mv 1 1 1"}) {
+        expectRefused(frame(arguments), "Node not found");
+    }
+}
+
+class FrameCommandWithoutViewTest : public CommandFixture {};
+
+TEST_F(FrameCommandWithoutViewTest, OnlyWhatUsesTheViewsCameraFailsForItsAbsence)
+{
+    addCommand(names::kFrameCommand, FrameCommand::creator, FrameCommand::newSyntax);
+    keyed("persp", "A", {1, 5});
+    goTo(1);
+    for (const char* mode : {"-ins", "-dup", "-del", "-cut", "-cp", "-pst", "-clr"}) {
+        expectRefused(std::string("tqLumisketchFrame ") + mode, "Camera not specified");
+    }
+    EXPECT_TRUE(run("tqLumisketchFrame -sf"));
+    EXPECT_TRUE(run("tqLumisketchFrame -sb"));
+    EXPECT_TRUE(run("tqLumisketchFrame -retime 2"));
+    EXPECT_EQ(drawing().frameNumbers("persp"), (Keys{1, 3}));
+    EXPECT_TRUE(run("tqLumisketchFrame -move 4 3 3"));
+    EXPECT_EQ(drawing().frameNumbers("persp"), (Keys{1, 7}));
+    EXPECT_THAT(errors(), testing::Not(testing::Contains(testing::HasSubstr("Node not found"))));
+}
+
+}  // namespace

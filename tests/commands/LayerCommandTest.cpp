@@ -1,0 +1,373 @@
+#include "support/CommandFixture.h"
+
+#include "commands/LayerCommand.h"
+
+#include <maya/MEventMessage.h>
+
+namespace {
+
+using kernel::Value;
+using testing::IsEmpty;
+
+/// persp: A, B, C with C active; top: X, Y with Y active. persp is current.
+class LayerCommandTest : public CommandFixture {
+protected:
+    LayerCommandTest()
+    {
+        addCommand(names::kLayerCommand, LayerCommand::creator, LayerCommand::newSyntax);
+        keyed("persp", "A", {1});
+        keyed("persp", "B", {1, 5});
+        keyed("persp", "C", {});
+        keyed("top", "X", {2});
+        keyed("top", "Y", {3});
+        drawing().setActiveLayer("top", 1, true);
+        drawing().setActiveLayer("persp", 2, true);
+    }
+
+    static std::string layer(const std::string& arguments) { return "tqLumisketchLayer " + arguments; }
+};
+
+TEST_F(LayerCommandTest, AddsANamedLayerOnTopAndMakesItActive)
+{
+    EXPECT_EQ(evaluate(layer("-add -n Ink -ls 1 persp")), Value(3));
+    EXPECT_EQ(stack("persp"), "A B C Ink*");
+    EXPECT_EQ(drawing().layerState("persp", 3), kLayerStatic);
+    run("undo");
+    EXPECT_EQ(stack("persp"), "A B C*");
+
+    const struct {
+        const char* flags;
+        const char* name;
+        int state;
+    } cases[] = {
+        {"-add -ls 2 ", "Layer", kLayerLocked},
+        {"-add -ls 7 -n A ", "Layer 1", kLayerAnim},
+        {"-addLayer -layerState 0 -name \"q\\\"b\\\\s\\nx\" ", "q'b/sx", kLayerAnim},
+    };
+    for (const auto& c : cases) {
+        for (const char* camera : {"persp", "top", "front"}) {
+            runAndRewind(layer(c.flags + std::string(camera)));
+            const int index = drawing().activeLayerIndex(camera);
+            EXPECT_EQ(drawing().layerName(camera, index), c.name) << c.flags << camera;
+            EXPECT_EQ(drawing().layerState(camera, index), c.state) << c.flags << camera;
+            EXPECT_EQ(drawing().currentCamera(), camera) << c.flags;
+            run("undo");
+        }
+    }
+    EXPECT_THAT(errors(), IsEmpty());
+}
+
+TEST_F(LayerCommandTest, UndoOfAnAdditionOnAnotherCameraGivesBothCamerasTheirActiveLayers)
+{
+    drawing().setActiveLayer("top", 0, false);
+    run(layer("-add -ls 0 -n Z top"));
+    EXPECT_EQ(stack("top"), "X Y Z*");
+    run("undo");
+    EXPECT_EQ(stack("top"), "X* Y");
+    EXPECT_EQ(stack("persp"), "A B C*");
+    EXPECT_EQ(drawing().currentCamera(), "persp");
+}
+
+TEST_F(LayerCommandTest, AnAdditionWithoutStateAndAnInsertionLeaveTheLayerAndFail)
+{
+    const struct {
+        const char* flags;
+        const char* stack;
+    } cases[] = {
+        {"-add -n Z persp", "A B C* Z"},
+        {"-ins 0 -n Z -ls 1 persp", "Z A B C*"},
+        {"-insert 2 -n Z persp", "A B Z C*"},
+        {"-ins -1 -n Z persp", "A B C* Z"},
+        {"-ins 2147483647 -n Z persp", "A B C* Z"},
+    };
+    for (const auto& c : cases) {
+        const unsigned steps = session().undo.count();
+        EXPECT_FALSE(run(layer(c.flags))) << c.flags;
+        EXPECT_EQ(stack("persp"), c.stack) << c.flags;
+        EXPECT_EQ(session().undo.count(), steps) << c.flags;
+        drawing().takeLayer("persp", stack("persp").split(' ').indexOf("Z"));
+    }
+}
+
+TEST_F(LayerCommandTest, DeletesLayersAndGivesTheVerySameOnesBack)
+{
+    const struct {
+        const char* arguments;
+        const char* persp;
+        const char* top;
+    } cases[] = {
+        {"-del 0 persp", "B C*", "X Y*"}, {"-delete 2 persp", "A B*", "X Y*"}, {"-da persp", "", "X Y*"},
+        {"-del 0 top", "A B C*", "Y*"},   {"-del 1 top", "A B C*", "X*"},      {"-deleteAll top", "A B C*", ""},
+    };
+    for (const auto& c : cases) {
+        const Layer* bottom = drawing().layer("persp", 0);
+        const Layer* other = drawing().layer("top", 1);
+        runAndRewind(layer(c.arguments));
+        EXPECT_EQ(stack("persp"), c.persp) << c.arguments;
+        EXPECT_EQ(stack("top"), c.top) << c.arguments;
+        run("undo");
+        EXPECT_EQ(stack("persp"), "A B C*") << c.arguments;
+        EXPECT_EQ(stack("top"), "X Y*") << c.arguments;
+        EXPECT_EQ(drawing().layer("persp", 0), bottom) << c.arguments;
+        EXPECT_EQ(drawing().layer("top", 1), other) << c.arguments;
+    }
+    EXPECT_THAT(errors(), IsEmpty());
+}
+
+TEST_F(LayerCommandTest, ADeletedLayerComesBackAsTheScenesTimeIsByThen)
+{
+    drawing().updateCurrentFrames(1, false);
+    run(layer("-del 1 persp"));
+    goTo(7);
+    run("undo");
+    EXPECT_EQ(drawing().layer("persp", 1)->currentFrame()->frameNumber(), 5);
+}
+
+TEST_F(LayerCommandTest, MovesALayerWithinItsCamera)
+{
+    const struct {
+        const char* arguments;
+        const char* stack;
+        int landing;
+    } cases[] = {
+        {"-mv 0 2 persp", "B C* A", 2},  {"-move 2 0 persp", "C* A B", 0},        {"-mv 0 99 persp", "B C* A", 2},
+        {"-mv 2 -5 persp", "C* A B", 0}, {"-mv 1 2147483647 persp", "A C* B", 2},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(evaluate(layer(c.arguments)), Value(c.landing)) << c.arguments;
+        run("undo");
+        runAndRewind(layer(c.arguments));
+        EXPECT_EQ(stack("persp"), c.stack) << c.arguments;
+        run("undo");
+    }
+    EXPECT_THAT(errors(), IsEmpty());
+}
+
+TEST_F(LayerCommandTest, MovesALayerToAnotherCamera)
+{
+    const struct {
+        const char* arguments;
+        const char* persp;
+        const char* top;
+        const char* current;
+        int landing;
+    } cases[] = {
+        {"-nc top -mv 0 -1 persp", "B C*", "X Y* A", "persp", 2},
+        {"-newCamera top -move 2 0 persp", "A B*", "C* X Y", "top", 0},  // the current camera's active layer
+        {"-nc persp -mv 1 1 top", "A Y B C*", "X*", "persp", 1},         // another camera's
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(evaluate(layer(c.arguments)), Value(c.landing)) << c.arguments;
+        run("undo");
+        runAndRewind(layer(c.arguments));
+        EXPECT_EQ(stack("persp"), c.persp) << c.arguments;
+        EXPECT_EQ(stack("top"), c.top) << c.arguments;
+        EXPECT_EQ(drawing().currentCamera(), c.current) << c.arguments;
+        run("undo");
+        EXPECT_EQ(drawing().currentCamera(), "persp") << c.arguments;
+    }
+    EXPECT_THAT(errors(), IsEmpty());
+}
+
+TEST_F(LayerCommandTest, MovesAllLayersOnTopOfAnotherCamerasInTheirOrder)
+{
+    const struct {
+        const char* arguments;
+        const char* persp;
+        const char* top;
+        const char* front;
+        const char* current;
+    } cases[] = {
+        {"-mva top persp", "", "X Y A B C*", "", "top"},
+        {"-moveAll persp top", "A B C* X Y", "", "", "persp"},
+        {"-mva front persp", "", "X Y*", "A B C*", "front"},
+    };
+    for (const auto& c : cases) {
+        runAndRewind(layer(c.arguments));
+        EXPECT_EQ(stack("persp"), c.persp) << c.arguments;
+        EXPECT_EQ(stack("top"), c.top) << c.arguments;
+        EXPECT_EQ(stack("front"), c.front) << c.arguments;
+        EXPECT_EQ(drawing().currentCamera(), c.current) << c.arguments;
+        run("undo");
+    }
+    EXPECT_THAT(errors(), IsEmpty());
+}
+
+TEST_F(LayerCommandTest, UndoOfMovingAllLeavesTheCurrentCameraWhenTheSourceWasNotIt)
+{
+    run(layer("-mva front top"));
+    ASSERT_EQ(stack("front"), "X Y*");
+    run("undo");
+    EXPECT_EQ(stack("top"), "X Y*");
+    EXPECT_EQ(drawing().currentCamera(), "persp");
+}
+
+TEST_F(LayerCommandTest, MakesALayerActiveUnlessItIsSoAlready)
+{
+    EXPECT_EQ(evaluate(layer("-e -active 1 persp")), Value(1));
+    run("undo");
+    for (const char* arguments : {"-e -act 0 persp", "-e -active 0 top", "-edit -act 1 top"}) {
+        runAndRewind(layer(arguments));
+        run("undo");
+        EXPECT_EQ(drawing().currentCamera(), "persp") << arguments;
+    }
+    EXPECT_THAT(errors(), IsEmpty());
+    expectSilentlyRefused(layer("-e -act 2 persp"));
+    expectRefused(layer("-e -act 3 persp"), "Invalid layer index: 3");
+    expectRefused(layer("-e -act 0 front"), "Invalid layer index: 0");
+}
+
+TEST_F(LayerCommandTest, EditsPropertiesBySwappingThem)
+{
+    const struct {
+        const char* edit;
+        const char* query;
+        Value value;
+    } cases[] = {
+        {"-en Sky 0 persp", "-qn 0 persp", std::string("Sky")},
+        {"-editName B 0 persp", "-queryName 0 persp", std::string("Layer 1")},  // a taken name
+        {"-en \"a\\\"b\\\\c\" 0 persp", "-qn 0 persp", std::string("a'b/c")},
+        {"-en \"\" 0 persp", "-qn 0 persp", std::string("Layer")},
+        {"-ev 0 1 persp", "-qv 1 persp", 0},
+        {"-editVis off 1 persp", "-queryVis 1 persp", 0},
+        {"-eo 0.25 2 persp", "-qo 2 persp", 0.25},
+        {"-editOpacity -3 1 top", "-queryOpacity 1 top", 0.0},
+        {"-es 2 0 top", "-qs 0 top", 2},
+        {"-editState 1 2 persp", "-queryState 2 persp", 1},
+    };
+    for (const auto& c : cases) {
+        runAndRewind(layer(c.edit));
+        EXPECT_EQ(evaluate(layer(c.query)), c.value) << c.edit;
+        run("undo");
+    }
+    EXPECT_THAT(errors(), IsEmpty());
+}
+
+TEST_F(LayerCommandTest, QueriesLeaveNoUndoStep)
+{
+    const unsigned steps = session().undo.count();
+    EXPECT_EQ(evaluate(layer("-cnt persp")), Value(3));
+    EXPECT_EQ(evaluate(layer("-count front")), Value(0));
+    EXPECT_EQ(evaluate(layer("-q -act persp")), Value(2));
+    EXPECT_EQ(evaluate(layer("-q -active front")), Value(-1));
+    EXPECT_EQ(evaluate(layer("-qo 0 persp")), Value(1.0));
+    EXPECT_EQ(session().undo.count(), steps);
+}
+
+TEST_F(LayerCommandTest, AnImportIsAStepThatDoesNothing)
+{
+    const QString before = describeDrawing();
+    const unsigned steps = session().undo.count();
+    EXPECT_TRUE(run(layer("-ifw \"a file\" b persp")));
+    EXPECT_EQ(session().undo.count(), steps + 1);
+    run("undo");
+    EXPECT_EQ(describeDrawing(), before);
+}
+
+TEST_F(LayerCommandTest, TheFirstModeInOrderOfPrecedenceIsTaken)
+{
+    EXPECT_EQ(evaluate(layer("-qs 0 -qn 0 -es 1 0 -cnt -da persp")), Value(3));
+    EXPECT_EQ(evaluate(layer("-qs 0 -qo 0 -qn 0 persp")), Value(std::string("A")));
+    EXPECT_EQ(evaluate(layer("-da -del 1 -mv 0 1 persp")), Value());
+    EXPECT_EQ(stack("persp"), "A C*");
+}
+
+TEST_F(LayerCommandTest, RefusesWhatItCannotDo)
+{
+    const struct {
+        const char* arguments;
+        const char* message;  // null when it fails silently
+    } cases[] = {
+        {"-cnt", "Camera not specified"},
+        {"-add -ls 0", "Camera not specified"},
+        {"-cnt nowhere", "Camera does not exist: nowhere"},
+        {"-cnt Persp", "Camera does not exist: Persp"},
+        {"-cnt \"\"", "Camera does not exist: "},
+        {"-e persp", "Invalid edit parameter"},
+        {"-e -en Sky 0 persp", "Invalid edit parameter"},
+        {"-q -cnt persp", "Invalid query parameter"},
+        {"persp", "Invalid command parameters"},
+        {"-n Sky persp", "Invalid command parameters"},
+        {"-act 0 persp", "Invalid command parameters"},
+        {"-del 3 persp", nullptr},
+        {"-del 2147483647 persp", nullptr},
+        {"-del 0 front", nullptr},
+        {"-mv 3 0 persp", "Invalid layer: persp (3)"},
+        {"-nc top -mv 3 0 persp", "Invalid layer: persp (3)"},
+        {"-nc nowhere -mv 0 0 persp", "Camera does not exist: nowhere"},
+        {"-nc persp -mv 0 2 persp", nullptr},
+        {"-mva persp persp", nullptr},
+        {"-mva top front", nullptr},
+        {"-mva nowhere persp", "Camera does not exist: nowhere"},
+        {"-en Sky 3 persp", "Layer does not exist for camera (index): persp (3)"},
+        {"-qn 3 persp", "Layer does not exist for camera (index): persp (3)"},
+        {"-ev 1 4 top", "Layer does not exist for camera (index): top (4)"},
+        {"-qv 4 top", "Layer does not exist for camera (index): top (4)"},
+        {"-eo 0.5 2147483647 persp", "Layer does not exist for camera (index): persp (2147483647)"},
+        {"-qo 0 front", "Layer does not exist for camera (index): front (0)"},
+        {"-es 1 9 persp", "Layer does not exist for camera (index): persp (1)"},  // the state in place of the index
+        {"-qs 9 persp", "Layer does not exist for camera (index): persp (9)"},
+        {"-es 5 0 persp", "Invalid state value: 5"},
+        {"-es 3 9 persp", "Invalid state value: 3"},
+    };
+    for (const auto& c : cases) {
+        if (c.message) {
+            expectRefused(layer(c.arguments), c.message);
+        } else {
+            expectSilentlyRefused(layer(c.arguments));
+        }
+    }
+    for (const char* malformed : {"-del -1 persp", "-del persp", "-del one persp", "-ev 1 persp", "-es -1 0 persp",
+                                  "-eo x 0 persp", "-mv 0 persp", "-zz persp", "-e -act -1 persp"}) {
+        expectRefused(layer(malformed));
+    }
+}
+
+TEST_F(LayerCommandTest, SaysWhatIsMissingInASceneWithoutADrawing)
+{
+    run("file -f -new");
+    const struct {
+        const char* arguments;
+        const char* message;
+    } cases[] = {
+        {"-add -ls 1 persp", "Failed to add layer. Node does not exist."},
+        {"-ins 0 persp", "Failed to insert layer. Node does not exist."},
+        {"-cnt persp", "Node not found"},
+        {"-e -act 0 persp", "Node not found"},
+        {"-ifw a b persp", "Node not found"},
+        {"persp", "Node not found"},
+        {"-cnt nowhere", "Camera does not exist: nowhere"},
+    };
+    for (const auto& c : cases) {
+        expectRefused(layer(c.arguments), c.message);
+    }
+}
+
+TEST_F(LayerCommandTest, EveryChangeAndItsUndoTellTheMarksAndChangeTheSelectionForAMoment)
+{
+    struct Marks : TimelineMarks {
+        bool update() override { return false; }
+        void refresh() override { ++refreshes; }
+        int refreshes = 0;
+    } marks;
+    TimelineMarks::install(&marks);
+    int selections = 0;
+    const MCallbackId callback = MEventMessage::addEventCallback(
+        "SelectionChanged", [](void* count) { ++*static_cast<int*>(count); }, &selections);
+    for (const char* selected : {"select -cl", "select top"}) {
+        run(selected);
+        for (const char* arguments : {"-add -ls 0 persp", "-ev 0 0 persp", "-mv 0 1 persp", "-da persp"}) {
+            for (const std::string& text : {layer(arguments), std::string("undo")}) {
+                marks.refreshes = 0;
+                selections = 0;
+                run(text);
+                EXPECT_EQ(marks.refreshes, 1) << text << " of " << arguments;
+                EXPECT_GT(selections, 0) << text << " of " << arguments;
+            }
+        }
+    }
+    EXPECT_EQ(evaluate("ls -sl"), Value(kernel::StringArray{"top"}));
+    MMessage::removeCallback(callback);
+}
+
+}  // namespace

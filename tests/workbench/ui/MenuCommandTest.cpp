@@ -1,0 +1,105 @@
+#include "support/WindowFixture.h"
+
+#include <QMenuBar>
+
+namespace {
+
+class MenuCommandTest : public WindowFixture {
+protected:
+    static void open(QMenu* menu) { QMetaObject::invokeMethod(menu, "aboutToShow"); }
+};
+
+class MenusInBatch : public HostFixture {};
+
+TEST_F(MenusInBatch, NothingIsMadeAndNothingExists)
+{
+    EXPECT_EQ(kernel::toText(evaluate("menu -exists ink")), "0");
+    EXPECT_EQ(kernel::toText(evaluate("menuItem -exists ink")), "0");
+    EXPECT_EQ(kernel::toText(evaluate("menuSet -exists ink")), "0");
+    for (const char* making : {"menu ink", "menuItem -label x", "radioMenuItemCollection", "menuSet -label x mySet"}) {
+        EXPECT_FALSE(run(making)) << making;
+    }
+    EXPECT_FALSE(run("menuSet -q -currentMenuSet"));
+    EXPECT_EQ(errors().back(), "menuSet: There are no menuSets to query");
+}
+
+TEST_F(MenuCommandTest, PutsANamedMenuIntoTheBarOfItsWindow)
+{
+    EXPECT_EQ(text("menu -label \"Ink & Co\" -mnemonic \"C\" -parent MayaWindow -tearOff true ink"), "MayaWindow|ink");
+    EXPECT_EQ(menu("ink")->title(), "Ink && &Co");
+    EXPECT_EQ(menu("ink")->windowTitle(), "Ink & Co");
+    EXPECT_TRUE(menu("ink")->isTearOffEnabled());
+    EXPECT_EQ(text("menu -q -label ink"), "Ink & Co");
+    EXPECT_EQ(window().menuBar()->actions(), QList<QAction*>{menu("ink")->menuAction()});
+
+    EXPECT_EQ(text("menu"), "MayaWindow|menu1") << "without a parent, the main window";
+    EXPECT_EQ(menu("menu1")->title(), "menu1") << "without a label, the name";
+    EXPECT_EQ(text("menu -exists ink"), "1");
+    EXPECT_EQ(text("menu -q -parent ink"), "MayaWindow");
+
+    EXPECT_EQ(errorOf("menu ink"), "Object's name 'ink' is not unique.");
+    EXPECT_EQ(errorOf("menu -e -label x nowhere"), "menu: Object 'nowhere' not found.");
+    EXPECT_EQ(errorOf("menu -parent nowhere"), "menu: Object 'nowhere' not found.");
+    EXPECT_EQ(window().menuBar()->actions().size(), 2) << "what failed left nothing behind";
+}
+
+TEST_F(MenuCommandTest, HelpMenusStandLastAndHiddenOnesStayAway)
+{
+    run("menu -helpMenu true help; menu first; menu second; menu -e -visible false first");
+    QStringList shown;
+    for (const QAction* action : window().menuBar()->actions()) {
+        if (action->isVisible()) {
+            shown << action->text();
+        }
+    }
+    EXPECT_EQ(shown, (QStringList{"second", "help"}));
+    EXPECT_EQ(text("menu -q -visible first"), "0");
+    run("menu -e -visible true -enable false first");
+    EXPECT_TRUE(menu("first")->menuAction()->isVisible());
+    EXPECT_FALSE(menu("first")->menuAction()->isEnabled());
+}
+
+TEST_F(MenuCommandTest, ListsItemsFromTopToBottom)
+{
+    run("menu ink; menuItem b; menuItem -optionBox true bBox; menuItem -divider true line; menuItem d");
+    EXPECT_EQ(text("menuItem -insertAfter \"b\" c"), "MayaWindow|ink|c");
+    run("menuItem -insertAfter \"\" a");
+    EXPECT_EQ(text("menu -q -itemArray ink"), "a b bBox c line d");
+    EXPECT_EQ(text("menu -q -numberOfItems ink"), "6");
+    EXPECT_EQ(errorOf("menuItem -insertAfter elsewhere x"), "menuItem: Object 'MayaWindow|ink|elsewhere' not found.");
+
+    run("menu -e -deleteAllItems ink; menuItem -parent ink a");
+    EXPECT_EQ(text("menu -q -itemArray ink"), "a") << "the names are free again at once";
+    deliverDeletions();
+    EXPECT_EQ(menu("ink")->actions().size(), 1);
+}
+
+TEST_F(MenuCommandTest, FillsItselfWhenItIsAboutToOpen)
+{
+    run("global proc fill() { menu -e -dai ink; menuItem -parent ink; print(\"f\"); }"
+        "menu -postMenuCommand fill ink; menu -pmc \"print(\\\"once\\\")\" -pmo true twice");
+    forgetLines();
+    for (QMenu* opened : {menu("ink"), menu("ink"), menu("twice"), menu("twice")}) {
+        open(opened);
+    }
+    EXPECT_EQ(printed(), "ffonce");
+    EXPECT_TRUE(said(kernel::Severity::Echo).empty()) << "opening a menu is nothing for the journal";
+    EXPECT_EQ(text("menu -q -numberOfItems ink"), "1");
+    run("menu -e -pmc \"print(\\\"new\\\")\" twice");
+    forgetLines();
+    open(menu("twice"));
+    EXPECT_EQ(printed(), "new");
+}
+
+TEST_F(MenuCommandTest, SubmenusAreEditedLikeMenus)
+{
+    run("menu ink; menuItem -subMenu true -label Pick pick; menuItem one");
+    EXPECT_EQ(text("menu -q -itemArray pick"), "one");
+    run("menu -e -label Choose -dai pick");
+    EXPECT_EQ(text("menuItem -q -label pick"), "Choose");
+    EXPECT_EQ(item("pick")->text(), "Choose");
+    EXPECT_EQ(text("menu -q -numberOfItems pick"), "0");
+    EXPECT_EQ(errorOf("menu -q -itemArray one"), "menu: Object 'one' not found.");
+}
+
+}  // namespace

@@ -1,0 +1,111 @@
+#include "support/WindowFixture.h"
+#include "ui/MenuSetBox.h"
+
+#include <QMenuBar>
+
+namespace {
+
+class MenuSetsTest : public WindowFixture {
+protected:
+    MenuSetsTest()
+    {
+        run("menuSet -label Common commonMenuSet; menuSet -label Modeling modelingMenuSet;"
+            "menuSet -label Animation animationMenuSet; menuSet -cms modelingMenuSet;"
+            "menu -helpMenu true help; menu ink; menu edit; menu file; menu keys; menu mesh;"
+            "menuSet -am file commonMenuSet; menuSet -am edit commonMenuSet;"
+            "menuSet -am mesh; menuSet -am \"MayaWindow|keys\" animationMenuSet");
+    }
+    std::string bar()
+    {
+        QStringList shown;
+        for (const QAction* action : window().menuBar()->actions()) {
+            if (action->isVisible()) {
+                shown << action->text();
+            }
+        }
+        return shown.join(' ').toStdString();
+    }
+};
+
+TEST_F(MenuSetsTest, ShowsTheCommonMenusThoseOfTheCurrentSetAndThoseOfNone)
+{
+    EXPECT_EQ(bar(), "file edit mesh ink help");
+    run("menuSet -currentMenuSet animationMenuSet");
+    EXPECT_EQ(bar(), "file edit keys ink help");
+    run("menu late; menuSet -am ink");
+    EXPECT_EQ(bar(), "file edit keys ink late help");
+    run("setMenuMode modelingMenuSet");
+    EXPECT_EQ(bar(), "file edit mesh late help") << "a menu of a set shows with it only";
+    run("menuSet -am ink");
+    EXPECT_EQ(bar(), "file edit mesh ink late help") << "or with any of several";
+    ui().destroy(ui().get("test", "mesh"));
+    EXPECT_EQ(text("menuSet -q -menuArray"), "ink");
+    EXPECT_EQ(bar(), "file edit ink late help");
+}
+
+TEST_F(MenuSetsTest, EditsTheCurrentSetOrTheNamedOne)
+{
+    run("menuSet -am ink; menuSet -insertMenu help 0; menuSet -moveMenu mesh 5");
+    EXPECT_EQ(text("menuSet -q -menuArray"), "help ink mesh");
+    run("menuSet -removeMenu ink modelingMenuSet");
+    EXPECT_EQ(text("menuSet -q -ma modelingMenuSet"), "help mesh");
+    EXPECT_EQ(text("menuSet -q -numberOfMenus commonMenuSet"), "2");
+    EXPECT_EQ(text("menuSet -q -label animationMenuSet"), "Animation");
+    EXPECT_EQ(text("menuSet -q -allMenuSets"), "commonMenuSet modelingMenuSet animationMenuSet");
+    EXPECT_EQ(text("menuSet -label \"My Set\" mySet"), "mySet");
+    EXPECT_EQ(text("menuSet -q -numberOfMenuSets"), "4");
+    EXPECT_EQ(text("menuSet -exists mySet"), "1");
+    EXPECT_EQ(text("menuSet -exists yourSet"), "0");
+    EXPECT_EQ(text("menuSet -q -currentMenuSet"), "modelingMenuSet") << "making one does not show it";
+}
+
+TEST_F(MenuSetsTest, RefusesWhatIsNotThere)
+{
+    EXPECT_EQ(errorOf("menuSet -currentMenuSet nowhere"), "menuSet: Object 'nowhere' not found.");
+    EXPECT_EQ(errorOf("menuSet -addMenu nowhere"), "menuSet: Object 'nowhere' not found.");
+    EXPECT_EQ(errorOf("menuSet -removeMenu ink"), "menuSet: Object 'ink' not found.");
+    EXPECT_EQ(errorOf("menuSet -q -menuArray nowhere"), "menuSet: Object 'nowhere' not found.");
+    EXPECT_EQ(text("menuSet -q -currentMenuSet"), "modelingMenuSet");
+}
+
+// "Set, add, restore": how a script adds its menu to one set.
+TEST_F(MenuSetsTest, ScriptsFindSetsAndMenusByTheirLabels)
+{
+    EXPECT_EQ(text("findMenuSetFromLabel(\"Animation\")"), "animationMenuSet");
+    EXPECT_EQ(text("findMenuSetFromLabel(\"Cooking\")"), "");
+    EXPECT_EQ(text("findMenuFromMenuSet(\"commonMenuSet\", \"edit\")"), "edit");
+    EXPECT_EQ(text("findMenuFromMenuSet(\"commonMenuSet\", \"keys\")"), "");
+    run("string $set = `menuSet -q -cms`; menuSet -cms (findMenuSetFromLabel(\"Animation\"));"
+        "menuSet -am ink; evalDeferred(\"menuSet -cms \" + $set)");
+    EXPECT_EQ(text("setMenuMode()"), "modelingMenuSet");
+    EXPECT_EQ(bar(), "file edit mesh help");
+    EXPECT_EQ(text("workingMode(\"animationMenuSet\")"), "animationMenuSet");
+    EXPECT_EQ(bar(), "file edit keys ink help");
+}
+
+TEST_F(MenuSetsTest, TellsOfAChangeOfTheCurrentSetOnly)
+{
+    int told = 0;
+    session().events.add("MenuModeChanged", [&] { ++told; });
+    run("menuSet -cms modelingMenuSet; menuSet -am ink; menuSet -label x y");
+    EXPECT_EQ(told, 0);
+    run("menuSet -cms animationMenuSet");
+    EXPECT_EQ(told, 1);
+}
+
+TEST_F(MenuSetsTest, TheBoxFollowsTheSetAndChoosesIt)
+{
+    ui::MenuSetBox box(ui(), host().menuSets());
+    EXPECT_EQ(box.count(), 2) << "the common menus always show";
+    EXPECT_EQ(box.currentText(), "Modeling");
+    run("setMenuMode animationMenuSet; menuSet -label \"My Set\" mySet");
+    EXPECT_EQ(box.currentText(), "Animation");
+    ASSERT_EQ(box.count(), 3);
+    EXPECT_EQ(box.itemText(2), "My Set");
+    forgetLines();
+    QMetaObject::invokeMethod(&box, "activated", Q_ARG(int, 2));
+    EXPECT_EQ(text("menuSet -q -cms"), "mySet");
+    EXPECT_FALSE(said(kernel::Severity::Echo).empty());
+}
+
+}  // namespace

@@ -1,0 +1,63 @@
+#include "ui/MenuItem.h"
+
+#include "ui/ScriptMenu.h"
+#include "ui/UiObjects.h"
+
+namespace ui {
+
+namespace {
+
+std::string withState(std::string text, bool on)
+{
+    for (std::size_t at = text.find("#1"); at != std::string::npos; at = text.find("#1", at + 1)) {
+        text.replace(at, 2, on ? "1" : "0");
+    }
+    return text;
+}
+
+}  // namespace
+
+MenuItem::MenuItem(UiObjects& ui, QObject* parent) : QWidgetAction(parent), m_ui(ui)
+{
+    setMenuRole(QAction::NoRole);
+    connect(this, SIGNAL(triggered()), this, SLOT(Run()));
+}
+
+const MenuLabel& MenuItem::label() const
+{
+    return subMenu() ? subMenu()->label() : m_label;
+}
+
+void MenuItem::setLabel(const MenuLabel& label)
+{
+    if (ScriptMenu* const menu = subMenu()) {
+        menu->setLabel(label);
+    } else {
+        m_label = label;
+        setText(label.shown());
+    }
+}
+
+void MenuItem::addSubMenu(QMenu& container)
+{
+    auto* const menu = new ScriptMenu(m_ui, &container);
+    setMenu(menu);
+    connect(this, SIGNAL(destroyed()), menu, SLOT(deleteLater()));
+}
+
+ScriptMenu* MenuItem::subMenu() const
+{
+    return qobject_cast<ScriptMenu*>(menu());
+}
+
+void MenuItem::Run()
+{
+    if (script.isPython) {
+        m_ui.session().output.error("menuItem: Python scripts cannot be run");
+        return;
+    }
+    m_ui.runScript(isCheckable() ? withState(script.text, isChecked()) : script.text,
+                   script.isEchoed ? Echo::Yes : Echo::No);
+}
+
+}  // namespace ui
