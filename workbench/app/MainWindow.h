@@ -12,10 +12,12 @@ class QAction;
 class QLabel;
 class QLineEdit;
 class QMenu;
-class QSplitter;
+
+namespace ui {
+class PaneLayout;
+}
 
 namespace view {
-class Viewport;
 class Viewports;
 }  // namespace view
 
@@ -27,7 +29,6 @@ class FileActions;
 class IdleRunner;
 class MessageLine;
 class TimeField;
-class ViewPanel;
 class WindowCommands;
 
 /// The program's window: menus, camera views, and below them the command field, messages, the tool's help and the time.
@@ -42,7 +43,7 @@ public:
     view::Viewports& viewports() { return *m_viewports; }
     /// 1 or 2 views side by side: modelPanel4 alone, or with modelPanel1 to its right.
     void setPaneCount(int count);
-    int paneCount() const;
+    int paneCount() const;  ///< up to 4 when a script arranged the panes
     /// Runs a text as a user's action: echoed, and one undo step.
     bool runAction(const std::string& text);
     /// Exit code for the program: what a script that quit asked for.
@@ -61,7 +62,6 @@ private slots:
     void ShowTwoPanels();
     void FillCameraMenu();
     void LookThrough(QAction* camera);
-    void ShowActiveView();
     void ScheduleStatus();
     void ShowStatus();
     void QuitAsAsked();
@@ -83,8 +83,7 @@ private:
     std::unique_ptr<CommandPorts> m_ports;
     std::unique_ptr<IdleRunner> m_idle;
     FileActions* m_files = nullptr;
-    QSplitter* m_splitter = nullptr;
-    std::vector<ViewPanel*> m_panels;
+    ui::PaneLayout* m_panes = nullptr;
     QAction* m_undo = nullptr;
     QAction* m_redo = nullptr;
     QAction* m_onePanel = nullptr;
