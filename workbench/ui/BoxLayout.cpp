@@ -5,6 +5,7 @@ namespace ui {
 namespace {
 
 constexpr int kGap = 4;  // pixels between children
+constexpr int kMargin = 8;
 
 }  // namespace
 
@@ -71,6 +72,10 @@ void BoxLayout::setCellWidth(int cell, int pixels)
 void BoxLayout::settle(int cell, QWidget* child)
 {
     if (m_sharing == Sharing::Filling) {
+        // Controls keep clear of the edges of what they fill; views do not.
+        if (qobject_cast<BoxLayout*>(child)) {
+            child->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+        }
         return;
     }
     if (m_box->direction() == QBoxLayout::TopToBottom) {

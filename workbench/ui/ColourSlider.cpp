@@ -16,6 +16,7 @@ namespace ui {
 namespace {
 
 constexpr int kSteps = 1000;  // of the slider, dark to bright
+constexpr int kColumns = 3;
 constexpr int kGap = 4;
 
 QColor toColour(const ColourSlider::Rgb& rgb)
@@ -51,6 +52,7 @@ ColourSlider::ColourSlider(QWidget* parent)
          {static_cast<QWidget*>(m_label), static_cast<QWidget*>(m_swatch), static_cast<QWidget*>(m_slider)}) {
         m_row->addWidget(part);
     }
+    m_row->addStretch();
     setAdjustableColumn(2);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     connect(m_swatch, SIGNAL(clicked()), this, SLOT(OpenDialog()));
@@ -98,7 +100,7 @@ void ColourSlider::setColumnWidth(int column, int width)
 
 void ColourSlider::setAdjustableColumn(int column)
 {
-    for (int i = 0; i < m_row->count(); ++i) {
+    for (int i = 0; i < kColumns; ++i) {
         m_row->setStretch(i, i == column ? 1 : 0);
     }
     QWidget* const part = m_row->itemAt(column)->widget();

@@ -20,10 +20,9 @@ void ColourSwatch::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setOpacity(isEnabled() ? 1 : 0.4);
-    painter.fillRect(rect(), m_colour);
-    const bool isMarked = hasFocus() || underMouse();
-    painter.setPen(palette().color(isMarked && isEnabled() ? QPalette::Highlight : QPalette::Shadow));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    const bool isMarked = isEnabled() && (hasFocus() || underMouse());
+    painter.fillRect(rect(), palette().color(isMarked ? QPalette::Highlight : QPalette::Shadow));
+    painter.fillRect(rect().adjusted(1, 1, -1, -1), m_colour);
 }
 
 }  // namespace ui

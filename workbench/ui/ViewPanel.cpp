@@ -27,9 +27,8 @@ void ViewPanel::paintEvent(QPaintEvent*)
 {
     const view::Viewports* const views = view::Viewports::installed();
     const bool isActive = views && views->active() == m_view && views->views().size() > 1;
-    QPainter painter(this);
-    painter.setPen(palette().color(isActive ? QPalette::Highlight : QPalette::Shadow));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    // The view covers all but the edge.
+    QPainter(this).fillRect(rect(), palette().color(isActive ? QPalette::Highlight : QPalette::Shadow));
 }
 
 void ViewPanel::showEvent(QShowEvent* event)
