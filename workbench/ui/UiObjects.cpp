@@ -6,6 +6,7 @@
 
 #include <QAction>
 #include <QMainWindow>
+#include <QMenu>
 #include <QPointer>
 
 #include <algorithm>
@@ -182,7 +183,9 @@ void UiObjects::destroy(UiObject& object)
         if (!gone || of(gone) != &object) {
             return;
         }
-    } else if (auto* const action = qobject_cast<QAction*>(gone.data())) {
+    }
+    auto* const menu = qobject_cast<QMenu*>(gone.data());
+    if (QAction* const action = menu ? menu->menuAction() : qobject_cast<QAction*>(gone.data())) {
         action->setVisible(false);
     }
     forget(object);
