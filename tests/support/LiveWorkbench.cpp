@@ -122,6 +122,19 @@ void LiveWorkbench::click(const QPoint& point)
     settle();
 }
 
+void LiveWorkbench::hold(const QPoint& from, const QPoint& to)
+{
+    pointer({"mousemove", QString::number(from.x()), QString::number(from.y()), "sleep", "0.05", "mousedown", "1",
+             "sleep", "0.03", "mousemove", QString::number(to.x()), QString::number(to.y()), "sleep", "0.05"});
+    settle();
+}
+
+void LiveWorkbench::letGo()
+{
+    pointer({"mouseup", "1"});
+    settle();
+}
+
 void LiveWorkbench::moveTo(const QPoint& point)
 {
     pointer({"mousemove", QString::number(point.x()), QString::number(point.y())});

@@ -36,6 +36,9 @@ public:
     /// holdMs: how long it rests at either end with the button down.
     void drag(const QVector<QPoint>& path, int stepMs = 8, int holdMs = 30);
     void click(const QPoint& point);
+    /// Moves the pointer to the first point, presses the left button there and drags to the second; letGo() ends it.
+    void hold(const QPoint& from, const QPoint& to);
+    void letGo();
     void moveTo(const QPoint& point);
     /// A key or chord in the X server's names: "ctrl+z", "Return".
     void key(const QString& chord);

@@ -142,6 +142,22 @@ void ToolBox::removeOf(const std::string& commandName)
     m_tools.erase(std::remove_if(m_tools.begin(), m_tools.end(), gone), m_tools.end());
 }
 
+void ToolBox::remove(const std::string& name)
+{
+    const auto found =
+        std::find_if(m_tools.begin(), m_tools.end(), [&](const auto& tool) { return tool->name == name; });
+    if (found == m_tools.end() || (*found)->command.empty())
+        throw kernel::CommandError("deleteUI: Object '" + name + "' not found.");
+    if (m_handling > 0)
+        throw kernel::CommandError("deleteUI: A tool cannot be deleted while one is at work: " + name);
+    if (m_current == found->get()) {
+        leave();
+        enter(*m_tools.front());
+    }
+    drop(**found);
+    m_tools.erase(found);
+}
+
 void ToolBox::clear()
 {
     std::vector<std::string> commands;

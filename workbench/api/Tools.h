@@ -37,6 +37,9 @@ public:
                     std::shared_ptr<MPxContextCommand> maker = nullptr);
     /// Removes a module's contexts; the current tool falls back to selectSuperContext.
     void removeOf(const std::string& commandName);
+    /// Removes one context; the current tool falls back to selectSuperContext. Throws kernel::CommandError for a
+    /// built-in one, and when there is none.
+    void remove(const std::string& name);
     void clear();
 
     std::string currentName() const;

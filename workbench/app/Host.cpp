@@ -1,10 +1,10 @@
 #include "app/Host.h"
 
 #include "api/HostApi.h"
-#include "app/ViewCommands.h"
 #include "kernel/Syntax.h"
 #include "mel/Builtins.h"
 #include "mel/builtins/OptionVars.h"
+#include "ui/Commands.h"
 #include "ui/MenuCommands.h"
 
 #include <cstdlib>
@@ -45,7 +45,7 @@ Host::Host(const HostOptions& options)
     m_session->prefsDir = preparedFolder(options.prefsDir);
     mel::installScriptLanguage(*m_session);
     api::installHostApi(*m_session);
-    registerViewCommands(*m_session);
+    ui::registerWindowCommands(*m_ui);
     ui::addMenuCommand(*m_ui, *m_menuSets);
     ui::addMenuItemCommands(*m_ui);
     ui::addMenuSetCommands(*m_ui, *m_menuSets);

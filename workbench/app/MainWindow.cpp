@@ -8,10 +8,11 @@
 #include "app/MessageLine.h"
 #include "app/PlaybackRunner.h"
 #include "app/TimeField.h"
-#include "app/ViewPanel.h"
 #include "app/WindowCommands.h"
 #include "ui/MenuItem.h"
+#include "ui/PaneLayout.h"
 #include "ui/StatusLine.h"
+#include "ui/ViewPanel.h"
 #include "view/Viewport.h"
 #include "view/Viewports.h"
 
@@ -27,7 +28,6 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPlainTextEdit>
-#include <QSplitter>
 #include <QStatusTipEvent>
 #include <QTextEdit>
 
@@ -35,15 +35,15 @@ namespace app {
 
 namespace {
 
-constexpr int kLongestName = 40;  // of a step in the Edit menu
-
-/// The views of the window, left to right.
+/// The panels of the window, as the panes of its layout are counted.
 const struct {
     const char* panel;
     const char* camera;
 } kViews[] = {
     {"modelPanel4", "perspShape"},
     {"modelPanel1", "topShape"},
+    {"modelPanel2", "sideShape"},
+    {"modelPanel3", "frontShape"},
 };
 
 // The tool box tells of changes through a plain function, so the one window is found through this.
@@ -73,7 +73,6 @@ MainWindow::MainWindow(Host& host) : m_host(host), m_session(host.session())
     m_idle = std::make_unique<IdleRunner>(m_session);
     m_playback = std::make_unique<PlaybackRunner>(m_session);
     listen();
-    ShowActiveView();
     ShowStatus();
 }
 
@@ -97,16 +96,15 @@ MainWindow::~MainWindow()
 void MainWindow::buildViews()
 {
     m_viewports = std::make_unique<view::Viewports>(m_session);
-    m_splitter = new QSplitter(Qt::Horizontal);
-    m_splitter->setChildrenCollapsible(false);
-    m_splitter->setHandleWidth(4);
+    m_panes = new ui::PaneLayout(this);
+    ui::UiObjects& ui = m_host.ui();
+    ui.add(ui::Kind::Layout, "paneLayout", "viewPanes", ui.mainWindowObject(), m_panes);
     for (const auto& v : kViews) {
-        auto* const panel = new ViewPanel;
+        auto* const panel = new ui::ViewPanel;
         panel->setView(m_viewports->add(v.panel, m_session.scene.findOrNull(v.camera), panel));
-        m_splitter->addWidget(panel);
-        m_panels.push_back(panel);
+        ui.add(ui::Kind::Panel, "modelPanel", v.panel, nullptr, panel);
+        m_panes->place(panel);
     }
-    connect(m_viewports.get(), SIGNAL(ActiveChanged()), this, SLOT(ShowActiveView()));
     connect(m_viewports.get(), SIGNAL(SceneTouched()), this, SLOT(ScheduleStatus()));
     setPaneCount(1);
 }
@@ -133,7 +131,7 @@ void MainWindow::buildLines()
     layout->setContentsMargins(4, 4, 4, 4);
     layout->setHorizontalSpacing(12);
     layout->setVerticalSpacing(4);
-    layout->addWidget(m_splitter, 0, 0, 1, 2);
+    layout->addWidget(m_panes, 0, 0, 1, 2);
     layout->setRowStretch(0, 1);
     layout->setColumnStretch(0, 1);
     layout->addWidget(m_help, 1, 0);
@@ -183,26 +181,12 @@ void MainWindow::listen()
 
 void MainWindow::setPaneCount(int count)
 {
-    for (int i = 0; i < int(m_panels.size()); ++i) {
-        m_panels[i]->setVisible(i < count);
-        m_viewports->setShown(m_panels[i]->view(), i < count);
-    }
-    const int half = m_splitter->width() / 2;
-    m_splitter->setSizes({half, half});
-    ShowActiveView();
+    m_panes->setConfiguration(count == 1 ? "single" : "vertical2");
 }
 
 int MainWindow::paneCount() const
 {
-    return int(m_viewports->views().size());
-}
-
-void MainWindow::ShowActiveView()
-{
-    const int shown = paneCount();
-    for (ViewPanel* panel : m_panels) {
-        panel->setActive(shown > 1 && panel->view() == m_viewports->active());
-    }
+    return m_panes->paneCount();
 }
 
 // --- actions -------------------------------------------------------------------------------------------------------

@@ -10,10 +10,12 @@
 
 class QLabel;
 class QLineEdit;
-class QSplitter;
+
+namespace ui {
+class PaneLayout;
+}
 
 namespace view {
-class Viewport;
 class Viewports;
 }  // namespace view
 
@@ -26,7 +28,6 @@ class IdleRunner;
 class PlaybackRunner;
 class MessageLine;
 class TimeField;
-class ViewPanel;
 class WindowCommands;
 
 /// The program's window: menus, camera views, and below them the command field, messages, the tool's help and the time.
@@ -41,7 +42,7 @@ public:
     view::Viewports& viewports() { return *m_viewports; }
     /// 1 or 2 views side by side: modelPanel4 alone, or with modelPanel1 to its right.
     void setPaneCount(int count);
-    int paneCount() const;
+    int paneCount() const;  ///< up to 4 when a script arranged the panes
     /// Runs a text as a user's action: echoed, and one undo step.
     bool runAction(const std::string& text);
     /// Exit code for the program: what a script that quit asked for.
@@ -53,7 +54,6 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private slots:
-    void ShowActiveView();
     void ScheduleStatus();
     void ShowStatus();
     void QuitAsAsked();
@@ -77,8 +77,7 @@ private:
     std::unique_ptr<IdleRunner> m_idle;
     std::unique_ptr<PlaybackRunner> m_playback;
     FileActions* m_files = nullptr;
-    QSplitter* m_splitter = nullptr;
-    std::vector<ViewPanel*> m_panels;
+    ui::PaneLayout* m_panes = nullptr;
     QLabel* m_help = nullptr;
     CommandField* m_command = nullptr;
     MessageLine* m_messages = nullptr;

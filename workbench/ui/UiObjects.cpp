@@ -1,8 +1,13 @@
 #include "ui/UiObjects.h"
 
+#include "ui/LayoutWidget.h"
+#include "view/Viewport.h"
+#include "view/Viewports.h"
+
 #include <QAction>
 #include <QMainWindow>
 #include <QMenu>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -151,15 +156,36 @@ std::vector<UiObject*> UiObjects::all(Kinds kinds) const
 
 // --- going ---------------------------------------------------------------------------------------------------------
 
+namespace {
+
+/// Ends what goes on in the widget's views, and takes them and the widget out of sight.
+void putAway(QWidget& widget)
+{
+    widget.hide();
+    if (LayoutWidget* const layout = LayoutWidget::around(widget)) {
+        layout->release(&widget);
+    }
+    if (view::Viewports* const views = view::Viewports::installed()) {
+        for (view::Viewport* view : widget.findChildren<view::Viewport*>()) {
+            views->remove(view);
+        }
+    }
+}
+
+}  // namespace
+
 void UiObjects::destroy(UiObject& object)
 {
-    QObject* const gone = object.object;
-    if (auto* const menu = qobject_cast<QMenu*>(gone)) {
-        menu->hide();
-        menu->menuAction()->setVisible(false);
-    } else if (auto* const widget = object.widget()) {
-        widget->hide();
-    } else if (auto* const action = qobject_cast<QAction*>(gone)) {
+    const QPointer<QObject> gone = object.object;
+    if (auto* const widget = object.widget()) {
+        putAway(*widget);
+        // A tool that was at work in a view may have done anything at its end, also this.
+        if (!gone || of(gone) != &object) {
+            return;
+        }
+    }
+    auto* const menu = qobject_cast<QMenu*>(gone.data());
+    if (QAction* const action = menu ? menu->menuAction() : qobject_cast<QAction*>(gone.data())) {
         action->setVisible(false);
     }
     forget(object);
@@ -178,6 +204,7 @@ void UiObjects::forget(UiObject& object)
     for (UiObject* child : children(object)) {
         forget(*child);
     }
+    forgetPanels(object);
     for (UiObject** current : {&m_main, &m_layoutParent, &m_menuParent}) {
         if (*current == &object) {
             *current = nullptr;
@@ -191,6 +218,17 @@ void UiObjects::forget(UiObject& object)
     m_byName.erase(std::find_if(same.first, same.second, [&](const auto& entry) { return entry.second == &object; }));
     m_objects.erase(
         std::find_if(m_objects.begin(), m_objects.end(), [&](const auto& entry) { return entry.get() == &object; }));
+}
+
+/// Panels have no parent by name; they go with the window or layout in which they stand.
+void UiObjects::forgetPanels(const UiObject& around)
+{
+    const QWidget* const widget = around.widget();
+    for (UiObject* panel : widget ? all(only(Kind::Panel)) : std::vector<UiObject*>()) {
+        if (panel != &around && panel->widget() && widget->isAncestorOf(panel->widget())) {
+            forget(*panel);
+        }
+    }
 }
 
 // --- scripts -------------------------------------------------------------------------------------------------------

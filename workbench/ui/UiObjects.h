@@ -116,6 +116,7 @@ private slots:
 
 private:
     void forget(UiObject& object);
+    void forgetPanels(const UiObject& around);
     std::string freeName(const std::string& type);
     bool isTaken(Kind kind, const std::string& name, const UiObject* parent) const;
 

@@ -109,14 +109,18 @@ bool isSelected(const kernel::Scene& scene, const kernel::Node& shape)
 
 }  // namespace
 
-void SceneRenderer::draw(const kernel::Scene& scene, const api::FrameState& frame) const
+void SceneRenderer::draw(const kernel::Scene& scene, const api::FrameState& frame, const ViewOptions& options) const
 {
     drawBackground();
     const GlMatrices matrices(frame.matrices.view, frame.matrices.projection);
     glEnable(GL_DEPTH_TEST);
     glDepthFunc(GL_LEQUAL);
-    drawShapes(scene);
-    drawGrid(frame);
+    if (options.objects) {
+        drawShapes(scene, options.wireframe);
+    }
+    if (options.grid) {
+        drawGrid(frame);
+    }
     glDisable(GL_DEPTH_TEST);
 }
 
@@ -172,7 +176,7 @@ void SceneRenderer::drawGrid(const api::FrameState& frame) const
     glDisable(GL_BLEND);
 }
 
-void SceneRenderer::drawShapes(const kernel::Scene& scene) const
+void SceneRenderer::drawShapes(const kernel::Scene& scene, bool wireframe) const
 {
     setLights();
     glEnable(GL_NORMALIZE);
@@ -184,7 +188,7 @@ void SceneRenderer::drawShapes(const kernel::Scene& scene) const
             return false;
         }
         if (node.type().isShape()) {
-            drawShape(node, isSelected(scene, node));
+            drawShape(node, isSelected(scene, node), wireframe);
         }
         return true;
     });
@@ -193,7 +197,7 @@ void SceneRenderer::drawShapes(const kernel::Scene& scene) const
     glDisable(GL_NORMALIZE);
 }
 
-void SceneRenderer::drawShape(kernel::Node& shape, bool selected) const
+void SceneRenderer::drawShape(kernel::Node& shape, bool selected, bool wireframe) const
 {
     const std::optional<Mesh> mesh = meshOf(shape);
     if (!mesh) {
@@ -211,14 +215,16 @@ void SceneRenderer::drawShape(kernel::Node& shape, bool selected) const
     const QColor surface = surfaceColour(shape);
     const float colour[] = {float(surface.redF()), float(surface.greenF()), float(surface.blueF()), 1};
     glMaterialfv(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE, colour);
-    glEnable(GL_LIGHTING);
-    glFrontFace(isMirrored(world) ? GL_CW : GL_CCW);
-    glDrawElements(GL_TRIANGLES, int(mesh->triangles.size()), GL_UNSIGNED_INT, mesh->triangles.data());
-    glDisable(GL_LIGHTING);
+    if (!wireframe) {
+        glEnable(GL_LIGHTING);
+        glFrontFace(isMirrored(world) ? GL_CW : GL_CCW);
+        glDrawElements(GL_TRIANGLES, int(mesh->triangles.size()), GL_UNSIGNED_INT, mesh->triangles.data());
+        glDisable(GL_LIGHTING);
+    }
     glDisableClientState(GL_NORMAL_ARRAY);
-    if (selected) {
-        setGlColour(kSelected);
-        glLineWidth(1.5f);
+    if (selected || wireframe) {
+        setGlColour(selected ? kSelected : surface);
+        glLineWidth(selected ? 1.5f : 1);
         glDrawElements(GL_LINES, int(mesh->edges.size()), GL_UNSIGNED_INT, mesh->edges.data());
     }
     glDisableClientState(GL_VERTEX_ARRAY);

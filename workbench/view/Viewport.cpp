@@ -7,6 +7,7 @@
 
 #include <QMouseEvent>
 #include <QOpenGLFunctions>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QThread>
 #include <QWheelEvent>
@@ -53,6 +54,7 @@ Viewport::Viewport(kernel::Session& session, std::string panelName, const kernel
 
 Viewport::~Viewport()
 {
+    endLostDrag(Qt::NoButton);
     if (context()) {
         makeCurrent();
         m_text.clear();
@@ -82,6 +84,12 @@ void Viewport::setCamera(const kernel::NodePtr& cameraShape)
 {
     m_camera = cameraShape;
     m_cameraName = cameraShape ? cameraShape->name() : std::string();
+    scheduleRefresh();
+}
+
+void Viewport::setOptions(const ViewOptions& options)
+{
+    m_options = options;
     scheduleRefresh();
 }
 
@@ -155,7 +163,9 @@ void Viewport::paintGL()
         return;
     }
     api::DrawList shapes;
-    api::drawOverrides(frame, shapes);
+    if (m_options.moduleShapes) {
+        api::drawOverrides(frame, shapes);
+    }
     {
         const auto manager = api::makeDrawManager(shapes);
         const auto context = api::makeFrameContext(frame);
@@ -164,9 +174,11 @@ void Viewport::paintGL()
     shapes.items.insert(shapes.items.end(), m_toolShapes.items.begin(), m_toolShapes.items.end());
 
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE);
-    m_sceneRenderer.draw(m_session.scene, frame);
+    m_sceneRenderer.draw(m_session.scene, frame, m_options);
     m_listRenderer.draw(shapes, frame, m_text);
-    drawCameraName(frame);
+    if (m_options.headsUp) {
+        drawCameraName(frame);
+    }
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
     if (!m_keepToolShapes) {
         m_toolShapes.items.clear();
@@ -253,7 +265,11 @@ void Viewport::sendToTool(api::ToolEvent::Kind kind, const QPointF& at, Qt::Keyb
     const auto manager = api::makeDrawManager(drawn);
     const auto context = api::makeFrameContext(frame);
     const bool hadShapes = !m_toolShapes.items.empty();
+    const QPointer<Viewport> self(this);
     api::ToolBox::instance().send(toolEvent, manager.get(), context.get());
+    if (!self) {
+        return;  // the tool had the view deleted
+    }
     // While a button is held, what the tool drew stays until it draws again; otherwise it is there for one frame.
     m_keepToolShapes =
         m_toolButton != Qt::NoButton && (kind == api::ToolEvent::Kind::Press || kind == api::ToolEvent::Kind::Drag);
@@ -355,6 +371,12 @@ void Viewport::enterEvent(QEvent*)
 void Viewport::leaveEvent(QEvent*)
 {
     sendToTool(api::ToolEvent::Kind::Leave, mapFromGlobal(QCursor::pos()), Qt::NoModifier);
+}
+
+void Viewport::focusInEvent(QFocusEvent* event)
+{
+    QOpenGLWidget::focusInEvent(event);
+    emit Activated(this);
 }
 
 void Viewport::moveCamera(const QPoint& by)

@@ -37,11 +37,14 @@ public:
     void beginXorDrawing(float lineWidth, const float colour[4]) override;
     void endXorDrawing() override;
 
+    const ViewOptions& options() const { return m_options; }
+    void setOptions(const ViewOptions& options);
+
     QSize sizeHint() const override { return QSize(960, 540); }
     QSize minimumSizeHint() const override { return QSize(160, 90); }
 
 signals:
-    /// The pointer was pressed here: this is now the view the user works in.
+    /// The pointer was pressed here, or the keyboard's focus came here: this is now the view the user works in.
     void Activated(view::Viewport* view);
 
 protected:
@@ -54,6 +57,7 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
     void enterEvent(QEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
 
 private:
     enum class Move { Orbit, Track, Dolly };
@@ -71,6 +75,7 @@ private:
     const std::string m_panelName;
     mutable std::weak_ptr<kernel::Node> m_camera;
     mutable std::string m_cameraName;  ///< to find it again in another scene
+    ViewOptions m_options;
     SceneRenderer m_sceneRenderer;
     ListRenderer m_listRenderer;
     GlText m_text;

@@ -8,8 +8,15 @@
 
 namespace view {
 
+namespace {
+
+Viewports* s_installed = nullptr;
+
+}  // namespace
+
 Viewports::Viewports(kernel::Session& session) : m_session(session)
 {
+    s_installed = this;
     api::setRendererAvailable(true);
     api::setTextureReleaseListener(&TextureCache::forget);
     api::installViewHost(this);
@@ -21,44 +28,71 @@ Viewports::~Viewports()
     m_session.scene.setTouchListener(nullptr);
     api::installViewHost(nullptr);
     api::setRendererAvailable(false);
+    s_installed = nullptr;
+}
+
+Viewports* Viewports::installed()
+{
+    return s_installed;
 }
 
 Viewport* Viewports::add(const std::string& panelName, const kernel::NodePtr& camera, QWidget* parent)
 {
     auto* const view = new Viewport(m_session, panelName, camera, parent);
+    view->setCursor(m_cursor);
     connect(view, SIGNAL(Activated(view::Viewport*)), this, SLOT(Activate(view::Viewport*)));
-    m_entries.push_back({view, true});
-    if (!m_active) {
-        setActive(view);
-    }
+    remove(nullptr);
+    m_views.push_back(view);
+    emit ActiveChanged();
     return view;
 }
 
-void Viewports::setShown(Viewport* view, bool shown)
+void Viewports::remove(Viewport* view)
 {
-    for (Entry& entry : m_entries) {
-        if (entry.view == view) {
-            entry.shown = shown;
+    m_views.erase(std::remove(m_views.begin(), m_views.end(), view), m_views.end());
+    if (view) {
+        disconnect(view, nullptr, this, nullptr);
+        emit ActiveChanged();
+    }
+}
+
+std::vector<Viewport*> Viewports::counted() const
+{
+    std::vector<Viewport*> views;
+    for (const QPointer<Viewport>& view : m_views) {
+        if (view && view->isVisibleTo(view->window())) {
+            views.push_back(view);
         }
     }
-    if (!shown && m_active == view) {
-        const auto next = std::find_if(m_entries.begin(), m_entries.end(),
-                                       [](const Entry& entry) { return entry.shown && entry.view; });
-        setActive(next != m_entries.end() ? next->view.data() : nullptr);
-    }
+    return views;
 }
 
 Viewport* Viewports::find(const std::string& panelName) const
 {
     if (panelName.empty()) {
-        return m_active;
+        return active();
     }
-    for (const Entry& entry : m_entries) {
-        if (entry.shown && entry.view && entry.view->panelName() == panelName) {
-            return entry.view;
+    for (Viewport* view : counted()) {
+        if (view->panelName() == panelName) {
+            return view;
         }
     }
     return nullptr;
+}
+
+Viewport* Viewports::active() const
+{
+    const std::vector<Viewport*> views = counted();
+    const bool isCounted = std::find(views.begin(), views.end(), m_active) != views.end();
+    if (isCounted && m_active->isVisible()) {
+        return m_active;
+    }
+    const auto visible = std::find_if(views.begin(), views.end(), [](Viewport* view) { return view->isVisible(); });
+    if (visible != views.end()) {
+        return *visible;
+    }
+    // No window is open: before the program shows its own.
+    return isCounted ? m_active.data() : views.empty() ? nullptr : views.front();
 }
 
 void Viewports::setActive(Viewport* view)
@@ -71,9 +105,10 @@ void Viewports::setActive(Viewport* view)
 
 void Viewports::setCursor(const QCursor& cursor)
 {
-    for (const Entry& entry : m_entries) {
-        if (entry.view) {
-            entry.view->setCursor(cursor);
+    m_cursor = cursor;
+    for (const QPointer<Viewport>& view : m_views) {
+        if (view) {
+            view->setCursor(cursor);
         }
     }
 }
@@ -85,25 +120,20 @@ void Viewports::Activate(view::Viewport* view)
 
 std::vector<api::View*> Viewports::views() const
 {
-    std::vector<api::View*> views;
-    for (const Entry& entry : m_entries) {
-        if (entry.shown && entry.view) {
-            views.push_back(entry.view.data());
-        }
-    }
-    return views;
+    const std::vector<Viewport*> views = counted();
+    return std::vector<api::View*>(views.begin(), views.end());
 }
 
 api::View* Viewports::activeView() const
 {
-    return m_active.data();
+    return active();
 }
 
 void Viewports::touched()
 {
-    for (const Entry& entry : m_entries) {
-        if (entry.view) {
-            entry.view->scheduleRefresh();
+    for (const QPointer<Viewport>& view : m_views) {
+        if (view) {
+            view->scheduleRefresh();
         }
     }
     emit SceneTouched();

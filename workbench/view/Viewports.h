@@ -13,7 +13,8 @@ namespace view {
 
 class Viewport;
 
-/// The views of the main window, as the host API sees them. Repaints them when the scene was touched.
+/// The views of all windows, as the host API sees them. Repaints them when the scene was touched.
+/// A view counts unless it was hidden inside its window; one in a window that is not open still has a camera.
 class Viewports : public QObject, public api::ViewHost {
     Q_OBJECT
 
@@ -21,15 +22,19 @@ public:
     /// Installs itself for as long as it lives.
     explicit Viewports(kernel::Session& session);
     ~Viewports() override;
+    static Viewports* installed();  ///< null without a window
 
-    /// Makes a view; its widget belongs to `parent`. It counts as long as it is not hidden (see setShown).
+    /// Makes a view; its widget belongs to `parent`.
     Viewport* add(const std::string& panelName, const kernel::NodePtr& camera, QWidget* parent);
-    /// A view that is not shown keeps its camera but is out of sight of the host API.
-    void setShown(Viewport* view, bool shown);
-    /// Null when there is no shown view of that name; the active one for an empty name.
+    /// Takes a view that is going to be deleted out of sight of the host API.
+    void remove(Viewport* view);
+    /// Null when there is no view of that name; the active one for an empty name.
     Viewport* find(const std::string& panelName) const;
-    Viewport* active() const { return m_active; }
+    /// The one last worked in, as long as it is there to see; then the first that is.
+    Viewport* active() const;
     void setActive(Viewport* view);
+    /// Views came into sight or went out of it.
+    void tellOfChange() { emit ActiveChanged(); }
     /// The pointer's shape over the views.
     void setCursor(const QCursor& cursor);
 
@@ -45,15 +50,13 @@ private slots:
     void Activate(view::Viewport* view);
 
 private:
-    struct Entry {
-        QPointer<Viewport> view;
-        bool shown = true;
-    };
+    std::vector<Viewport*> counted() const;
     void touched();
 
     kernel::Session& m_session;
-    std::vector<Entry> m_entries;
-    QPointer<Viewport> m_active;
+    std::vector<QPointer<Viewport>> m_views;
+    QPointer<Viewport> m_active;  ///< the one last worked in
+    QCursor m_cursor;
 };
 
 }  // namespace view

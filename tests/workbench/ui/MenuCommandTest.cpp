@@ -25,35 +25,35 @@ TEST_F(MenusInBatch, NothingIsMadeAndNothingExists)
 
 TEST_F(MenuCommandTest, PutsANamedMenuIntoTheBarOfItsWindow)
 {
-    EXPECT_EQ(text("menu -label \"Ink & Co\" -mnemonic \"C\" -parent MayaWindow -tearOff true ink"), "MayaWindow|ink");
+    EXPECT_EQ(value("menu -label \"Ink & Co\" -mnemonic \"C\" -parent MayaWindow -tearOff true ink"), "MayaWindow|ink");
     EXPECT_EQ(menu("ink")->title(), "Ink && &Co");
     EXPECT_EQ(menu("ink")->windowTitle(), "Ink & Co");
     EXPECT_TRUE(menu("ink")->isTearOffEnabled());
-    EXPECT_EQ(text("menu -q -label ink"), "Ink & Co");
-    EXPECT_EQ(window().menuBar()->actions(), QList<QAction*>{menu("ink")->menuAction()});
+    EXPECT_EQ(value("menu -q -label ink"), "Ink & Co");
+    EXPECT_EQ(window.menuBar()->actions(), QList<QAction*>{menu("ink")->menuAction()});
 
-    EXPECT_EQ(text("menu"), "MayaWindow|menu1") << "without a parent, the main window";
+    EXPECT_EQ(value("menu"), "MayaWindow|menu1") << "without a parent, the main window";
     EXPECT_EQ(menu("menu1")->title(), "menu1") << "without a label, the name";
-    EXPECT_EQ(text("menu -exists ink"), "1");
-    EXPECT_EQ(text("menu -q -parent ink"), "MayaWindow");
+    EXPECT_EQ(value("menu -exists ink"), "1");
+    EXPECT_EQ(value("menu -q -parent ink"), "MayaWindow");
 
     EXPECT_EQ(errorOf("menu ink"), "Object's name 'ink' is not unique.");
     EXPECT_EQ(errorOf("menu -e -label x nowhere"), "menu: Object 'nowhere' not found.");
     EXPECT_EQ(errorOf("menu -parent nowhere"), "menu: Object 'nowhere' not found.");
-    EXPECT_EQ(window().menuBar()->actions().size(), 2) << "what failed left nothing behind";
+    EXPECT_EQ(window.menuBar()->actions().size(), 2) << "what failed left nothing behind";
 }
 
 TEST_F(MenuCommandTest, HelpMenusStandLastAndHiddenOnesStayAway)
 {
     run("menu -helpMenu true help; menu first; menu second; menu -e -visible false first");
     QStringList shown;
-    for (const QAction* action : window().menuBar()->actions()) {
+    for (const QAction* action : window.menuBar()->actions()) {
         if (action->isVisible()) {
             shown << action->text();
         }
     }
     EXPECT_EQ(shown, (QStringList{"second", "help"}));
-    EXPECT_EQ(text("menu -q -visible first"), "0");
+    EXPECT_EQ(value("menu -q -visible first"), "0");
     run("menu -e -visible true -enable false first");
     EXPECT_TRUE(menu("first")->menuAction()->isVisible());
     EXPECT_FALSE(menu("first")->menuAction()->isEnabled());
@@ -62,14 +62,14 @@ TEST_F(MenuCommandTest, HelpMenusStandLastAndHiddenOnesStayAway)
 TEST_F(MenuCommandTest, ListsItemsFromTopToBottom)
 {
     run("menu ink; menuItem b; menuItem -optionBox true bBox; menuItem -divider true line; menuItem d");
-    EXPECT_EQ(text("menuItem -insertAfter \"b\" c"), "MayaWindow|ink|c");
+    EXPECT_EQ(value("menuItem -insertAfter \"b\" c"), "MayaWindow|ink|c");
     run("menuItem -insertAfter \"\" a");
-    EXPECT_EQ(text("menu -q -itemArray ink"), "a b bBox c line d");
-    EXPECT_EQ(text("menu -q -numberOfItems ink"), "6");
+    EXPECT_EQ(value("menu -q -itemArray ink"), "a b bBox c line d");
+    EXPECT_EQ(value("menu -q -numberOfItems ink"), "6");
     EXPECT_EQ(errorOf("menuItem -insertAfter elsewhere x"), "menuItem: Object 'MayaWindow|ink|elsewhere' not found.");
 
     run("menu -e -deleteAllItems ink; menuItem -parent ink a");
-    EXPECT_EQ(text("menu -q -itemArray ink"), "a") << "the names are free again at once";
+    EXPECT_EQ(value("menu -q -itemArray ink"), "a") << "the names are free again at once";
     deliverDeletions();
     EXPECT_EQ(menu("ink")->actions().size(), 1);
 }
@@ -84,7 +84,7 @@ TEST_F(MenuCommandTest, FillsItselfWhenItIsAboutToOpen)
     }
     EXPECT_EQ(printed(), "ffonce");
     EXPECT_TRUE(said(kernel::Severity::Echo).empty()) << "opening a menu is nothing for the journal";
-    EXPECT_EQ(text("menu -q -numberOfItems ink"), "1");
+    EXPECT_EQ(value("menu -q -numberOfItems ink"), "1");
     run("menu -e -pmc \"print(\\\"new\\\")\" twice");
     forgetLines();
     open(menu("twice"));
@@ -94,11 +94,11 @@ TEST_F(MenuCommandTest, FillsItselfWhenItIsAboutToOpen)
 TEST_F(MenuCommandTest, SubmenusAreEditedLikeMenus)
 {
     run("menu ink; menuItem -subMenu true -label Pick pick; menuItem one");
-    EXPECT_EQ(text("menu -q -itemArray pick"), "one");
+    EXPECT_EQ(value("menu -q -itemArray pick"), "one");
     run("menu -e -label Choose -dai pick");
-    EXPECT_EQ(text("menuItem -q -label pick"), "Choose");
+    EXPECT_EQ(value("menuItem -q -label pick"), "Choose");
     EXPECT_EQ(item("pick")->text(), "Choose");
-    EXPECT_EQ(text("menu -q -numberOfItems pick"), "0");
+    EXPECT_EQ(value("menu -q -numberOfItems pick"), "0");
     EXPECT_EQ(errorOf("menu -q -itemArray one"), "menu: Object 'one' not found.");
 }
 

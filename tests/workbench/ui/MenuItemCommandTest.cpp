@@ -49,14 +49,14 @@ protected:
 
 TEST_F(MenuItemCommandTest, NewItemsGoIntoTheLatestMenuOrSubmenu)
 {
-    EXPECT_EQ(text("menuItem -label \"A & B\""), "MayaWindow|ink|menuItem1");
+    EXPECT_EQ(value("menuItem -label \"A & B\""), "MayaWindow|ink|menuItem1");
     EXPECT_EQ(item("menuItem1")->text(), "A && B");
-    EXPECT_EQ(text("menuItem -subMenu true -tearOff true pick"), "MayaWindow|ink|pick");
-    EXPECT_EQ(text("menuItem deep"), "MayaWindow|ink|pick|deep");
+    EXPECT_EQ(value("menuItem -subMenu true -tearOff true pick"), "MayaWindow|ink|pick");
+    EXPECT_EQ(value("menuItem deep"), "MayaWindow|ink|pick|deep");
     EXPECT_TRUE(menu("pick")->isTearOffEnabled());
-    EXPECT_EQ(text("menuItem -parent ink beside"), "MayaWindow|ink|beside");
+    EXPECT_EQ(value("menuItem -parent ink beside"), "MayaWindow|ink|beside");
     EXPECT_EQ(menu("pick")->actions(), QList<QAction*>{item("deep")});
-    EXPECT_EQ(text("menuItem -q -parent deep"), "MayaWindow|ink|pick");
+    EXPECT_EQ(value("menuItem -q -parent deep"), "MayaWindow|ink|pick");
 
     EXPECT_EQ(MQtUtil::findMenuItem("pick|deep"), item("deep"));
     EXPECT_EQ(MQtUtil::fullName(item("deep")), MString("MayaWindow|ink|pick|deep"));
@@ -65,7 +65,7 @@ TEST_F(MenuItemCommandTest, NewItemsGoIntoTheLatestMenuOrSubmenu)
     EXPECT_EQ(errorOf("menuItem beside -parent ink"), "Object's name 'beside' is not unique.");
     EXPECT_EQ(errorOf("menuItem -parent beside"), "menuItem: Object 'beside' not found.") << "no menu";
     EXPECT_EQ(errorOf("menuItem -e -label x gone"), "menuItem: Object 'gone' not found.");
-    EXPECT_EQ(text("menu -q -itemArray ink"), "menuItem1 pick beside");
+    EXPECT_EQ(value("menu -q -itemArray ink"), "menuItem1 pick beside");
 }
 
 TEST_F(MenuItemCommandTest, WhatIsSetIsReadBack)
@@ -96,9 +96,9 @@ TEST_F(MenuItemCommandTest, WhatIsSetIsReadBack)
     };
     for (const auto& row : rows) {
         const std::string query = std::string("menuItem -q ") + row.flag + " " + row.object;
-        EXPECT_EQ(text(query), row.initial) << query;
+        EXPECT_EQ(value(query), row.initial) << query;
         run(std::string("menuItem -e ") + row.flag + " \"" + row.value + "\" " + row.object);
-        EXPECT_EQ(text(query), row.value) << query;
+        EXPECT_EQ(value(query), row.value) << query;
     }
     EXPECT_TRUE(item("plain")->font().bold());
     EXPECT_FALSE(item("plain")->isVisible());
@@ -113,7 +113,7 @@ TEST_F(MenuItemCommandTest, SaysWhatAnItemIs)
     for (const auto& [name, which] : items) {
         for (int i = 0; i < 5; ++i) {
             const std::string query = std::string("menuItem -q ") + flags[i] + " " + name;
-            EXPECT_EQ(text(query), std::to_string(int(i == which))) << query;
+            EXPECT_EQ(value(query), std::to_string(int(i == which))) << query;
         }
     }
     EXPECT_EQ(item("line")->text(), "Group");
@@ -131,7 +131,7 @@ TEST_F(MenuItemCommandTest, AChosenItemIsOneEchoedUndoStep)
     ASSERT_FALSE(said(kernel::Severity::Echo).empty());
     EXPECT_THAT(said(kernel::Severity::Echo).front(), testing::HasSubstr("createNode transform -n a"));
     run("undo");
-    EXPECT_EQ(text("ls a b"), "");
+    EXPECT_EQ(value("ls a b"), "");
     EXPECT_EQ(chosen("hush"), "quiet");
     EXPECT_TRUE(said(kernel::Severity::Echo).empty());
     item("snake")->trigger();
@@ -154,8 +154,8 @@ TEST_F(MenuItemCommandTest, RadioItemsOfACollectionExcludeEachOther)
     run("radioMenuItemCollection first; menuItem -rb on -c \"print(\\\"one#1\\\")\" one; menuItem -rb off two;"
         "radioMenuItemCollection; menuItem -rb on other; menuItem -rb off -collection first three");
     const auto states = [this] {
-        return text("menuItem -q -rb one") + text("menuItem -q -rb two") + text("menuItem -q -rb three")
-             + text("menuItem -q -rb other");
+        return value("menuItem -q -rb one") + value("menuItem -q -rb two") + value("menuItem -q -rb three")
+             + value("menuItem -q -rb other");
     };
     EXPECT_EQ(states(), "1001");
     forgetLines();

@@ -18,7 +18,7 @@ protected:
     std::string bar()
     {
         QStringList shown;
-        for (const QAction* action : window().menuBar()->actions()) {
+        for (const QAction* action : window.menuBar()->actions()) {
             if (action->isVisible()) {
                 shown << action->text();
             }
@@ -39,24 +39,24 @@ TEST_F(MenuSetsTest, ShowsTheCommonMenusThoseOfTheCurrentSetAndThoseOfNone)
     run("menuSet -am ink");
     EXPECT_EQ(bar(), "file edit mesh ink late help") << "or with any of several";
     ui().destroy(ui().get("test", "mesh"));
-    EXPECT_EQ(text("menuSet -q -menuArray"), "ink");
+    EXPECT_EQ(value("menuSet -q -menuArray"), "ink");
     EXPECT_EQ(bar(), "file edit ink late help");
 }
 
 TEST_F(MenuSetsTest, EditsTheCurrentSetOrTheNamedOne)
 {
     run("menuSet -am ink; menuSet -insertMenu help 0; menuSet -moveMenu mesh 5");
-    EXPECT_EQ(text("menuSet -q -menuArray"), "help ink mesh");
+    EXPECT_EQ(value("menuSet -q -menuArray"), "help ink mesh");
     run("menuSet -removeMenu ink modelingMenuSet");
-    EXPECT_EQ(text("menuSet -q -ma modelingMenuSet"), "help mesh");
-    EXPECT_EQ(text("menuSet -q -numberOfMenus commonMenuSet"), "2");
-    EXPECT_EQ(text("menuSet -q -label animationMenuSet"), "Animation");
-    EXPECT_EQ(text("menuSet -q -allMenuSets"), "commonMenuSet modelingMenuSet animationMenuSet");
-    EXPECT_EQ(text("menuSet -label \"My Set\" mySet"), "mySet");
-    EXPECT_EQ(text("menuSet -q -numberOfMenuSets"), "4");
-    EXPECT_EQ(text("menuSet -exists mySet"), "1");
-    EXPECT_EQ(text("menuSet -exists yourSet"), "0");
-    EXPECT_EQ(text("menuSet -q -currentMenuSet"), "modelingMenuSet") << "making one does not show it";
+    EXPECT_EQ(value("menuSet -q -ma modelingMenuSet"), "help mesh");
+    EXPECT_EQ(value("menuSet -q -numberOfMenus commonMenuSet"), "2");
+    EXPECT_EQ(value("menuSet -q -label animationMenuSet"), "Animation");
+    EXPECT_EQ(value("menuSet -q -allMenuSets"), "commonMenuSet modelingMenuSet animationMenuSet");
+    EXPECT_EQ(value("menuSet -label \"My Set\" mySet"), "mySet");
+    EXPECT_EQ(value("menuSet -q -numberOfMenuSets"), "4");
+    EXPECT_EQ(value("menuSet -exists mySet"), "1");
+    EXPECT_EQ(value("menuSet -exists yourSet"), "0");
+    EXPECT_EQ(value("menuSet -q -currentMenuSet"), "modelingMenuSet") << "making one does not show it";
 }
 
 TEST_F(MenuSetsTest, RefusesWhatIsNotThere)
@@ -65,21 +65,21 @@ TEST_F(MenuSetsTest, RefusesWhatIsNotThere)
     EXPECT_EQ(errorOf("menuSet -addMenu nowhere"), "menuSet: Object 'nowhere' not found.");
     EXPECT_EQ(errorOf("menuSet -removeMenu ink"), "menuSet: Object 'ink' not found.");
     EXPECT_EQ(errorOf("menuSet -q -menuArray nowhere"), "menuSet: Object 'nowhere' not found.");
-    EXPECT_EQ(text("menuSet -q -currentMenuSet"), "modelingMenuSet");
+    EXPECT_EQ(value("menuSet -q -currentMenuSet"), "modelingMenuSet");
 }
 
 // "Set, add, restore": how a script adds its menu to one set.
 TEST_F(MenuSetsTest, ScriptsFindSetsAndMenusByTheirLabels)
 {
-    EXPECT_EQ(text("findMenuSetFromLabel(\"Animation\")"), "animationMenuSet");
-    EXPECT_EQ(text("findMenuSetFromLabel(\"Cooking\")"), "");
-    EXPECT_EQ(text("findMenuFromMenuSet(\"commonMenuSet\", \"edit\")"), "edit");
-    EXPECT_EQ(text("findMenuFromMenuSet(\"commonMenuSet\", \"keys\")"), "");
+    EXPECT_EQ(value("findMenuSetFromLabel(\"Animation\")"), "animationMenuSet");
+    EXPECT_EQ(value("findMenuSetFromLabel(\"Cooking\")"), "");
+    EXPECT_EQ(value("findMenuFromMenuSet(\"commonMenuSet\", \"edit\")"), "edit");
+    EXPECT_EQ(value("findMenuFromMenuSet(\"commonMenuSet\", \"keys\")"), "");
     run("string $set = `menuSet -q -cms`; menuSet -cms (findMenuSetFromLabel(\"Animation\"));"
         "menuSet -am ink; evalDeferred(\"menuSet -cms \" + $set)");
-    EXPECT_EQ(text("setMenuMode()"), "modelingMenuSet");
+    EXPECT_EQ(value("setMenuMode()"), "modelingMenuSet");
     EXPECT_EQ(bar(), "file edit mesh help");
-    EXPECT_EQ(text("workingMode(\"animationMenuSet\")"), "animationMenuSet");
+    EXPECT_EQ(value("workingMode(\"animationMenuSet\")"), "animationMenuSet");
     EXPECT_EQ(bar(), "file edit keys ink help");
 }
 
@@ -104,7 +104,7 @@ TEST_F(MenuSetsTest, TheBoxFollowsTheSetAndChoosesIt)
     EXPECT_EQ(box.itemText(2), "My Set");
     forgetLines();
     QMetaObject::invokeMethod(&box, "activated", Q_ARG(int, 2));
-    EXPECT_EQ(text("menuSet -q -cms"), "mySet");
+    EXPECT_EQ(value("menuSet -q -cms"), "mySet");
     EXPECT_FALSE(said(kernel::Severity::Echo).empty());
 }
 

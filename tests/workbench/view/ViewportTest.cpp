@@ -194,7 +194,7 @@ TEST_F(ViewportTest, ThePressedViewIsTheActiveOneBeforeTheToolHearsOfIt)
     });
     send(top, QEvent::MouseButtonPress, {5, 5}, Qt::LeftButton);
     EXPECT_EQ(activeAtPress, "modelPanel1 first");
-    views.setShown(top, false);
+    top->hide();
     EXPECT_EQ(views.activeView(), persp) << "a view out of sight is not worked in";
     EXPECT_EQ(views.views().size(), 1u);
 }

@@ -1,0 +1,111 @@
+// A camera panel in a window of its own: what the main window's views can, it can.
+
+#include "support/LiveWorkbench.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using support::LiveWorkbench;
+
+namespace {
+
+const char kProgram[] = LUMISKETCH_BIN "/lumisketch-workbench";
+
+class FloatingView : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_folder.isValid());
+        m_host.reset(new LiveWorkbench(kProgram, {"-prefs", m_folder.path(), "-command", "setToolTo `tqLmDrawCtx`"}));
+        ASSERT_TRUE(m_host->isRunning()) << m_host->output().toStdString();
+        const QString made = host().run("window -widthHeight 420 320 -topLeftCorner 140 120 floatWindow;"
+                                        "paneLayout floatPanes; modelPanel floatPanel; lookThru floatPanel front;"
+                                        "showWindow floatWindow");
+        ASSERT_FALSE(made.contains("Error")) << made.toStdString();
+        host().settle();
+    }
+
+    LiveWorkbench& host() { return *m_host; }
+    QImage picture(const QString& panel)
+    {
+        host().moveTo(QPoint(1430, 890));
+        const QString path = m_folder.filePath("view.png");
+        host().run("workbenchView -panel " + panel + " -capture \"" + path + "\"");
+        return QImage(path);
+    }
+    void drawIn(const QString& panel)
+    {
+        const QPoint centre = host().viewRect(panel).center();
+        host().drag(support::line(centre - QPoint(80, 50), centre + QPoint(80, 50)));
+    }
+
+private:
+    QTemporaryDir m_folder;
+    std::unique_ptr<LiveWorkbench> m_host;
+};
+
+}  // namespace
+
+TEST_F(FloatingView, ShowsTheSceneAndFollowsIt)
+{
+    const QImage before = picture("floatPanel");
+    ASSERT_FALSE(before.isNull());
+    host().run("createNode implicitSphere");
+    EXPECT_NE(picture("floatPanel"), before);
+    host().run("undo");
+    EXPECT_EQ(picture("floatPanel"), before);
+    host().run("modelEditor -e -grid 0 -headsUpDisplay 0 floatPanel");
+    EXPECT_NE(picture("floatPanel"), before);
+}
+
+TEST_F(FloatingView, TakesAStrokeOfItsOwnCameraAndTheUndoKey)
+{
+    const QImage mainEmpty = picture("modelPanel4");
+    const QImage empty = picture("floatPanel");
+    drawIn("floatPanel");
+    EXPECT_NE(picture("floatPanel"), empty);
+    EXPECT_EQ(picture("modelPanel4"), mainEmpty);
+    EXPECT_EQ(host().run("getPanel -withFocus"), "floatPanel");
+    host().key("ctrl+z");
+    EXPECT_EQ(picture("floatPanel"), empty);
+}
+
+TEST_F(FloatingView, DeletingItInTheMiddleOfAStrokeKeepsTheStrokeAndTheProgram)
+{
+    const QPoint centre = host().viewRect("floatPanel").center();
+    host().run("lookThru modelPanel4 front");
+    const QImage empty = picture("modelPanel4");
+    host().hold(centre - QPoint(60, 40), centre);
+    EXPECT_EQ(host().run("deleteUI floatWindow"), "");
+    host().letGo();
+    EXPECT_EQ(host().run("modelPanel -exists floatPanel"), "0");
+    EXPECT_EQ(host().run("getPanel -withFocus"), "modelPanel4");
+
+    // What was drawn belongs to the camera, and is a step like any other.
+    const QImage drawn = picture("modelPanel4");
+    EXPECT_NE(drawn, empty);
+    host().run("undo");
+    EXPECT_EQ(picture("modelPanel4"), empty);
+    host().run("redo");
+    EXPECT_EQ(picture("modelPanel4"), drawn);
+    drawIn("modelPanel4");
+    EXPECT_NE(picture("modelPanel4"), drawn);
+    EXPECT_TRUE(host().isRunning()) << host().output().toStdString();
+}
+
+TEST_F(FloatingView, IsMadeAndClosedAgainAndAgain)
+{
+    for (int round = 0; round < 3; ++round) {
+        drawIn("floatPanel");
+        host().run("deleteUI floatWindow; window -widthHeight 420 320 -topLeftCorner 140 120 floatWindow;"
+                   "paneLayout floatPanes; modelPanel floatPanel; lookThru floatPanel front; showWindow floatWindow");
+        host().settle();
+    }
+    const QImage drawn = picture("floatPanel");
+    host().run("undo");
+    EXPECT_NE(picture("floatPanel"), drawn);
+    // The program ends with the window still open.
+    EXPECT_EQ(host().output(), QString()) << host().output().toStdString();
+}

@@ -1,0 +1,135 @@
+#include "support/WindowFixture.h"
+#include "ui/PaneLayout.h"
+
+namespace {
+
+class LayoutsTest : public WindowFixture {
+protected:
+    /// Shows the window at a fixed size, so that its layouts are laid out.
+    void show(const char* name)
+    {
+        widget(name)->resize(400, 300);
+        widget(name)->show();
+        QCoreApplication::processEvents();
+    }
+    /// A widget's place in its window: centre as "left top", "right bottom", "middle middle".
+    std::string place(const char* name, const char* windowName)
+    {
+        QWidget* const whole = widget(windowName);
+        const QPoint centre = widget(name)->mapTo(whole, widget(name)->rect().center());
+        const auto third = [](int at, int length, const char* low, const char* high) {
+            return at * 5 < length * 2 ? low : at * 5 > length * 3 ? high : "middle";
+        };
+        return std::string(third(centre.x(), whole->width(), "left", "right")) + ' '
+             + third(centre.y(), whole->height(), "top", "bottom");
+    }
+};
+
+}  // namespace
+
+TEST_F(LayoutsTest, PanesAreCountedClockwiseFromTheUpperLeft)
+{
+    run("window w; paneLayout panes; button a; button b; button c; button d");
+    for (const char* name : {"a", "b", "c", "d"}) {
+        widget(name)->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+        widget(name)->setMinimumSize(1, 1);
+    }
+    show("w");
+    const struct {
+        const char* configuration;
+        std::vector<const char*> places;
+    } cases[] = {
+        {"single", {"middle middle"}},
+        {"horizontal2", {"middle top", "middle bottom"}},
+        {"vertical2", {"left middle", "right middle"}},
+        {"vertical3", {"left middle", "middle middle", "right middle"}},
+        {"top3", {"left top", "right top", "middle bottom"}},
+        {"bottom3", {"middle top", "right bottom", "left bottom"}},
+        {"left3", {"left top", "right middle", "left bottom"}},
+        {"right3", {"left middle", "right top", "right bottom"}},
+        {"bottom4", {"middle top", "right bottom", "middle bottom", "left bottom"}},
+        {"quad", {"left top", "right top", "right bottom", "left bottom"}},
+    };
+    const char* const names[] = {"a", "b", "c", "d"};
+    for (const auto& c : cases) {
+        EXPECT_TRUE(run(std::string("paneLayout -e -configuration ") + c.configuration + " panes"));
+        QCoreApplication::processEvents();
+        for (std::size_t i = 0; i < 4; ++i) {
+            EXPECT_EQ(widget(names[i])->isVisible(), i < c.places.size()) << c.configuration << ' ' << names[i];
+            if (i < c.places.size()) {
+                EXPECT_EQ(place(names[i], "w"), c.places[i]) << c.configuration << ' ' << names[i];
+            }
+        }
+    }
+    EXPECT_FALSE(run("paneLayout -e -configuration triple panes"));
+    EXPECT_EQ(value("paneLayout -q -configuration panes"), "quad");
+}
+
+TEST_F(LayoutsTest, ChildrenChangePanesAndGo)
+{
+    run("window w; paneLayout -configuration vertical2 panes; button a; button b; button c");
+    EXPECT_EQ(value("paneLayout -q -childArray panes"), "a b c");
+    EXPECT_EQ(value("paneLayout -q -numberOfChildren panes"), "3");
+    EXPECT_TRUE(run("paneLayout -e -setPane c 1 panes"));
+    EXPECT_EQ(value("paneLayout -q -childArray panes"), "c b a");
+    show("w");
+    EXPECT_TRUE(widget("c")->isVisible());
+    EXPECT_FALSE(widget("a")->isVisible());
+    EXPECT_TRUE(run("paneLayout -e -paneSize 1 25 100 panes"));
+    QCoreApplication::processEvents();
+    EXPECT_NEAR(widget("c")->width(), 100, 8);
+    EXPECT_TRUE(run("deleteUI c"));
+    EXPECT_EQ(value("paneLayout -q -childArray panes"), "b a");
+    EXPECT_TRUE(widget("a")->isVisible()) << "moves up into the pane that came free";
+    deliverDeletions();
+    EXPECT_FALSE(run("paneLayout -e -setPane none 1 panes"));
+    EXPECT_FALSE(run("paneLayout -e -setPane a 3 panes"));
+}
+
+TEST_F(LayoutsTest, ColumnsAndRowsSizeTheirChildren)
+{
+    run("window w; columnLayout column; button -label x narrow; columnLayout -adjustableColumn 1 -parent column inner;"
+        "setParent ..; rowLayout -parent column -columnWidth3 30 50 70 -adjustableColumn 3 row;"
+        "button a; button b; button c");
+    show("w");
+    EXPECT_LT(widget("narrow")->width(), 200);
+    run("columnLayout -e -adjustableColumn 1 column");
+    QCoreApplication::processEvents();
+    EXPECT_GT(widget("narrow")->width(), 350);
+    EXPECT_EQ(widget("a")->width(), 30);
+    EXPECT_EQ(widget("b")->width(), 50);
+    EXPECT_LT(widget("a")->x(), widget("b")->x());
+    EXPECT_LT(widget("narrow")->y(), widget("row")->y());
+}
+
+TEST_F(LayoutsTest, FormsPlaceChildrenByTheirEdges)
+{
+    run("window w; formLayout form; button a; button b; button c;"
+        "formLayout -e -attachForm a left 10 -attachForm a top 5 -attachPosition a right 2 50 "
+        "-attachControl b left 4 a -attachForm b right 10 -attachForm b top 5 "
+        "-attachForm c left 0 -attachForm c right 0 -attachForm c bottom 0 -attachControl c top 6 a form");
+    show("w");
+    const QRect form = widget("form")->rect();
+    const QRect a = widget("a")->geometry(), b = widget("b")->geometry(), c = widget("c")->geometry();
+    EXPECT_EQ(a.topLeft(), QPoint(10, 5));
+    EXPECT_EQ(a.right() + 1, form.width() / 2 - 2);
+    EXPECT_EQ(b.left(), a.right() + 1 + 4);
+    EXPECT_EQ(b.right() + 1, form.width() - 10);
+    EXPECT_EQ(c, QRect(0, a.bottom() + 1 + 6, form.width(), form.height() - (a.bottom() + 1 + 6)));
+    EXPECT_FALSE(run("formLayout -e -attachForm a sideways 1 form"));
+    EXPECT_FALSE(run("formLayout -e -attachForm none left 1 form"));
+    delete widget("a");
+    EXPECT_TRUE(run("formLayout -e -attachForm b left 1 form")) << "an edge may be attached to what is gone";
+    EXPECT_EQ(value("formLayout -q -childArray form"), "b c");
+}
+
+TEST_F(LayoutsTest, FramesFoldTheirChildrenAway)
+{
+    run("window w; frameLayout -label Ghosts -collapsable 1 frame; columnLayout; button a");
+    show("w");
+    EXPECT_TRUE(widget("a")->isVisible());
+    EXPECT_TRUE(run("frameLayout -e -collapse 1 frame"));
+    EXPECT_FALSE(widget("a")->isVisible());
+    EXPECT_EQ(value("frameLayout -q -collapse frame"), "1");
+    EXPECT_EQ(value("frameLayout -q -label frame"), "Ghosts");
+}

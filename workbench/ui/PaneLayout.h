@@ -1,0 +1,45 @@
+#pragma once
+
+#include "ui/LayoutWidget.h"
+
+#include <QPointer>
+#include <QVector>
+
+#include <string>
+
+class QSplitter;
+
+namespace ui {
+
+/// Panes with bars between them that can be dragged. Children beyond the panes of the configuration are hidden.
+class PaneLayout : public LayoutWidget {
+    Q_OBJECT
+
+public:
+    explicit PaneLayout(QWidget* parent = nullptr);
+
+    void place(QWidget* child) override;
+    void release(QWidget* child) override;
+    QList<QWidget*> placed() const override;
+
+    /// "single", "horizontal2", "quad" and so on. False, and nothing done, for a name that is none of them.
+    bool setConfiguration(const std::string& name);
+    const std::string& configuration() const { return m_configuration; }
+    int paneCount() const;  ///< of the configuration
+    /// Exchanges the child with the one in that pane, from 0. False when there is no such child or pane.
+    bool setPane(QWidget* child, int pane);
+    /// What a pane takes of the room, each 1 to 99; the others share the rest.
+    void setPaneSize(int pane, int widthPercent, int heightPercent);
+    void setBarThickness(int pixels);
+
+private:
+    void arrange();
+    QSplitter* makeSplitter(Qt::Orientation orientation, QWidget* parent) const;
+
+    QVector<QPointer<QWidget>> m_children;
+    std::string m_configuration = "single";
+    QSplitter* m_outer = nullptr;
+    int m_barThickness = 4;
+};
+
+}  // namespace ui
