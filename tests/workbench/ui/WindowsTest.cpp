@@ -69,7 +69,11 @@ TEST_F(WindowsTest, ErrorsAreInTheHostsWords)
         EXPECT_FALSE(run(c.text)) << c.text;
         EXPECT_THAT(lastError(), testing::HasSubstr(c.error)) << c.text;
     }
-    EXPECT_EQ(value("button -exists bare"), "0");
+    EXPECT_FALSE(run("paneLayout -parent bare -configuration triple panes"));
+    EXPECT_FALSE(run("modelPanel -parent column -cam none panel"));
+    for (const char* text : {"paneLayout -exists panes", "modelPanel -exists panel", "button -exists bare"}) {
+        EXPECT_EQ(value(text), "0") << text;
+    }
     EXPECT_TRUE(ui().children(*ui().find("bare")).empty()) << "what could not be placed is not there";
 }
 
