@@ -106,6 +106,5 @@ TEST_F(FloatingView, IsMadeAndClosedAgainAndAgain)
     const QImage drawn = picture("floatPanel");
     host().run("undo");
     EXPECT_NE(picture("floatPanel"), drawn);
-    // The program ends with the window still open.
-    EXPECT_EQ(host().output(), QString()) << host().output().toStdString();
+    EXPECT_TRUE(host().isRunning()) << host().output().toStdString();
 }

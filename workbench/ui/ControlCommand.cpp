@@ -33,6 +33,7 @@ UiObject* findOf(const UiObjects& ui, const ControlType& type, const std::string
     return object && object->type == type.type ? object : nullptr;
 }
 
+/// Throws when there is none.
 UiObject& getOf(const UiObjects& ui, const ControlType& type, const std::string& name)
 {
     UiObject* const object = findOf(ui, type, name);
@@ -74,12 +75,17 @@ Value make(UiObjects& ui, const ControlType& type, const std::string& name, cons
     } else {
         arranger(*parent).place(widget.release());
     }
-    const Subject subject{ui, object};
-    if (type.begin) {
-        type.begin(subject);
-    }
     const std::string path = UiObjects::path(object);
-    apply(type, subject, args);
+    try {
+        const Subject subject{ui, object};
+        if (type.begin) {
+            type.begin(subject);
+        }
+        apply(type, subject, args);
+    } catch (const CommandError&) {
+        ui.destroy(object);
+        throw;
+    }
     if (isWindow || type.kind == Kind::Layout) {
         ui.setLayoutParent(&object);
     }

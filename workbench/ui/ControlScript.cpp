@@ -5,15 +5,17 @@
 namespace ui {
 
 ControlScript::ControlScript(UiObjects& ui, std::string script, std::function<kernel::DoubleArray()> values,
-                             QObject* parent)
-    : QObject(parent), m_ui(ui), m_script(std::move(script)), m_values(std::move(values))
+                             QObject* control)
+    : QObject(control), m_ui(ui), m_script(std::move(script)), m_values(std::move(values))
 {}
 
 void ControlScript::Run()
 {
-    // The script may delete the control and this with it.
-    UiObjects& ui = m_ui;
-    ui.runScript(m_values ? filledIn(m_script, m_values()) : m_script);
+    // A control that was deleted by script may live on until the event it is in is over.
+    if (!m_ui.of(parent())) {
+        return;
+    }
+    m_ui.runScript(m_values ? filledIn(m_script, m_values()) : m_script);
 }
 
 std::string filledIn(const std::string& script, const kernel::DoubleArray& values)

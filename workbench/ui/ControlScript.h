@@ -11,13 +11,13 @@ namespace ui {
 
 class UiObjects;
 
-/// The script of a control, as a slot.
+/// The script of a control, as a slot. It says nothing any more once the control has lost its name.
 class ControlScript : public QObject {
     Q_OBJECT
 
 public:
     /// values: what takes the place of #1, #2 and so on; may be null.
-    ControlScript(UiObjects& ui, std::string script, std::function<kernel::DoubleArray()> values, QObject* parent);
+    ControlScript(UiObjects& ui, std::string script, std::function<kernel::DoubleArray()> values, QObject* control);
 
 public slots:
     void Run();

@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QSpinBox>
 #include <QStatusTipEvent>
 
@@ -321,6 +322,36 @@ TEST_F(MainWindow, NamesItsPartsForScripts)
 {
     EXPECT_EQ(value("$window = $gMainWindow"), "MayaWindow");
     EXPECT_EQ(host->ui().findControl(value("$slider = $gPlayBackSlider")), window->findChild<QWidget*>("timeControl1"));
+}
+
+TEST_F(MainWindow, ScriptsArrangeItsPanes)
+{
+    EXPECT_EQ(value("$panes = $gMainPane"), "viewPanes");
+    EXPECT_EQ(value("paneLayout -q -childArray $gMainPane"), "modelPanel4 modelPanel1 modelPanel2 modelPanel3");
+    EXPECT_EQ(value("modelPanel -q -control modelPanel4"), "MayaWindow|viewPanes|modelPanel4");
+    host->run("paneLayout -e -configuration quad $gMainPane");
+    EXPECT_EQ(window->viewports().views().size(), 4u);
+    EXPECT_EQ(value("workbenchView -q -panes"), "4");
+    EXPECT_EQ(value("lookThru -q modelPanel3"), "front");
+    host->run("paneLayout -e -configuration single -setPane modelPanel2 1 $gMainPane");
+    EXPECT_EQ(value("getPanel -withFocus"), "modelPanel2");
+    host->run("deleteUI modelPanel2");
+    EXPECT_EQ(value("getPanel -withFocus"), "modelPanel1") << "the next one has the pane";
+}
+
+// Scripts leave windows open when the program ends.
+TEST_F(MainWindow, WindowsOfScriptsGoWithIt)
+{
+    host->run("window tools; paneLayout panes; modelPanel floating; window other; columnLayout; colorSliderGrp ink;"
+              "modelPanel -parent MayaWindow unseen");
+    const QPointer<QWidget> tools = host->ui().findWindow("tools");
+    const QPointer<QWidget> unseen = host->ui().findControl("unseen");
+    host->shutDown();
+    window.reset();
+    EXPECT_TRUE(tools.isNull());
+    EXPECT_TRUE(unseen.isNull());
+    EXPECT_EQ(host->ui().find("floating"), nullptr);
+    EXPECT_FALSE(host->ui().isAvailable());
 }
 
 TEST_F(MainWindow, TheCommandFieldRunsALineAndRemembersIt)

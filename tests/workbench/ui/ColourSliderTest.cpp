@@ -102,9 +102,13 @@ TEST_F(ColourSliderTest, ColumnsOfWidthZeroAreHidden)
 
 TEST_F(ColourSliderTest, AScriptMayDeleteTheControlItIsCalledFrom)
 {
-    run("colorSliderGrp -e -changeCommand \"deleteUI tools\" ink");
-    slider()->setValue(10);
+    run("colorSliderGrp -e -dragCommand \"deleteUI tools\" ink");
+    QSlider* const dragged = slider();
+    dragged->setSliderDown(true);
+    dragged->setValue(10);
     EXPECT_EQ(value("window -exists tools"), "0");
+    dragged->setSliderDown(false);
+    EXPECT_EQ(log(), "") << "a control that is not there any more says nothing";
     deliverDeletions();
     EXPECT_TRUE(errors().empty()) << lastError();
 }

@@ -5,6 +5,7 @@
 #include <QEvent>
 #include <QMainWindow>
 #include <QMenu>
+#include <QMenuBar>
 
 #include <maya/MQtUtil.h>
 
@@ -92,6 +93,10 @@ TEST_F(UiObjectsTest, NamesGoWithTheirObjects)
     deliverDeletions();
     EXPECT_TRUE(action.isNull());
     EXPECT_TRUE(ui().children(menuObject).empty());
+
+    auto* const bar = m_window.menuBar()->addMenu("Bar");
+    ui().destroy(ui().add(Kind::Menu, "menu", "bar", ui().mainWindowObject(), bar));
+    EXPECT_FALSE(bar->menuAction()->isVisible()) << "its title leaves the menu bar at once";
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "support/WindowFixture.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QPointer>
 #include <QPushButton>
 
@@ -67,7 +69,11 @@ TEST_F(WindowsTest, ErrorsAreInTheHostsWords)
         EXPECT_FALSE(run(c.text)) << c.text;
         EXPECT_THAT(lastError(), testing::HasSubstr(c.error)) << c.text;
     }
-    EXPECT_EQ(value("button -exists bare"), "0");
+    EXPECT_FALSE(run("paneLayout -parent bare -configuration triple panes"));
+    EXPECT_FALSE(run("modelPanel -parent column -cam none panel"));
+    for (const char* text : {"paneLayout -exists panes", "modelPanel -exists panel", "button -exists bare"}) {
+        EXPECT_EQ(value(text), "0") << text;
+    }
     EXPECT_TRUE(ui().children(*ui().find("bare")).empty()) << "what could not be placed is not there";
 }
 
@@ -156,6 +162,28 @@ TEST_F(WindowsTest, ACloseCommandMayDeleteItsWindowOrMakeItAgain)
     deliverDeletions();
     EXPECT_EQ(value("window -exists tools"), "1");
     EXPECT_TRUE(errors().empty()) << lastError();
+}
+
+// Filters of modules on the main window, and its own keys, work in every window.
+TEST_F(WindowsTest, KeysThatNothingWantsGoToTheMainWindow)
+{
+    struct Filter : QObject {
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) {
+                seen << event->type();
+            }
+            return false;
+        }
+        QList<QEvent::Type> seen;
+    } filter;
+    window.installEventFilter(&filter);
+    run("window tools; columnLayout; text -label x label");
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, Qt::Key_B, Qt::NoModifier);
+        QApplication::sendEvent(widget("label"), &event);
+    }
+    EXPECT_EQ(filter.seen, (QList<QEvent::Type>{QEvent::KeyPress, QEvent::KeyRelease}));
 }
 
 TEST_F(WindowsTest, WindowButtonsAndSizeFollowTheirFlags)
