@@ -1,6 +1,7 @@
 #include "app/Host.h"
 
 #include "api/HostApi.h"
+#include "app/FramingCommand.h"
 #include "app/ViewCommands.h"
 #include "kernel/Syntax.h"
 #include "mel/Builtins.h"
@@ -43,6 +44,7 @@ Host::Host(const HostOptions& options) : m_session(std::make_unique<kernel::Sess
     mel::installScriptLanguage(*m_session);
     api::installHostApi(*m_session);
     registerViewCommands(*m_session);
+    registerFramingCommand(*m_session);
     registerQuit();
     mel::loadOptionVars(*m_session);
     m_savedOptionVars = mel::optionVarScript(*m_session);
