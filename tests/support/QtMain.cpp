@@ -1,5 +1,5 @@
 // Test programs that need Qt run here. String-based connections fail at run time with a warning only, so any Qt warning
-// fails the test during which it comes.
+// fails the test during which it comes. That a platform without a screen cannot raise windows is no fault.
 
 #include <QApplication>
 #include <QTemporaryDir>
@@ -12,7 +12,8 @@ namespace {
 void failOnWarning(QtMsgType type, const QMessageLogContext&, const QString& text)
 {
     std::fprintf(stderr, "Qt: %s\n", qPrintable(text));
-    if (type != QtDebugMsg && type != QtInfoMsg) {
+    const bool isPlatformLimit = text.startsWith("This plugin does not support ");
+    if (type != QtDebugMsg && type != QtInfoMsg && !isPlatformLimit) {
         ADD_FAILURE() << "Qt warned: " << text.toStdString();
     }
 }
