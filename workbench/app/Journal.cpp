@@ -18,8 +18,8 @@ namespace {
 constexpr int kMostLines = 200000;
 constexpr int kMostCharacters = 16 << 20;
 constexpr int kLongestLine = 2000;      // a line without an end would stop the view
-constexpr int kPieceSize = 1 << 14;     // characters that go into the document at once
-constexpr int kPieceAtATime = 1 << 17;  // between two turns of the event loop
+constexpr int kPieceSize = 1 << 13;     // characters that go into the document at once
+constexpr int kPieceAtATime = 1 << 15;  // between two turns of the event loop
 
 struct Mark {
     kernel::Severity severity;

@@ -39,6 +39,13 @@ ScriptEditor::ScriptEditor(kernel::Session& session, Journal& journal, QTextDocu
     recallSizes();
 }
 
+void ScriptEditor::closeEvent(QCloseEvent* event)
+{
+    QWidget::closeEvent(event);
+    // The keyboard goes back to the main window, which without a window manager nobody else sees to.
+    parentWidget()->activateWindow();
+}
+
 QWidget* ScriptEditor::makeButtons()
 {
     const struct {

@@ -30,6 +30,9 @@ signals:
     /// Run was chosen. The text is not empty.
     void RunAsked(const QString& text);
 
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
 private slots:
     void Relay(const QString& text);
     void ClearJournal();

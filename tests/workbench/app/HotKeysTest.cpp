@@ -8,6 +8,7 @@
 
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QSpinBox>
 
 #include <maya/MPxContext.h>
 
@@ -193,8 +194,13 @@ TEST_F(HotKeys, AreNotForTextFields)
     type(field, "wa");
     pressKey(field, Qt::Key_Period, Qt::AltModifier);
     EXPECT_EQ(field->text(), "wa");
+    auto* const time = window().findChild<QSpinBox*>("currentTime");
+    time->setFocus();
+    ASSERT_EQ(QApplication::focusWidget(), time);
+    pressKey(time, Qt::Key_Period, Qt::AltModifier);
+    pressKey(time, Qt::Key_Escape);
     EXPECT_TRUE(echoed.empty());
-    field->clearFocus();
+    time->clearFocus();
     press(Qt::Key_W);
     EXPECT_EQ(value("currentCtx"), "moveSuperContext");
 }

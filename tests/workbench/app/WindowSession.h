@@ -38,7 +38,7 @@ public:
 /// What the event loop does with what is due now and what that makes due.
 inline void turnEventLoop()
 {
-    for (int turn = 0; turn < 50; ++turn) {
+    for (int turn = 0; turn < 200; ++turn) {
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
