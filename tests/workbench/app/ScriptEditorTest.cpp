@@ -151,7 +151,7 @@ TEST_F(ScriptEditor, IndentsLines)
     input()->setPlainText("a\n    b\n\tc\nd");
     QTextCursor cursor(input()->document());
     cursor.setPosition(1);
-    cursor.setPosition(10, QTextCursor::KeepAnchor);  // up to the beginning of the last line
+    cursor.setPosition(11, QTextCursor::KeepAnchor);  // up to the beginning of the last line
     input()->setTextCursor(cursor);
     press(Qt::Key_Tab);
     EXPECT_EQ(input()->toPlainText(), "\ta\n\t    b\n\t\tc\nd");
