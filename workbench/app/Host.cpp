@@ -2,6 +2,7 @@
 
 #include "api/HostApi.h"
 #include "app/FramingCommand.h"
+#include "app/RepeatCommand.h"
 #include "app/ViewCommands.h"
 #include "kernel/Syntax.h"
 #include "mel/Builtins.h"
@@ -45,6 +46,7 @@ Host::Host(const HostOptions& options) : m_session(std::make_unique<kernel::Sess
     api::installHostApi(*m_session);
     registerViewCommands(*m_session);
     registerFramingCommand(*m_session);
+    registerRepeatCommand(*m_session);
     registerQuit();
     mel::loadOptionVars(*m_session);
     m_savedOptionVars = mel::optionVarScript(*m_session);

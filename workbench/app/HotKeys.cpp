@@ -1,7 +1,6 @@
 #include "app/HotKeys.h"
 
 #include "api/Tools.h"
-#include "app/LastAction.h"
 #include "mel/builtins/Quoting.h"
 
 #include <QKeyEvent>
@@ -33,8 +32,8 @@ const HotKeys::Row HotKeys::kRows[] = {
     {Qt::ALT | Qt::Key_Comma, "currentTime (`currentTime -q` - `playbackOptions -q -by`)", nullptr, true},
 };
 
-HotKeys::HotKeys(kernel::Session& session, const LastAction& lastAction, std::function<bool(const std::string&)> run)
-    : m_session(session), m_lastAction(lastAction), m_run(std::move(run))
+HotKeys::HotKeys(kernel::Session& session, std::function<bool(const std::string&)> run)
+    : m_session(session), m_run(std::move(run))
 {
     m_callback = m_session.events.add("PostToolChanged", [this] {
         // Select, move, rotate and scale, which have keys, are the host's own and have no context object.
@@ -87,7 +86,7 @@ std::string HotKeys::lastTool() const
 
 std::string HotKeys::lastAction() const
 {
-    return m_lastAction.text();
+    return m_session.lastAction;
 }
 
 }  // namespace app

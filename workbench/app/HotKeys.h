@@ -9,13 +9,11 @@ class QKeyEvent;
 
 namespace app {
 
-class LastAction;
-
 /// The keys of the main window that stand for a script text.
 class HotKeys {
 public:
     /// run: executes a text as a user's action.
-    HotKeys(kernel::Session& session, const LastAction& lastAction, std::function<bool(const std::string&)> run);
+    HotKeys(kernel::Session& session, std::function<bool(const std::string&)> run);
     ~HotKeys();
     HotKeys(const HotKeys&) = delete;
     HotKeys& operator=(const HotKeys&) = delete;
@@ -32,7 +30,6 @@ private:
     std::string lastAction() const;
 
     kernel::Session& m_session;
-    const LastAction& m_lastAction;
     const std::function<bool(const std::string&)> m_run;
     std::string m_lastTool;  ///< the last one that has no key of its own; empty when there was none
     unsigned m_callback;

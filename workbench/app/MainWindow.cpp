@@ -6,7 +6,6 @@
 #include "app/FileActions.h"
 #include "app/HotKeys.h"
 #include "app/IdleRunner.h"
-#include "app/LastAction.h"
 #include "app/MessageLine.h"
 #include "app/ScriptShell.h"
 #include "app/TimeField.h"
@@ -67,8 +66,7 @@ MainWindow::MainWindow(Host& host) : m_host(host), m_session(host.session())
     m_session.script().setGlobalString("gMainWindow", "MayaWindow");
     const auto run = [this](const std::string& text) { return runAction(text); };
     m_scripts = std::make_unique<ScriptShell>(m_session, this, run);
-    m_lastAction = std::make_unique<LastAction>(m_session);
-    m_hotKeys = std::make_unique<HotKeys>(m_session, *m_lastAction, run);
+    m_hotKeys = std::make_unique<HotKeys>(m_session, run);
     m_files = new FileActions(m_session, this, run);
     buildViews();
     buildLines();
@@ -281,7 +279,7 @@ bool MainWindow::runAction(const std::string& text)
 
 bool MainWindow::runRepeatable(const std::string& text)
 {
-    m_lastAction->note(text);
+    m_session.lastAction = text;
     return runAction(text);
 }
 

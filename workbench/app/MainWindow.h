@@ -26,7 +26,6 @@ class CommandPorts;
 class FileActions;
 class HotKeys;
 class IdleRunner;
-class LastAction;
 class MessageLine;
 class ScriptShell;
 class TimeField;
@@ -87,7 +86,6 @@ private:
     kernel::Session& m_session;
     std::unique_ptr<view::Viewports> m_viewports;
     std::unique_ptr<ScriptShell> m_scripts;
-    std::unique_ptr<LastAction> m_lastAction;
     std::unique_ptr<HotKeys> m_hotKeys;
     std::unique_ptr<WindowCommands> m_commands;
     std::unique_ptr<CommandPorts> m_ports;

@@ -40,7 +40,8 @@ public:
     UndoQueue undo;
     Scene scene;
     std::map<std::string, Value> optionVars;
-    int commandDepth = 0;  ///< commands running inside one another right now
+    std::string lastAction;  ///< script text of what the user last did that can be done again; empty for nothing
+    int commandDepth = 0;    ///< commands running inside one another right now
 
     bool hasScript() const { return m_script != nullptr; }
     void setScript(std::unique_ptr<ScriptEngine> script) { m_script = std::move(script); }
