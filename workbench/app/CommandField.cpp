@@ -4,8 +4,8 @@
 
 namespace app {
 
-CommandField::CommandField(std::function<bool(const std::string&)> run, QWidget* parent)
-    : QLineEdit(parent), m_run(std::move(run))
+CommandField::CommandField(CommandHistory& history, std::function<bool(const std::string&)> run, QWidget* parent)
+    : QLineEdit(parent), m_run(std::move(run)), m_history(history), m_walk(history, HistoryWalk::Texts::OneLine)
 {
     setObjectName("commandField");
     setPlaceholderText(tr("Script command"));
@@ -20,10 +20,8 @@ void CommandField::Run()
     if (line.isEmpty()) {
         return;
     }
-    if (m_history.isEmpty() || m_history.last() != line) {
-        m_history << line;
-    }
-    m_at = m_history.size();
+    m_history.add(line);
+    m_walk.reset();
     clear();
     m_run(line.toStdString());
 }
@@ -31,20 +29,15 @@ void CommandField::Run()
 void CommandField::keyPressEvent(QKeyEvent* event)
 {
     switch (event->key()) {
-    case Qt::Key_Up: recall(-1); break;
-    case Qt::Key_Down: recall(1); break;
+    case Qt::Key_Up: setText(m_walk.walk(1, text())); break;
+    case Qt::Key_Down: setText(m_walk.walk(-1, text())); break;
     case Qt::Key_Escape:
+        m_walk.reset();
         clear();
         clearFocus();
         break;
     default: QLineEdit::keyPressEvent(event);
     }
-}
-
-void CommandField::recall(int step)
-{
-    m_at = qBound(0, m_at + step, m_history.size());
-    setText(m_history.value(m_at));
 }
 
 }  // namespace app

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/CommandHistory.h"
+
 #include <QLineEdit>
 
 #include <functional>
@@ -11,8 +13,8 @@ class CommandField : public QLineEdit {
     Q_OBJECT
 
 public:
-    /// run: executes a text as a user's action.
-    explicit CommandField(std::function<bool(const std::string&)> run, QWidget* parent = nullptr);
+    /// run: executes a text as a user's action. The history outlives the field.
+    CommandField(CommandHistory& history, std::function<bool(const std::string&)> run, QWidget* parent = nullptr);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -21,11 +23,9 @@ private slots:
     void Run();
 
 private:
-    void recall(int step);
-
     const std::function<bool(const std::string&)> m_run;
-    QStringList m_history;
-    int m_at = 0;  ///< place in the history; its size for the line being typed
+    CommandHistory& m_history;
+    HistoryWalk m_walk;
 };
 
 }  // namespace app

@@ -1,6 +1,8 @@
 #include "app/Host.h"
 
 #include "api/HostApi.h"
+#include "app/FramingCommand.h"
+#include "app/RepeatCommand.h"
 #include "kernel/Syntax.h"
 #include "mel/Builtins.h"
 #include "mel/builtins/OptionVars.h"
@@ -49,6 +51,8 @@ Host::Host(const HostOptions& options)
     ui::addMenuCommand(*m_ui, *m_menuSets);
     ui::addMenuItemCommands(*m_ui);
     ui::addMenuSetCommands(*m_ui, *m_menuSets);
+    registerFramingCommand(*m_session);
+    registerRepeatCommand(*m_session);
     registerQuit();
     mel::loadOptionVars(*m_session);
     m_savedOptionVars = mel::optionVarScript(*m_session);

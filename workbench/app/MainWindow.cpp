@@ -4,9 +4,11 @@
 #include "app/CommandField.h"
 #include "app/CommandPort.h"
 #include "app/FileActions.h"
+#include "app/HotKeys.h"
 #include "app/IdleRunner.h"
 #include "app/MessageLine.h"
 #include "app/PlaybackRunner.h"
+#include "app/ScriptShell.h"
 #include "app/TimeField.h"
 #include "app/WindowCommands.h"
 #include "ui/MenuItem.h"
@@ -16,7 +18,6 @@
 #include "view/Viewport.h"
 #include "view/Viewports.h"
 
-#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFile>
@@ -25,11 +26,9 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenuBar>
-#include <QPlainTextEdit>
 #include <QStatusTipEvent>
-#include <QTextEdit>
+#include <QToolButton>
 
 namespace app {
 
@@ -64,7 +63,10 @@ MainWindow::MainWindow(Host& host) : m_host(host), m_session(host.session())
 {
     s_window = this;
     m_host.ui().setMainWindow(this);
-    m_files = new FileActions(m_session, this, [this](const std::string& text) { return runAction(text); });
+    const auto run = [this](const std::string& text) { return runAction(text); };
+    m_scripts = std::make_unique<ScriptShell>(m_session, this, run);
+    m_hotKeys = std::make_unique<HotKeys>(m_session, run);
+    m_files = new FileActions(m_session, this, run);
     buildViews();
     buildLines();
     buildMenus();
@@ -112,7 +114,7 @@ void MainWindow::buildViews()
 void MainWindow::buildLines()
 {
     const auto run = [this](const std::string& text) { return runAction(text); };
-    m_command = new CommandField(run);
+    m_command = new CommandField(m_scripts->history(), run);
     m_messages = new MessageLine(m_session.output);
     m_help = new QLabel;
     m_help->setObjectName("helpLine");
@@ -140,6 +142,7 @@ void MainWindow::buildLines()
     lines->setSpacing(4);
     lines->addWidget(m_command, 2);
     lines->addWidget(m_messages, 3);
+    lines->addWidget(m_scripts->makeButton());
     layout->addLayout(lines, 2, 0, 1, 2);
     setCentralWidget(whole);
 }
@@ -196,6 +199,12 @@ bool MainWindow::runAction(const std::string& text)
     const bool ok = m_session.script().execute(text, true, true).ok;
     ScheduleStatus();
     return ok;
+}
+
+bool MainWindow::runRepeatable(const std::string& text)
+{
+    m_session.lastAction = text;
+    return runAction(text);
 }
 
 void MainWindow::QuitAsAsked()
@@ -280,6 +289,12 @@ bool MainWindow::event(QEvent* event)
     if (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::WindowActivate) {
         ShowStatus();
     }
+    // A hot key comes as a key press, also where a menu shows it, so that filters on the window are asked first.
+    if (event->type() == QEvent::ShortcutOverride && !isTyping()
+        && HotKeys::isHotKey(*static_cast<QKeyEvent*>(event))) {
+        event->accept();
+        return true;
+    }
     if (event->type() == QEvent::StatusTip) {
         const QString tip = static_cast<QStatusTipEvent*>(event)->tip();
         showHelp(tip.isEmpty() ? QString::fromStdString(api::ToolBox::instance().helpString()) : tip);
@@ -290,45 +305,52 @@ bool MainWindow::event(QEvent* event)
 
 void MainWindow::keyPressEvent(QKeyEvent* event)
 {
-    switch (event->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Backspace:
-    case Qt::Key_Delete:
-    case Qt::Key_Escape:
-        // A field hands on the keys it has no use for; they are still not meant for the tool.
-        if (!isTyping()) {
-            finishTool(event->key());
-        }
-        break;
-    default: QMainWindow::keyPressEvent(event);
+    // A field hands on the keys it has no use for; they are still not meant for the tool.
+    if (isTyping() || !(finishTool(event->key()) || m_hotKeys->press(*event))) {
+        QMainWindow::keyPressEvent(event);
     }
 }
 
 bool MainWindow::isTyping() const
 {
+    // Fields that are written in have it, fields that only show a text do not.
     const QWidget* const focus = QApplication::focusWidget();
-    return qobject_cast<const QLineEdit*>(focus) || qobject_cast<const QAbstractSpinBox*>(focus)
-        || qobject_cast<const QTextEdit*>(focus) || qobject_cast<const QPlainTextEdit*>(focus);
+    return focus && focus->testAttribute(Qt::WA_InputMethodEnabled);
 }
 
-void MainWindow::finishTool(int key)
+bool MainWindow::finishTool(int key)
 {
-    api::ToolBox& tools = api::ToolBox::instance();
     switch (key) {
-    case Qt::Key_Escape: tools.abort(); break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter: api::ToolBox::instance().complete(); break;
+    case Qt::Key_Escape: abortTool(); break;
     case Qt::Key_Backspace:
-    case Qt::Key_Delete:
-        // The select tool, which is the host's own, deletes what it selected.
-        if (tools.current()) {
-            tools.deleteAction();
-        } else if (!m_session.scene.selection().empty()) {
-            runAction("delete");
-        }
-        break;
-    default: tools.complete();
+    case Qt::Key_Delete: deleteSelected(); break;
+    default: return false;
     }
     ScheduleStatus();
+    return true;
+}
+
+void MainWindow::abortTool()
+{
+    // While it plays, that is what the user wants to end.
+    if (m_session.events.condition("playingBack")) {
+        runAction("play -state off");
+    } else {
+        api::ToolBox::instance().abort();
+    }
+}
+
+void MainWindow::deleteSelected()
+{
+    // The select tool, which is the host's own, deletes what it selected.
+    api::ToolBox& tools = api::ToolBox::instance();
+    if (tools.current()) {
+        tools.deleteAction();
+    } else if (!m_session.scene.selection().empty()) {
+        runRepeatable("delete");
+    }
 }
 
 }  // namespace app

@@ -24,9 +24,11 @@ namespace app {
 class CommandField;
 class CommandPorts;
 class FileActions;
+class HotKeys;
 class IdleRunner;
 class PlaybackRunner;
 class MessageLine;
+class ScriptShell;
 class TimeField;
 class WindowCommands;
 
@@ -45,6 +47,8 @@ public:
     int paneCount() const;  ///< up to 4 when a script arranged the panes
     /// Runs a text as a user's action: echoed, and one undo step.
     bool runAction(const std::string& text);
+    /// The same for what the user may want again at once: it is then what is repeated.
+    bool runRepeatable(const std::string& text);
     /// Exit code for the program: what a script that quit asked for.
     int exitCode() const { return m_exitCode; }
 
@@ -66,12 +70,16 @@ private:
     void showTool();
     void showHelp(const QString& text);
     void showUndoState();
-    void finishTool(int key);
+    bool finishTool(int key);
+    void abortTool();
+    void deleteSelected();
     bool isTyping() const;
 
     Host& m_host;
     kernel::Session& m_session;
     std::unique_ptr<view::Viewports> m_viewports;
+    std::unique_ptr<ScriptShell> m_scripts;
+    std::unique_ptr<HotKeys> m_hotKeys;
     std::unique_ptr<WindowCommands> m_commands;
     std::unique_ptr<CommandPorts> m_ports;
     std::unique_ptr<IdleRunner> m_idle;

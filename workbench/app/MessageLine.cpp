@@ -1,24 +1,11 @@
 #include "app/MessageLine.h"
 
+#include "app/MessageText.h"
 #include "app/Theme.h"
 
 #include <QPainter>
 
 namespace app {
-
-namespace {
-
-QString decorated(kernel::Severity severity, const QString& text)
-{
-    switch (severity) {
-    case kernel::Severity::Result: return QObject::tr("Result: %1").arg(text);
-    case kernel::Severity::Warning: return QObject::tr("Warning: %1").arg(text);
-    case kernel::Severity::Error: return QObject::tr("Error: %1").arg(text);
-    default: return text;
-    }
-}
-
-}  // namespace
 
 MessageLine::MessageLine(kernel::Output& output, QWidget* parent) : QLabel(parent), m_output(output)
 {
@@ -48,7 +35,7 @@ void MessageLine::show(kernel::Severity severity, const std::string& text)
         return;
     }
     m_severity = severity;
-    const QString message = decorated(severity, line);
+    const QString message = messageText(severity, line);
     setText(message);
     setToolTip(message);
 }

@@ -55,4 +55,10 @@ QColor messageColour(kernel::Severity severity)
     }
 }
 
+QColor messageTextColour(kernel::Severity severity)
+{
+    const QColor colour = messageColour(severity);
+    return severity == kernel::Severity::Error ? colour.lighter(125) : colour;
+}
+
 }  // namespace app

@@ -13,5 +13,7 @@ void applyTheme(QApplication& application);
 
 /// Colour of a message of that kind on the window's ground.
 QColor messageColour(kernel::Severity severity);
+/// The same for letters on the ground of text fields, which the colour of errors is too dark for.
+QColor messageTextColour(kernel::Severity severity);
 
 }  // namespace app

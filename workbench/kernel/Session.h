@@ -45,6 +45,7 @@ public:
     Scene scene;
     Playback playback{*this};
     std::map<std::string, Value> optionVars;
+    std::string lastAction;  ///< script text of what the user last did that can be done again; empty for nothing
     /// To be called by whoever changed, added or removed one.
     void tellOptionVarChanged(const std::string& name)
     {

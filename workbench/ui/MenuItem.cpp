@@ -56,8 +56,11 @@ void MenuItem::Run()
         m_ui.session().output.error("menuItem: Python scripts cannot be run");
         return;
     }
-    m_ui.runScript(isCheckable() ? withState(script.text, isChecked()) : script.text,
-                   script.isEchoed ? Echo::Yes : Echo::No);
+    const std::string text = isCheckable() ? withState(script.text, isChecked()) : script.text;
+    if (script.isRepeatable && !text.empty()) {
+        m_ui.session().lastAction = text;
+    }
+    m_ui.runScript(text, script.isEchoed ? Echo::Yes : Echo::No);
 }
 
 }  // namespace ui

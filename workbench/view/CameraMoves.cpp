@@ -8,6 +8,7 @@ namespace view {
 namespace {
 
 constexpr double kNearest = 0.01;
+constexpr int kFineHeight = 1 << 16;  // of a port that only has the right proportions
 
 struct Axes {
     kernel::Vector3 right;
@@ -30,6 +31,16 @@ Axes axesOf(const kernel::Vector3& degrees)
 kernel::Vector3 along(const kernel::Vector3& from, const kernel::Vector3& direction, double distance)
 {
     return {from.x + direction.x * distance, from.y + direction.y * distance, from.z + direction.z * distance};
+}
+
+double dot(const kernel::Vector3& a, const kernel::Vector3& b)
+{
+    return a.x * b.x + a.y * b.y + a.z * b.z;
+}
+
+kernel::Vector3 difference(const kernel::Vector3& a, const kernel::Vector3& b)
+{
+    return {a.x - b.x, a.y - b.y, a.z - b.z};
 }
 
 void setNumber(kernel::Node& node, const char* name, double number)
@@ -69,6 +80,35 @@ CameraPose dollied(const CameraPose& pose, double factor, bool orthographic)
     }
     moved.interest = std::max(kNearest, pose.interest * factor);
     moved.translate = along(pose.translate, axesOf(pose.rotate).back, moved.interest - pose.interest);
+    return moved;
+}
+
+CameraPose framed(const CameraPose& pose, const Box& box, Lens lens, double portAspect, double fill)
+{
+    lens.panZoom = false;
+    const Frustum frustum = frustumOf(lens, int(std::lround(kFineHeight * portAspect)), kFineHeight);
+    const Axes axes = axesOf(pose.rotate);
+    const kernel::Vector3 centre = box.centre();
+    const double halfWidth = fill * frustum.width() / 2, halfHeight = fill * frustum.height() / 2;
+    double widen = 0;     // how many times the picture must be as wide
+    double distance = 0;  // from which a corner just fits
+    for (const kernel::Vector3& corner : box.corners()) {
+        const kernel::Vector3 arm = difference(corner, centre);
+        const double nearer = dot(arm, axes.back);
+        const double outward =
+            std::max(std::abs(dot(arm, axes.right)) / halfWidth, std::abs(dot(arm, axes.up)) / halfHeight);
+        widen = std::max(widen, outward);
+        distance = std::max(distance, nearer + frustum.nearPlane * std::max(outward, 1.0));
+    }
+    if (!lens.orthographic) {
+        CameraPose moved = pose;
+        moved.interest = std::max(kNearest, distance);
+        moved.translate = along(centre, axes.back, moved.interest);
+        return moved;
+    }
+    const kernel::Vector3 offset = difference(centre, pose.translate);
+    CameraPose moved = tracked(pose, dot(offset, axes.right), dot(offset, axes.up));
+    moved.orthographicWidth = widen > 0 ? pose.orthographicWidth * widen : pose.orthographicWidth;
     return moved;
 }
 

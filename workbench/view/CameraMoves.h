@@ -1,6 +1,8 @@
 #pragma once
 
 #include "kernel/Scene.h"
+#include "view/Bounds.h"
+#include "view/CameraMath.h"
 
 namespace view {
 
@@ -18,6 +20,11 @@ CameraPose orbited(const CameraPose& pose, double across, double up);
 CameraPose tracked(const CameraPose& pose, double right, double up);
 /// Comes nearer (factor below 1) or goes away; an orthographic camera changes its width instead.
 CameraPose dollied(const CameraPose& pose, double factor, bool orthographic);
+
+/// Looks the same way, at the middle of a box that fills `fill` (above 0, at most 1) of the picture in the direction in
+/// which it is larger. box: in the space the pose is in. A shift or zoom of the picture itself does not count. An
+/// orthographic camera keeps its depth and changes its width.
+CameraPose framed(const CameraPose& pose, const Box& box, Lens lens, double portAspect, double fill);
 
 CameraPose poseOf(const kernel::Node& cameraShape);
 /// Writes a pose back, without undo. Locked attributes stay as they are. Looking around with a startup camera does not

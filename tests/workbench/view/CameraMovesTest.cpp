@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 using view::CameraPose;
@@ -83,6 +84,37 @@ TEST_F(CameraMoves, DollyingComesNearerOrNarrowsAFlatView)
     apply(top, view::dollied(view::poseOf(top), 2, true));
     EXPECT_DOUBLE_EQ(top.number("orthographicWidth"), 60);
     EXPECT_DOUBLE_EQ(top.parent()->number("translateY"), 1000.1);
+}
+
+TEST_F(CameraMoves, FramingFitsABoxIntoThePictureWithoutTurning)
+{
+    const view::Box boxes[] = {{{-1, 0, -1}, {1, 2, 1}}, {{40, -3, 7}, {41, 30, 8}}, {{-500, -1, -1}, {500, 1, 1}}};
+    const int ports[][2] = {{640, 360}, {300, 900}};
+    for (const char* name : {"persp", "top", "side"}) {
+        kernel::Node& shape = camera(name);
+        for (const view::Box& box : boxes) {
+            for (const auto& port : ports) {
+                const CameraPose before = view::poseOf(shape);
+                const double aspect = double(port[0]) / port[1];
+                apply(shape, view::framed(before, box, view::lensOf(shape), aspect, 0.8));
+                EXPECT_EQ(view::poseOf(shape).rotate, before.rotate);
+                const api::ViewMatrices matrices = view::matricesOf(shape, port[0], port[1]);
+                const bool isFlat = matrices.projection.m[3][3] == 1;
+                double outmost = 0;
+                for (const kernel::Vector3& corner : box.corners()) {
+                    const kernel::Vector3 eye = kernel::transformPoint(corner, matrices.view);
+                    const kernel::Vector3 clip = kernel::transformPoint(eye, matrices.projection);
+                    const double w = isFlat ? 1 : -eye.z;
+                    outmost = std::max({outmost, std::abs(clip.x / w), std::abs(clip.y / w)});
+                    EXPECT_LT(eye.z, 0) << "in front of the camera";
+                }
+                EXPECT_NEAR(outmost, 0.8, 0.001) << name << ' ' << port[0];
+                if (!isFlat) {
+                    EXPECT_LT(distance(interestOf(shape), box.centre()), 1e-6) << "and turns around it";
+                }
+            }
+        }
+    }
 }
 
 TEST_F(CameraMoves, OnlyCamerasOfTheScenesOwnMakeItCountAsChanged)

@@ -1,0 +1,242 @@
+#include "app/HotKeys.h"
+
+#include "api/Tools.h"
+#include "support/QtPrint.h"
+#include "view/Viewport.h"
+#include "view/Viewports.h"
+#include "workbench/app/WindowSession.h"
+
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QSpinBox>
+
+#include <maya/MPxContext.h>
+
+namespace {
+
+class LoggingTool : public MPxContext {
+public:
+    explicit LoggingTool(QStringList& log) : m_log(log) {}
+    void abortAction() override { m_log << "abort"; }
+
+private:
+    QStringList& m_log;
+};
+
+class HotKeys : public testing::Test {
+protected:
+    HotKeys()
+    {
+        session().output.addListener([this](kernel::Severity severity, const std::string& text) {
+            if (severity == kernel::Severity::Echo) {
+                echoed.push_back(text);
+            }
+        });
+    }
+
+    kernel::Session& session() { return m_run.host->session(); }
+    app::MainWindow& window() { return *m_run.window; }
+    bool run(const std::string& text) { return m_run.host->run(text); }
+    std::string value(const std::string& text) { return m_run.value(text); }
+    view::Viewport* view() { return window().viewports().active(); }
+    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) { pressKey(view(), key, modifiers); }
+    void hold(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        pressKey(view(), key, modifiers);
+        pressKey(view(), key, modifiers, {}, true);
+        pressKey(view(), key, modifiers, {}, true);
+    }
+
+    QTemporaryDir m_prefs;
+    WindowSession m_run{m_prefs.path()};
+    std::vector<std::string> echoed;
+};
+
+}  // namespace
+
+TEST_F(HotKeys, ChooseTheHostsToolsAndTheLastOther)
+{
+    press(Qt::Key_Y);
+    EXPECT_TRUE(echoed.empty()) << "there was no other tool yet";
+    QStringList log;
+    api::ToolBox& tools = api::ToolBox::instance();
+    const std::string pen = tools.add("penCtx", "", new LoggingTool(log));
+    ASSERT_TRUE(run("setToolTo " + pen));
+
+    const struct {
+        int key;
+        std::string tool;
+    } cases[] = {
+        {Qt::Key_W, "moveSuperContext"},  {Qt::Key_E, "RotateSuperContext"}, {Qt::Key_Y, pen},
+        {Qt::Key_R, "scaleSuperContext"}, {Qt::Key_Q, "selectSuperContext"}, {Qt::Key_Y, pen},
+    };
+    for (const auto& c : cases) {
+        press(c.key);
+        EXPECT_EQ(value("currentCtx"), c.tool);
+    }
+    EXPECT_EQ(echoed.front(), "setToolTo $gMove");
+    tools.removeOf("penCtx");
+    echoed.clear();
+    press(Qt::Key_Y);
+    EXPECT_TRUE(echoed.empty()) << "the tool is gone";
+}
+
+TEST_F(HotKeys, UndoAndRedoStepByStepWhileHeld)
+{
+    run("createNode transform -n a");
+    run("createNode transform -n b");
+    run("createNode transform -n c");
+    const auto count = [this] { return value("size(`ls -type transform a b c`)"); };
+    const struct {
+        int key;
+        int modifiers;
+        const char* left;
+    } cases[] = {
+        {Qt::Key_Z, Qt::NoModifier, "2"},      {Qt::Key_Z, Qt::ControlModifier, "1"},
+        {Qt::Key_Z, Qt::ShiftModifier, "2"},   {Qt::Key_Z, Qt::ControlModifier, "1"},
+        {Qt::Key_Y, Qt::ControlModifier, "2"}, {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, "3"},
+    };
+    for (const auto& c : cases) {
+        press(c.key, Qt::KeyboardModifiers(c.modifiers));
+        EXPECT_EQ(count(), c.left);
+    }
+    EXPECT_EQ(echoed.back(), "redo");
+    hold(Qt::Key_Z);
+    EXPECT_EQ(count(), "0");
+}
+
+TEST_F(HotKeys, RepeatTheLastActionButNotWhatStandsBetween)
+{
+    press(Qt::Key_G);
+    EXPECT_TRUE(echoed.empty());
+    run("createNode transform -n thing; select thing");
+    for (QAction* action : window().findChildren<QAction*>()) {
+        if (action->text().remove('&') == "Duplicate") {
+            action->trigger();
+        }
+    }
+    EXPECT_EQ(value("objExists thing1"), "1");
+    press(Qt::Key_A);
+    press(Qt::Key_Period, Qt::AltModifier);
+    run("createNode transform -n other");
+    run("select thing1");
+    press(Qt::Key_G);
+    EXPECT_EQ(echoed.back(), "duplicate");
+    EXPECT_EQ(value("objExists thing2"), "1");
+    hold(Qt::Key_G);
+    EXPECT_EQ(value("objExists thing3"), "1");
+    EXPECT_EQ(value("objExists thing4"), "0") << "only when pressed anew";
+    press(Qt::Key_Z);
+    EXPECT_EQ(value("objExists thing3"), "0") << "one step of its own";
+
+    press(Qt::Key_Delete);
+    EXPECT_EQ(echoed.back(), "delete") << "of what the last duplicate had left selected";
+    run("repeatLast -addCommand \"createNode transform -n again\"");
+    run("repeatLast");
+    EXPECT_EQ(value("objExists again"), "1");
+    EXPECT_TRUE(run("repeatLast -addCommand \"repeatLast\"; repeatLast")) << "not for ever";
+    EXPECT_FALSE(run("repeatLast -addCommand \"select noSuchThing\"; repeatLast"));
+}
+
+TEST_F(HotKeys, StepThroughTime)
+{
+    run("currentTime 5");
+    press(Qt::Key_Period, Qt::AltModifier);
+    EXPECT_EQ(value("currentTime -q"), "6");
+    hold(Qt::Key_Comma, Qt::AltModifier);
+    EXPECT_EQ(value("currentTime -q"), "3");
+    run("playbackOptions -by 2");
+    press(Qt::Key_Period, Qt::AltModifier);
+    EXPECT_EQ(value("currentTime -q"), "5");
+    press(Qt::Key_Period);
+    EXPECT_EQ(value("currentTime -q"), "5") << "not without Alt";
+}
+
+TEST_F(HotKeys, EscapeStopsPlaybackFirst)
+{
+    QStringList log;
+    api::ToolBox& tools = api::ToolBox::instance();
+    tools.setCurrent(tools.add("penCtx", "", new LoggingTool(log)));
+    session().events.setCondition("playingBack", true);
+    press(Qt::Key_Escape);
+    EXPECT_THAT(echoed, testing::ElementsAre("play -state off"));
+    EXPECT_TRUE(log.isEmpty());
+    session().events.setCondition("playingBack", false);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(log, QStringList("abort"));
+    tools.removeOf("penCtx");
+}
+
+TEST_F(HotKeys, FrameTheSelectionOrEverything)
+{
+    run("file -f -open \"" LUMISKETCH_SAMPLE "\"");
+    const auto interest = [this] { return view()->camera()->number("centerOfInterest"); };
+    run("select -cl");
+    press(Qt::Key_A);
+    const double all = interest();
+    press(Qt::Key_F);
+    EXPECT_DOUBLE_EQ(interest(), all) << "nothing selected: everything";
+    run("select ball");
+    press(Qt::Key_F);
+    EXPECT_LT(interest(), all);
+    EXPECT_EQ(echoed.back(), "viewFit");
+    EXPECT_FALSE(run("viewFit -fitFactor 0"));
+}
+
+TEST_F(HotKeys, AreNotForTextFields)
+{
+    view()->hide();  // there is no screen to draw it on
+    window().show();
+    QApplication::setActiveWindow(&window());
+    auto* const field = window().findChild<QLineEdit*>("commandField");
+    field->setFocus();
+    ASSERT_EQ(QApplication::focusWidget(), field);
+    type(field, "wa");
+    pressKey(field, Qt::Key_Period, Qt::AltModifier);
+    EXPECT_EQ(field->text(), "wa");
+    auto* const time = window().findChild<QSpinBox*>("currentTime");
+    time->setFocus();
+    ASSERT_EQ(QApplication::focusWidget(), time);
+    pressKey(time, Qt::Key_Period, Qt::AltModifier);
+    pressKey(time, Qt::Key_Escape);
+    EXPECT_TRUE(echoed.empty());
+    time->clearFocus();
+    press(Qt::Key_W);
+    EXPECT_EQ(value("currentCtx"), "moveSuperContext");
+}
+
+TEST_F(HotKeys, LeaveAFilterOnTheWindowTheFirstWord)
+{
+    struct Filter : QObject {
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) {
+                const auto* const key = static_cast<QKeyEvent*>(event);
+                seen << QString("%1%2").arg(key->type() == QEvent::KeyPress ? "press" : "release",
+                                            key->isAutoRepeat() ? "*" : "");
+                return eats;
+            }
+            return false;
+        }
+        QStringList seen;
+        bool eats = true;
+    } filter;
+    window().installEventFilter(&filter);
+    hold(Qt::Key_W);
+    EXPECT_EQ(filter.seen.join(' '), "press release press* release* press* release*");
+    EXPECT_EQ(value("currentCtx"), "selectSuperContext") << "the filter kept it";
+    filter.eats = false;
+    press(Qt::Key_W);
+    EXPECT_EQ(value("currentCtx"), "moveSuperContext");
+    window().removeEventFilter(&filter);
+
+    const auto isClaimed = [this](int key, Qt::KeyboardModifiers modifiers) {
+        QKeyEvent event(QEvent::ShortcutOverride, key, modifiers);
+        event.ignore();
+        QApplication::sendEvent(view(), &event);
+        return event.isAccepted();
+    };
+    EXPECT_TRUE(isClaimed(Qt::Key_Z, Qt::ControlModifier)) << "or the menu would take it from the filter";
+    EXPECT_FALSE(isClaimed(Qt::Key_S, Qt::ControlModifier));
+    EXPECT_FALSE(isClaimed(Qt::Key_P, Qt::NoModifier));
+}

@@ -1,0 +1,92 @@
+#include "app/HotKeys.h"
+
+#include "api/Tools.h"
+#include "mel/builtins/Quoting.h"
+
+#include <QKeyEvent>
+
+namespace app {
+
+struct HotKeys::Row {
+    int keys;                              ///< a key with its modifiers
+    const char* script;                    ///< null: see `made`
+    std::string (HotKeys::*made)() const;  ///< gives the script; empty when there is nothing to do
+    bool repeats;                          ///< also while it is held down
+};
+
+const HotKeys::Row HotKeys::kRows[] = {
+    {Qt::Key_Q, "setToolTo $gSelect", nullptr, false},
+    {Qt::Key_W, "setToolTo $gMove", nullptr, false},
+    {Qt::Key_E, "setToolTo $gRotate", nullptr, false},
+    {Qt::Key_R, "setToolTo $gScale", nullptr, false},
+    {Qt::Key_Y, nullptr, &HotKeys::lastTool, false},
+    {Qt::Key_Z, "undo", nullptr, true},
+    {Qt::CTRL | Qt::Key_Z, "undo", nullptr, true},
+    {Qt::SHIFT | Qt::Key_Z, "redo", nullptr, true},
+    {Qt::CTRL | Qt::Key_Y, "redo", nullptr, true},
+    {Qt::CTRL | Qt::SHIFT | Qt::Key_Z, "redo", nullptr, true},
+    {Qt::Key_G, nullptr, &HotKeys::lastAction, false},
+    {Qt::Key_F, "viewFit", nullptr, false},
+    {Qt::Key_A, "viewFit -all", nullptr, false},
+    {Qt::ALT | Qt::Key_Period, "currentTime (`currentTime -q` + `playbackOptions -q -by`)", nullptr, true},
+    {Qt::ALT | Qt::Key_Comma, "currentTime (`currentTime -q` - `playbackOptions -q -by`)", nullptr, true},
+};
+
+HotKeys::HotKeys(kernel::Session& session, std::function<bool(const std::string&)> run)
+    : m_session(session), m_run(std::move(run))
+{
+    m_callback = m_session.events.add("PostToolChanged", [this] {
+        // Select, move, rotate and scale, which have keys, are the host's own and have no context object.
+        const api::ToolBox& tools = api::ToolBox::instance();
+        if (tools.current()) {
+            m_lastTool = tools.currentName();
+        }
+    });
+}
+
+HotKeys::~HotKeys()
+{
+    m_session.events.remove(m_callback);
+}
+
+const HotKeys::Row* HotKeys::rowOf(const QKeyEvent& event)
+{
+    const int keys = event.key() | int(event.modifiers() & ~Qt::KeypadModifier);
+    for (const Row& row : kRows) {
+        if (row.keys == keys) {
+            return &row;
+        }
+    }
+    return nullptr;
+}
+
+bool HotKeys::isHotKey(const QKeyEvent& event)
+{
+    return rowOf(event) != nullptr;
+}
+
+bool HotKeys::press(const QKeyEvent& event)
+{
+    const Row* const row = rowOf(event);
+    if (!row) {
+        return false;
+    }
+    const std::string text = row->script ? row->script : (this->*row->made)();
+    if (!text.empty() && (row->repeats || !event.isAutoRepeat())) {
+        m_run(text);
+    }
+    return true;
+}
+
+std::string HotKeys::lastTool() const
+{
+    // Its module may be gone since.
+    return api::ToolBox::instance().exists(m_lastTool) ? "setToolTo " + mel::quoted(m_lastTool) : std::string();
+}
+
+std::string HotKeys::lastAction() const
+{
+    return m_session.lastAction;
+}
+
+}  // namespace app
