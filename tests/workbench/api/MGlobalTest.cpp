@@ -73,6 +73,16 @@ TEST_F(MGlobalTest, RunsIdleCommandsLaterInOrderEachAStepOfItsOwn)
     EXPECT_FALSE(session().scene.findOrNull("second"));
 }
 
+TEST_F(MGlobalTest, IdleCommandsAndDeferredTextsWaitInOneLine)
+{
+    MGlobal::executeCommandOnIdle("print 2");
+    session().script().execute("evalDeferred \"print 3\"; evalDeferred -low \"print 5\"; evalDeferred -en \"print 1\"",
+                               false, true);
+    MGlobal::executeCommandOnIdle("print 4");
+    host().drainIdle();
+    EXPECT_EQ(said(kernel::Severity::Plain), (std::vector<std::string>{"1", "2", "3", "4", "5"}));
+}
+
 TEST_F(MGlobalTest, AdjustsTheSelection)
 {
     ASSERT_TRUE(run("createNode \"transform\" -n \"a\"; createNode \"transform\" -n \"b\"; select -clear;"));

@@ -159,6 +159,10 @@ TEST(Language, StatementsControlTheFlow)
         {"print {\"a\", \"b\"};", "a\nb\n"},
         {"int $n = 3; int $n; print $n;", "3"},
         {";;{};", ""},
+        {"catchQuiet(eval(\"print 1; error x; print 2\")); print 3;", "13"},
+        {"global proc run(string $t) { eval $t; print 2; } run(\"global proc run(string $t) { print 3; } print 1\"); "
+         "run(4);",
+         "123"},
     });
 }
 

@@ -167,6 +167,10 @@ TEST_F(ScriptJobTest, ConditionsOfScriptsFollowWhatTheyDependOn)
     EXPECT_EQ(host.eval("isTrue cold"), "1");
     EXPECT_EQ(idleOutput("condition -e -st off cold"), "warm");
 
+    host.run("condition -s \"condition -del brief; 1\" -d timeChanged brief;");
+    EXPECT_EQ(idleOutput("currentTime 9"), "");
+    EXPECT_EQ(host.error("isTrue brief"), "isTrue: Unknown condition: brief") << "its own script removed it";
+
     EXPECT_EQ(host.error("condition cold"), "Object's name 'cold' is not unique.");
     EXPECT_EQ(host.error("condition -d nonsense x"), "condition: Unknown event or condition: nonsense");
     EXPECT_EQ(host.error("condition -e -st on playingBack"),
