@@ -270,6 +270,8 @@ TEST_F(LayerCommandTest, TheFirstModeInOrderOfPrecedenceIsTaken)
 {
     EXPECT_EQ(evaluate(layer("-qs 0 -qn 0 -es 1 0 -cnt -da persp")), Value(3));
     EXPECT_EQ(evaluate(layer("-qs 0 -qo 0 -qn 0 persp")), Value(std::string("A")));
+    EXPECT_EQ(evaluate(layer("-qn 0 -qn 1 persp")), Value(std::string("B"))) << "the last of a doubled flag";
+    EXPECT_EQ(evaluate(layer("-cnt top persp")), Value(2)) << "the first camera";
     EXPECT_EQ(evaluate(layer("-da -del 1 -mv 0 1 persp")), Value());
     EXPECT_EQ(stack("persp"), "A C*");
 }
