@@ -10,7 +10,7 @@
 #include "settings/Preferences.h"
 #include "settings/ScriptBridge.h"
 
-#include <maya/MArgList.h>
+#include <maya/MArgDatabase.h>
 
 namespace {
 

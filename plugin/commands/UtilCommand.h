@@ -1,6 +1,6 @@
 #pragma once
 
-#include <maya/MArgDatabase.h>
+#include <maya/MArgList.h>
 #include <maya/MPxCommand.h>
 #include <maya/MSyntax.h>
 

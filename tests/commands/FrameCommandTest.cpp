@@ -361,20 +361,34 @@ TEST_F(FrameCommandTest, RefusesNumbersOutsideTheRangeAndChangesNothing)
     EXPECT_EQ(now(), 1);
 }
 
-TEST_F(FrameCommandTest, FramesThatShareANumberInASlowerTimeUnitAllComeBack)
+TEST_F(FrameCommandTest, FramesBetweenTwoOfASlowerTimeUnitComeBackWhereTheyWere)
 {
     run("currentUnit -t film");
-    keyed("persp", "A", {2, 3, 4});
+    keyed("persp", "A", {3, 4, 5});
     run("currentUnit -t \"12fps\"");
-    ASSERT_EQ(keys(), (Keys{1, 1, 2}));
-    for (const char* arguments : {"-del", "-cut", "-clr", "-retime 4", "-move 5 1 1"}) {
-        goTo(1);
+    ASSERT_EQ(keys(), (Keys{1, 2, 2}));
+    for (const char* arguments : {"-del", "-cut", "-clr", "-pst", "-retime 4", "-move 5 1 1", "-move 5 1 2"}) {
+        goTo(2);
         runAndRewind(frame(arguments));
         run("undo");
         run("currentUnit -t film");
-        EXPECT_EQ(keys(), (Keys{2, 3, 4})) << arguments;
+        EXPECT_EQ(keys(), (Keys{3, 4, 5})) << arguments;
         run("currentUnit -t \"12fps\"");
     }
+}
+
+TEST_F(FrameCommandTest, OfCopiesThatComeToShareANumberTheFirstIsPasted)
+{
+    run("currentUnit -t film");
+    keyed("persp", "A", {2, 3});
+    const QString first = picture(2);
+    highlight(2, 4);
+    run(frame("-copy"));
+    run("currentUnit -t \"12fps\"");
+    highlight(40, 41);
+    runAndRewind(frame("-paste"));
+    EXPECT_EQ(keys(), (Keys{1, 1, 40}));
+    EXPECT_EQ(picture(40), first);
 }
 
 TEST_F(FrameCommandTest, WorksOnTheActiveViewsCameraUnlessOneIsNamed)

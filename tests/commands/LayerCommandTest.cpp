@@ -57,15 +57,17 @@ TEST_F(LayerCommandTest, AddsANamedLayerOnTopAndMakesItActive)
     EXPECT_THAT(errors(), IsEmpty());
 }
 
-TEST_F(LayerCommandTest, UndoOfAnAdditionOnAnotherCameraGivesBothCamerasTheirActiveLayers)
+TEST_F(LayerCommandTest, UndoGivesEveryCameraItsActiveLayerAgain)
 {
     drawing().setActiveLayer("top", 0, false);
-    run(layer("-add -ls 0 -n Z top"));
-    EXPECT_EQ(stack("top"), "X Y Z*");
-    run("undo");
-    EXPECT_EQ(stack("top"), "X* Y");
-    EXPECT_EQ(stack("persp"), "A B C*");
-    EXPECT_EQ(drawing().currentCamera(), "persp");
+    for (const char* arguments : {"-add -ls 0 top", "-del 0 top", "-da top", "-mva top persp", "-mva persp top",
+                                  "-nc top -mv 2 -1 persp", "-nc persp -mv 0 1 top", "-e -act 1 top"}) {
+        runAndRewind(layer(arguments));
+        run("undo");
+        EXPECT_EQ(stack("top"), "X* Y") << arguments;
+        EXPECT_EQ(stack("persp"), "A B C*") << arguments;
+        EXPECT_EQ(drawing().currentCamera(), "persp") << arguments;
+    }
 }
 
 TEST_F(LayerCommandTest, AnAdditionWithoutStateAndAnInsertionLeaveTheLayerAndFail)
@@ -134,10 +136,10 @@ TEST_F(LayerCommandTest, MovesALayerWithinItsCamera)
         {"-mv 2 -5 persp", "C* A B", 0}, {"-mv 1 2147483647 persp", "A C* B", 2},
     };
     for (const auto& c : cases) {
-        EXPECT_EQ(evaluate(layer(c.arguments)), Value(c.landing)) << c.arguments;
-        run("undo");
         runAndRewind(layer(c.arguments));
         EXPECT_EQ(stack("persp"), c.stack) << c.arguments;
+        run("undo");
+        EXPECT_EQ(evaluate(layer(c.arguments)), Value(c.landing)) << c.arguments;
         run("undo");
     }
     EXPECT_THAT(errors(), IsEmpty());
@@ -157,14 +159,14 @@ TEST_F(LayerCommandTest, MovesALayerToAnotherCamera)
         {"-nc persp -mv 1 1 top", "A Y B C*", "X*", "persp", 1},         // another camera's
     };
     for (const auto& c : cases) {
-        EXPECT_EQ(evaluate(layer(c.arguments)), Value(c.landing)) << c.arguments;
-        run("undo");
         runAndRewind(layer(c.arguments));
         EXPECT_EQ(stack("persp"), c.persp) << c.arguments;
         EXPECT_EQ(stack("top"), c.top) << c.arguments;
         EXPECT_EQ(drawing().currentCamera(), c.current) << c.arguments;
         run("undo");
         EXPECT_EQ(drawing().currentCamera(), "persp") << c.arguments;
+        EXPECT_EQ(evaluate(layer(c.arguments)), Value(c.landing)) << c.arguments;
+        run("undo");
     }
     EXPECT_THAT(errors(), IsEmpty());
 }
@@ -268,6 +270,8 @@ TEST_F(LayerCommandTest, TheFirstModeInOrderOfPrecedenceIsTaken)
 {
     EXPECT_EQ(evaluate(layer("-qs 0 -qn 0 -es 1 0 -cnt -da persp")), Value(3));
     EXPECT_EQ(evaluate(layer("-qs 0 -qo 0 -qn 0 persp")), Value(std::string("A")));
+    EXPECT_EQ(evaluate(layer("-qn 0 -qn 1 persp")), Value(std::string("B"))) << "the last of a doubled flag";
+    EXPECT_EQ(evaluate(layer("-cnt top persp")), Value(2)) << "the first camera";
     EXPECT_EQ(evaluate(layer("-da -del 1 -mv 0 1 persp")), Value());
     EXPECT_EQ(stack("persp"), "A C*");
 }
