@@ -123,9 +123,6 @@ void TransformContext::dragTo(const QPoint& position, bool shift)
 
 MStatus TransformContext::doRelease(MEvent&)
 {
-    if (m_drag == Drag::Select) {
-        m_span = normalised(m_span);
-    }
     m_drag = Drag::None;
     return MStatus::kSuccess;
 }

@@ -23,12 +23,6 @@ double signedScale(float scale, bool flipped)
 
 }  // namespace
 
-ViewSpan normalised(const ViewSpan& span)
-{
-    return {QPoint(std::min(span.start.x(), span.end.x()), std::max(span.start.y(), span.end.y())),
-            QPoint(std::max(span.start.x(), span.end.x()), std::min(span.start.y(), span.end.y()))};
-}
-
 QRect canvasRegion(const QPoint& corner, const QPoint& opposite)
 {
     const QPoint topLeft(std::min(corner.x(), opposite.x()), std::min(corner.y(), opposite.y()));

@@ -14,9 +14,6 @@ struct ViewSpan {
     QPoint end;
 };
 
-/// The same rectangle from its upper left corner to its lower right one.
-ViewSpan normalised(const ViewSpan& span);
-
 /// The canvas pixels from one corner to the other, both included, in whichever order. May reach over the canvas, but by
 /// no more than its side: what a tiny canvas in a large view selects still fits into memory.
 QRect canvasRegion(const QPoint& corner, const QPoint& opposite);

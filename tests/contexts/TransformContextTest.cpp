@@ -1,5 +1,6 @@
 #include "support/ToolFixture.h"
 
+#include "contexts/TransformContext.h"
 #include "contexts/TransformContextCommand.h"
 #include "model/Canvas.h"
 
@@ -77,6 +78,7 @@ protected:
     void enter() { api::ToolBox::instance().complete(); }
     void backspace() { api::ToolBox::instance().deleteAction(); }
     void escape() { api::ToolBox::instance().abort(); }
+    static TransformContext& tool() { return static_cast<TransformContext&>(*api::ToolBox::instance().current()); }
     std::string help() const { return api::ToolBox::instance().helpString(); }
 
     /// Selects the ink in a view, from below and right to above and left.
@@ -240,6 +242,8 @@ TEST_F(TransformContextTest, AButtonThatStartedNothingDragsNothing)
     send(api::ToolEvent::Kind::Drag, {200, 200}, api::ToolEvent::Button::Left, false);
     EXPECT_EQ(record()->region, kRegion) << "the key ended the selection";
     EXPECT_EQ(record()->translation, QPoint());
+    EXPECT_EQ(node().regionOutline().corners[0], QPointF(kInkUpperLeft));
+    EXPECT_NE(node().regionOutline().corners[2], QPointF(200, 200));
 }
 
 TEST_F(TransformContextTest, TheOutlineIsDrawnDuringADrag)
@@ -288,6 +292,12 @@ TEST_F(TransformContextTest, TakingBackLeavesNoTrace)
         {"Escape", [this] { escape(); }, "-draw"},
         {"leaving", [this] { run("setToolTo selectSuperContext"); }, ""},
         {"entering", [this] { run("setToolTo transformTool"); }, ""},
+        {"entering without leaving",
+         [] {
+             MEvent event;
+             tool().toolOnSetup(event);
+         },
+         ""},
     };
     for (const auto& way : ways) {
         run("setToolTo transformTool");
@@ -337,7 +347,9 @@ TEST_F(TransformContextTest, APressInAnotherViewStopsTheToolUntilItIsSetUpAgain)
     drag({300, 300}, {310, 300});
     views.activate(views.persp());
     drag({300, 300}, {350, 300});
+    tool().flip(&RegionTransform::flipHorizontal);
     EXPECT_EQ(record()->translation, QPoint());
+    EXPECT_EQ(record()->scaleX, 1);
     enter();
     EXPECT_THAT(commits, IsEmpty());
     run("setToolTo transformTool");
@@ -429,6 +441,16 @@ TEST_F(TransformContextTest, ATransformWhoseStrokeIsGoneOrRefusedIsTakenBack)
     EXPECT_FALSE(drawing().hasStroke());
 }
 
+TEST_F(TransformContextTest, AStrokeThatNobodyDrawsMakesWay)
+{
+    draw("top");
+    ASSERT_NE(drawing().beginStroke("top", false), nullptr);
+    enter();
+    EXPECT_EQ(record("top"), nullptr);
+    ASSERT_NE(record(), nullptr);
+    EXPECT_TRUE(record()->region.isValid());
+}
+
 TEST_F(TransformContextTest, BeginningInAnotherCamerasViewMakesItCurrent)
 {
     draw("top");
@@ -465,6 +487,8 @@ TEST_F(TransformContextTest, TheMenuOffersWhatCanBeDoneNow)
                                      "-", "Cancel"));
     backspace();
     run("file -f -new");
+    EXPECT_EQ(items(), selecting);
+    draw("persp");
     EXPECT_EQ(items(), selecting) << "another scene has nothing to paste";
 }
 
