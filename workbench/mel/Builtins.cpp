@@ -11,10 +11,9 @@ namespace {
 
 // Names the host's own scripts provide; a window gives those of its parts when it opens.
 const char* const kGlobals[][2] = {
-    {"gMainWindow", "MayaWindow"},     {"gPlayBackSlider", ""},           {"gSelect", "selectSuperContext"},
-    {"gMove", "moveSuperContext"},     {"gRotate", "RotateSuperContext"}, {"gScale", "scaleSuperContext"},
-    {"gMainPane", "viewPanes"},        {"gMainProgressBar", ""},          {"gMainFileMenu", "mainFileMenu"},
-    {"gMainEditMenu", "mainEditMenu"},
+    {"gMainWindow", "MayaWindow"}, {"gPlayBackSlider", ""},           {"gSelect", "selectSuperContext"},
+    {"gMove", "moveSuperContext"}, {"gRotate", "RotateSuperContext"}, {"gScale", "scaleSuperContext"},
+    {"gMainPane", "viewPanes"},    {"gMainProgressBar", ""},
 };
 
 }  // namespace

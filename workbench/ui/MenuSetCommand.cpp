@@ -66,6 +66,12 @@ void removeMenu(Target& target, const ValueList& values)
     }
 }
 
+void moveMenu(Target& target, const ValueList& values)
+{
+    removeMenu(target, values);
+    insertMenu(target, values);
+}
+
 kernel::StringArray menuNames(const Target& target)
 {
     kernel::StringArray names;
@@ -92,7 +98,7 @@ const std::vector<ObjectFlag<Target>>& flags()
          [](Target& t, const ValueList& v) { t.sets.setLabel(t.set, kernel::toText(v.front())); }},
         {{"addMenu", "am", "s"}, nullptr, insertMenu},
         {{"insertMenu", "im", "si"}, nullptr, insertMenu},
-        {{"moveMenu", "mm", "si"}, nullptr, insertMenu},
+        {{"moveMenu", "mm", "si"}, nullptr, moveMenu},
         {{"removeMenu", "rm", "s"}, nullptr, removeMenu},
         {{"menuArray", "ma"}, [](Target& t) -> Value { return menuNames(t); }},
         {{"numberOfMenus", "nm"}, [](Target& t) -> Value { return int(menuNames(t).size()); }},

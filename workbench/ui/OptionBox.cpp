@@ -53,9 +53,19 @@ void OptionBoxMark::place()
 
 bool OptionBoxMark::event(QEvent* event)
 {
-    // The row beside it is not what the pointer is on.
-    if (event->type() == QEvent::HoverEnter) {
+    switch (event->type()) {
+    case QEvent::HoverEnter:
+        // The row beside it is not what the pointer is on.
         m_menu.setActiveAction(nullptr);
+        break;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+        // The menu would take a click on a disabled box for one beside its rows, and close.
+        if (!isEnabled()) {
+            return true;
+        }
+        break;
+    default: break;
     }
     return QWidget::event(event);
 }
@@ -63,12 +73,11 @@ bool OptionBoxMark::event(QEvent* event)
 void OptionBoxMark::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const bool isHot = underMouse() && m_box.isEnabled();
+    const bool isHot = underMouse() && isEnabled();
     if (isHot) {
         painter.fillRect(rect().adjusted(1, 0, -1, 0), palette().color(QPalette::Highlight));
     }
-    const auto group = m_box.isEnabled() ? QPalette::Active : QPalette::Disabled;
-    painter.setPen(palette().color(group, isHot ? QPalette::HighlightedText : QPalette::WindowText));
+    painter.setPen(palette().color(isHot ? QPalette::HighlightedText : QPalette::WindowText));
     painter.drawRect((width() - kBox) / 2, (height() - kBox) / 2, kBox - 1, kBox - 1);
 }
 
@@ -80,7 +89,7 @@ void OptionBoxMark::mousePressEvent(QMouseEvent* event)
 void OptionBoxMark::mouseReleaseEvent(QMouseEvent* event)
 {
     // A drag from the menu bar may end here without a press before.
-    if (!m_box.isEnabled() || !rect().contains(event->pos())) {
+    if (!rect().contains(event->pos())) {
         return;
     }
     while (QWidget* const popup = QApplication::activePopupWidget()) {

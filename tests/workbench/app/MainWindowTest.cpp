@@ -247,7 +247,7 @@ TEST_F(MainWindow, LinesShowTheLastMessageAndTheToolsHelp)
     api::ToolBox& tools = api::ToolBox::instance();
     tools.setCurrent(tools.add("keyToolCtx", "", new KeyTool(log), nullptr));
     EXPECT_EQ(textOf("helpLine"), "Press a key.");
-    action("Sphere")->hover();
+    action("Sphere")->showStatusText(window.get());
     EXPECT_EQ(textOf("helpLine"), "Create a sphere") << "the entry under the pointer";
     QStatusTipEvent leaving{QString()};
     QApplication::sendEvent(window.get(), &leaving);

@@ -282,6 +282,7 @@ TEST(Language, FunctionsOfTextsAndArrays)
         {"match(\"(ab)+c?\", \"zababcc\");", "ababc"},
         {"match(\"[^a-c]\\\\.x\", \"b.xd.x\");", "d.x"},
         {"match(\"q\", \"abc\");", ""},
+        {"encodeString(\"a\\\"b\\\\c\\n\");", "a\\\"b\\\\c\\n"},
         {"gmatch(\"leftArm1\", \"left*?\");", "1"},
         {"gmatch(\"arm\", \"a?\");", "0"},
         {"startsWith(\"abc\", \"ab\") + endsWith(\"abc\", \"bc\") + endsWith(\"c\", \"bc\");", "2"},

@@ -63,6 +63,7 @@ TEST_F(MenuSetsTest, RefusesWhatIsNotThere)
 {
     EXPECT_EQ(errorOf("menuSet -currentMenuSet nowhere"), "menuSet: Object 'nowhere' not found.");
     EXPECT_EQ(errorOf("menuSet -addMenu nowhere"), "menuSet: Object 'nowhere' not found.");
+    EXPECT_EQ(errorOf("menuSet -moveMenu ink 0"), "menuSet: Object 'ink' not found.");
     EXPECT_EQ(errorOf("menuSet -removeMenu ink"), "menuSet: Object 'ink' not found.");
     EXPECT_EQ(errorOf("menuSet -q -menuArray nowhere"), "menuSet: Object 'nowhere' not found.");
     EXPECT_EQ(value("menuSet -q -currentMenuSet"), "modelingMenuSet");

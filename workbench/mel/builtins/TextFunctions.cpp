@@ -1,5 +1,6 @@
 #include "mel/Conversion.h"
 #include "mel/Interpreter.h"
+#include "mel/builtins/Quoting.h"
 #include "mel/builtins/Subjects.h"
 #include "mel/builtins/TextPattern.h"
 
@@ -72,6 +73,13 @@ Value match(FunctionCall& call)
     const std::string text = call.text(1);
     const auto found = TextPattern(call.text(0)).find(text);
     return found.first == std::string::npos ? std::string() : text.substr(found.first, found.second - found.first);
+}
+
+/// As it is written between quotes.
+Value encodeString(FunctionCall& call)
+{
+    const std::string text = quoted(call.text(0));
+    return text.substr(1, text.size() - 2);
 }
 
 Value globMatch(FunctionCall& call)
@@ -169,6 +177,7 @@ void addTextFunctions(Interpreter& interpreter)
     table["substring"] = {substring, 3, 3};
     table["substitute"] = {substitute, 3, 3};
     table["match"] = {match, 2, 2};
+    table["encodeString"] = {encodeString, 1, 1};
     table["gmatch"] = {globMatch, 2, 2};
     table["startsWith"] = {startsWith, 2, 2};
     table["endsWith"] = {endsWith, 2, 2};
