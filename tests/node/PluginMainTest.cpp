@@ -246,10 +246,10 @@ TEST_F(PluginMainTest, ItsScriptsCleanUpLayersAndDrawingsInStepsThatCanBeUndone)
         EXPECT_TRUE(run(cleanUp)) << "without a drawing";
     }
     EXPECT_EQ(session().undo.count(), 0u);
-    EXPECT_TRUE(run("tqLumisketchNode -l -c top; tqLumisketchLayer -add -n two persp;"
-                    "tqLumisketchLayer -add -n three persp; tqLumisketchLayer -e -active 0 persp"));
-    for (auto& e : lines())
-        puts(e.text.c_str());
+    for (const char* step : {"tqLumisketchNode -l -c top", "tqLumisketchLayer -add -n two persp",
+                             "tqLumisketchLayer -add -n three persp", "tqLumisketchLayer -e -active 0 persp"}) {
+        ASSERT_TRUE(run(step)) << step << testing::PrintToString(errors());
+    }
     const auto state = [this] {
         return value("objExists lumisketch") + ' ' + value("tqLumisketchLayer -cnt persp") + ' '
              + value("tqLumisketchLayer -cnt top");
