@@ -34,6 +34,8 @@ namespace app {
 
 namespace {
 
+constexpr int kLongestName = 40;  // of a step in the Edit menu
+
 /// The panels of the window, as the panes of its layout are counted.
 const struct {
     const char* panel;
