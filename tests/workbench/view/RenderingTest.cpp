@@ -196,3 +196,28 @@ TEST_F(Rendering, LinesRunThroughThePixelsTheyName)
         EXPECT_EQ(at(image, beside.x(), beside.y()), at(empty, beside.x(), beside.y())) << "one pixel wide";
     }
 }
+
+TEST_F(Rendering, OptionsLeaveOutWhatTheyNameAndNothingElse)
+{
+    const kernel::NodePtr shape = session.scene.makeNode(*session.nodeTypes.find("implicitSphere"), "ballShape");
+    const kernel::NodePtr ball = session.scene.makeNode(*session.nodeTypes.find("transform"), "ball");
+    session.scene.attach(ball);
+    session.scene.attach(shape, ball.get());
+    const auto shown = [this](bool view::ViewOptions::*option, bool on) {
+        view::ViewOptions options;
+        options.*option = on;
+        viewport->setOptions(options);
+        return picture(nullptr);
+    };
+    const QImage everything = shown(&view::ViewOptions::grid, true);
+    EXPECT_NE(everything, empty);
+    EXPECT_EQ(shown(&view::ViewOptions::objects, false), empty);
+    const QImage outlines = shown(&view::ViewOptions::wireframe, true);
+    EXPECT_NE(outlines, everything);
+    EXPECT_NE(outlines, empty);
+    const QImage nameless = shown(&view::ViewOptions::headsUp, false);
+    const QRect aboveTheName(0, 0, kWidth, kHeight - 30);
+    EXPECT_NE(nameless, everything);
+    EXPECT_EQ(nameless.copy(aboveTheName), everything.copy(aboveTheName));
+    EXPECT_NE(shown(&view::ViewOptions::grid, false).copy(aboveTheName), everything.copy(aboveTheName));
+}
