@@ -1,10 +1,10 @@
-#include "support/WindowFixture.h"
+#include "support/MenuFixture.h"
 
 #include <QMenuBar>
 
 namespace {
 
-class MenuCommandTest : public WindowFixture {
+class MenuCommandTest : public MenuFixture {
 protected:
     static void open(QMenu* menu) { QMetaObject::invokeMethod(menu, "aboutToShow"); }
 };

@@ -1,4 +1,4 @@
-#include "support/WindowFixture.h"
+#include "support/MenuFixture.h"
 
 #include <QActionGroup>
 #include <QApplication>
@@ -8,7 +8,7 @@
 
 namespace {
 
-class MenuItemCommandTest : public WindowFixture {
+class MenuItemCommandTest : public MenuFixture {
 protected:
     MenuItemCommandTest() { run("menu ink"); }
 

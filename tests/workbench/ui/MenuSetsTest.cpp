@@ -1,11 +1,11 @@
-#include "support/WindowFixture.h"
+#include "support/MenuFixture.h"
 #include "ui/MenuSetBox.h"
 
 #include <QMenuBar>
 
 namespace {
 
-class MenuSetsTest : public WindowFixture {
+class MenuSetsTest : public MenuFixture {
 protected:
     MenuSetsTest()
     {

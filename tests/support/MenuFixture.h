@@ -9,9 +9,9 @@
 #include <QMenu>
 
 /// A host with a bare main window, in which scripts can make windows and menus.
-class WindowFixture : public HostFixture {
+class MenuFixture : public HostFixture {
 protected:
-    WindowFixture() { ui().setMainWindow(&m_window); }
+    MenuFixture() { ui().setMainWindow(&m_window); }
 
     ui::UiObjects& ui() { return host().ui(); }
     QMainWindow& window() { return m_window; }
