@@ -228,6 +228,23 @@ TEST_F(PluginMainInAWindow, LeavesNothingBehindWhateverTheUserWasDoing)
     }
 }
 
+TEST_F(PluginMainInAWindow, LeavesItsToolWhileAllOfItIsStillThere)
+{
+    for (const char* tool : {"-draw", "-transform"}) {
+        ASSERT_TRUE(load());
+        ASSERT_TRUE(run(std::string("tqLumisketchUtil ") + tool + "; file -f -new; flushUndo"));
+        int changes = 0;
+        const unsigned listener = session().events.add("ToolChanged", [&] {
+            ++changes;
+            EXPECT_THAT(menus(), SizeIs(1)) << tool;
+            EXPECT_NE(session().nodeTypes.find(names::kNodeType), nullptr) << tool;
+        });
+        ASSERT_TRUE(unload());
+        EXPECT_EQ(changes, 1) << tool;
+        session().events.remove(listener);
+    }
+}
+
 TEST_F(PluginMainInAWindow, LeavesTheToolOfTheUserAloneUnlessItIsItsOwn)
 {
     ASSERT_TRUE(load());
