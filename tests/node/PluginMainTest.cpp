@@ -232,7 +232,7 @@ TEST_F(PluginMainInAWindow, LeavesItsToolWhileAllOfItIsStillThere)
 {
     for (const char* tool : {"-draw", "-transform"}) {
         ASSERT_TRUE(load());
-        ASSERT_TRUE(run(std::string("tqLumisketchUtil ") + tool + "; file -f -new; flushUndo"));
+        ASSERT_TRUE(run(std::string("tqLumisketchUtil ") + tool) && run("file -f -new; flushUndo"));
         int changes = 0;
         const unsigned listener = session().events.add("ToolChanged", [&] {
             ++changes;
