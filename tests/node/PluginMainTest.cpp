@@ -166,7 +166,7 @@ TEST_F(PluginMainInAWindow, HasItsMenuForAsLongAsItIsLoaded)
 {
     ASSERT_TRUE(load());
     EXPECT_THAT(menus(), SizeIs(1));
-    EXPECT_EQ(checkedItems(), (QStringList{"Pencil", "Always"}));
+    EXPECT_EQ(checkedItems(), (QStringList{"Brush", "Always"}));
     ASSERT_TRUE(run("tqLumisketchUtil -arrowTool; tqLumisketchUtil -e -ghostNext 1;"
                     "tqLumisketchUtil -e -timelineFrameDisplay 2"));
     EXPECT_EQ(checkedItems(), (QStringList{"Arrow", "Ghost Next", "Off"}));
@@ -181,9 +181,8 @@ TEST_F(PluginMainTest, LeavesNothingBehindHoweverOftenItIsLoaded)
 {
     for (int round = 0; round < 100; ++round) {
         ASSERT_TRUE(load());
-        ASSERT_TRUE(run("tqLumisketchNode -l -c persp -f; tqLumisketchUtil -rlm"));
-        ASSERT_TRUE(run("file -f -new; flushUndo"));
-        ASSERT_TRUE(unload());
+        ASSERT_TRUE(run("tqLumisketchNode -l -c persp -f; tqLumisketchFrame -clear persp; undo"));
+        ASSERT_TRUE(run("evalDeferred(\"tqLumisketchUtil -rlm\"); file -f -new; flushUndo; unloadPlugin lumisketch2"));
         EXPECT_FALSE(api::isModuleLoaded(kName));
         EXPECT_EQ(jobCount(), "0");
         // The loader warns of whatever a module leaves registered.
@@ -229,6 +228,23 @@ TEST_F(PluginMainInAWindow, LeavesNothingBehindWhateverTheUserWasDoing)
     }
 }
 
+TEST_F(PluginMainInAWindow, LeavesItsToolWhileAllOfItIsStillThere)
+{
+    for (const char* tool : {"-draw", "-transform"}) {
+        ASSERT_TRUE(load());
+        ASSERT_TRUE(run(std::string("tqLumisketchUtil ") + tool) && run("file -f -new; flushUndo"));
+        int changes = 0;
+        const unsigned listener = session().events.add("ToolChanged", [&] {
+            ++changes;
+            EXPECT_THAT(menus(), SizeIs(1)) << tool;
+            EXPECT_NE(session().nodeTypes.find(names::kNodeType), nullptr) << tool;
+        });
+        ASSERT_TRUE(unload());
+        EXPECT_EQ(changes, 1) << tool;
+        session().events.remove(listener);
+    }
+}
+
 TEST_F(PluginMainInAWindow, LeavesTheToolOfTheUserAloneUnlessItIsItsOwn)
 {
     ASSERT_TRUE(load());
@@ -246,8 +262,8 @@ TEST_F(PluginMainTest, ItsScriptsCleanUpLayersAndDrawingsInStepsThatCanBeUndone)
         EXPECT_TRUE(run(cleanUp)) << "without a drawing";
     }
     EXPECT_EQ(session().undo.count(), 0u);
-    for (const char* step : {"tqLumisketchNode -l -c top", "tqLumisketchLayer -add -n two persp",
-                             "tqLumisketchLayer -add -n three persp", "tqLumisketchLayer -e -active 0 persp"}) {
+    for (const char* step : {"tqLumisketchNode -l -c top", "tqLumisketchLayer -add -n two -ls 0 persp",
+                             "tqLumisketchLayer -add -n three -ls 0 persp", "tqLumisketchLayer -e -active 0 persp"}) {
         ASSERT_TRUE(run(step)) << step << testing::PrintToString(errors());
     }
     const auto state = [this] {
@@ -371,11 +387,12 @@ TEST_F(PluginMainInAWindow, LoadsWithoutAMenuThatCannotBeMade)
 
 TEST_F(PluginMainInAWindow, LoadsWithAMenuThatCannotBeUpdated)
 {
-    replace("menuItem", [](const kernel::ValueList& arguments) -> kernel::Value {
+    const kernel::CommandFactory makeReal = session().commands.find("menuItem")->make;
+    replace("menuItem", [makeReal](const kernel::ValueList& arguments) {
         if (kernel::toText(arguments.front()) == "-edit") {
             throw kernel::CommandError("refused");
         }
-        return std::string("item");
+        return makeReal()->run(arguments);
     });
     ASSERT_TRUE(load());
     EXPECT_THAT(errors(), AllOf(Contains("Failed to update main menu"), Not(Contains("Failed to create main menu"))));
