@@ -201,7 +201,7 @@ TEST_F(HotKeys, AreNotForTextFields)
     pressKey(time, Qt::Key_Escape);
     EXPECT_TRUE(echoed.empty());
     time->clearFocus();
-    press(Qt::Key_W);
+    pressKey(&window(), Qt::Key_W);
     EXPECT_EQ(value("currentCtx"), "moveSuperContext");
 }
 
