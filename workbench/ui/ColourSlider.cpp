@@ -85,13 +85,16 @@ QString ColourSlider::label() const
 void ColourSlider::setLabel(const QString& label)
 {
     m_label->setText(label);
-    m_label->setVisible(!label.isEmpty());
+    m_label->setVisible(!label.isEmpty() && !m_isLabelHidden);
 }
 
 void ColourSlider::setColumnWidth(int column, int width)
 {
     QWidget* const part = m_row->itemAt(column)->widget();
     part->setVisible(width > 0);
+    if (part == m_label) {
+        m_isLabelHidden = width <= 0;
+    }
     if (width > 0) {
         part->setFixedWidth(width);
     }

@@ -53,7 +53,8 @@ private:
     ColourSwatch* m_swatch;
     QSlider* m_slider;
     QHBoxLayout* m_row;
-    bool m_isFollowing = false;  ///< the slider is being set to a colour
+    bool m_isLabelHidden = false;  ///< its column has no width, so that a new label does not show it
+    bool m_isFollowing = false;    ///< the slider is being set to a colour
 };
 
 }  // namespace ui

@@ -67,9 +67,11 @@ void MenuSets::setLabel(Set& set, const std::string& label)
 void MenuSets::insert(Set& set, ScriptMenu& menu, std::size_t index)
 {
     auto& menus = set.menus;
-    menus.erase(std::remove_if(menus.begin(), menus.end(),
-                               [&](const QPointer<ScriptMenu>& held) { return !held || held == &menu; }),
-                menus.end());
+    // A menu that scripts deleted may live on until control is back at the event loop.
+    menus.erase(
+        std::remove_if(menus.begin(), menus.end(),
+                       [&](const QPointer<ScriptMenu>& held) { return !held || held == &menu || !m_ui.of(held); }),
+        menus.end());
     menus.insert(menus.begin() + std::ptrdiff_t(std::min(index, menus.size())), &menu);
     arrangeMain();
 }

@@ -83,6 +83,7 @@ QList<QWidget*> PaneLayout::placed() const
 void PaneLayout::place(QWidget* child)
 {
     child->setParent(this);
+    m_children.removeAll(child);  // one that was taken away comes back
     m_children.append(child);
     arrange();
 }

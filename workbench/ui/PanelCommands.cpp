@@ -81,25 +81,28 @@ void makeView(const Subject& subject)
     panel.setView(views->add(subject.object.name, subject.ui.session().scene.findOrNull("perspShape"), &panel));
 }
 
+void moveInto(LayoutWidget& target, ViewPanel& panel)
+{
+    LayoutWidget* const before = LayoutWidget::around(panel);  // none when a module has taken the panel
+    if (before == &target) {
+        return;
+    }
+    if (before) {
+        before->release(&panel);
+    }
+    target.place(&panel);
+}
+
 /// Takes the panel out of its window; it goes on living, unseen.
 void unParent(const Subject& subject, const ValueList&)
 {
-    auto& panel = subject.as<ViewPanel>();
-    if (LayoutWidget* const layout = LayoutWidget::around(panel)) {
-        layout->release(&panel);
-    }
-    arranger(hiddenLayout(subject.ui)).place(&panel);
+    moveInto(arranger(hiddenLayout(subject.ui)), subject.as<ViewPanel>());
 }
 
 void moveTo(const Subject& subject, const ValueList& values)
 {
-    auto& panel = subject.as<ViewPanel>();
-    LayoutWidget& target = arranger(parentFor(subject.ui, kModelPanel, Kind::Panel, kernel::toText(values.front())));
-    LayoutWidget* const before = LayoutWidget::around(panel);
-    if (before != &target) {
-        before->release(&panel);
-        target.place(&panel);
-    }
+    const UiObject& parent = parentFor(subject.ui, kModelPanel, Kind::Panel, kernel::toText(values.front()));
+    moveInto(arranger(parent), subject.as<ViewPanel>());
 }
 
 Value controlPath(const Subject& subject)

@@ -1,6 +1,7 @@
 #include "api/Tools.h"
 #include "ui/Commands.h"
 #include "ui/ControlCommand.h"
+#include "ui/Menus.h"
 
 namespace ui {
 
@@ -17,7 +18,7 @@ const struct {
     {{"window", "wnd"}, only(Kind::Window)},
     {{"layout", "lay"}, only(Kind::Layout)},
     {{"control", "ctl"}, Kind::Control | Kind::Layout},
-    {{"menu", "m"}, only(Kind::Menu)},
+    {{"menu", "m"}, only(Kind::Menu)},  // submenus, too
     {{"menuItem", "mi"}, only(Kind::MenuItem)},
     {{"panel", "pnl"}, only(Kind::Panel)},
     {{"editor", "ed"}, only(Kind::Panel)},
@@ -39,7 +40,9 @@ Value deleteUi(UiObjects& ui, const mel::BuiltinCall& call)
         kinds |= call.args.has(flag.row.longName) ? flag.kinds : 0;
     }
     for (const std::string& name : call.objectNames()) {
-        UiObject& object = ui.get("deleteUI", name, call.args.flagsUsed() > 0 ? kinds : kAnyKind);
+        UiObject& object = call.args.has("menu")
+                             ? getMenu(ui, "deleteUI", name)
+                             : ui.get("deleteUI", name, call.args.flagsUsed() > 0 ? kinds : kAnyKind);
         if (&object == ui.mainWindowObject()) {
             throw CommandError("deleteUI: The main window cannot be deleted.");
         }
@@ -85,14 +88,14 @@ UiObject& wantedParent(const UiObjects& ui, const Current& current, const mel::B
     if (call.args.has("topLevel") || name == "|") {
         return topmost(current);
     }
-    return ui.get("setParent", name, current.kinds);
+    return call.args.has("menu") ? getMenu(ui, "setParent", name) : ui.get("setParent", name, current.kinds);
 }
 
 Value setParent(UiObjects& ui, const mel::BuiltinCall& call)
 {
     const bool isMenu = call.args.has("menu");
-    const Current current = isMenu ? Current{Kind::Menu | Kind::MenuItem, ui.menuParent()}
-                                   : Current{Kind::Window | Kind::Layout, ui.layoutParent()};
+    const Current current =
+        isMenu ? Current{kMenuKinds, ui.menuParent()} : Current{Kind::Window | Kind::Layout, ui.layoutParent()};
     if (call.args.query) {
         return current.object ? UiObjects::path(*current.object) : std::string();
     }

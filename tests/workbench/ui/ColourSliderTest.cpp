@@ -95,6 +95,8 @@ TEST_F(ColourSliderTest, ColumnsOfWidthZeroAreHidden)
     EXPECT_TRUE(small->findChild<QLabel*>()->isHidden());
     EXPECT_TRUE(small->findChild<QSlider*>()->isHidden());
     EXPECT_EQ(small->findChild<ui::ColourSwatch*>()->width(), 40);
+    run("colorSliderGrp -e -label Still small");
+    EXPECT_TRUE(small->findChild<QLabel*>()->isHidden());
     EXPECT_FALSE(slider()->isHidden());
     run("colorSliderGrp -e -columnWidth 3 0 ink");
     EXPECT_TRUE(slider()->isHidden());

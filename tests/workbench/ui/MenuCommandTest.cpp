@@ -91,6 +91,41 @@ TEST_F(MenuCommandTest, FillsItselfWhenItIsAboutToOpen)
     EXPECT_EQ(printed(), "new");
 }
 
+TEST_F(MenuCommandTest, TheCurrentMenuGoesUpAndDown)
+{
+    run("menu ink; menuItem one; menuItem -subMenu true pick; menuItem deep; window tools");
+    EXPECT_EQ(value("setParent -q -menu"), "MayaWindow|ink|pick");
+    EXPECT_EQ(value("setParent -menu .."), "MayaWindow|ink");
+    EXPECT_EQ(errorOf("setParent -menu .."), "setParent: There is nothing above the current parent.");
+    EXPECT_EQ(value("setParent -menu pick; setParent -menu -topLevel"), "MayaWindow|ink");
+    for (const char* noMenu : {"one", "tools", "MayaWindow"}) {
+        EXPECT_EQ(errorOf(std::string("setParent -menu ") + noMenu),
+                  std::string("setParent: Object '") + noMenu + "' not found.");
+    }
+    EXPECT_EQ(value("setParent -q -menu"), "MayaWindow|ink");
+    EXPECT_EQ(value("setParent -q"), "tools") << "layouts have a parent of their own";
+}
+
+TEST_F(MenuCommandTest, DeletedMenusAndSubmenusGoWithAllThatIsInThem)
+{
+    run("menu ink; menuItem one; menuItem -subMenu true pick; menuItem deep");
+    EXPECT_EQ(errorOf("deleteUI -menu one"), "deleteUI: Object 'one' not found.") << "no menu";
+    EXPECT_TRUE(run("deleteUI -menu pick"));
+    EXPECT_EQ(value("menu -exists pick"), "0");
+    EXPECT_EQ(value("menuItem -exists deep"), "0");
+    EXPECT_EQ(value("setParent -q -menu"), "");
+    EXPECT_EQ(errorOf("menuItem lost"), "menuItem: There is no current menu");
+    deliverDeletions();
+    EXPECT_EQ(menu("ink")->actions(), QList<QAction*>{item("one")});
+
+    EXPECT_TRUE(run("setParent -menu ink; deleteUI -menu ink; menu ink"));
+    deliverDeletions();
+    EXPECT_EQ(window.menuBar()->actions(), QList<QAction*>{menu("ink")->menuAction()});
+    EXPECT_TRUE(run("menuItem -subMenu true pick; deleteUI pick ink"));
+    deliverDeletions();
+    EXPECT_TRUE(window.menuBar()->actions().isEmpty());
+}
+
 TEST_F(MenuCommandTest, SubmenusAreEditedLikeMenus)
 {
     run("menu ink; menuItem -subMenu true -label Pick pick; menuItem one");

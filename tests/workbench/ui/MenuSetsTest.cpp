@@ -70,6 +70,13 @@ TEST_F(MenuSetsTest, RefusesWhatIsNotThere)
 }
 
 // "Set, add, restore": how a script adds its menu to one set.
+TEST_F(MenuSetsTest, MenusDeletedJustNowHaveNoPlaceInASet)
+{
+    run("menu gone; menu stays; menuSet -label S -am gone s; menuSet -am stays s; deleteUI gone;"
+        "menu last; menuSet -im last 1 s");
+    EXPECT_EQ(value("menuSet -q -ma s"), "stays last");
+}
+
 TEST_F(MenuSetsTest, ScriptsFindSetsAndMenusByTheirLabels)
 {
     EXPECT_EQ(value("findMenuSetFromLabel(\"Animation\")"), "animationMenuSet");

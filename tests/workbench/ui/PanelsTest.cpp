@@ -192,6 +192,19 @@ TEST_F(PanelsTest, PanelsMoveBetweenWindows)
     EXPECT_EQ(value("modelPanel -exists floating"), "0");
 }
 
+// A module takes the panel's widget into a panel of its own.
+TEST_F(PanelsTest, PanelsThatWereTakenAwayComeBack)
+{
+    QWidget own;
+    for (int round = 0; round < 2; ++round) {
+        widget("floating")->setParent(&own);
+        EXPECT_EQ(value("paneLayout -q -childArray panes"), "");
+        EXPECT_TRUE(run("modelPanel -e -parent panes floating"));
+        EXPECT_EQ(value("paneLayout -q -childArray panes"), "floating");
+    }
+    EXPECT_EQ(value("modelPanel -q -control floating"), "tools|panes|floating");
+}
+
 TEST_F(PanelsTest, ADeletedCameraLeavesTheViewToPersp)
 {
     run("lookThru lookCam floating");

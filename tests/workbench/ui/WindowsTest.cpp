@@ -111,12 +111,6 @@ TEST_F(WindowsTest, TheCurrentParentGoesUpAndDown)
     EXPECT_FALSE(run("setParent -upLevel"));
     EXPECT_EQ(value("setParent inner; setParent \"|\""), "tools");
     EXPECT_EQ(value("window -exists tools"), "1");
-
-    ui().add(ui::Kind::Menu, "menu", "ink", ui().mainWindowObject(), new QObject(&window));
-    EXPECT_EQ(value("setParent -menu ink"), "MayaWindow|ink");
-    EXPECT_EQ(value("setParent -q -menu"), "MayaWindow|ink");
-    EXPECT_EQ(value("setParent -q"), "tools") << "layouts have a parent of their own";
-    EXPECT_FALSE(run("setParent -menu tools"));
 }
 
 TEST_F(WindowsTest, ButtonsRunTheirScript)
