@@ -3,6 +3,7 @@
 #include "api/Tools.h"
 #include "app/TimeField.h"
 #include "support/HostFixture.h"
+#include "ui/MenuItem.h"
 #include "view/Viewport.h"
 #include "view/Viewports.h"
 
@@ -145,6 +146,67 @@ TEST_F(MainWindow, MenusMakeSelectAndShowThings)
         action("Undo")->trigger();
         EXPECT_EQ(value(row.query), before) << row.entry;
     }
+}
+
+namespace {
+
+/// The items of the main window's menus, as scripts find them: without dividers and submenus.
+std::vector<ui::MenuItem*> menuEntries(ui::UiObjects& ui)
+{
+    std::vector<ui::MenuItem*> entries;
+    for (const ui::UiObject* object : ui.all(only(ui::Kind::MenuItem))) {
+        auto* const item = qobject_cast<ui::MenuItem*>(object->object);
+        if (item && !item->isSeparator() && !item->subMenu()) {
+            entries.push_back(item);
+        }
+    }
+    return entries;
+}
+
+}  // namespace
+
+TEST_F(MainWindow, EveryMenuEntryRuns)
+{
+    for (const char* menu : {"File", "Display"}) {
+        QMetaObject::invokeMethod(action(menu)->menu(), "aboutToShow");
+    }
+    std::vector<std::string> wrong;
+    const int listener = host->session().output.addListener([&](kernel::Severity severity, const std::string& text) {
+        if (severity == kernel::Severity::Error || severity == kernel::Severity::Warning) {
+            wrong.push_back(text);
+        }
+    });
+    EXPECT_GE(menuEntries(host->ui()).size(), 30u);
+    for (ui::MenuItem* entry : menuEntries(host->ui())) {
+        host->run("file -force -new");
+        host->run("createNode transform -n above; createNode transform -n below -parent above;"
+                  "createNode transform -n beside; select below beside");
+        host->run("currentTime 5");
+        host->run("undo");
+        wrong.clear();
+        EXPECT_FALSE(entry->script.text.empty()) << entry->label().text.toStdString();
+        entry->setEnabled(true);
+        entry->trigger();
+        EXPECT_THAT(wrong, testing::IsEmpty()) << entry->label().text.toStdString();
+    }
+    host->session().output.removeListener(listener);
+}
+
+// A letter that stands for two entries opens neither.
+TEST_F(MainWindow, EveryMenuEntryHasALetterAndAShortcutOfItsOwn)
+{
+    QStringList letters;
+    QStringList shortcuts;
+    for (const ui::MenuItem* entry : menuEntries(host->ui())) {
+        const QString menu = QString::fromStdString(host->ui().of(entry)->parent->name);
+        letters << menu + ' ' + entry->label().mnemonic.toLower();
+        EXPECT_TRUE(entry->text().contains('&')) << entry->text().toStdString();
+        if (!entry->shortcut().isEmpty()) {
+            shortcuts << entry->shortcut().toString();
+        }
+    }
+    EXPECT_EQ(letters.removeDuplicates(), 0) << letters.join(", ").toStdString();
+    EXPECT_EQ(shortcuts.removeDuplicates(), 0) << shortcuts.join(", ").toStdString();
 }
 
 TEST_F(MainWindow, MenusLeadThroughCamerasAndPanes)
