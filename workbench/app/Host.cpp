@@ -7,7 +7,6 @@
 #include "mel/Builtins.h"
 #include "mel/builtins/OptionVars.h"
 #include "ui/Commands.h"
-#include "ui/MenuCommands.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -47,10 +46,7 @@ Host::Host(const HostOptions& options)
     m_session->prefsDir = preparedFolder(options.prefsDir);
     mel::installScriptLanguage(*m_session);
     api::installHostApi(*m_session);
-    ui::registerWindowCommands(*m_ui);
-    ui::addMenuCommand(*m_ui, *m_menuSets);
-    ui::addMenuItemCommands(*m_ui);
-    ui::addMenuSetCommands(*m_ui, *m_menuSets);
+    ui::registerCommands(*m_ui, *m_menuSets);
     registerFramingCommand(*m_session);
     registerRepeatCommand(*m_session);
     registerQuit();

@@ -1,7 +1,5 @@
 #include "ui/CommonFlags.h"
 
-#include "ui/FlagValues.h"
-
 #include <QPalette>
 #include <QWidget>
 
@@ -12,16 +10,9 @@ using kernel::ValueList;
 
 namespace {
 
-constexpr char kDocTag[] = "docTag";  // property
-
 bool isShown(const QWidget& widget)
 {
     return widget.isWindow() ? widget.isVisible() : !widget.isHidden();
-}
-
-Value parentPath(const Subject& subject)
-{
-    return subject.object.parent ? UiObjects::path(*subject.object.parent) : std::string();
 }
 
 void setWidth(QWidget& widget, Kind kind, int width)
@@ -62,9 +53,7 @@ ControlFlag shownFlag(const char* longName, const char* shortName)
 
 const std::vector<ControlFlag>& commonFlags()
 {
-    static const std::vector<ControlFlag> flags = {
-        {{"exists", "ex"}},
-        {{"parent", "p", "s"}, nullptr, parentPath},
+    static const std::vector<ControlFlag> flags = withNameFlags<Subject>({
         {{"enable", "en", "b"},
          [](const Subject& s, const ValueList& values) { s.as<QWidget>().setEnabled(truth(values)); },
          [](const Subject& s) { return int(s.as<QWidget>().isEnabled()); }},
@@ -86,13 +75,7 @@ const std::vector<ControlFlag>& commonFlags()
              const QColor shown = s.as<QWidget>().palette().color(QPalette::Window);
              return kernel::DoubleArray{shown.redF(), shown.greenF(), shown.blueF()};
          }},
-        {{"fullPathName", "fpn"}, nullptr, [](const Subject& s) { return UiObjects::path(s.object); }},
-        {{"docTag", "dtg", "s"},
-         [](const Subject& s, const ValueList& values) { s.object.object->setProperty(kDocTag, text(values)); },
-         [](const Subject& s) { return s.object.object->property(kDocTag).toString().toStdString(); }},
-        {{"defineTemplate", "dt", "s"}},
-        {{"useTemplate", "ut", "s"}},
-    };
+    });
     return flags;
 }
 

@@ -4,8 +4,7 @@
 
 namespace ui {
 
-/// The flags that all windows, layouts, controls and panels have. Those about making (-exists, -parent) only have their
-/// answers here.
+/// The flags that all windows, layouts, controls and panels have.
 const std::vector<ControlFlag>& commonFlags();
 
 }  // namespace ui

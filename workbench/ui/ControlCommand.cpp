@@ -18,15 +18,6 @@ namespace {
 
 constexpr char kHiddenLayout[] = "hiddenLayout";
 
-kernel::Syntax syntaxOf(const std::vector<ControlFlag>& flags)
-{
-    std::vector<mel::FlagRow> rows;
-    for (const ControlFlag& flag : flags) {
-        rows.push_back(flag.row);
-    }
-    return mel::makeSyntax(rows, mel::Modes::QueryAndEdit, 0, 1);
-}
-
 UiObject* findOf(const UiObjects& ui, const ControlType& type, const std::string& name)
 {
     UiObject* const object = ui.find(name, only(type.kind));
@@ -38,28 +29,6 @@ UiObject& getOf(const UiObjects& ui, const ControlType& type, const std::string&
 {
     UiObject* const object = findOf(ui, type, name);
     return object ? *object : ui.get(type.command, name, 0);
-}
-
-void apply(const ControlType& type, const Subject& subject, const kernel::ParsedArgs& args)
-{
-    for (const ControlFlag& flag : type.flags) {
-        for (unsigned use = 0; flag.set && use < args.useCount(flag.row.longName); ++use) {
-            flag.set(subject, *args.values(flag.row.longName, use));
-        }
-    }
-}
-
-Value answer(const ControlType& type, const Subject& subject, const kernel::ParsedArgs& args)
-{
-    for (const ControlFlag& flag : type.flags) {
-        if (args.has(flag.row.longName)) {
-            if (!flag.get) {
-                throw CommandError(std::string(type.command) + ": Flag '-" + flag.row.longName + "' cannot be queried");
-            }
-            return flag.get(subject);
-        }
-    }
-    return {};
 }
 
 Value make(UiObjects& ui, const ControlType& type, const std::string& name, const kernel::ParsedArgs& args)
@@ -81,7 +50,7 @@ Value make(UiObjects& ui, const ControlType& type, const std::string& name, cons
         if (type.begin) {
             type.begin(subject);
         }
-        apply(type, subject, args);
+        setFlags(type.flags, subject, args);
     } catch (const CommandError&) {
         ui.destroy(object);
         throw;
@@ -94,14 +63,13 @@ Value make(UiObjects& ui, const ControlType& type, const std::string& name, cons
 
 Value run(UiObjects& ui, const ControlType& type, const mel::BuiltinCall& call)
 {
-    const std::vector<std::string> names = call.objectNames();
-    const std::string name = names.empty() ? std::string() : names.front();
+    const std::string name = objectName(call);
     if (call.args.query || call.args.edit) {
         const Subject subject{ui, getOf(ui, type, name)};
         if (call.args.query) {
-            return answer(type, subject, call.args);
+            return queryFlag(type.command, type.flags, subject, call.args);
         }
-        apply(type, subject, call.args);
+        setFlags(type.flags, subject, call.args);
         return subject.object.name;
     }
     if (call.args.has("exists")) {

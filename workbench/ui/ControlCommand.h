@@ -1,7 +1,6 @@
 #pragma once
 
-#include "mel/builtins/Builtin.h"
-#include "ui/UiObjects.h"
+#include "ui/ObjectFlags.h"
 
 #include <functional>
 #include <string>
@@ -23,16 +22,7 @@ struct Subject {
     }
 };
 
-/// A flag of a command for controls: how it is written, what it does when an object is made or changed, what it
-/// answers.
-struct ControlFlag {
-    using Set = std::function<void(const Subject& subject, const kernel::ValueList& values)>;
-    using Get = std::function<kernel::Value(const Subject& subject)>;
-
-    mel::FlagRow row;
-    Set set = nullptr;  ///< null: accepted without effect
-    Get get = nullptr;  ///< null: cannot be asked for
-};
+using ControlFlag = ObjectFlag<Subject>;
 
 /// One kind of window, layout, control or panel, and the command that makes, asks and changes such objects.
 struct ControlType {

@@ -1,7 +1,6 @@
 #include "ui/ColourSlider.h"
 #include "ui/Commands.h"
 #include "ui/ControlCommand.h"
-#include "ui/FlagValues.h"
 
 #include <QFrame>
 #include <QLabel>
@@ -99,12 +98,12 @@ std::vector<ControlFlag> colourSliderFlags()
 
 // --- small ones ----------------------------------------------------------------------------------------------------
 
-template <class Labelled>
+/// Of a widget whose text is its label.
 ControlFlag labelFlag()
 {
     return {{"label", "l", "s"},
-            [](const Subject& s, const ValueList& values) { s.as<Labelled>().setText(text(values)); },
-            [](const Subject& s) { return s.as<Labelled>().text().toStdString(); }};
+            [](const Subject& s, const ValueList& values) { s.object.object->setProperty("text", text(values)); },
+            [](const Subject& s) { return s.object.object->property("text").toString().toStdString(); }};
 }
 
 QWidget* makeSeparator(UiObjects&)
@@ -124,9 +123,9 @@ void registerControls(UiObjects& ui)
         addControlCommand(ui, {command, command, Kind::Control, std::move(flags), make});
     };
     add("colorSliderGrp", colourSliderFlags(), [](UiObjects&) -> QWidget* { return new ColourSlider; });
-    add("text", {labelFlag<QLabel>(), {{"align", "al", "s"}}}, [](UiObjects&) -> QWidget* { return new QLabel; });
+    add("text", {labelFlag(), {{"align", "al", "s"}}}, [](UiObjects&) -> QWidget* { return new QLabel; });
     add("button",
-        {labelFlag<QPushButton>(),
+        {labelFlag(),
          {{"command", "c", "s"},
           [](const Subject& s, const ValueList& values) {
               setScript(s, SIGNAL(clicked()), kernel::toText(values.front()));

@@ -31,7 +31,9 @@ inline double number(const kernel::ValueList& values, std::size_t i = 0)
 
 inline bool truth(const kernel::ValueList& values)
 {
-    return whole(values) != 0;
+    bool on = false;
+    kernel::toBool(values.at(0), on);
+    return on;
 }
 
 /// Of three parts 0 to 1; those beyond are brought to the nearest.

@@ -1,7 +1,6 @@
 #include "ui/BoxLayout.h"
 #include "ui/Commands.h"
 #include "ui/ControlCommand.h"
-#include "ui/FlagValues.h"
 #include "ui/FormLayout.h"
 #include "ui/FrameLayout.h"
 #include "ui/PaneLayout.h"

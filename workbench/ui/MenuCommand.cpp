@@ -1,4 +1,4 @@
-#include "ui/MenuCommands.h"
+#include "ui/Commands.h"
 #include "ui/MenuSets.h"
 #include "ui/Menus.h"
 #include "ui/ObjectFlags.h"
@@ -30,48 +30,42 @@ kernel::StringArray itemNames(const Target& target)
 
 const std::vector<ObjectFlag<Target>>& flags()
 {
-    static const std::vector<ObjectFlag<Target>> table = {
+    static const std::vector<ObjectFlag<Target>> table = withNameFlags<Target>({
         {{"label", "l", "s"},
-         [](Target& t) -> Value { return t.menu.label().text.toStdString(); },
-         [](Target& t, const ValueList& v) {
-             t.menu.setLabel({textOf(v), t.menu.label().mnemonic});
-         }},
+         [](const Target& t, const ValueList& v) {
+             t.menu.setLabel({text(v), t.menu.label().mnemonic});
+         },
+         [](const Target& t) { return t.menu.label().text.toStdString(); }},
         {{"mnemonic", "mn", "s"},
-         [](Target& t) -> Value { return t.menu.label().mnemonic.toStdString(); },
-         [](Target& t, const ValueList& v) {
-             t.menu.setLabel({t.menu.label().text, textOf(v)});
-         }},
+         [](const Target& t, const ValueList& v) {
+             t.menu.setLabel({t.menu.label().text, text(v)});
+         },
+         [](const Target& t) { return t.menu.label().mnemonic.toStdString(); }},
         {{"tearOff", "to", "b"},
-         [](Target& t) -> Value { return int(t.menu.isTearOffEnabled()); },
-         [](Target& t, const ValueList& v) { t.menu.setTearOffEnabled(isOn(v)); }},
+         [](const Target& t, const ValueList& v) { t.menu.setTearOffEnabled(truth(v)); },
+         [](const Target& t) { return int(t.menu.isTearOffEnabled()); }},
         {{"postMenuCommand", "pmc", "s"},
-         [](Target& t) -> Value { return t.menu.postMenuCommand(); },
-         [](Target& t, const ValueList& v) { t.menu.setPostMenuCommand(kernel::toText(v.front())); }},
+         [](const Target& t, const ValueList& v) { t.menu.setPostMenuCommand(kernel::toText(v.front())); },
+         [](const Target& t) { return t.menu.postMenuCommand(); }},
         {{"postMenuCommandOnce", "pmo", "b"},
-         [](Target& t) -> Value { return int(t.menu.runsPostMenuCommandOnce()); },
-         [](Target& t, const ValueList& v) { t.menu.setRunsPostMenuCommandOnce(isOn(v)); }},
+         [](const Target& t, const ValueList& v) { t.menu.setRunsPostMenuCommandOnce(truth(v)); },
+         [](const Target& t) { return int(t.menu.runsPostMenuCommandOnce()); }},
         {{"helpMenu", "hm", "b"},
-         [](Target& t) -> Value { return int(t.menu.isHelp()); },
-         [](Target& t, const ValueList& v) { t.menu.setHelp(isOn(v)); }},
+         [](const Target& t, const ValueList& v) { t.menu.setHelp(truth(v)); },
+         [](const Target& t) { return int(t.menu.isHelp()); }},
         {{"visible", "vis", "b"},
-         [](Target& t) -> Value { return int(t.menu.isWanted()); },
-         [](Target& t, const ValueList& v) { t.menu.setWanted(isOn(v)); }},
+         [](const Target& t, const ValueList& v) { t.menu.setWanted(truth(v)); },
+         [](const Target& t) { return int(t.menu.isWanted()); }},
         {{"enable", "en", "b"},
-         [](Target& t) -> Value { return int(t.menu.menuAction()->isEnabled()); },
-         [](Target& t, const ValueList& v) { t.menu.menuAction()->setEnabled(isOn(v)); }},
-        {{"deleteAllItems", "dai"}, nullptr, [](Target& t, const ValueList&) { deleteItems(t.ui, t.object); }},
-        {{"itemArray", "ia"}, [](Target& t) -> Value { return itemNames(t); }},
-        {{"numberOfItems", "ni"}, [](Target& t) -> Value { return int(itemNames(t).size()); }},
-        {{"parent", "p", "s"}, [](Target& t) -> Value { return UiObjects::path(*t.object.parent); }},
-        {{"fullPathName", "fpn"}, [](Target& t) -> Value { return UiObjects::path(t.object); }},
-        {{"exists", "ex"}},
+         [](const Target& t, const ValueList& v) { t.menu.menuAction()->setEnabled(truth(v)); },
+         [](const Target& t) { return int(t.menu.menuAction()->isEnabled()); }},
+        {{"deleteAllItems", "dai"}, [](const Target& t, const ValueList&) { deleteItems(t.ui, t.object); }},
+        {{"itemArray", "ia"}, nullptr, [](const Target& t) { return itemNames(t); }},
+        {{"numberOfItems", "ni"}, nullptr, [](const Target& t) { return int(itemNames(t).size()); }},
         // Taken and without effect here.
         {{"allowOptionBoxes", "aob", "b"}},
         {{"familyImage", "fi", "s"}},
-        {{"docTag", "dtg", "s"}},
-        {{"defineTemplate", "dt", "s"}},
-        {{"useTemplate", "ut", "s"}},
-    };
+    });
     return table;
 }
 
@@ -102,7 +96,7 @@ Value makeMenu(UiObjects& ui, const MenuSets& sets, const kernel::ParsedArgs& ar
     auto menu = std::make_unique<ScriptMenu>(ui, &menuBarOf(window));
     UiObject& object = ui.add(Kind::Menu, "menu", name, &window, menu.get());
     menu->setLabel({QString::fromStdString(object.name), {}});
-    Target target{ui, object, *menu};
+    const Target target{ui, object, *menu};
     setFlags(flags(), target, args);
     menu.release();  // the bar's
     sets.arrange(window);
@@ -110,7 +104,7 @@ Value makeMenu(UiObjects& ui, const MenuSets& sets, const kernel::ParsedArgs& ar
     return UiObjects::path(object);
 }
 
-void editMenu(const MenuSets& sets, Target& target, const kernel::ParsedArgs& args)
+void editMenu(const MenuSets& sets, const Target& target, const kernel::ParsedArgs& args)
 {
     setFlags(flags(), target, args);
     if (target.object.kind == Kind::Menu) {
@@ -123,7 +117,7 @@ void editMenu(const MenuSets& sets, Target& target, const kernel::ParsedArgs& ar
 Value runMenu(UiObjects& ui, const MenuSets& sets, const mel::BuiltinCall& call)
 {
     const kernel::ParsedArgs& args = call.args;
-    const std::string name = args.objects.empty() ? std::string() : call.objectNames().front();
+    const std::string name = objectName(call);
     if (args.has("exists")) {
         const UiObject* const found = ui.find(name, kMenuKinds);
         return int(found && menuOf(*found));
@@ -132,9 +126,9 @@ Value runMenu(UiObjects& ui, const MenuSets& sets, const mel::BuiltinCall& call)
         return makeMenu(ui, sets, args, name);
     }
     UiObject& object = getMenu(ui, "menu", name);
-    Target target{ui, object, *menuOf(object)};
+    const Target target{ui, object, *menuOf(object)};
     if (args.query) {
-        return queryFlag(flags(), target, args);
+        return queryFlag("menu", flags(), target, args);
     }
     editMenu(sets, target, args);
     return UiObjects::path(object);
@@ -142,7 +136,7 @@ Value runMenu(UiObjects& ui, const MenuSets& sets, const mel::BuiltinCall& call)
 
 }  // namespace
 
-void addMenuCommand(UiObjects& ui, MenuSets& sets)
+void registerMenus(UiObjects& ui, const MenuSets& sets)
 {
     mel::addBuiltin(ui.session(), "menu", syntaxOf(flags()),
                     [&ui, &sets](mel::BuiltinCall& call) { return runMenu(ui, sets, call); });

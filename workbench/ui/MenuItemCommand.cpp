@@ -1,4 +1,4 @@
-#include "ui/MenuCommands.h"
+#include "ui/Commands.h"
 #include "ui/Menus.h"
 #include "ui/ObjectFlags.h"
 #include "ui/OptionBox.h"
@@ -33,22 +33,22 @@ void setFontStyle(MenuItem& item, void (QFont::*style)(bool), bool on)
 }
 
 /// Does not run the item's command.
-void setState(Target& target, bool hasState, const char* what, const ValueList& values)
+void setState(const Target& target, bool hasState, const char* what, const ValueList& values)
 {
     if (!hasState) {
         throw CommandError("menuItem: '" + target.object.name + "' is not a " + what);
     }
-    target.item.setChecked(isOn(values));
+    target.item.setChecked(truth(values));
 }
 
-void setTearOff(Target& target, const ValueList& values)
+void setTearOff(const Target& target, const ValueList& values)
 {
     if (ScriptMenu* const menu = target.item.subMenu()) {
-        menu->setTearOffEnabled(isOn(values));
+        menu->setTearOffEnabled(truth(values));
     }
 }
 
-void setPostMenuCommand(Target& target, const ValueList& values)
+void setPostMenuCommand(const Target& target, const ValueList& values)
 {
     if (ScriptMenu* const menu = target.item.subMenu()) {
         menu->setPostMenuCommand(kernel::toText(values.front()));
@@ -62,82 +62,79 @@ bool isOptionBox(const MenuItem& item)
 
 const std::vector<ObjectFlag<Target>>& flags()
 {
-    static const std::vector<ObjectFlag<Target>> table = {
+    static const std::vector<ObjectFlag<Target>> table = withNameFlags<Target>({
         {{"label", "l", "s"},
-         [](Target& t) -> Value { return t.item.label().text.toStdString(); },
-         [](Target& t, const ValueList& v) {
-             t.item.setLabel({textOf(v), t.item.label().mnemonic});
-         }},
+         [](const Target& t, const ValueList& v) {
+             t.item.setLabel({text(v), t.item.label().mnemonic});
+         },
+         [](const Target& t) { return t.item.label().text.toStdString(); }},
         {{"mnemonic", "mn", "s"},
-         [](Target& t) -> Value { return t.item.label().mnemonic.toStdString(); },
-         [](Target& t, const ValueList& v) {
-             t.item.setLabel({t.item.label().text, textOf(v)});
-         }},
+         [](const Target& t, const ValueList& v) {
+             t.item.setLabel({t.item.label().text, text(v)});
+         },
+         [](const Target& t) { return t.item.label().mnemonic.toStdString(); }},
         {{"command", "c", "s"},
-         [](Target& t) -> Value { return t.item.script.text; },
-         [](Target& t, const ValueList& v) { t.item.script.text = kernel::toText(v.front()); }},
+         [](const Target& t, const ValueList& v) { t.item.script.text = kernel::toText(v.front()); },
+         [](const Target& t) { return t.item.script.text; }},
         {{"sourceType", "stp", "s"},
-         [](Target& t) -> Value { return std::string(t.item.script.isPython ? "python" : "mel"); },
-         [](Target& t, const ValueList& v) { t.item.script.isPython = textOf(v) == "python"; }},
+         [](const Target& t, const ValueList& v) { t.item.script.isPython = text(v) == "python"; },
+         [](const Target& t) { return std::string(t.item.script.isPython ? "python" : "mel"); }},
         {{"echoCommand", "ec", "b"},
-         [](Target& t) -> Value { return int(t.item.script.isEchoed); },
-         [](Target& t, const ValueList& v) { t.item.script.isEchoed = isOn(v); }},
+         [](const Target& t, const ValueList& v) { t.item.script.isEchoed = truth(v); },
+         [](const Target& t) { return int(t.item.script.isEchoed); }},
         {{"enableCommandRepeat", "ecr", "b"},
-         [](Target& t) -> Value { return int(t.item.script.isRepeatable); },
-         [](Target& t, const ValueList& v) { t.item.script.isRepeatable = isOn(v); }},
+         [](const Target& t, const ValueList& v) { t.item.script.isRepeatable = truth(v); },
+         [](const Target& t) { return int(t.item.script.isRepeatable); }},
         {{"checkBox", "cb", "b"},
-         [](Target& t) -> Value { return int(t.item.isChecked()); },
-         [](Target& t, const ValueList& v) { setState(t, t.item.isCheckItem(), "check box", v); }},
+         [](const Target& t, const ValueList& v) { setState(t, t.item.isCheckItem(), "check box", v); },
+         [](const Target& t) { return int(t.item.isChecked()); }},
         {{"radioButton", "rb", "b"},
-         [](Target& t) -> Value { return int(t.item.isChecked()); },
-         [](Target& t, const ValueList& v) { setState(t, t.item.isRadioItem(), "radio button", v); }},
-        {{"isCheckBox", "icb"}, [](Target& t) -> Value { return int(t.item.isCheckItem()); }},
-        {{"isRadioButton", "irb"}, [](Target& t) -> Value { return int(t.item.isRadioItem()); }},
-        {{"isOptionBox", "iob"}, [](Target& t) -> Value { return int(isOptionBox(t.item)); }},
-        {{"optionBox", "ob", "b"}, [](Target& t) -> Value { return int(isOptionBox(t.item)); }},
-        {{"subMenu", "sm", "b"}, [](Target& t) -> Value { return int(t.item.subMenu() != nullptr); }},
+         [](const Target& t, const ValueList& v) { setState(t, t.item.isRadioItem(), "radio button", v); },
+         [](const Target& t) { return int(t.item.isChecked()); }},
+        {{"isCheckBox", "icb"}, nullptr, [](const Target& t) { return int(t.item.isCheckItem()); }},
+        {{"isRadioButton", "irb"}, nullptr, [](const Target& t) { return int(t.item.isRadioItem()); }},
+        {{"isOptionBox", "iob"}, nullptr, [](const Target& t) { return int(isOptionBox(t.item)); }},
+        {{"optionBox", "ob", "b"}, nullptr, [](const Target& t) { return int(isOptionBox(t.item)); }},
+        {{"subMenu", "sm", "b"}, nullptr, [](const Target& t) { return int(t.item.subMenu() != nullptr); }},
         {{"tearOff", "to", "b"},
-         [](Target& t) -> Value { return int(t.item.subMenu() && t.item.subMenu()->isTearOffEnabled()); },
-         setTearOff},
+         setTearOff,
+         [](const Target& t) { return int(t.item.subMenu() && t.item.subMenu()->isTearOffEnabled()); }},
         {{"postMenuCommand", "pmc", "s"},
-         [](Target& t) -> Value { return t.item.subMenu() ? t.item.subMenu()->postMenuCommand() : std::string(); },
-         setPostMenuCommand},
-        {{"divider", "d", "b"}, [](Target& t) -> Value { return int(t.item.isSeparator()); }},
+         setPostMenuCommand,
+         [](const Target& t) { return t.item.subMenu() ? t.item.subMenu()->postMenuCommand() : std::string(); }},
+        {{"divider", "d", "b"}, nullptr, [](const Target& t) { return int(t.item.isSeparator()); }},
         {{"dividerLabel", "dl", "s"},
-         [](Target& t) -> Value { return t.item.label().text.toStdString(); },
-         [](Target& t, const ValueList& v) {
-             t.item.setLabel({textOf(v), {}});
-         }},
+         [](const Target& t, const ValueList& v) {
+             t.item.setLabel({text(v), {}});
+         },
+         [](const Target& t) { return t.item.label().text.toStdString(); }},
         {{"longDivider", "ld", "b"},
-         [](Target& t) -> Value { return int(t.item.isLongDivider); },
-         [](Target& t, const ValueList& v) { t.item.isLongDivider = isOn(v); }},
+         [](const Target& t, const ValueList& v) { t.item.isLongDivider = truth(v); },
+         [](const Target& t) { return int(t.item.isLongDivider); }},
         {{"enable", "en", "b"},
-         [](Target& t) -> Value { return int(t.item.isEnabled()); },
-         [](Target& t, const ValueList& v) { t.item.setEnabled(isOn(v)); }},
+         [](const Target& t, const ValueList& v) { t.item.setEnabled(truth(v)); },
+         [](const Target& t) { return int(t.item.isEnabled()); }},
         {{"visible", "vis", "b"},
-         [](Target& t) -> Value { return int(t.item.isVisible()); },
-         [](Target& t, const ValueList& v) { t.item.setVisible(isOn(v)); }},
+         [](const Target& t, const ValueList& v) { t.item.setVisible(truth(v)); },
+         [](const Target& t) { return int(t.item.isVisible()); }},
         {{"annotation", "ann", "s"},
-         [](Target& t) -> Value { return t.item.statusTip().toStdString(); },
-         [](Target& t, const ValueList& v) { t.item.setStatusTip(textOf(v)); }},
+         [](const Target& t, const ValueList& v) { t.item.setStatusTip(text(v)); },
+         [](const Target& t) { return t.item.statusTip().toStdString(); }},
         {{"image", "i", "s"},
-         [](Target& t) -> Value { return t.item.image; },
-         [](Target& t, const ValueList& v) {
+         [](const Target& t, const ValueList& v) {
              t.item.image = kernel::toText(v.front());
-             t.item.setIcon(QIcon(textOf(v)));
-         }},
+             t.item.setIcon(QIcon(text(v)));
+         },
+         [](const Target& t) { return t.item.image; }},
         {{"boldFont", "bld", "b"},
-         [](Target& t) -> Value { return int(t.item.font().bold()); },
-         [](Target& t, const ValueList& v) { setFontStyle(t.item, &QFont::setBold, isOn(v)); }},
+         [](const Target& t, const ValueList& v) { setFontStyle(t.item, &QFont::setBold, truth(v)); },
+         [](const Target& t) { return int(t.item.font().bold()); }},
         {{"italicized", "itl", "b"},
-         [](Target& t) -> Value { return int(t.item.font().italic()); },
-         [](Target& t, const ValueList& v) { setFontStyle(t.item, &QFont::setItalic, isOn(v)); }},
+         [](const Target& t, const ValueList& v) { setFontStyle(t.item, &QFont::setItalic, truth(v)); },
+         [](const Target& t) { return int(t.item.font().italic()); }},
         {{"data", "da", "i"},
-         [](Target& t) -> Value { return t.item.data; },
-         [](Target& t, const ValueList& v) { kernel::toInt(v.front(), t.item.data); }},
-        {{"parent", "p", "s"}, [](Target& t) -> Value { return UiObjects::path(*t.object.parent); }},
-        {{"fullPathName", "fpn"}, [](Target& t) -> Value { return UiObjects::path(t.object); }},
-        {{"exists", "ex"}},
+         [](const Target& t, const ValueList& v) { kernel::toInt(v.front(), t.item.data); },
+         [](const Target& t) { return t.item.data; }},
         {{"insertAfter", "ia", "s"}},
         {{"collection", "cl", "s"}},
         // One shortcut: see setShortcut.
@@ -147,10 +144,7 @@ const std::vector<ObjectFlag<Target>>& flags()
         {{"altModifier", "alt", "b"}},
         // Taken and without effect here.
         {{"allowOptionBoxes", "aob", "b"}},
-        {{"docTag", "dtg", "s"}},
-        {{"defineTemplate", "dt", "s"}},
-        {{"useTemplate", "ut", "s"}},
-    };
+    });
     return table;
 }
 
@@ -264,7 +258,7 @@ Value makeItem(UiObjects& ui, const ParsedArgs& args, const std::string& name)
     QAction* const place = placeFor(ui, parent, args);
     std::unique_ptr<MenuItem> made(args.integer("optionBox") != 0 ? new OptionBox(ui, menu, &baseFor(ui, parent, place))
                                                                   : new MenuItem(ui, menu));
-    Target target{ui, ui.add(Kind::MenuItem, "menuItem", name, &parent, made.get()), *made};
+    const Target target{ui, ui.add(Kind::MenuItem, "menuItem", name, &parent, made.get()), *made};
     giveForm(ui, parent, *made, args);
     if (!made->isSeparator()) {
         made->setLabel({QString::fromStdString(target.object.name), {}});
@@ -281,7 +275,7 @@ Value makeItem(UiObjects& ui, const ParsedArgs& args, const std::string& name)
 Value runMenuItem(UiObjects& ui, const mel::BuiltinCall& call)
 {
     const ParsedArgs& args = call.args;
-    const std::string name = args.objects.empty() ? std::string() : call.objectNames().front();
+    const std::string name = objectName(call);
     if (args.has("exists")) {
         return int(ui.find(name, only(Kind::MenuItem)) != nullptr);
     }
@@ -289,9 +283,9 @@ Value runMenuItem(UiObjects& ui, const mel::BuiltinCall& call)
         return makeItem(ui, args, name);
     }
     UiObject& object = ui.get("menuItem", name, only(Kind::MenuItem));
-    Target target{ui, object, *qobject_cast<MenuItem*>(object.object)};
+    const Target target{ui, object, *qobject_cast<MenuItem*>(object.object)};
     if (args.query) {
-        return queryFlag(flags(), target, args);
+        return queryFlag("menuItem", flags(), target, args);
     }
     setFlags(flags(), target, args);
     setShortcut(target.item, args);
@@ -302,7 +296,7 @@ Value runCollection(UiObjects& ui, const mel::BuiltinCall& call)
 {
     const std::string command = "radioMenuItemCollection";
     const ParsedArgs& args = call.args;
-    const std::string name = args.objects.empty() ? std::string() : call.objectNames().front();
+    const std::string name = objectName(call);
     if (args.has("exists")) {
         return int(ui.find(name, only(Kind::MenuCollection)) != nullptr);
     }
@@ -315,7 +309,7 @@ Value runCollection(UiObjects& ui, const mel::BuiltinCall& call)
 
 }  // namespace
 
-void addMenuItemCommands(UiObjects& ui)
+void registerMenuItems(UiObjects& ui)
 {
     mel::addBuiltin(ui.session(), "menuItem", syntaxOf(flags()),
                     [&ui](mel::BuiltinCall& call) { return runMenuItem(ui, call); });

@@ -1,4 +1,4 @@
-#include "ui/MenuCommands.h"
+#include "ui/Commands.h"
 #include "ui/MenuSets.h"
 #include "ui/Menus.h"
 #include "ui/ObjectFlags.h"
@@ -50,7 +50,7 @@ ScriptMenu& namedMenu(const Target& target, const ValueList& values)
 }
 
 /// Puts the named menu at the index that follows it; to the end without one.
-void insertMenu(Target& target, const ValueList& values)
+void insertMenu(const Target& target, const ValueList& values)
 {
     int index = -1;
     if (values.size() > 1) {
@@ -59,14 +59,14 @@ void insertMenu(Target& target, const ValueList& values)
     target.sets.insert(target.set, namedMenu(target, values), index < 0 ? target.set.menus.size() : std::size_t(index));
 }
 
-void removeMenu(Target& target, const ValueList& values)
+void removeMenu(const Target& target, const ValueList& values)
 {
     if (!target.sets.remove(target.set, namedMenu(target, values))) {
         throw CommandError("menuSet: Object '" + kernel::toText(values.front()) + "' not found.");
     }
 }
 
-void moveMenu(Target& target, const ValueList& values)
+void moveMenu(const Target& target, const ValueList& values)
 {
     removeMenu(target, values);
     insertMenu(target, values);
@@ -94,17 +94,17 @@ const std::vector<ObjectFlag<Target>>& flags()
 {
     static const std::vector<ObjectFlag<Target>> table = {
         {{"label", "l", "s"},
-         [](Target& t) -> Value { return t.set.label; },
-         [](Target& t, const ValueList& v) { t.sets.setLabel(t.set, kernel::toText(v.front())); }},
-        {{"addMenu", "am", "s"}, nullptr, insertMenu},
-        {{"insertMenu", "im", "si"}, nullptr, insertMenu},
-        {{"moveMenu", "mm", "si"}, nullptr, moveMenu},
-        {{"removeMenu", "rm", "s"}, nullptr, removeMenu},
-        {{"menuArray", "ma"}, [](Target& t) -> Value { return menuNames(t); }},
-        {{"numberOfMenus", "nm"}, [](Target& t) -> Value { return int(menuNames(t).size()); }},
-        {{"currentMenuSet", "cms", "s"}, [](Target& t) -> Value { return t.sets.current()->name; }},
-        {{"allMenuSets", "ams"}, [](Target& t) -> Value { return setNames(t.sets); }},
-        {{"numberOfMenuSets", "nms"}, [](Target& t) -> Value { return int(t.sets.all().size()); }},
+         [](const Target& t, const ValueList& v) { t.sets.setLabel(t.set, kernel::toText(v.front())); },
+         [](const Target& t) { return t.set.label; }},
+        {{"addMenu", "am", "s"}, insertMenu},
+        {{"insertMenu", "im", "si"}, insertMenu},
+        {{"moveMenu", "mm", "si"}, moveMenu},
+        {{"removeMenu", "rm", "s"}, removeMenu},
+        {{"menuArray", "ma"}, nullptr, [](const Target& t) { return menuNames(t); }},
+        {{"numberOfMenus", "nm"}, nullptr, [](const Target& t) { return int(menuNames(t).size()); }},
+        {{"currentMenuSet", "cms", "s"}, nullptr, [](const Target& t) { return t.sets.current()->name; }},
+        {{"allMenuSets", "ams"}, nullptr, [](const Target& t) { return setNames(t.sets); }},
+        {{"numberOfMenuSets", "nms"}, nullptr, [](const Target& t) { return int(t.sets.all().size()); }},
         {{"exists", "ex"}},
     };
     return table;
@@ -124,7 +124,7 @@ Set& setFor(UiObjects& ui, MenuSets& sets, const ParsedArgs& args, const std::st
 Value runMenuSet(UiObjects& ui, MenuSets& sets, const mel::BuiltinCall& call)
 {
     const ParsedArgs& args = call.args;
-    const std::string name = args.objects.empty() ? std::string() : call.objectNames().front();
+    const std::string name = objectName(call);
     if (args.has("exists")) {
         return int(sets.find(name) != nullptr);
     }
@@ -132,9 +132,9 @@ Value runMenuSet(UiObjects& ui, MenuSets& sets, const mel::BuiltinCall& call)
         requireSets(sets);
         sets.setCurrent(getSet(sets, args.text("currentMenuSet")));
     }
-    Target target{ui, sets, setFor(ui, sets, args, name)};
+    const Target target{ui, sets, setFor(ui, sets, args, name)};
     if (args.query) {
-        return queryFlag(flags(), target, args);
+        return queryFlag("menuSet", flags(), target, args);
     }
     setFlags(flags(), target, args);
     return target.set.name;
@@ -173,7 +173,7 @@ Value runFindMenu(MenuSets& sets, const mel::BuiltinCall& call)
 
 }  // namespace
 
-void addMenuSetCommands(UiObjects& ui, MenuSets& sets)
+void registerMenuSets(UiObjects& ui, MenuSets& sets)
 {
     kernel::Session& session = ui.session();
     mel::addBuiltin(session, "menuSet", syntaxOf(flags()),

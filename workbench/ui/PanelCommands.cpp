@@ -1,6 +1,5 @@
 #include "ui/Commands.h"
 #include "ui/ControlCommand.h"
-#include "ui/FlagValues.h"
 #include "ui/LayoutWidget.h"
 #include "ui/ViewPanel.h"
 #include "view/Viewport.h"

@@ -80,8 +80,7 @@ UiObject& topmost(const Current& current)
 
 UiObject& wantedParent(const UiObjects& ui, const Current& current, const mel::BuiltinCall& call)
 {
-    const std::vector<std::string> names = call.objectNames();
-    const std::string name = names.empty() ? std::string() : names.front();
+    const std::string name = objectName(call);
     if (call.args.has("upLevel") || name == "..") {
         return above(current);
     }

@@ -1,6 +1,5 @@
 #include "ui/Commands.h"
 #include "ui/ControlCommand.h"
-#include "ui/FlagValues.h"
 #include "ui/ScriptWindow.h"
 
 namespace ui {
@@ -133,15 +132,6 @@ void registerWindows(UiObjects& ui)
                            [](UiObjects& objects) -> QWidget* { return new ScriptWindow(objects); }});
     mel::addBuiltin(ui.session(), "showWindow", mel::makeSyntax({}, mel::Modes::Create, 0, 1),
                     [&ui](mel::BuiltinCall& call) { return showWindow(ui, call); });
-}
-
-void registerWindowCommands(UiObjects& ui)
-{
-    registerWindows(ui);
-    registerParents(ui);
-    registerLayouts(ui);
-    registerControls(ui);
-    registerPanels(ui);
 }
 
 }  // namespace ui

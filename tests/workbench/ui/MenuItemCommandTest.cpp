@@ -91,6 +91,7 @@ TEST_F(MenuItemCommandTest, WhatIsSetIsReadBack)
         {"plain", "-italicized", "1", "0"},
         {"plain", "-data", "7", "0"},
         {"plain", "-longDivider", "0", "1"},
+        {"plain", "-docTag", "mine", ""},
         {"sub", "-tearOff", "1", "0"},
         {"sub", "-postMenuCommand", "print 1", ""},
     };
@@ -100,6 +101,7 @@ TEST_F(MenuItemCommandTest, WhatIsSetIsReadBack)
         run(std::string("menuItem -e ") + row.flag + " \"" + row.value + "\" " + row.object);
         EXPECT_EQ(value(query), row.value) << query;
     }
+    EXPECT_EQ(errorOf("menuItem -q -collection plain"), "menuItem: Flag '-collection' cannot be queried");
     EXPECT_TRUE(item("plain")->font().bold());
     EXPECT_FALSE(item("plain")->isVisible());
 }
