@@ -122,7 +122,7 @@ void MainWindow::buildLines()
     m_help->setObjectName("helpLine");
     m_help->setTextFormat(Qt::PlainText);
     m_help->setMinimumSize(80, 22);
-    m_help->setContentsMargins(6, 0, 6, 0);  // in line with the text of the field below
+    m_help->setContentsMargins(3, 0, 6, 0);  // in line with the text of the field below
     m_help->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     m_time = new TimeField(m_session, run);
     ui::UiObjects& ui = m_host.ui();
@@ -186,12 +186,14 @@ void MainWindow::listen()
 
 void MainWindow::setPaneCount(int count)
 {
-    m_panes->setConfiguration(count == 1 ? "single" : "vertical2");
+    if (m_panes) {
+        m_panes->setConfiguration(count == 1 ? "single" : "vertical2");
+    }
 }
 
 int MainWindow::paneCount() const
 {
-    return m_panes->paneCount();
+    return m_panes ? m_panes->paneCount() : 0;
 }
 
 // --- actions -------------------------------------------------------------------------------------------------------

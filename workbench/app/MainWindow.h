@@ -3,6 +3,7 @@
 #include "app/Host.h"
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
 
 #include <memory>
@@ -44,7 +45,7 @@ public:
     view::Viewports& viewports() { return *m_viewports; }
     /// 1 or 2 views side by side: modelPanel4 alone, or with modelPanel1 to its right.
     void setPaneCount(int count);
-    int paneCount() const;  ///< up to 4 when a script arranged the panes
+    int paneCount() const;  ///< up to 4 when a script arranged the panes, 0 when it deleted them
     /// Runs a text as a user's action: echoed, and one undo step.
     bool runAction(const std::string& text);
     /// The same for what the user may want again at once: it is then what is repeated.
@@ -85,7 +86,7 @@ private:
     std::unique_ptr<IdleRunner> m_idle;
     std::unique_ptr<PlaybackRunner> m_playback;
     FileActions* m_files = nullptr;
-    ui::PaneLayout* m_panes = nullptr;
+    QPointer<ui::PaneLayout> m_panes;  ///< null once a script deleted them
     QLabel* m_help = nullptr;
     CommandField* m_command = nullptr;
     MessageLine* m_messages = nullptr;

@@ -267,6 +267,17 @@ TEST_F(MainWindow, ItsOwnMenusCanBeTakenAway)
     EXPECT_EQ(value("menu -exists mainEditMenu"), "0");
 }
 
+TEST_F(MainWindow, ItsViewsCanBeTakenAway)
+{
+    EXPECT_TRUE(host->run("deleteUI $gMainPane"));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(value("getPanel -allPanels"), "");
+    EXPECT_EQ(value("workbenchView -q -panes"), "0");
+    host->run("workbenchView -panes 2");
+    QMetaObject::invokeMethod(action("Display")->menu(), "aboutToShow");
+    EXPECT_EQ(value("menu -q -numberOfItems lookThroughItem"), "5");
+}
+
 TEST_F(MainWindow, TitleNamesTheFileAndMarksChanges)
 {
     EXPECT_TRUE(window->windowTitle().startsWith("untitled - "));
