@@ -1,21 +1,10 @@
 #include "ui/MenuItem.h"
 
+#include "ui/ControlScript.h"
 #include "ui/ScriptMenu.h"
 #include "ui/UiObjects.h"
 
 namespace ui {
-
-namespace {
-
-std::string withState(std::string text, bool on)
-{
-    for (std::size_t at = text.find("#1"); at != std::string::npos; at = text.find("#1", at + 1)) {
-        text.replace(at, 2, on ? "1" : "0");
-    }
-    return text;
-}
-
-}  // namespace
 
 MenuItem::MenuItem(UiObjects& ui, QObject* parent) : QWidgetAction(parent), m_ui(ui)
 {
@@ -56,7 +45,7 @@ void MenuItem::Run()
         m_ui.session().output.error("menuItem: Python scripts cannot be run");
         return;
     }
-    const std::string text = isCheckable() ? withState(script.text, isChecked()) : script.text;
+    const std::string text = isCheckable() ? filledIn(script.text, {double(isChecked())}) : script.text;
     if (script.isRepeatable && !text.empty()) {
         m_ui.session().lastAction = text;
     }
