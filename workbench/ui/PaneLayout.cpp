@@ -100,6 +100,9 @@ bool PaneLayout::setConfiguration(const std::string& name)
     if (!findConfiguration(name)) {
         return false;
     }
+    if (m_configuration != name) {
+        m_shares.clear();
+    }
     m_configuration = name;
     arrange();
     return true;
@@ -123,6 +126,12 @@ bool PaneLayout::setPane(QWidget* child, int pane)
 
 void PaneLayout::setPaneSize(int pane, int widthPercent, int heightPercent)
 {
+    m_shares[pane] = {widthPercent, heightPercent};
+    giveShare(pane, m_shares[pane]);
+}
+
+void PaneLayout::giveShare(int pane, const Share& share)
+{
     const QStringList order = groups(m_configuration);
     for (int group = 0; m_outer && group < order.size(); ++group) {
         const int place = order[group].indexOf(QChar('0' + pane));
@@ -130,9 +139,9 @@ void PaneLayout::setPaneSize(int pane, int widthPercent, int heightPercent)
             continue;
         }
         const bool isAcross = m_outer->orientation() == Qt::Horizontal;
-        setShare(*m_outer, group, isAcross ? widthPercent : heightPercent);
+        setShare(*m_outer, group, isAcross ? share.widthPercent : share.heightPercent);
         if (auto* const inner = qobject_cast<QSplitter*>(m_outer->widget(group))) {
-            setShare(*inner, place, isAcross ? heightPercent : widthPercent);
+            setShare(*inner, place, isAcross ? share.heightPercent : share.widthPercent);
         }
     }
 }
@@ -174,6 +183,9 @@ void PaneLayout::arrange()
     shareEvenly(*m_outer);
     for (QSplitter* inner : m_outer->findChildren<QSplitter*>(QString(), Qt::FindDirectChildrenOnly)) {
         shareEvenly(*inner);
+    }
+    for (const auto& given : m_shares) {
+        giveShare(given.first, given.second);
     }
     delete old;
     layout()->addWidget(m_outer);

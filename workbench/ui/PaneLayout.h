@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QVector>
 
+#include <map>
 #include <string>
 
 class QSplitter;
@@ -28,16 +29,23 @@ public:
     int paneCount() const;  ///< of the configuration
     /// Exchanges the child with the one in that pane, from 0. False when there is no such child or pane.
     bool setPane(QWidget* child, int pane);
-    /// What a pane takes of the room, each 1 to 99; the others share the rest.
+    /// What a pane, from 0, takes of the room, each 1 to 99; the others share the rest. Holds until the next
+    /// configuration, also for children still to come.
     void setPaneSize(int pane, int widthPercent, int heightPercent);
     void setBarThickness(int pixels);
 
 private:
+    struct Share {
+        int widthPercent;
+        int heightPercent;
+    };
     void arrange();
+    void giveShare(int pane, const Share& share);
     QSplitter* makeSplitter(Qt::Orientation orientation, QWidget* parent) const;
 
     QVector<QPointer<QWidget>> m_children;
     std::string m_configuration = "single";
+    std::map<int, Share> m_shares;  ///< of the panes that were given one
     QSplitter* m_outer = nullptr;
     int m_barThickness = 4;
 };

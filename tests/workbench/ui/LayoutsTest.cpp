@@ -65,6 +65,24 @@ TEST_F(LayoutsTest, PanesAreCountedClockwiseFromTheUpperLeft)
     EXPECT_EQ(value("paneLayout -q -configuration panes"), "quad");
 }
 
+TEST_F(LayoutsTest, PanesKeepTheSizesTheyWereGivenBeforeTheirChildrenCame)
+{
+    run("window w; paneLayout -configuration vertical2 -paneSize 1 25 100 panes; button a; button b");
+    for (const char* name : {"a", "b"}) {
+        widget(name)->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+        widget(name)->setMinimumSize(1, 1);
+    }
+    show("w");
+    EXPECT_NEAR(widget("a")->width(), 100, 10);
+    run("paneLayout -e -separatorThickness 12 panes");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(widget("b")->mapTo(widget("w"), QPoint()).x() - widget("a")->width(), 12);
+    EXPECT_NEAR(widget("a")->width(), 100, 10);
+    run("paneLayout -e -configuration horizontal2 panes");
+    QCoreApplication::processEvents();
+    EXPECT_NEAR(widget("a")->height(), 150, 10) << "another arrangement starts evenly";
+}
+
 TEST_F(LayoutsTest, ChildrenChangePanesAndGo)
 {
     run("window w; paneLayout -configuration vertical2 panes; button a; button b; button c");
