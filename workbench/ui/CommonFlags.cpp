@@ -5,7 +5,6 @@
 
 namespace ui {
 
-using kernel::Value;
 using kernel::ValueList;
 
 namespace {
