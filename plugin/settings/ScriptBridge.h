@@ -21,7 +21,7 @@ namespace script {
 QString escaped(const QString& text);
 /// A script string literal.
 QString quoted(const QString& text);
-/// A node name as a bare word; a text that is no legal node name becomes a string literal.
+/// A node name as a bare word; a text that is no legal node name, or holds a reserved word, becomes a string literal.
 QString word(const QString& name);
 
 // Frames --------------------------------------------------------------------------------------------------------------
