@@ -251,9 +251,19 @@ bool openPanel(Panel panel)
     return runRow(templates::kPanels, panel);
 }
 
+bool openDialog(Dialog dialog)
+{
+    return runRow(templates::kDialogs, dialog);
+}
+
+bool openLayerProperties()
+{
+    return run(templates::kLayerProperties);
+}
+
 bool openNewLayerDialogDeferred()
 {
-    return runDeferred(templates::kPanels[static_cast<int>(Panel::NewLayer)]);
+    return runDeferred(templates::kDialogs[static_cast<int>(Dialog::NewLayer)]);
 }
 
 bool refreshLayerManagerDeferred()

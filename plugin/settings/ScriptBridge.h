@@ -1,6 +1,7 @@
 #pragma once
 
 #include "settings/FrameSpan.h"
+#include "settings/Panels.h"
 #include "settings/ToolType.h"
 
 #include <maya/MDagPath.h>
@@ -100,17 +101,9 @@ bool refreshTimelineDisplay();
 
 // Panels --------------------------------------------------------------------------------------------------------------
 
-enum class Panel {
-    Toolbox,
-    ToolOptions,
-    LayerManager,
-    ColorPalette,
-    RetimingTool,
-    GhostingSettings,
-    NewLayer,
-    LayerProperties
-};
 bool openPanel(Panel panel);
+bool openDialog(Dialog dialog);
+bool openLayerProperties();  ///< of the active layer
 bool openNewLayerDialogDeferred();
 bool refreshLayerManagerDeferred();
 
