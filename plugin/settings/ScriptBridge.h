@@ -110,7 +110,8 @@ bool refreshLayerManagerDeferred();
 /// Makes the host's colour control, its label and slider hidden. Gives its full name, empty when refused. The current
 /// parent must be a layout. swatchWidth: pixels.
 QString createColourSlider(const QString& name, int swatchWidth);
-/// The colour of the control; invalid when there is no such control.
+/// The colour of the control, one brighter than white cut down to what we can draw; invalid when there is no such
+/// control.
 QColor colourOfSlider(const QString& slider);
 bool setColourOfSlider(const QString& slider, const QColor& colour);
 /// Has the toolbox take up every colour the user picks.

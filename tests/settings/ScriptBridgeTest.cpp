@@ -109,6 +109,15 @@ TEST_F(ScriptBridgeTest, AnswersQuestionsAboutTheHost)
     EXPECT_EQ(script::highlightedSpan().end, 15);
 }
 
+TEST_F(ScriptBridgeTest, AColourBeyondWhatCanBeDrawnIsCutDown)
+{
+    session().commands.remove("colorSliderGrp");
+    session().commands.add("colorSliderGrp", [](const kernel::ValueList&) -> kernel::Value {
+        return kernel::DoubleArray{1.5, -0.25, 0.6};
+    });
+    EXPECT_EQ(script::colourOfSlider("ink"), QColor::fromRgbF(1.0, 0.0, 0.6));
+}
+
 TEST_F(ScriptBridgeTest, ReportsAMissingTimeSlider)
 {
     EXPECT_EQ(script::timeControlName(), QString());
