@@ -3,28 +3,15 @@
 #include "model/LayerListView.h"
 #include "model/LayerManager.h"
 #include "node/BaseNode.h"
-#include "settings/Preferences.h"
 #include "settings/ScriptBridge.h"
 
 #include <maya/MQtUtil.h>
 
 #include <QInputDialog>
 #include <QMessageBox>
-#include <QPointer>
 #include <QWidget>
 
 namespace {
-
-const struct {
-    Panel panel;
-    void (Preferences::*setGeometry)(const QByteArray&);
-} kPanels[] = {
-    {Panel::LayerManager, &Preferences::setLayerManagerGeometry},
-    {Panel::Toolbox, &Preferences::setToolboxGeometry},
-    {Panel::ToolOptions, &Preferences::setToolOptionsGeometry},
-    {Panel::ColorPalette, &Preferences::setColorPaletteGeometry},
-    {Panel::RetimingTool, &Preferences::setRetimingToolGeometry},
-};
 
 constexpr int kLabelPadding = 17;  // blanks that make the dialog wider
 
@@ -53,17 +40,6 @@ QString askForCamera(const QStringList& cameras, const QString& preselected)
     const QString camera = QInputDialog::getItem(MQtUtil::mainWindow(), "Move Layers to View", label, cameras,
                                                  qMax(cameras.indexOf(preselected), 0), false, &confirmed);
     return confirmed ? camera : QString();
-}
-
-void destroyPanel(const QPointer<QWidget>& panel)
-{
-    if (panel) {
-        panel->close();
-    }
-    if (panel) {  // it may destroy itself when it is closed
-        panel->setParent(nullptr);
-        delete panel;
-    }
 }
 
 }  // namespace
@@ -130,10 +106,7 @@ MStatus resetPanels()
                               QMessageBox::Yes | QMessageBox::No, QMessageBox::NoButton);
     Panels* panels = Panels::installed();
     if (answer == QMessageBox::Yes && panels) {
-        for (const auto& row : kPanels) {
-            destroyPanel(panels->existingPanel(row.panel));
-            (Preferences::instance().*row.setGeometry)(QByteArray());  // a panel keeps its place when it is closed
-        }
+        panels->destroyAll(Panels::Places::Forget);
     }
     return MStatus::kSuccess;
 }

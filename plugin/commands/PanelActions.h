@@ -1,6 +1,6 @@
 #pragma once
 
-#include "commands/Panels.h"
+#include "settings/Panels.h"
 
 #include <maya/MStatus.h>
 

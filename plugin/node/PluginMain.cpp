@@ -3,7 +3,6 @@
 #include "commands/FrameCommand.h"
 #include "commands/LayerCommand.h"
 #include "commands/NodeCommand.h"
-#include "commands/Panels.h"
 #include "commands/StrokeCommand.h"
 #include "commands/UtilCommand.h"
 #include "contexts/DrawContextCommand.h"
@@ -18,6 +17,7 @@
 #include "node/TimelineMarks.h"
 #include "settings/Messages.h"
 #include "settings/Names.h"
+#include "settings/Panels.h"
 #include "settings/Preferences.h"
 #include "settings/ScriptBridge.h"
 #include "settings/Text.h"
@@ -26,8 +26,6 @@
 #include <maya/MFnPlugin.h>
 
 #include <QCoreApplication>
-#include <QPointer>
-#include <QWidget>
 
 #include <functional>
 #include <vector>
@@ -129,29 +127,6 @@ Registration whenLeaving(void (*step)())
             QString(), QString(), false};
 }
 
-const struct {
-    Panel panel;
-    void (Preferences::*keepGeometry)(const QByteArray&);
-} kPanels[] = {
-    {Panel::Toolbox, &Preferences::setToolboxGeometry},
-    {Panel::ToolOptions, &Preferences::setToolOptionsGeometry},
-    {Panel::LayerManager, &Preferences::setLayerManagerGeometry},
-    {Panel::ColorPalette, &Preferences::setColorPaletteGeometry},
-    {Panel::RetimingTool, &Preferences::setRetimingToolGeometry},
-};
-
-void closePanels(Panels& panels)
-{
-    for (const auto& row : kPanels) {
-        const QPointer<QWidget> panel = panels.existingPanel(row.panel);
-        if (panel) {
-            (Preferences::instance().*row.keepGeometry)(panel->saveGeometry());
-            panel->close();
-            delete panel;  // null by now if it deletes itself
-        }
-    }
-}
-
 /// Takes our windows away and saves the settings: once, when the host quits or when the module is unloaded before.
 void shutDown()
 {
@@ -160,7 +135,7 @@ void shutDown()
     }
     s_isShutDown = true;
     if (Panels* panels = Panels::installed()) {
-        closePanels(*panels);
+        panels->destroyAll(Panels::Places::Keep);
     }
     Panels::install(nullptr);
     TimelineMarks::install(nullptr);

@@ -63,7 +63,11 @@ QString quoted(const QString& text)
 
 QString word(const QString& name)
 {
-    static const QRegularExpression kLegalName("\\A[|:]?[A-Za-z_]\\w*([|:][A-Za-z_]\\w*)*\\z");
+    // A node may be called what the script language keeps for itself.
+    static const QString kPart(
+        "(?!(break|case|catch|catchQuiet|continue|default|do|else|false|float|for|global|if|in|int|"
+        "matrix|no|off|on|proc|return|string|switch|true|vector|while|yes)\\b)[A-Za-z_]\\w*");
+    static const QRegularExpression kLegalName(QString("\\A[|:]?%1([|:]%1)*\\z").arg(kPart));
     return kLegalName.match(name).hasMatch() ? name : quoted(name);
 }
 
@@ -247,9 +251,19 @@ bool openPanel(Panel panel)
     return runRow(templates::kPanels, panel);
 }
 
+bool openDialog(Dialog dialog)
+{
+    return runRow(templates::kDialogs, dialog);
+}
+
+bool openLayerProperties()
+{
+    return run(templates::kLayerProperties);
+}
+
 bool openNewLayerDialogDeferred()
 {
-    return runDeferred(templates::kPanels[static_cast<int>(Panel::NewLayer)]);
+    return runDeferred(templates::kDialogs[static_cast<int>(Dialog::NewLayer)]);
 }
 
 bool refreshLayerManagerDeferred()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "settings/FrameSpan.h"
+#include "settings/Panels.h"
 #include "settings/ToolType.h"
 
 #include <maya/MDagPath.h>
@@ -21,7 +22,7 @@ namespace script {
 QString escaped(const QString& text);
 /// A script string literal.
 QString quoted(const QString& text);
-/// A node name as a bare word; a text that is no legal node name becomes a string literal.
+/// A node name as a bare word; a text that is no legal node name, or holds a reserved word, becomes a string literal.
 QString word(const QString& name);
 
 // Frames --------------------------------------------------------------------------------------------------------------
@@ -100,24 +101,17 @@ bool refreshTimelineDisplay();
 
 // Panels --------------------------------------------------------------------------------------------------------------
 
-enum class Panel {
-    Toolbox,
-    ToolOptions,
-    LayerManager,
-    ColorPalette,
-    RetimingTool,
-    GhostingSettings,
-    NewLayer,
-    LayerProperties
-};
 bool openPanel(Panel panel);
+bool openDialog(Dialog dialog);
+bool openLayerProperties();  ///< of the active layer
 bool openNewLayerDialogDeferred();
 bool refreshLayerManagerDeferred();
 
 /// Makes the host's colour control, its label and slider hidden. Gives its full name, empty when refused. The current
 /// parent must be a layout. swatchWidth: pixels.
 QString createColourSlider(const QString& name, int swatchWidth);
-/// The colour of the control; invalid when there is no such control.
+/// The colour of the control, one brighter than white cut down to what we can draw; invalid when there is no such
+/// control.
 QColor colourOfSlider(const QString& slider);
 bool setColourOfSlider(const QString& slider, const QColor& colour);
 /// Has the toolbox take up every colour the user picks.

@@ -54,7 +54,7 @@ QColor colourOfSlider(const QString& slider)
     if (!ask(templates::kSliderColour, rgb, {word(slider)}) || rgb.length() < 3) {
         return QColor();
     }
-    return QColor::fromRgbF(rgb[0], rgb[1], rgb[2]);
+    return QColor::fromRgbF(qBound(0.0, rgb[0], 1.0), qBound(0.0, rgb[1], 1.0), qBound(0.0, rgb[2], 1.0));
 }
 
 QString userPrefDir()

@@ -109,11 +109,18 @@ constexpr Template kRefreshToolbox = {kUtilCommand, " -rtb", false, false};
 
 // By Panel.
 constexpr Template kPanels[] = {
-    {kUtilCommand, " -toolbox", false, false},      {kUtilCommand, " -toolOptions", false, false},
-    {kUtilCommand, " -layerManager", false, false}, {kUtilCommand, " -colorPalette", false, false},
-    {kUtilCommand, " -retimingTool", false, false}, {kUtilCommand, " -ghostingSettings", false, false},
-    {kUtilCommand, " -newLayer", false, false},     {kUtilCommand, " -layerProperties", false, false},
+    {kUtilCommand, " -layerManager", false, false}, {kUtilCommand, " -toolbox", false, false},
+    {kUtilCommand, " -toolOptions", false, false},  {kUtilCommand, " -colorPalette", false, false},
+    {kUtilCommand, " -retimingTool", false, false},
 };
+// By Dialog.
+constexpr Template kDialogs[] = {
+    {kUtilCommand, " -newLayer", false, false},
+    {kUtilCommand, " -ghostingSettings", false, false},
+    {kUtilCommand, " -preferences", false, false},
+    {kUtilCommand, " -about", false, false},
+};
+constexpr Template kLayerProperties = {kUtilCommand, " -layerProperties", false, false};
 
 constexpr Template kCreateMenu = {kCreateMainMenu, "(%1)", false, false};
 constexpr Template kDeleteMenu = {kDeleteMainMenu, "()", false, false};

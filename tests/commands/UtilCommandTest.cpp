@@ -1,8 +1,8 @@
 #include "support/NodeFixture.h"
 
-#include "commands/Panels.h"
 #include "commands/UtilCommand.h"
 #include "model/LayerListView.h"
+#include "settings/Panels.h"
 #include "settings/ScriptBridge.h"
 
 #include <maya/MPxContextCommand.h>

@@ -9,11 +9,11 @@
 #include "api/Module.h"
 #include "api/Registration.h"
 #include "api/Tools.h"
+#include "app/MainWindow.h"
 
 #include <QCursor>
 #include <QDir>
 #include <QFile>
-#include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -25,6 +25,7 @@ namespace {
 
 using testing::AllOf;
 using testing::Contains;
+using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -63,26 +64,20 @@ protected:
         QFile file(QDir(prefsDir()).filePath("lumisketch2.ini"));
         return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
     }
+    void writePreferences(const QByteArray& text)
+    {
+        QFile file(QDir(prefsDir()).filePath("lumisketch2.ini"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    }
     void forgetPreferences() { QFile::remove(QDir(prefsDir()).filePath("lumisketch2.ini")); }
 };
 
 /// The host as it is with a window and two views.
 class PluginMainInAWindow : public PluginMainTest {
 protected:
-    PluginMainInAWindow()
-    {
-        session().batch = false;
-        host().ui().setMainWindow(&window);
-        // What a host may not have made yet; one that has them keeps its own.
-        session().commands.add("setParent", [this](const kernel::ValueList&) {
-            host().ui().setMenuParent(host().ui().menuParent()->parent);
-            return kernel::Value();
-        });
-        session().commands.add("deleteUI", [this](const kernel::ValueList& arguments) {
-            host().ui().destroy(host().ui().get("deleteUI", kernel::toText(arguments.back())));
-            return kernel::Value();
-        });
-    }
+    PluginMainInAWindow() : window(host()) { session().batch = false; }
+    ~PluginMainInAWindow() override { host().shutDown(); }  // its callbacks reach the window
 
     /// Our menus among those of the window.
     QList<QMenu*> menus() const
@@ -95,13 +90,26 @@ protected:
         }
         return found;
     }
+    /// The labels in the menu bar, from left to right.
+    QStringList bar() const
+    {
+        QStringList labels;
+        for (const QAction* action : window.menuBar()->actions()) {
+            if (action->isVisible()) {
+                labels << action->text();
+            }
+        }
+        return labels;
+    }
     QStringList checkedItems() const
     {
         QStringList texts;
-        for (const QMenu* menu : window.findChildren<QMenu*>()) {
-            for (const QAction* action : menu->actions()) {
-                if (action->isChecked()) {
-                    texts << action->text();
+        for (const QMenu* menu : menus()) {
+            for (const QMenu* submenu : menu->findChildren<QMenu*>()) {
+                for (const QAction* action : submenu->actions()) {
+                    if (action->isChecked()) {
+                        texts << action->text();
+                    }
                 }
             }
         }
@@ -123,7 +131,7 @@ protected:
         api::ToolBox::instance().send(event, nullptr, nullptr);
     }
 
-    QMainWindow window;
+    app::MainWindow window;
     TestViews views;
 };
 
@@ -175,6 +183,62 @@ TEST_F(PluginMainInAWindow, HasItsMenuForAsLongAsItIsLoaded)
     EXPECT_THAT(menus(), IsEmpty());
     EXPECT_THAT(errors(), IsEmpty());
     EXPECT_THAT(warnings(), IsEmpty());
+}
+
+TEST_F(PluginMainInAWindow, HasItsMenuUnderTheNameAndInTheSetTheUserWants)
+{
+    const QStringList without = bar();
+    writePreferences("[main]\nmainMenuName=\"Sketch, \\\"quick\\\"\"\n");
+    ASSERT_TRUE(load());
+    const QString label = "Sketch, \"quick\"";
+    EXPECT_EQ(bar().count(label), 1);
+    EXPECT_EQ(bar().size(), without.size() + 1);
+    for (const char* set : {"animationMenuSet", "renderingMenuSet", "modelingMenuSet"}) {
+        ASSERT_TRUE(run(std::string("setMenuMode ") + set));
+        EXPECT_TRUE(bar().contains(label)) << set;
+    }
+    ASSERT_TRUE(unload());
+    EXPECT_EQ(bar(), without);
+
+    writePreferences("[preferences]\nshowMainMenuInAnimationSet=true\n");
+    ASSERT_TRUE(run("setMenuMode riggingMenuSet"));
+    for (int round = 0; round < 2; ++round) {
+        ASSERT_TRUE(load());
+        host().drainIdle();
+        EXPECT_EQ(value("menuSet -q -currentMenuSet"), "riggingMenuSet");
+        EXPECT_EQ(value("size(`menuSet -q -menuArray animationMenuSet`)"), "1");
+        EXPECT_EQ(bar(), without);
+        ASSERT_TRUE(run("setMenuMode animationMenuSet"));
+        EXPECT_TRUE(bar().contains("LM2"));
+        ASSERT_TRUE(run("setMenuMode riggingMenuSet"));
+        EXPECT_EQ(bar(), without);
+        ASSERT_TRUE(unload());
+        EXPECT_EQ(value("size(`menuSet -q -menuArray animationMenuSet`)"), "0");
+    }
+    // The set is shown again when the host is idle, and it is not idle before both loads are done.
+    ASSERT_TRUE(run(std::string("loadPlugin \"") + LUMISKETCH_MODULE + "\"; unloadPlugin lumisketch2; loadPlugin \""
+                    + LUMISKETCH_MODULE + "\""));
+    EXPECT_EQ(value("menuSet -q -currentMenuSet"), "riggingMenuSet");
+    EXPECT_THAT(errors(), IsEmpty());
+    EXPECT_THAT(warnings(), IsEmpty());
+}
+
+TEST_F(PluginMainInAWindow, WhatItsMenuItemsRunIsUnderstood)
+{
+    const QStringList opensAWindow = {"Reset UI", "Lumisketch View", "Move layers to Lumisketch View"};
+    ASSERT_TRUE(load());
+    ASSERT_TRUE(run("tqLumisketchNode -l -c persp -f"));
+    for (const QMenu* menu : menus() + menus().first()->findChildren<QMenu*>()) {
+        for (QAction* action : menu->actions()) {
+            if (!action->menu() && !opensAWindow.contains(action->text())) {
+                action->trigger();
+                host().drainIdle();
+                EXPECT_THAT(errors(), Each(StartsWith(names::kMessagePrefix))) << action->text().toStdString();
+            }
+        }
+    }
+    EXPECT_EQ(checkedItems(), (QStringList{"Rectangle", "Ghost Previous", "Ghost Next", "Off"}));
+    EXPECT_EQ(value("objExists lumisketch"), "0") << "cleared";
 }
 
 TEST_F(PluginMainTest, LeavesNothingBehindHoweverOftenItIsLoaded)
@@ -289,7 +353,7 @@ TEST_F(PluginMainTest, IsNotUnloadedWhileItsNodesExistOrItsStepsCanBeUndone)
     EXPECT_FALSE(unload()) << "the step can be redone";
     ASSERT_TRUE(run("flushUndo"));
     EXPECT_TRUE(unload());
-    EXPECT_THAT(errors(), testing::Each("Plug-in, \"lumisketch2\", cannot be unloaded because it is still in use"));
+    EXPECT_THAT(errors(), Each("Plug-in, \"lumisketch2\", cannot be unloaded because it is still in use"));
 }
 
 TEST_F(PluginMainTest, SavesThePreferencesWhenItIsUnloadedAndWhenTheHostQuits)

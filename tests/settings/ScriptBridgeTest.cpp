@@ -44,11 +44,12 @@ TEST_F(ScriptBridgeTest, OnlyLegalNodeNamesAreBareWords)
     const struct {
         const char* name;
         const char* written;
-    } cases[] = {{"persp", "persp"},       {"cam_2", "cam_2"},         {"|group1|cam", "|group1|cam"},
-                 {"shot:cam", "shot:cam"}, {"2nd", "\"2nd\""},         {"", "\"\""},
-                 {"a b", "\"a b\""},       {"-delete", "\"-delete\""}, {"x;quit", "\"x;quit\""},
-                 {":cam", ":cam"},         {"a||quit", "\"a||quit\""}, {"a:", "\"a:\""},
-                 {"|", "\"|\""},           {"a|2nd", "\"a|2nd\""},     {"cam\n", "\"cam\\n\""}};
+    } cases[] = {{"persp", "persp"},       {"cam_2", "cam_2"},           {"|group1|cam", "|group1|cam"},
+                 {"shot:cam", "shot:cam"}, {"2nd", "\"2nd\""},           {"", "\"\""},
+                 {"a b", "\"a b\""},       {"-delete", "\"-delete\""},   {"x;quit", "\"x;quit\""},
+                 {":cam", ":cam"},         {"a||quit", "\"a||quit\""},   {"a:", "\"a:\""},
+                 {"|", "\"|\""},           {"a|2nd", "\"a|2nd\""},       {"cam\n", "\"cam\\n\""},
+                 {"in", "\"in\""},         {"a|string", "\"a|string\""}, {"inCam", "inCam"}};
     for (const auto& c : cases) {
         EXPECT_EQ(script::word(c.name).toStdString(), c.written);
     }
@@ -106,6 +107,15 @@ TEST_F(ScriptBridgeTest, AnswersQuestionsAboutTheHost)
     session().scene.highlightSliderRange({10, 15});
     EXPECT_EQ(script::highlightedSpan().first, 10);
     EXPECT_EQ(script::highlightedSpan().end, 15);
+}
+
+TEST_F(ScriptBridgeTest, AColourBeyondWhatCanBeDrawnIsCutDown)
+{
+    session().commands.remove("colorSliderGrp");
+    session().commands.add("colorSliderGrp", [](const kernel::ValueList&) -> kernel::Value {
+        return kernel::DoubleArray{1.5, -0.25, 0.6};
+    });
+    EXPECT_EQ(script::colourOfSlider("ink"), QColor::fromRgbF(1.0, 0.0, 0.6));
 }
 
 TEST_F(ScriptBridgeTest, ReportsAMissingTimeSlider)

@@ -41,6 +41,8 @@ inline QStringList hostileTexts()
         "#1 ^1s",
         "(1)",
         "on",
+        "string",
+        "shot|in",
         "12",
         QString(20000, QLatin1Char('x')),
         QString("\\\"").repeated(5000),

@@ -24,6 +24,11 @@ public:
     virtual bool open(Dialog dialog) = 0;
     virtual bool openLayerProperties(const QString& camera, int layerIndex) = 0;
 
+    enum class Places { Keep, Forget };
+    /// Closes and destroys every panel. Where those that exist are goes into the preferences, or all places go from
+    /// there, so that each panel comes back at its default one.
+    void destroyAll(Places places);
+
     static Panels* installed();
     static void install(Panels* panels);  ///< a loan; null to take it back
 };
