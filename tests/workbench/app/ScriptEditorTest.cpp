@@ -39,7 +39,7 @@ protected:
     void run()
     {
         press(Qt::Key_Return, Qt::ControlModifier);
-        turnEventLoop();
+        m_run->finishIdleWork();
     }
     void select(const QString& text)
     {
@@ -174,7 +174,7 @@ TEST_F(ScriptEditor, ButtonsClearBothPartsSeparately)
                 button->click();
             }
         }
-        turnEventLoop();
+        m_run->finishIdleWork();
     };
     click("Clear History");
     EXPECT_EQ(journal(), "");
