@@ -9,7 +9,6 @@
 #include <vector>
 
 class QLabel;
-class QLineEdit;
 
 namespace ui {
 class PaneLayout;
@@ -21,15 +20,12 @@ class Viewports;
 
 namespace app {
 
-class CommandField;
 class CommandPorts;
 class FileActions;
 class HotKeys;
 class IdleRunner;
 class PlaybackRunner;
-class MessageLine;
 class ScriptShell;
-class TimeField;
 class WindowCommands;
 
 /// The program's window: menus, camera views, and below them the command field, messages, the tool's help and the time.
@@ -87,9 +83,6 @@ private:
     FileActions* m_files = nullptr;
     ui::PaneLayout* m_panes = nullptr;
     QLabel* m_help = nullptr;
-    CommandField* m_command = nullptr;
-    MessageLine* m_messages = nullptr;
-    TimeField* m_time = nullptr;
     QTimer m_statusTimer;
     std::vector<unsigned> m_callbacks;
     std::vector<unsigned> m_watchers;

@@ -72,7 +72,6 @@ void ScriptInput::AskForRun()
 void ScriptInput::keyPressEvent(QKeyEvent* event)
 {
     const bool control = event->modifiers() & Qt::ControlModifier;
-    const bool severalLines = textCursor().selection().toPlainText().contains('\n');
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter: control ? AskForRun() : breakLine(); return;
@@ -84,7 +83,7 @@ void ScriptInput::keyPressEvent(QKeyEvent* event)
         }
         break;
     case Qt::Key_Tab:
-        if (severalLines) {
+        if (selectsLines()) {
             indentLines(true);
             return;
         }
@@ -93,6 +92,12 @@ void ScriptInput::keyPressEvent(QKeyEvent* event)
     default: break;
     }
     QPlainTextEdit::keyPressEvent(event);
+}
+
+bool ScriptInput::selectsLines() const
+{
+    const QTextCursor cursor = textCursor();
+    return document()->findBlock(cursor.selectionStart()) != document()->findBlock(cursor.selectionEnd());
 }
 
 void ScriptInput::breakLine()
