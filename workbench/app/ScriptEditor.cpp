@@ -41,6 +41,8 @@ ScriptEditor::ScriptEditor(ui::UiObjects& ui, Journal& journal, QTextDocument* i
     connect(m_input, SIGNAL(RunAsked(QString)), this, SLOT(Relay(QString)));
     setFocusProxy(m_input);
     recallSizes();
+    const QSize around = (parentWidget()->size() - size()) / 2;
+    move(parentWidget()->pos() + QPoint(qMax(0, around.width()), qMax(0, around.height())));
 }
 
 void ScriptEditor::closeEvent(QCloseEvent* event)

@@ -89,6 +89,13 @@ void ScriptInput::keyPressEvent(QKeyEvent* event)
         }
         break;
     case Qt::Key_Backtab: indentLines(false); return;
+    case Qt::Key_Y:
+        // The main window redoes with it on every platform, too.
+        if (control) {
+            redo();
+            return;
+        }
+        break;
     default: break;
     }
     QPlainTextEdit::keyPressEvent(event);
