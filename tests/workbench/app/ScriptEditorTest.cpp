@@ -239,6 +239,9 @@ TEST_F(ScriptEditor, SharesItsHistoryWithTheCommandField)
     EXPECT_EQ(input()->toPlainText(), "print 4");
     press(Qt::Key_Up, Qt::ControlModifier);
     EXPECT_EQ(input()->toPlainText(), "print 2;\nprint 3;");
+    run();
+    press(Qt::Key_Up, Qt::ControlModifier);
+    EXPECT_EQ(input()->toPlainText(), "print 4") << "what was run is still shown: the one before it";
 }
 
 TEST_F(ScriptEditor, KeepsTextHistoryAndJournalForTheNextRun)
