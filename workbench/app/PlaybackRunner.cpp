@@ -4,12 +4,6 @@
 
 namespace app {
 
-namespace {
-
-constexpr double kLongestWait = 1e9;  // ms
-
-}  // namespace
-
 PlaybackRunner::PlaybackRunner(kernel::Session& session) : m_session(session)
 {
     m_timer.setSingleShot(true);
@@ -39,7 +33,7 @@ void PlaybackRunner::waitForNext()
 {
     const double now = double(m_clock.elapsed());
     m_due = std::max(now, m_due + m_session.playback.frameDuration());
-    m_timer.start(qRound(std::min(m_due - now, kLongestWait)));
+    m_timer.start(qRound(m_due - now));
 }
 
 // A script may turn the event loop (a dialog): its frame stays until it is through.

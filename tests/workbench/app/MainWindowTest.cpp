@@ -2,7 +2,7 @@
 
 #include "api/Tools.h"
 #include "app/TimeField.h"
-#include "support/QtPrint.h"
+#include "support/HostFixture.h"
 #include "view/Viewport.h"
 #include "view/Viewports.h"
 #include "workbench/app/WindowSession.h"
