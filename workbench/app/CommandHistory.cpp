@@ -30,6 +30,10 @@ QString HistoryWalk::walk(int back, const QString& shown)
             texts << text;
         }
     }
+    // A field may go on showing what it ran.
+    if (!texts.isEmpty() && texts.last() == m_draft) {
+        texts.removeLast();
+    }
     m_back = qBound(0, m_back + back, texts.size());
     return m_back == 0 ? m_draft : texts[texts.size() - m_back];
 }

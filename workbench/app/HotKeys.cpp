@@ -28,6 +28,7 @@ const HotKeys::Row HotKeys::kRows[] = {
     {Qt::Key_G, nullptr, &HotKeys::lastAction, false},
     {Qt::Key_F, "viewFit", nullptr, false},
     {Qt::Key_A, "viewFit -all", nullptr, false},
+    {Qt::ALT | Qt::Key_V, nullptr, &HotKeys::playback, false},
     {Qt::ALT | Qt::Key_Period, "currentTime (`currentTime -q` + `playbackOptions -q -by`)", nullptr, true},
     {Qt::ALT | Qt::Key_Comma, "currentTime (`currentTime -q` - `playbackOptions -q -by`)", nullptr, true},
 };
@@ -87,6 +88,11 @@ std::string HotKeys::lastTool() const
 std::string HotKeys::lastAction() const
 {
     return m_session.lastAction;
+}
+
+std::string HotKeys::playback() const
+{
+    return m_session.playback.isPlaying() ? "play -state off" : "play -state on";
 }
 
 }  // namespace app

@@ -28,6 +28,7 @@ private:
     static const Row* rowOf(const QKeyEvent& event);
     std::string lastTool() const;
     std::string lastAction() const;
+    std::string playback() const;  ///< starts or stops it
 
     kernel::Session& m_session;
     const std::function<bool(const std::string&)> m_run;

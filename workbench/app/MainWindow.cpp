@@ -66,7 +66,7 @@ MainWindow::MainWindow(Host& host) : m_host(host), m_session(host.session())
     s_window = this;
     m_host.ui().setMainWindow(this);
     const auto run = [this](const std::string& text) { return runAction(text); };
-    m_scripts = std::make_unique<ScriptShell>(m_session, this, run);
+    m_scripts = std::make_unique<ScriptShell>(m_host.ui());
     m_hotKeys = std::make_unique<HotKeys>(m_session, run);
     m_files = new FileActions(m_session, this, run);
     buildViews();
@@ -116,18 +116,17 @@ void MainWindow::buildViews()
 void MainWindow::buildLines()
 {
     const auto run = [this](const std::string& text) { return runAction(text); };
-    m_command = new CommandField(m_scripts->history(), run);
-    m_messages = new MessageLine(m_session.output);
+    auto* const command = new CommandField(m_scripts->history(), run);
+    auto* const messages = new MessageLine(m_session.output);
     m_help = new QLabel;
     m_help->setObjectName("helpLine");
     m_help->setTextFormat(Qt::PlainText);
     m_help->setMinimumSize(80, 22);
     m_help->setContentsMargins(3, 0, 6, 0);  // in line with the text of the field below
     m_help->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    m_time = new TimeField(m_session, run);
+    auto* const time = new TimeField(m_session, run);
     ui::UiObjects& ui = m_host.ui();
-    const ui::UiObject& slider =
-        ui.add(ui::Kind::Control, "timeControl", "timeControl1", ui.mainWindowObject(), m_time);
+    const ui::UiObject& slider = ui.add(ui::Kind::Control, "timeControl", "timeControl1", ui.mainWindowObject(), time);
     m_session.script().setGlobalString("gPlayBackSlider", ui::UiObjects::path(slider));
 
     auto* const whole = new QWidget;
@@ -139,11 +138,11 @@ void MainWindow::buildLines()
     layout->setRowStretch(0, 1);
     layout->setColumnStretch(0, 1);
     layout->addWidget(m_help, 1, 0);
-    layout->addWidget(m_time, 1, 1);
+    layout->addWidget(time, 1, 1);
     auto* const lines = new QHBoxLayout;
     lines->setSpacing(4);
-    lines->addWidget(m_command, 2);
-    lines->addWidget(m_messages, 3);
+    lines->addWidget(command, 2);
+    lines->addWidget(messages, 3);
     lines->addWidget(m_scripts->makeButton());
     layout->addLayout(lines, 2, 0, 1, 2);
     setCentralWidget(whole);
@@ -166,6 +165,7 @@ void MainWindow::listen()
     m_statusTimer.setSingleShot(true);
     m_statusTimer.setInterval(0);
     connect(&m_statusTimer, SIGNAL(timeout()), this, SLOT(ShowStatus()));
+    connect(m_scripts.get(), SIGNAL(Ran()), this, SLOT(ScheduleStatus()));
     for (const char* event :
          {"Undo", "Redo", "NewSceneOpened", "SceneOpened", "SceneSaved", "SelectionChanged", "timeChanged"}) {
         m_callbacks.push_back(m_session.events.add(event, [this] { ScheduleStatus(); }));

@@ -10,7 +10,6 @@
 #include <vector>
 
 class QLabel;
-class QLineEdit;
 
 namespace ui {
 class PaneLayout;
@@ -22,15 +21,12 @@ class Viewports;
 
 namespace app {
 
-class CommandField;
 class CommandPorts;
 class FileActions;
 class HotKeys;
 class IdleRunner;
 class PlaybackRunner;
-class MessageLine;
 class ScriptShell;
-class TimeField;
 class WindowCommands;
 
 /// The program's window: menus, camera views, and below them the command field, messages, the tool's help and the time.
@@ -88,9 +84,6 @@ private:
     FileActions* m_files = nullptr;
     QPointer<ui::PaneLayout> m_panes;  ///< null once a script deleted them
     QLabel* m_help = nullptr;
-    CommandField* m_command = nullptr;
-    MessageLine* m_messages = nullptr;
-    TimeField* m_time = nullptr;
     QTimer m_statusTimer;
     std::vector<unsigned> m_callbacks;
     std::vector<unsigned> m_watchers;

@@ -1,9 +1,12 @@
 #include "app/PlaybackRunner.h"
 
+#include <algorithm>
+
 namespace app {
 
 PlaybackRunner::PlaybackRunner(kernel::Session& session) : m_session(session)
 {
+    m_timer.setSingleShot(true);
     m_timer.setTimerType(Qt::PreciseTimer);
     connect(&m_timer, SIGNAL(timeout()), this, SLOT(Advance()));
     m_watcher = m_session.events.watch("playingBack", [this](bool isPlaying) { follow(isPlaying); });
@@ -17,10 +20,20 @@ PlaybackRunner::~PlaybackRunner()
 void PlaybackRunner::follow(bool isPlaying)
 {
     if (isPlaying) {
-        m_timer.start(static_cast<int>(m_session.playback.frameDuration()));
+        m_clock.start();
+        m_due = 0;
+        waitForNext();
     } else {
         m_timer.stop();
     }
+}
+
+// Frames keep to the clock, as the timer knows whole milliseconds only; those after a late one do not hurry.
+void PlaybackRunner::waitForNext()
+{
+    const double now = double(m_clock.elapsed());
+    m_due = std::max(now, m_due + m_session.playback.frameDuration());
+    m_timer.start(qRound(m_due - now));
 }
 
 // A script may turn the event loop (a dialog): its frame stays until it is through.
@@ -28,6 +41,9 @@ void PlaybackRunner::Advance()
 {
     if (!m_session.script().isExecuting()) {
         m_session.playback.advance();
+    }
+    if (m_session.playback.isPlaying()) {
+        waitForNext();
     }
 }
 

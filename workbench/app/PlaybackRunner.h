@@ -2,6 +2,7 @@
 
 #include "kernel/Session.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
 
@@ -20,9 +21,12 @@ private slots:
 
 private:
     void follow(bool isPlaying);
+    void waitForNext();
 
     kernel::Session& m_session;
     QTimer m_timer;
+    QElapsedTimer m_clock;  ///< since playback began
+    double m_due = 0;       ///< of the next frame, in milliseconds of the clock
     unsigned m_watcher;
 };
 

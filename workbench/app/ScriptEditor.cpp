@@ -3,6 +3,8 @@
 #include "app/Journal.h"
 #include "app/JournalView.h"
 #include "app/ScriptInput.h"
+#include "ui/LayoutWidget.h"
+#include "ui/UiObjects.h"
 
 #include <QHBoxLayout>
 #include <QSplitter>
@@ -18,30 +20,34 @@ const char kSizesVariable[] = "workbenchScriptEditorSizes";  // width, height, j
 
 }  // namespace
 
-ScriptEditor::ScriptEditor(kernel::Session& session, Journal& journal, QTextDocument* input,
-                           const CommandHistory& history, QWidget* parent)
-    : QWidget(parent, Qt::Window), m_session(session), m_journal(journal), m_splitter(new QSplitter(Qt::Vertical)),
+ScriptEditor::ScriptEditor(ui::UiObjects& ui, Journal& journal, QTextDocument* input, const CommandHistory& history)
+    : ui::ScriptWindow(ui), m_session(ui.session()), m_journal(journal), m_splitter(new QSplitter(Qt::Vertical)),
       m_input(new ScriptInput(input, history))
 {
     setObjectName("scriptEditor");
     setWindowTitle(tr("Script Editor"));
+    setRetained(true);
     m_splitter->setChildrenCollapsible(false);
     m_splitter->setHandleWidth(4);
     m_splitter->addWidget(new JournalView(journal.document()));
     m_splitter->addWidget(m_input);
-    auto* const layout = new QVBoxLayout(this);
+    auto* const whole = new QWidget;
+    auto* const layout = new QVBoxLayout(whole);
     layout->setContentsMargins(8, 8, 8, 8);
     layout->setSpacing(4);
     layout->addWidget(makeButtons());
     layout->addWidget(m_splitter, 1);
+    content().place(whole);
     connect(m_input, SIGNAL(RunAsked(QString)), this, SLOT(Relay(QString)));
     setFocusProxy(m_input);
     recallSizes();
+    const QSize around = (parentWidget()->size() - size()) / 2;
+    move(parentWidget()->pos() + QPoint(qMax(0, around.width()), qMax(0, around.height())));
 }
 
 void ScriptEditor::closeEvent(QCloseEvent* event)
 {
-    QWidget::closeEvent(event);
+    ui::ScriptWindow::closeEvent(event);
     // The keyboard goes back to the main window, which without a window manager nobody else sees to.
     parentWidget()->activateWindow();
 }

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "kernel/Session.h"
-
-#include <QWidget>
+#include "ui/ScriptWindow.h"
 
 class QSplitter;
 class QTextDocument;
@@ -14,14 +13,14 @@ class Journal;
 class ScriptInput;
 
 /// The window in which scripts are written and run: the journal of all that was executed, and the input below it. It
-/// only shows them: a script may close or delete the window it was run from.
-class ScriptEditor : public QWidget {
+/// only shows them: a script may close or delete the window it was run from. In all else it is as windows of scripts
+/// are.
+class ScriptEditor : public ui::ScriptWindow {
     Q_OBJECT
 
 public:
     /// Everything given outlives the window.
-    ScriptEditor(kernel::Session& session, Journal& journal, QTextDocument* input, const CommandHistory& history,
-                 QWidget* parent);
+    ScriptEditor(ui::UiObjects& ui, Journal& journal, QTextDocument* input, const CommandHistory& history);
 
     /// Keeps the size of the window and of its parts for the next one.
     void rememberSizes();

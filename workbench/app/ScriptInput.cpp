@@ -72,7 +72,6 @@ void ScriptInput::AskForRun()
 void ScriptInput::keyPressEvent(QKeyEvent* event)
 {
     const bool control = event->modifiers() & Qt::ControlModifier;
-    const bool severalLines = textCursor().selection().toPlainText().contains('\n');
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter: control ? AskForRun() : breakLine(); return;
@@ -84,15 +83,28 @@ void ScriptInput::keyPressEvent(QKeyEvent* event)
         }
         break;
     case Qt::Key_Tab:
-        if (severalLines) {
+        if (selectsLines()) {
             indentLines(true);
             return;
         }
         break;
     case Qt::Key_Backtab: indentLines(false); return;
+    case Qt::Key_Y:
+        // The main window redoes with it on every platform, too.
+        if (control) {
+            redo();
+            return;
+        }
+        break;
     default: break;
     }
     QPlainTextEdit::keyPressEvent(event);
+}
+
+bool ScriptInput::selectsLines() const
+{
+    const QTextCursor cursor = textCursor();
+    return document()->findBlock(cursor.selectionStart()) != document()->findBlock(cursor.selectionEnd());
 }
 
 void ScriptInput::breakLine()

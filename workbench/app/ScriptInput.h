@@ -38,6 +38,7 @@ private slots:
 private:
     int marginWidth() const;
     void paintMargin();
+    bool selectsLines() const;
     void breakLine();
     void indentLines(bool more);
 

@@ -4,6 +4,7 @@
 #include "app/ScriptHighlighter.h"
 #include "kernel/Syntax.h"
 #include "mel/Interpreter.h"
+#include "ui/UiObjects.h"
 
 #include <QPainter>
 #include <QPlainTextDocumentLayout>
@@ -48,12 +49,11 @@ QIcon editorIcon(const QColor& colour, qreal pixelRatio)
 
 }  // namespace
 
-ScriptShell::ScriptShell(kernel::Session& session, QWidget* window, std::function<bool(const std::string&)> run)
-    : m_session(session), m_window(window), m_run(std::move(run)), m_journal(session.output)
+ScriptShell::ScriptShell(ui::UiObjects& ui) : m_ui(ui), m_session(ui.session()), m_journal(m_session.output)
 {
     m_input.setDocumentLayout(new QPlainTextDocumentLayout(&m_input));
     m_highlighter =
-        new ScriptHighlighter(&m_input, [&session](const std::string& name) { return isCommand(session, name); });
+        new ScriptHighlighter(&m_input, [this](const std::string& name) { return isCommand(m_session, name); });
     load();
     m_session.commands.add("ScriptEditor", [this](const kernel::ValueList& args) -> kernel::Value {
         kernel::parsedOrThrow(kernel::Syntax(), args, "ScriptEditor");
@@ -74,7 +74,7 @@ QToolButton* ScriptShell::makeButton()
 {
     auto* const button = new QToolButton;
     button->setObjectName("scriptEditorButton");
-    button->setIcon(editorIcon(button->palette().color(QPalette::ButtonText), m_window->devicePixelRatioF()));
+    button->setIcon(editorIcon(button->palette().color(QPalette::ButtonText), m_ui.mainWindow()->devicePixelRatioF()));
     button->setToolTip(tr("Script editor"));
     button->setFixedSize(24, 22);
     button->setAutoRaise(true);
@@ -85,20 +85,18 @@ QToolButton* ScriptShell::makeButton()
 
 void ScriptShell::OpenEditor()
 {
-    m_run("ScriptEditor");
+    m_ui.runScript("ScriptEditor", ui::Echo::Yes);
 }
 
 void ScriptShell::showEditor()
 {
     if (!m_editor) {
-        m_editor = new ScriptEditor(m_session, m_journal, &m_input, m_history, m_window);
+        m_editor = new ScriptEditor(m_ui, m_journal, &m_input, m_history);
         connect(m_editor, SIGNAL(RunAsked(QString)), this, SLOT(RunSoon(QString)));
     }
     m_highlighter->rehighlight();  // modules that were loaded since have commands
     m_editor->setWindowState(m_editor->windowState() & ~Qt::WindowMinimized);
-    m_editor->show();
-    m_editor->raise();
-    m_editor->activateWindow();
+    m_editor->present();
     m_editor->setFocus();
 }
 
@@ -116,8 +114,9 @@ void ScriptShell::RunSoon(const QString& text)
 
 void ScriptShell::runNow(const std::string& text)
 {
-    m_run(text);
+    mel::Interpreter::of(m_session).executeWritten(text);
     m_highlighter->rehighlight();  // it may have defined procedures
+    emit Ran();
 }
 
 // --- from run to run -----------------------------------------------------------------------------------------------

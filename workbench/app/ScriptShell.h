@@ -7,9 +7,11 @@
 #include <QObject>
 #include <QPointer>
 
-#include <functional>
-
 class QToolButton;
+
+namespace ui {
+class UiObjects;
+}
 
 namespace app {
 
@@ -23,13 +25,17 @@ class ScriptShell : public QObject {
     Q_OBJECT
 
 public:
-    /// run: executes a text as a user's action. The editor belongs to `window`, which outlives this.
-    ScriptShell(kernel::Session& session, QWidget* window, std::function<bool(const std::string&)> run);
+    /// The editor belongs to the main window, which outlives this.
+    explicit ScriptShell(ui::UiObjects& ui);
     ~ScriptShell() override;
 
     CommandHistory& history() { return m_history; }
     /// A new button that opens the editor.
     QToolButton* makeButton();
+
+signals:
+    /// A text of the editor has come to its end.
+    void Ran();
 
 public slots:
     void OpenEditor();
@@ -45,9 +51,8 @@ private:
     void saveInput();
     void write(const char* file, const QVector<KeptText>& texts, int mostBytes);
 
+    ui::UiObjects& m_ui;
     kernel::Session& m_session;
-    QWidget* const m_window;
-    const std::function<bool(const std::string&)> m_run;
     Journal m_journal;
     CommandHistory m_history;
     QTextDocument m_input;

@@ -134,13 +134,24 @@ ScriptResult Interpreter::guarded(const std::function<Value()>& work)
 
 ScriptResult Interpreter::execute(const std::string& text, bool display, bool undo)
 {
+    return executeSource(std::make_shared<const Source>(text, std::string()), display, undo);
+}
+
+ScriptResult Interpreter::executeWritten(const std::string& text)
+{
+    return executeSource(std::make_shared<const Source>(text, std::string(), Source::Lines::Named), true, true);
+}
+
+ScriptResult Interpreter::executeSource(const std::shared_ptr<const Source>& source, bool display, bool undo)
+{
+    const std::string text(source->text());
     if (display)
         m_session.output.say(Severity::Echo, text);
     ScriptResult result;
     {
         const Running running(*this);
         const UndoStep step(m_session.undo, undo, text);
-        result = guarded([&] { return runText(text, {}); });
+        result = guarded([&] { return runUnit(compile(source)); });
     }
     if (display && result.ok && kernel::hasValue(result.value))
         m_session.output.say(Severity::Result, kernel::toText(result.value));
@@ -157,7 +168,7 @@ ScriptResult Interpreter::executeFile(const std::string& path, bool undo)
 ScriptResult Interpreter::executeBatch(const std::string& text, const std::string& fileName)
 {
     return guarded([&] {
-        const std::shared_ptr<const Unit> unit = compile(text, fileName);
+        const std::shared_ptr<const Unit> unit = compile(std::make_shared<const Source>(text, fileName));
         Evaluator evaluator(*this, unit, unit->frameSize);
         Value value;
         for (std::size_t i = 0; i < unit->statements.size(); ++i) {
@@ -226,12 +237,11 @@ void Interpreter::source(const std::string& name)
 
 Value Interpreter::runText(const std::string& text, const std::string& fileName)
 {
-    return runUnit(compile(text, fileName));
+    return runUnit(compile(std::make_shared<const Source>(text, fileName)));
 }
 
-std::shared_ptr<const Unit> Interpreter::compile(const std::string& text, const std::string& fileName)
+std::shared_ptr<const Unit> Interpreter::compile(const std::shared_ptr<const Source>& source)
 {
-    const auto source = std::make_shared<const Source>(text, fileName);
     try {
         Parser parser(source);
         std::shared_ptr<Unit> unit = parser.parse();

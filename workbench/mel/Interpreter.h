@@ -14,6 +14,7 @@
 namespace mel {
 
 class Resolver;
+class Source;
 
 /// An error of a running script whose message already says where it happened.
 class ScriptError : public kernel::CommandError {
@@ -38,6 +39,8 @@ public:
 
     // --- running, from outside: errors are reported, not thrown ------------------------------------------------
     kernel::ScriptResult execute(const std::string& text, bool display, bool undo) override;
+    /// A text whose lines the user has before him: echoed, one undo step, and messages name the line.
+    kernel::ScriptResult executeWritten(const std::string& text);
     kernel::ScriptResult executeFile(const std::string& path, bool undo) override;
     /// As a batch run does: every statement of the top level is an undo step of its own, and the first error ends
     /// the text. fileName: named in messages; empty for text from the command line.
@@ -129,8 +132,9 @@ private:
     /// Does the work and reports the error it ends with.
     kernel::ScriptResult guarded(const std::function<kernel::Value()>& work);
     std::vector<std::string> scriptFolders() const;
+    kernel::ScriptResult executeSource(const std::shared_ptr<const Source>& source, bool display, bool undo);
     /// Throws, with the error reported already, when it cannot be compiled.
-    std::shared_ptr<const Unit> compile(const std::string& text, const std::string& fileName);
+    std::shared_ptr<const Unit> compile(const std::shared_ptr<const Source>& source);
     void declareGlobals(const Resolver& resolver, const std::shared_ptr<const Unit>& unit);
     kernel::Value runUnit(const std::shared_ptr<const Unit>& unit);
     kernel::Value runText(const std::string& text, const std::string& fileName);

@@ -42,16 +42,20 @@ std::string Source::lineAt(std::size_t offset) const
 
 std::string Source::messagePrefix(std::size_t offset) const
 {
-    if (m_fileName.empty())
+    if (m_fileName.empty() && m_lines == Lines::Unnamed)
         return {};
-    return "file: " + m_fileName + " line " + std::to_string(position(offset).line) + ": ";
+    return filePrefix() + "line " + std::to_string(position(offset).line) + ": ";
 }
 
 std::string Source::syntaxPrefix(std::size_t offset) const
 {
     const Position at = position(offset);
-    const std::string line = "line " + std::to_string(at.line) + "." + std::to_string(at.column) + ": ";
-    return m_fileName.empty() ? line : "file: " + m_fileName + " " + line;
+    return filePrefix() + "line " + std::to_string(at.line) + "." + std::to_string(at.column) + ": ";
+}
+
+std::string Source::filePrefix() const
+{
+    return m_fileName.empty() ? std::string() : "file: " + m_fileName + " ";
 }
 
 }  // namespace mel

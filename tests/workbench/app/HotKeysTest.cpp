@@ -152,6 +152,15 @@ TEST_F(HotKeys, StepThroughTime)
     EXPECT_EQ(value("currentTime -q"), "5") << "not without Alt";
 }
 
+TEST_F(HotKeys, PlayAndStop)
+{
+    press(Qt::Key_V, Qt::AltModifier);
+    EXPECT_EQ(value("play -q -state"), "1");
+    press(Qt::Key_V, Qt::AltModifier);
+    EXPECT_EQ(value("play -q -state"), "0");
+    EXPECT_THAT(echoed, testing::ElementsAre("play -state on", "play -state off"));
+}
+
 TEST_F(HotKeys, EscapeStopsPlaybackFirst)
 {
     QStringList log;

@@ -6,11 +6,11 @@
 #include "ui/MenuItem.h"
 #include "view/Viewport.h"
 #include "view/Viewports.h"
+#include "workbench/app/WindowSession.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -36,21 +36,7 @@ private:
 
 class MainWindow : public testing::Test {
 protected:
-    MainWindow()
-    {
-        app::HostOptions options;
-        options.batch = false;
-        options.prefsDir = m_prefs.path().toStdString();
-        host = std::make_unique<app::Host>(options);
-        window = std::make_unique<app::MainWindow>(*host);
-    }
-    ~MainWindow() override
-    {
-        host->shutDown();
-        window.reset();
-    }
-
-    std::string value(const std::string& text) { return kernel::toText(host->evaluate(text)); }
+    std::string value(const std::string& text) { return m_run.value(text); }
     QAction* action(const QString& name)
     {
         QCoreApplication::processEvents();
@@ -62,15 +48,11 @@ protected:
         return nullptr;
     }
     QString textOf(const char* label) { return window->findChild<QLabel*>(label)->text(); }
-    void pressKey(QWidget* widget, int key)
-    {
-        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
-        QApplication::sendEvent(widget, &event);
-    }
 
     QTemporaryDir m_prefs;
-    std::unique_ptr<app::Host> host;
-    std::unique_ptr<app::MainWindow> window;
+    WindowSession m_run{m_prefs.path()};
+    std::unique_ptr<app::Host>& host = m_run.host;
+    std::unique_ptr<app::MainWindow>& window = m_run.window;
 };
 
 }  // namespace
@@ -442,8 +424,6 @@ TEST_F(MainWindow, WorkForIdleTimeIsDoneByTheEventLoop)
 {
     host->session().script().execute("evalDeferred \"createNode transform -n later\"", false, true);
     EXPECT_EQ(host->session().scene.findOrNull("later"), nullptr);
-    for (int i = 0; i < 1000 && !host->session().scene.findOrNull("later"); ++i) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
+    m_run.finishIdleWork();
     EXPECT_NE(host->session().scene.findOrNull("later"), nullptr);
 }

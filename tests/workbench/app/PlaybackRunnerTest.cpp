@@ -1,6 +1,7 @@
 #include "app/PlaybackRunner.h"
 
 #include "support/HostFixture.h"
+#include "workbench/app/WindowSession.h"
 
 #include <QEventLoop>
 #include <QTimer>
@@ -32,4 +33,18 @@ TEST_F(PlaybackRunnerTest, ShowsFrameAfterFrameUntilPlaybackEnds)
     loop.exec();
     EXPECT_EQ(shown, (std::vector<double>{2, 3, 4}));
     EXPECT_EQ(evaluate("play -q -state"), kernel::Value(0));
+}
+
+TEST_F(PlaybackRunnerTest, FollowsTheSpeedWhilePlaying)
+{
+    const app::PlaybackRunner runner(session());
+    int shown = 0;
+    ASSERT_TRUE(run("playbackOptions -min 1 -max 9 -loop once -playbackSpeed 0; currentTime 1"));
+    session().events.add("timeChanged", [&] {
+        ++shown;
+        run("playbackOptions -playbackSpeed 0.00001");
+    });
+    ASSERT_TRUE(run("play"));
+    turnEventLoop();
+    EXPECT_EQ(shown, 1) << "the next one is due in an hour";
 }

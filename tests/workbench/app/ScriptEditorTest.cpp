@@ -39,7 +39,7 @@ protected:
     void run()
     {
         press(Qt::Key_Return, Qt::ControlModifier);
-        turnEventLoop();
+        m_run->finishIdleWork();
     }
     void select(const QString& text)
     {
@@ -87,6 +87,37 @@ TEST_F(ScriptEditor, ErrorsNameTheLineOfWhatWasRun)
     type(input(), "\n\nint $n = ;\n");
     run();
     EXPECT_TRUE(journal().contains("// Error: line 3.")) << journal().toStdString();
+    input()->setPlainText("proc fail() {\n  catch(`select none`);\n  error \"no\";\n}\n// not this line\nfail;");
+    run();
+    EXPECT_TRUE(journal().contains("// Error: line 2: No object matches name: none //")) << journal().toStdString();
+    EXPECT_TRUE(journal().endsWith("// Error: line 3: no //\n")) << journal().toStdString();
+}
+
+TEST_F(ScriptEditor, HandsTheKeysItHasNoUseForToTheMainWindow)
+{
+    open();
+    QApplication::setActiveWindow(editor());
+    value("createNode transform -n thing");
+    input()->setFocus();
+    type(input(), "we");
+    press(Qt::Key_Escape);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(input()->toPlainText(), "") << "the input's own";
+    for (const Qt::KeyboardModifiers shift : {Qt::NoModifier, Qt::ShiftModifier}) {
+        press(shift ? Qt::Key_Z : Qt::Key_Y, Qt::ControlModifier | shift);
+        EXPECT_EQ(input()->toPlainText(), "we") << "so too redo, with either key";
+        press(Qt::Key_Z, Qt::ControlModifier);
+    }
+    EXPECT_EQ(value("objExists thing"), "1");
+    EXPECT_EQ(value("currentCtx"), "selectSuperContext");
+
+    auto* const read = part<QPlainTextEdit>("scriptJournal");
+    read->setFocus();
+    ASSERT_EQ(QApplication::focusWidget(), read);
+    pressKey(read, Qt::Key_W);
+    EXPECT_EQ(value("currentCtx"), "moveSuperContext");
+    pressKey(read, Qt::Key_Z, Qt::NoModifier, "z");
+    EXPECT_EQ(value("objExists thing"), "0");
 }
 
 TEST_F(ScriptEditor, TypingGoesOnWhileAScriptRuns)
@@ -174,7 +205,7 @@ TEST_F(ScriptEditor, ButtonsClearBothPartsSeparately)
                 button->click();
             }
         }
-        turnEventLoop();
+        m_run->finishIdleWork();
     };
     click("Clear History");
     EXPECT_EQ(journal(), "");
@@ -208,6 +239,9 @@ TEST_F(ScriptEditor, SharesItsHistoryWithTheCommandField)
     EXPECT_EQ(input()->toPlainText(), "print 4");
     press(Qt::Key_Up, Qt::ControlModifier);
     EXPECT_EQ(input()->toPlainText(), "print 2;\nprint 3;");
+    run();
+    press(Qt::Key_Up, Qt::ControlModifier);
+    EXPECT_EQ(input()->toPlainText(), "print 4") << "what was run is still shown: the one before it";
 }
 
 TEST_F(ScriptEditor, KeepsTextHistoryAndJournalForTheNextRun)

@@ -3,12 +3,22 @@
 #include "app/MainWindow.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QKeyEvent>
 #include <QTemporaryDir>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <memory>
+
+/// What the event loop does with what is due now and what that makes due.
+inline void turnEventLoop()
+{
+    for (int turn = 0; turn < 200; ++turn) {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
 
 /// A run of the program with its window, on a preferences folder that may have seen others.
 class WindowSession {
@@ -30,19 +40,19 @@ public:
     WindowSession& operator=(const WindowSession&) = delete;
 
     std::string value(const std::string& text) { return kernel::toText(host->evaluate(text)); }
+    /// Turns the event loop until it has done what waits for idle time, between whose parts it may rest.
+    void finishIdleWork()
+    {
+        const QDeadlineTimer patience(20000);
+        while (!host->session().idle.isEmpty() && !patience.hasExpired()) {
+            turnEventLoop();
+        }
+        turnEventLoop();
+    }
 
     std::unique_ptr<app::Host> host;
     std::unique_ptr<app::MainWindow> window;
 };
-
-/// What the event loop does with what is due now and what that makes due.
-inline void turnEventLoop()
-{
-    for (int turn = 0; turn < 200; ++turn) {
-        QCoreApplication::processEvents();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-}
 
 /// Presses and releases a key, as its widget gets it.
 inline void pressKey(QWidget* widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
