@@ -263,7 +263,7 @@ TEST_F(PluginMainTest, WhatItPutOffUntilIdleTimeGoesWithIt)
 {
     ASSERT_TRUE(load());
     ASSERT_TRUE(run("evalDeferred(\"tqLumisketchUtil -rlm\"); evalDeferred \"global int $gRan = 1\";"
-                    "evalDeferred -lowestPriority(\"tqLumisketchUtil -draw\"); unloadPlugin lumisketch2;"
+                    "evalDeferred -lowestPriority(\" tqLumisketchUtil -draw\"); unloadPlugin lumisketch2;"
                     "if (size(`evalDeferred -list`) != 1) error \"listed\";"));
     host().drainIdle();
     EXPECT_THAT(errors(), IsEmpty());

@@ -11,13 +11,15 @@ namespace {
 
 using Nodes = std::vector<kernel::NodePtr>;
 
-/// What is right below a path's end; the world has the roots.
-Nodes childrenOf(const MObject& object)
+/// What is right below a path's end; the world has the roots. Borrowed until the next change: whoever walks over many
+/// children asks for each of them.
+const Nodes& childrenOf(const MObject& object)
 {
+    static const Nodes none;
     if (api::isWorld(object))
         return kernel::Session::current().scene.roots();
     const auto node = api::nodeOf(object);
-    return node ? node->children() : Nodes();
+    return node ? node->children() : none;
 }
 
 Nodes shapesBelow(const MObject& object)
@@ -173,7 +175,7 @@ unsigned int MDagPath::childCount(MStatus* ReturnStatus) const
 
 MObject MDagPath::child(unsigned int index, MStatus* ReturnStatus) const
 {
-    const Nodes children = childrenOf(m_node);
+    const Nodes& children = childrenOf(m_node);
     const bool exists = index < children.size();
     api::report(ReturnStatus, exists ? MStatus::kSuccess : MStatus::kInvalidParameter);
     return exists ? api::toObject(children[index]) : MObject();

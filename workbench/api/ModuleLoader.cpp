@@ -138,7 +138,8 @@ void dropUndoOf(const Module& module)
 void dropIdleTextsOf(kernel::Session& session, const std::vector<std::string>& commands)
 {
     session.idle.drop([&](const std::string& text) {
-        const std::string command = text.substr(0, text.find_first_of(" \t\n;("));
+        const std::size_t begin = std::min(text.find_first_not_of(" \t\n"), text.size());
+        const std::string command = text.substr(begin, text.find_first_of(" \t\n;(", begin) - begin);
         return std::find(commands.begin(), commands.end(), command) != commands.end();
     });
 }

@@ -34,8 +34,8 @@ const char* const kConditions[] = {
     "flushingScene", "playblasting",      "playingBack",   "readingFile",       "writingFile",
 };
 
-/// An event whose delivery raises it again is delivered this often in a row, then the chain is cut: a callback that
-/// always answers with the same event must not hang the host.
+/// An event whose delivery raises it again, or a condition whose telling changes it, is delivered this often in a row,
+/// then the chain is cut: a callback that always answers with the same must not hang the host.
 constexpr int kMostDeliveries = 100;
 
 }  // namespace
@@ -150,6 +150,24 @@ void Events::setCondition(const std::string& name, bool state)
     if (current == state)
         return;
     current = state;
+    // A change that a watcher makes is told once everybody has heard of the one before.
+    std::deque<bool>& untold = m_untold[name];
+    untold.push_back(state);
+    if (untold.size() > 1)
+        return;
+    struct Telling {
+        ~Telling() { all.erase(condition); }
+        std::map<std::string, std::deque<bool>>& all;
+        const std::string condition;
+    } telling{m_untold, name};
+    for (int round = 0; !untold.empty() && round < kMostDeliveries; ++round) {
+        tellWatchers(telling.condition, untold.front());
+        untold.pop_front();
+    }
+}
+
+void Events::tellWatchers(const std::string& name, bool state)
+{
     std::vector<unsigned> ids;
     for (const Watcher& watcher : m_watchers) {
         if (watcher.condition == name)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <map>
 #include <string>
@@ -27,7 +28,7 @@ public:
     bool isCondition(const std::string& name) const;
     bool condition(const std::string& name) const;
     std::vector<std::string> conditionNames() const;
-    /// Tells watchers when it changes; an unknown name becomes a condition.
+    /// Tells watchers when it changes, all of them in the order of the changes; an unknown name becomes a condition.
     void setCondition(const std::string& name, bool state);
     /// Its watchers stay, and hear again when there is one of that name again.
     void removeCondition(const std::string& name) { m_conditions.erase(name); }
@@ -49,11 +50,13 @@ private:
         ConditionCallback callback;
     };
     void deliver(const std::string& event);
+    void tellWatchers(const std::string& condition, bool state);
 
     std::vector<Entry> m_entries;
     std::vector<Watcher> m_watchers;
     std::map<std::string, int> m_running;  ///< event -> raises waiting while it is being delivered
     std::map<std::string, bool> m_conditions;
+    std::map<std::string, std::deque<bool>> m_untold;  ///< condition -> changes not told to everybody yet
     unsigned m_nextId = 1;
 };
 

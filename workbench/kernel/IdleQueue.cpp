@@ -23,10 +23,22 @@ void IdleQueue::drop(const std::function<bool(const std::string& text)>& isUnwan
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     for (std::deque<Entry>& entries : m_work) {
-        entries.erase(
-            std::remove_if(entries.begin(), entries.end(), [&](const Entry& entry) { return isUnwanted(entry.text); }),
-            entries.end());
+        const auto isDropped = [&](const Entry& entry) { return !entry.text.empty() && isUnwanted(entry.text); };
+        entries.erase(std::remove_if(entries.begin(), entries.end(), isDropped), entries.end());
     }
+}
+
+std::vector<std::string> IdleQueue::texts() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    std::vector<std::string> texts;
+    for (const std::deque<Entry>& entries : m_work) {
+        for (const Entry& entry : entries) {
+            if (!entry.text.empty())
+                texts.push_back(entry.text);
+        }
+    }
+    return texts;
 }
 
 bool IdleQueue::isEmpty() const
@@ -66,7 +78,7 @@ bool IdleQueue::runPass()
         ran = true;
         try {
             work();
-        } catch (const CommandError& error) {
+        } catch (const std::exception& error) {
             // one entry's failure must not stop the next
             if (*error.what() && Session::exists())
                 Session::current().output.error(error.what());

@@ -5,6 +5,7 @@
 #include <functional>
 #include <mutex>
 #include <string>
+#include <vector>
 
 namespace kernel {
 
@@ -18,6 +19,8 @@ public:
     void post(std::function<void()> work, Priority priority = Priority::Usual, std::string text = {});
     /// Takes back the scripts that are unwanted.
     void drop(const std::function<bool(const std::string& text)>& isUnwanted);
+    /// The scripts that wait, in the order they will run.
+    std::vector<std::string> texts() const;
     bool isEmpty() const;
     /// Runs what was queued when it was called, by priority; what those entries post waits for the next pass.
     /// Returns whether anything ran.

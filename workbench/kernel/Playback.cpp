@@ -2,6 +2,8 @@
 
 #include "kernel/Session.h"
 
+#include <algorithm>
+
 namespace kernel {
 
 namespace {
@@ -9,6 +11,7 @@ namespace {
 constexpr char kCondition[] = "playingBack";
 /// Steps that are no whole numbers add up to a little more or less than the range's end.
 constexpr double kTolerance = 1e-6;
+constexpr double kLongestFrame = 3600 * 1000;  // ms; one that no clock can count would be no frame
 
 }  // namespace
 
@@ -63,7 +66,8 @@ double Playback::frameDuration() const
 {
     if (options.speed <= 0)
         return 0;
-    return 1000 * ticksPerUnit(m_session.scene.timeUnit()) / kTicksPerSecond / options.speed;
+    const double atFullSpeed = 1000 * ticksPerUnit(m_session.scene.timeUnit()) / kTicksPerSecond;
+    return std::min(atFullSpeed / options.speed, kLongestFrame);
 }
 
 double Playback::beginning() const

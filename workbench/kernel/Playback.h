@@ -11,8 +11,9 @@ class Session;
 class Playback {
 public:
     enum class Loop { Once, Continuous, Oscillate };
+    static constexpr double kLeastStep = 1e-3;
     struct Options {
-        double by = 1;     ///< from one frame shown to the next, in the current unit; above 0
+        double by = 1;     ///< from one frame shown to the next, in the current unit; kLeastStep or more
         double speed = 1;  ///< times the frame rate; 0: every frame, as fast as they can be shown
         double maxSpeed = 0;
         Loop loop = Loop::Continuous;
@@ -33,7 +34,7 @@ public:
     void advance();
     /// From the beginning of the range to its end, every frame in turn, unless somebody stops it on the way.
     void runThrough();
-    /// How long each frame is to be shown, in milliseconds.
+    /// How long each frame is to be shown, in milliseconds; an hour at most.
     double frameDuration() const;
 
 private:

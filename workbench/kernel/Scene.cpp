@@ -3,6 +3,7 @@
 #include "kernel/Session.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 namespace kernel {
@@ -204,9 +205,9 @@ std::vector<NodePtr> Scene::cameras() const
 void Scene::setSelection(std::vector<NodePtr> nodes)
 {
     std::vector<NodePtr> selection;
+    std::unordered_set<const Node*> seen;
     for (NodePtr& node : nodes) {
-        const bool isNew = std::find(selection.begin(), selection.end(), node) == selection.end();
-        if (node && node->m_scene == this && isNew)
+        if (node && node->m_scene == this && seen.insert(node.get()).second)
             selection.push_back(std::move(node));
     }
     m_selection.swap(selection);

@@ -2,7 +2,6 @@
 #include "kernel/Scene.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace kernel {
 
@@ -195,11 +194,11 @@ void Scene::giveName(Node& node, const std::string& name)
     const NodePtr self = node.shared_from_this();
     if (node.m_scene)
         m_names.remove(self);
-    const bool isNew = std::exchange(node.m_name, name) != name;
-    if (node.m_scene)
-        m_names.add(self);
-    if (node.m_scene && isNew)
-        tell([&](ChangeListener& listener) { listener.nodeRenamed(node); });
+    node.m_name = name;
+    if (!node.m_scene)
+        return;
+    m_names.add(self);
+    tell([&](ChangeListener& listener) { listener.nodeRenamed(node); });
 }
 
 std::string Scene::rename(Node& node, const std::string& name)

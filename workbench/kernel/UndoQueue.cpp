@@ -7,7 +7,8 @@ namespace kernel {
 
 void UndoQueue::openChunk(const std::string& name)
 {
-    if (m_depth++ == 0)
+    ++m_depth;
+    if (m_open.name.empty())
         m_open.name = name;
 }
 
@@ -43,7 +44,8 @@ void UndoQueue::record(std::unique_ptr<Command> command)
     const std::string plugin = std::exchange(m_nextPlugin, {});
     if (!m_enabled || m_suspended > 0 || m_undoing || m_redoing)
         return;
-    m_undone.clear();
+    // Goes at the end: a command's destructor may come back here.
+    const std::deque<Chunk> dropped = std::exchange(m_undone, {});
     if (m_depth > 0) {
         m_open.steps.push_back({std::move(command), plugin});
     } else {
@@ -62,8 +64,10 @@ void UndoQueue::push(Chunk chunk)
 
 void UndoQueue::trim()
 {
-    while (!m_infinite && m_done.size() > m_length)
+    while (!m_infinite && m_done.size() > m_length) {
+        const Chunk dropped = std::move(m_done.front());
         m_done.pop_front();
+    }
 }
 
 bool UndoQueue::undo()
@@ -90,6 +94,7 @@ bool UndoQueue::redo()
 {
     if (m_undoing || m_redoing || m_undone.empty())
         return false;
+    closeOpenSteps();
     Chunk chunk = std::move(m_undone.back());
     m_undone.pop_back();
     m_redoing = true;
@@ -112,7 +117,7 @@ bool UndoQueue::take(Chunk& chunk, bool (Command::*step)(), bool backwards)
             if (!(command.*step)())
                 return false;
         }
-    } catch (const CommandError& error) {
+    } catch (const std::exception& error) {
         if (m_failed && *error.what())
             m_failed(error.what());
         return false;

@@ -13,7 +13,8 @@ namespace kernel {
 /// Chunks of executed commands. One user action is one chunk; a chunk that recorded nothing is not kept.
 class UndoQueue {
 public:
-    /// Chunks nest; only the outermost pair makes an entry. The name is the text shown for the step.
+    /// Chunks nest; only the outermost pair makes an entry. The name is the text shown for the step; without one, that
+    /// of the first chunk within it.
     void openChunk(const std::string& name);
     void closeChunk();
     /// A name of its own for the open chunk, whatever it was opened with; kept until the outermost pair is closed.

@@ -2,6 +2,7 @@
 
 #include "mel/Source.h"
 #include "mel/Stack.h"
+#include "mel/Variables.h"
 
 #include <utility>
 #include <variant>
@@ -173,6 +174,8 @@ Declarator Parser::parseDeclarator(BaseType base)
     }
     if (base == BaseType::Matrix && (declarator.size <= 0 || declarator.columns <= 0))
         m_tokens.fail();
+    if (std::size_t(declarator.size) * std::size_t(declarator.columns) > kMostElements)
+        m_tokens.fail("A matrix cannot have so many elements.");
     if (m_tokens.accept(Tok::Assign))
         declarator.initialiser = m_expressions.parseExpression();
     return declarator;
@@ -180,11 +183,10 @@ Declarator Parser::parseDeclarator(BaseType base)
 
 int Parser::parseSize()
 {
-    constexpr int kLargest = 1 << 24;
     int size = 0;
     if (m_tokens.is(Tok::Integer)) {
         const kernel::Value number = m_tokens.lexer().numberValue(m_tokens.token());
-        if (!std::holds_alternative<int>(number) || std::get<int>(number) > kLargest)
+        if (!std::holds_alternative<int>(number) || std::size_t(std::get<int>(number)) > kMostElements)
             m_tokens.fail();
         size = std::get<int>(number);
         m_tokens.advance();

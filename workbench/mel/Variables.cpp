@@ -14,8 +14,6 @@ using kernel::Value;
 
 namespace {
 
-constexpr std::size_t kLargestIndex = std::size_t(1) << 26;
-
 [[noreturn]] void failIndex(std::size_t index)
 {
     throw CommandError("Array index " + std::to_string(index) + " is out of range.");
@@ -89,7 +87,7 @@ void writeElement(Variable& variable, const Indices& indices, Value value)
         return;
     }
     requireArray(variable, indices);
-    if (indices[0] >= kLargestIndex)
+    if (indices[0] >= kMostElements)
         failIndex(indices[0]);
     visitArray(variable.value, [&](auto& elements) {
         using Element = typename std::decay_t<decltype(elements)>::value_type;

@@ -7,6 +7,9 @@
 
 namespace mel {
 
+/// An array or a matrix has no more; a number gone wrong must not take all memory.
+constexpr std::size_t kMostElements = std::size_t(1) << 24;
+
 /// What a variable holds. A matrix keeps its rows one after the other in a float array.
 struct Variable {
     Type type;

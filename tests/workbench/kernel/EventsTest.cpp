@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <stdexcept>
 #include <thread>
 
 using namespace kernel;
@@ -89,6 +90,29 @@ TEST(Events, WatchersHearOfChangesOnly)
     EXPECT_TRUE(events.isCondition("mine") && events.condition("mine"));
 }
 
+TEST(Events, EveryWatcherHearsOfTheChangesInTheirOrder)
+{
+    Events events;
+    std::string log;
+    events.watch("playingBack", [&](bool on) {
+        if (on)
+            events.setCondition("playingBack", false);
+    });
+    events.watch("playingBack", [&](bool on) { log += on ? '1' : '0'; });
+    events.setCondition("playingBack", true);
+    EXPECT_EQ(log, "10") << "the last that is heard is how it is";
+    int told = 0;
+    events.watch("busy", [&](bool on) {
+        ++told;
+        events.setCondition("busy", !on);
+    });
+    events.setCondition("busy", true);
+    EXPECT_LT(told, 1000) << "two that never agree do not hang the host";
+    const int before = told;
+    events.setCondition("busy", !events.condition("busy"));
+    EXPECT_GT(told, before);
+}
+
 TEST(IdleQueue, WhatAnEntryPostsWaitsForTheNextPass)
 {
     IdleQueue queue;
@@ -141,9 +165,10 @@ TEST(IdleQueue, AFailingEntryIsReportedAndDoesNotStopTheNext)
     session.output.addListener([&](Severity, const std::string& text) { said.push_back(text); });
     session.idle.post([] { throw CommandError("first"); });
     session.idle.post([] { throw CommandError(""); });  // has been reported already
-    session.idle.post([&] { said.push_back("third ran"); });
+    session.idle.post([] { throw std::runtime_error("third"); });
+    session.idle.post([&] { said.push_back("fourth ran"); });
     session.idle.drain();
-    EXPECT_EQ(said, (std::vector<std::string>{"first", "third ran"}));
+    EXPECT_EQ(said, (std::vector<std::string>{"first", "third", "fourth ran"}));
 }
 
 TEST(IdleQueue, TakesWorkFromAnyThreadAndWakesOnce)

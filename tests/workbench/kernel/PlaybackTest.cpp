@@ -108,6 +108,8 @@ TEST_F(PlaybackTest, ANewSceneEndsIt)
     newScene(session);
     EXPECT_FALSE(session.playback.isPlaying());
     EXPECT_EQ(session.playback.frameDuration(), 1000.0 / 24);
+    session.playback.options.speed = 1e-12;
+    EXPECT_EQ(session.playback.frameDuration(), 3600 * 1000) << "what a timer can count";
     session.playback.options.speed = 0;
     EXPECT_EQ(session.playback.frameDuration(), 0);
 }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 using namespace kernel;
 
 namespace {
@@ -33,8 +35,10 @@ private:
 };
 
 class UndoQueueTest : public testing::Test {
-protected:
+public:
     void record(char name, bool failing = false) { queue().record(std::make_unique<Noted>(log, name, failing)); }
+
+protected:
     UndoQueue& queue() { return session.undo; }
     std::string taken() { return std::exchange(log, {}); }
 
@@ -126,6 +130,68 @@ TEST_F(UndoQueueTest, NothingIsRecordedWhileSuspendedOffOrUndoing)
     queue().record(std::make_unique<Nested>(*this));
     EXPECT_TRUE(queue().undo());
     EXPECT_EQ(queue().count(), 0u);
+}
+
+TEST_F(UndoQueueTest, ADestructorMayRecordAgain)
+{
+    struct Returning : Noted {
+        Returning(UndoQueueTest& test, std::string& log) : Noted(log, 'r'), test(test) {}
+        ~Returning() override { test.record('n'); }
+        UndoQueueTest& test;
+    };
+    queue().record(std::make_unique<Returning>(*this, log));
+    queue().undo();
+    record('a');
+    EXPECT_EQ(taken(), "-r~r");
+    EXPECT_EQ(queue().count(), 2u) << "what emptied the redo side, and what that brought";
+    queue().flush();
+    queue().setLength(1);
+    queue().record(std::make_unique<Returning>(*this, log));
+    taken();
+    record('a');
+    EXPECT_EQ(taken(), "~a~r") << "what came last stays";
+    EXPECT_EQ(queue().count(), 1u);
+}
+
+TEST_F(UndoQueueTest, WhatIsRedoneComesAfterTheStepThatWasReopened)
+{
+    record('a');
+    record('b');
+    queue().undo();
+    queue().reopenLastChunk();
+    EXPECT_TRUE(queue().redo());
+    queue().closeChunk();
+    taken();
+    queue().undo();
+    EXPECT_EQ(taken(), "-b");
+}
+
+TEST_F(UndoQueueTest, AChunkWithoutANameTakesThatOfTheNext)
+{
+    queue().openChunk({});
+    queue().openChunk("text");
+    record('a');
+    queue().closeChunk();
+    queue().openChunk("more");
+    queue().closeChunk();
+    queue().closeChunk();
+    EXPECT_EQ(queue().undoName(), "text");
+}
+
+TEST_F(UndoQueueTest, AnUnexpectedErrorInsideUndoDropsTheStepOnly)
+{
+    struct Broken : Noted {
+        using Noted::Noted;
+        bool undo() override { throw std::runtime_error("broken"); }
+    };
+    std::vector<std::string> said;
+    session.output.addListener([&](Severity, const std::string& text) { said.push_back(text); });
+    record('a');
+    queue().record(std::make_unique<Broken>(log, 'b'));
+    EXPECT_FALSE(queue().undo());
+    EXPECT_EQ(said, (std::vector<std::string>{"broken", "The step could not be undone and was dropped: "}));
+    EXPECT_TRUE(queue().undo());
+    EXPECT_EQ(taken(), "~b-a");
 }
 
 TEST_F(UndoQueueTest, TheOldestStepsFallOff)

@@ -210,12 +210,16 @@ TEST(TimeCommands, TimeUnitsAndRanges)
                            {"timeControl -q -rangeArray anyName", "24 25"},
                            {"timeControl -q -rangeVisible $gPlayBackSlider", "0"},
                        });
-    expectErrors(host, {
-                           {"currentUnit -t fortnight", "currentUnit: Unknown time unit 'fortnight'."},
-                           {"currentUnit -l m", "currentUnit: The unit 'm' is not supported; centimeter is."},
-                           {"currentTime someday", "Invalid time: someday"},
-                           {"playbackOptions -min x", "Flag 'min' must be passed a time argument"},
-                       });
+    expectErrors(host,
+                 {
+                     {"currentUnit -t fortnight", "currentUnit: Unknown time unit 'fortnight'."},
+                     {"currentUnit -l m", "currentUnit: The unit 'm' is not supported; centimeter is."},
+                     {"currentTime someday", "Invalid time: someday"},
+                     {"playbackOptions -by 1e-30", "playbackOptions: The step must be 0.001 or more."},
+                     {"playbackOptions -min 3 -mps -1", "playbackOptions: -maxPlaybackSpeed must not be negative."},
+                     {"playbackOptions -ps -1", "playbackOptions: -playbackSpeed must not be negative."},
+                     {"playbackOptions -min x", "Flag 'min' must be passed a time argument"},
+                 });
     host.session.scene.highlightSliderRange({10, 20});
     EXPECT_EQ(host.eval("timeControl -q -ra $gPlayBackSlider"), "10 20");
     EXPECT_EQ(host.eval("timeControl -q -rng x"), "\"10:20\"");
@@ -314,7 +318,8 @@ TEST(DeferredCommands, TextsRunAtIdleInOrder)
              "evalDeferred \"evalDeferred -en \\\"print 7\\\"; noSuch; print 9\"; evalDeferred print 4;"
              "evalDeferred -en \"print 1\"; evalDeferred -en \"print 2\"; print 0;");
     EXPECT_EQ(host.printed, "0");
-    EXPECT_EQ(host.eval("size(`evalDeferred -list`)"), "7");
+    EXPECT_EQ(host.eval("$waiting = `evalDeferred -list`; size($waiting);"), "7");
+    EXPECT_EQ(host.eval("$waiting[0] + $waiting[2] + $waiting[6];"), "print 1print 3print 6");
     host.session.idle.runPass();
     EXPECT_EQ(host.printed, "0123456") << "an error does not stop the next one";
     EXPECT_EQ(host.eval("size(`evalDeferred -list`)"), "1") << "what a deferred text defers waits for another pass";

@@ -129,6 +129,8 @@ TEST(Language, OperatorsConvertAndBind)
         {"int $a[] = 3;", "Cannot convert data of type int to type int[]."},
         {"int $a[]; $a[-1] = 2;", "Array index -1 is out of range."},
         {"int $a[]; $a[999999999] = 2;", "Array index 999999999 is out of range."},
+        {"int $a[]; $a[2147483648] = 2;", "Array index 2147483647 is out of range."},
+        {"matrix $m[5000][5000];", "line 1.22: A matrix cannot have so many elements."},
         {"$a = {1, \"a\"};", "Cannot convert data of type string to type int."},
         {"matrix $m[2][2]; $m[2][0];", "Array index 2 is out of range."},
         {"$x = `select -cl`;", "A value is needed, but there is none."},

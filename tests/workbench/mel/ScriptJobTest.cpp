@@ -37,6 +37,13 @@ TEST_F(ScriptJobTest, RunsOnceAtIdleHoweverOftenItsEventCame)
     EXPECT_EQ(idleOutput("select -cl; select persp; select top;"), "top\n");
 }
 
+TEST_F(ScriptJobTest, IsNotDoneTwiceWhenAJobBeforeItCallsForItAgain)
+{
+    host.run("scriptJob -e Undo \"currentTime 7\"; scriptJob -e timeChanged \"print(`currentTime -q`)\";");
+    EXPECT_EQ(idleOutput("createNode transform; currentTime 3; undo;"), "7");
+    EXPECT_EQ(idleOutput("currentTime 4;"), "4") << "it hears of the next change";
+}
+
 TEST_F(ScriptJobTest, HearsOfConditionsWhenTheyChange)
 {
     host.run("scriptJob -cf playingBack \"print stopped\"; scriptJob -ct playingBack \"print started\";"
@@ -62,6 +69,8 @@ TEST_F(ScriptJobTest, FollowsAttributesNodesAndOptionVariables)
         {"setAttr a.ty 2", "t "},
         {"setAttr a.rx 2; setAttr b.tx 2", ""},
         {"undo; undo; undo", "t tx "},
+        {"setAttr a.t 1 2 3", "t tx "},
+        {"move 4 0 0 a", "t tx "},
         {"rename b c", ""},
         {"rename a b", "name "},
         {"setAttr b.tx 5", "t tx "},

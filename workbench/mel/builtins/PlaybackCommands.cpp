@@ -123,8 +123,9 @@ void editStep(BuiltinCall& call)
     if (!call.args.has("by"))
         return;
     const double by = call.args.number("by");
-    if (!(by > 0))
-        throw CommandError("playbackOptions: The step must be above 0.");
+    if (!(by >= Playback::kLeastStep))
+        throw CommandError("playbackOptions: The step must be " + kernel::numberText(Playback::kLeastStep)
+                           + " or more.");
     double& step = call.session.playback.options.by;
     call.apply(functionEdit([&step, by](Scene&) { step = by; }, [&step, was = step](Scene&) { step = was; }));
 }
@@ -138,6 +139,10 @@ Value runPlaybackOptions(BuiltinCall& call)
     const Playback::Loop loop = loopOfName(args.text("loop", 0, nameOf(options.loop)));
     editRanges(call);
     editStep(call);
+    for (const char* flag : {"playbackSpeed", "maxPlaybackSpeed"}) {
+        if (!(args.number(flag) >= 0))
+            throw CommandError(std::string("playbackOptions: -") + flag + " must not be negative.");
+    }
     options.loop = loop;
     options.speed = args.number("playbackSpeed", 0, options.speed);
     options.maxSpeed = args.number("maxPlaybackSpeed", 0, options.maxSpeed);

@@ -165,20 +165,20 @@ void ScriptJobs::fire(int number)
     });
 }
 
-// A job may end itself and others, and add new ones.
+// A job may end itself and others, and add new ones; what it does to one that is still to run is not done twice.
 void ScriptJobs::runDue()
 {
     m_isPosted = false;
     std::vector<int> due;
-    for (Job& job : m_jobs) {
+    for (const Job& job : m_jobs) {
         if (job.isDue)
             due.push_back(job.number);
-        job.isDue = false;
     }
     for (const int number : due) {
-        const Job* found = find(number);
+        Job* found = find(number);
         if (!found)
             continue;
+        found->isDue = false;
         const Job job = *found;
         if (job.options.runOnce)
             remove(number);
