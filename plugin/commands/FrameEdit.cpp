@@ -37,10 +37,12 @@ bool FrameEdit::run(LayerManager& manager, bool (FrameEdit::*step)(Layer&))
     if (m_layerIndex < 0) {
         return true;
     }
+    const Picture strokeBase = manager.strokeBase();
     Layer* layer = manager.layer(m_camera, m_layerIndex);
     if (!layer || !(this->*step)(*layer)) {
         return false;
     }
+    manager.dropStrokeUnlessOn(strokeBase);
     manager.markForRedraw(m_camera);  // the ghosts may be other ones although the frame shown is the same
     return true;
 }

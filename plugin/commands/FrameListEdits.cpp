@@ -51,8 +51,9 @@ bool InsertFrames::revert(LayerManager& manager)
 bool InsertFrames::applyTo(Layer& layer)
 {
     for (int frameNumber = m_span.first; frameNumber < m_span.end; ++frameNumber) {
-        if (layer.addFrame(timeOfFrame(frameNumber)) >= 0) {
-            m_inserted.push_back(frameNumber);
+        const MTime time = timeOfFrame(frameNumber);
+        if (layer.addFrame(time) >= 0) {
+            m_inserted.push_back(time);
         }
     }
     return true;
@@ -62,7 +63,7 @@ bool InsertFrames::applyTo(Layer& layer)
 bool InsertFrames::revertOn(Layer& layer)
 {
     for (; !m_inserted.empty(); m_inserted.pop_back()) {
-        layer.takeFrame(timeOfFrame(m_inserted.back()));
+        layer.takeFrame(m_inserted.back());
     }
     return true;
 }
@@ -175,7 +176,7 @@ PasteFrames::PasteFrames(const QString& camera, Frames frames)
     : FrameEdit(camera, "Cannot paste frames to a locked layer"), m_frames(std::move(frames))
 {
     for (const std::unique_ptr<Frame>& frame : m_frames) {
-        m_numbers.push_back(frame->frameNumber());
+        m_times.push_back(frame->time());
     }
 }
 
@@ -191,8 +192,11 @@ bool PasteFrames::applyTo(Layer& layer)
 
 bool PasteFrames::revertOn(Layer& layer)
 {
-    for (int frameNumber : m_numbers) {
-        takeFrames(layer, frameNumber, m_frames);
+    for (const MTime& time : m_times) {
+        if (std::unique_ptr<Frame> frame = layer.takeFrame(time)) {
+            frame->pack();
+            m_frames.push_back(std::move(frame));
+        }
     }
     putBack(layer, m_replaced);
     return true;

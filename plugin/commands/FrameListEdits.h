@@ -19,7 +19,7 @@ protected:
 
 private:
     const FrameSpan m_span;
-    std::vector<int> m_inserted;  // ascending
+    std::vector<MTime> m_inserted;  // ascending
     bool m_makesLayer = false;
     std::unique_ptr<Layer> m_layer;  // the one that was made, ours only while the edit is undone
 };
@@ -89,7 +89,7 @@ protected:
     bool revertOn(Layer& layer) override;
 
 private:
-    Frames m_frames;  // ours only while the edit is undone
-    std::vector<int> m_numbers;
-    Frames m_replaced;  // ours only while the edit is applied
+    Frames m_frames;             // ours only while the edit is undone
+    std::vector<MTime> m_times;  // of the same frames
+    Frames m_replaced;           // ours only while the edit is applied
 };

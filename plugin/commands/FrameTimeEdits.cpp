@@ -122,6 +122,7 @@ bool MoveFrames::applyTo(Layer& layer)
         return false;
     }
     m_oldTimes.clear();
+    m_newTimes.clear();
     for (int number : m_moving) {
         std::unique_ptr<Frame> frame = layer.takeFrame(timeOfFrame(number));
         if (!frame) {
@@ -129,6 +130,7 @@ bool MoveFrames::applyTo(Layer& layer)
         }
         m_oldTimes.push_back(frame->time());
         frame->setFrameNumber(number + m_offset);
+        m_newTimes.push_back(frame->time());
         layer.insertFrame(std::move(frame));
     }
     return true;
@@ -136,12 +138,12 @@ bool MoveFrames::applyTo(Layer& layer)
 
 bool MoveFrames::revertOn(Layer& layer)
 {
-    for (int i = m_moving.size() - 1; i >= 0; --i) {
-        std::unique_ptr<Frame> frame = layer.takeFrame(timeOfFrame(m_moving[i] + m_offset));
+    for (size_t i = m_newTimes.size(); i-- > 0;) {
+        std::unique_ptr<Frame> frame = layer.takeFrame(m_newTimes[i]);
         if (!frame) {
             return false;
         }
-        frame->setTime(m_oldTimes[static_cast<size_t>(i)]);
+        frame->setTime(m_oldTimes[i]);
         layer.restoreFrame(std::move(frame));
     }
     return true;

@@ -63,4 +63,5 @@ private:
     const int m_last;
     QList<int> m_moving;            // in the order in which they are moved
     std::vector<MTime> m_oldTimes;  // of the same frames
+    std::vector<MTime> m_newTimes;
 };

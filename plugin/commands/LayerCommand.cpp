@@ -280,7 +280,7 @@ MStatus LayerCommand::editVisibility(const MArgDatabase& args, LayerManager& man
     if (!hasLayer(manager, m_camera, index, index)) {
         return MStatus::kFailure;
     }
-    const bool visible = numberArgument(args, "-editVis", 0) != 0;
+    const bool visible = args.flagArgumentBool("-editVis", 0);
     return editProperty(index, &LayerManager::layerVisible, &LayerManager::setLayerVisible, visible);
 }
 

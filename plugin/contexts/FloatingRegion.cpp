@@ -2,22 +2,10 @@
 
 #include "model/FrameNumber.h"
 #include "node/BaseNode.h"
+#include "node/HostViews.h"
 #include "settings/ScriptBridge.h"
 
 #include <maya/M3dView.h>
-#include <maya/MDagPath.h>
-
-namespace {
-
-QString activeCamera()
-{
-    MStatus status;
-    M3dView view = M3dView::active3dView(&status);
-    MDagPath camera;
-    return status && view.getCamera(camera) ? script::cameraKey(camera) : QString();
-}
-
-}  // namespace
 
 bool FloatingRegion::open()
 {
@@ -29,7 +17,7 @@ bool FloatingRegion::open()
         return false;
     }
     m_node = master->thisMObject();
-    m_camera = activeCamera();
+    m_camera = HostViews().activeCamera();
     return isOpen();
 }
 
@@ -115,7 +103,7 @@ ActiveStroke* FloatingRegion::record() const
 
 bool FloatingRegion::isInActiveView() const
 {
-    return activeCamera() == m_camera;
+    return HostViews().activeCamera() == m_camera;
 }
 
 bool FloatingRegion::isWhereItBegan() const

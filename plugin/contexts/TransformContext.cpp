@@ -71,6 +71,9 @@ MStatus TransformContext::doPress(MEvent& event)
         return MStatus::kSuccess;
     }
     m_inputHandler.watchActiveView();
+    if (isTransforming() && !m_floating.record()) {
+        reset();  // with the scene, or with the drawing that it was a copy of, what floated has gone
+    }
     const QPoint position = positionOf(event);
     if (isTransforming()) {
         pressTransforming(event, position);

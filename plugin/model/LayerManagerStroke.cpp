@@ -7,16 +7,6 @@
 #include "model/FrameNumber.h"
 #include "settings/Preferences.h"
 
-namespace {
-
-/// These tools change a copy of the frame's picture, the others lay their ink over it.
-bool worksOnCopy(ToolType tool)
-{
-    return tool == ToolType::Eraser || tool == ToolType::Transform;
-}
-
-}  // namespace
-
 void LayerManager::redrawDrawing()
 {
     if (s_views) {
@@ -98,8 +88,20 @@ FrameAddress LayerManager::strokeFrame(const QString& camera) const
 void LayerManager::advanceStroke(const QString& camera)
 {
     if (stroke(camera)) {
-        const Frame* frame = strokeTargetFrame();
-        m_stroke.advance(frame ? frame->picture() : Picture());
+        m_stroke.advance(strokeBase());
+    }
+}
+
+Picture LayerManager::strokeBase() const
+{
+    const Frame* frame = strokeTargetFrame();
+    return frame ? frame->picture() : Picture();
+}
+
+void LayerManager::dropStrokeUnlessOn(const Picture& base)
+{
+    if (m_stroke.record() && !m_stroke.showsBase() && strokeBase().id() != base.id()) {
+        dropStroke();
     }
 }
 
@@ -139,12 +141,11 @@ bool LayerManager::swapImage(const FrameAddress& address, Picture& other)
     if (!frame) {
         return false;
     }
+    const Picture base = strokeBase();
     const Picture own = frame->picture();
     frame->setPicture(other);
     other = own;
-    if (frame == strokeTargetFrame() && worksOnCopy(m_stroke.record()->tool)) {
-        dropStroke();  // its copy shows the drawing that is gone, and would bring it back
-    }
+    dropStrokeUnlessOn(base);
     target->setDirty();
     redrawDrawing();
     return true;

@@ -377,6 +377,55 @@ TEST_F(FrameCommandTest, FramesBetweenTwoOfASlowerTimeUnitComeBackWhereTheyWere)
     }
 }
 
+TEST_F(FrameCommandTest, AUnitChangedBehindTheUndoQueueDoesNotSendTheUndoToOtherFrames)
+{
+    for (const char* arguments : {"-ins", "-pst", "-mv 5 20 20"}) {
+        run("file -f -new; currentUnit -t film");
+        keyed("persp", "A", {5, 20});
+        const QString pictures[] = {picture(5), picture(20)};
+        goTo(5);
+        run(frame("-copy"));
+        goTo(10);
+        ASSERT_TRUE(run(frame(arguments))) << arguments;
+        run("undoInfo -stateWithoutFlush off; currentUnit -t show; undoInfo -stateWithoutFlush on");
+        run("undo");
+        EXPECT_EQ(keys(), (Keys{10, 40})) << arguments;
+        EXPECT_EQ(picture(10), pictures[0]) << arguments;
+        EXPECT_EQ(picture(40), pictures[1]) << arguments;
+    }
+}
+
+TEST_F(FrameCommandTest, ATransformIsTakenBackWhenAnotherDrawingTakesThePlaceOfTheOneItCopied)
+{
+    keyed("persp", "A", {1, 2, 8});
+    const struct {
+        const char* arguments;
+        bool floatsOnWhenDone;
+        bool floatsOnWhenUndone;
+    } cases[] = {
+        {"-clear", false, false}, {"-pst", false, false},    {"-mv 1 1 2", false, false},  // frame 1 becomes frame 2
+        {"-del", false, true},  // by then it is on the frame that was held in its place
+        {"-ins", true, true},     {"-mv 3 1 1", true, true},
+    };
+    run(frame("-copy"));
+    goTo(2);
+    for (const auto& c : cases) {
+        for (const bool isUndo : {false, true}) {
+            const std::string text = isUndo ? "undo" : frame(c.arguments);
+            ActiveStroke* stroke = drawing().beginStroke("persp", true);
+            ASSERT_NE(stroke, nullptr) << text << " of " << c.arguments;
+            stroke->tool = ToolType::Transform;
+            stroke->region = QRect(0, 0, 8, 8);
+            stroke->takeRegion = true;
+            drawing().advanceStroke("persp");
+            ASSERT_TRUE(run(text));
+            EXPECT_EQ(drawing().hasStroke(), isUndo ? c.floatsOnWhenUndone : c.floatsOnWhenDone)
+                << text << " of " << c.arguments;
+            drawing().dropStroke();
+        }
+    }
+}
+
 TEST_F(FrameCommandTest, OfCopiesThatComeToShareANumberTheFirstIsPasted)
 {
     run("currentUnit -t film");

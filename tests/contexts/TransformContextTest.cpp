@@ -427,7 +427,6 @@ TEST_F(TransformContextTest, ATransformWhoseStrokeIsGoneOrRefusedIsTakenBack)
 {
     floatInk();
     drawing().dropStroke();
-    drag({300, 300}, {310, 300});
     enter();
     EXPECT_THAT(commits, IsEmpty());
     EXPECT_EQ(help(), kSelectingHelp);
@@ -439,6 +438,28 @@ TEST_F(TransformContextTest, ATransformWhoseStrokeIsGoneOrRefusedIsTakenBack)
     enter();
     EXPECT_EQ(describeDrawing(), before);
     EXPECT_FALSE(drawing().hasStroke());
+}
+
+TEST_F(TransformContextTest, APressSelectsAnewWhenNothingFloatsAnyMore)
+{
+    const std::function<void()> losses[] = {[this] { drawing().dropStroke(); },
+                                            [this] {
+                                                run("file -f -new; setAttr perspShape.filmFit 1");
+                                                draw("persp");
+                                            }};
+    for (const auto& lose : losses) {
+        floatInk();
+        drag({300, 300}, {310, 300});
+        lose();
+        selectInk();
+        EXPECT_EQ(help(), kSelectingHelp);
+        EXPECT_EQ(node().regionOutline().corners[0], QPointF(kInkLowerRight)) << "not the outline of what is gone";
+        enter();
+        ASSERT_NE(record(), nullptr);
+        EXPECT_EQ(record()->region, kRegion);
+        EXPECT_EQ(record()->translation, QPoint());
+        backspace();
+    }
 }
 
 TEST_F(TransformContextTest, AStrokeThatNobodyDrawsMakesWay)
