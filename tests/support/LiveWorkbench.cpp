@@ -64,6 +64,11 @@ void LiveWorkbench::post(const QString& text)
     m_socket.flush();
 }
 
+bool LiveWorkbench::waitForEnd(int timeoutMs)
+{
+    return m_process.state() == QProcess::NotRunning || m_process.waitForFinished(timeoutMs);
+}
+
 void LiveWorkbench::settle()
 {
     if (!isRunning()) {
@@ -80,7 +85,18 @@ void LiveWorkbench::settle()
 QRect LiveWorkbench::viewRect(const QString& panel)
 {
     const QString where = panel.isEmpty() ? QString() : QString(" -panel \"%1\"").arg(panel);
-    const QStringList numbers = run("workbenchView -q -screenRect" + where).split(' ');
+    return askRect("workbenchView -q -screenRect" + where);
+}
+
+QRect LiveWorkbench::controlRect(const QString& name)
+{
+    const QRect rect = askRect(QString("workbenchControl -q -screenRect \"%1\"").arg(name));
+    return rect.isEmpty() ? QRect() : rect;
+}
+
+QRect LiveWorkbench::askRect(const QString& query)
+{
+    const QStringList numbers = run(query).split(' ');
     return numbers.size() == 4 ? QRect(numbers[0].toInt(), numbers[1].toInt(), numbers[2].toInt(), numbers[3].toInt())
                                : QRect();
 }

@@ -26,11 +26,15 @@ public:
     QString run(const QString& text, int timeoutMs = 30000);
     /// Sends a text without waiting for it (to keep the program busy meanwhile).
     void post(const QString& text);
+    /// Returns when the program has ended by itself; false when it does not.
+    bool waitForEnd(int timeoutMs = 30000);
     /// Returns when the program has handled everything before and its views are painted.
     void settle();
 
     /// The view's drawing area on the screen; the first view when no panel is named.
     QRect viewRect(const QString& panel = QString());
+    /// A named control, menu or menu item on the screen; null when it is not to be seen.
+    QRect controlRect(const QString& name);
 
     /// Moves the real pointer along `path` (screen pixels) with the left button down; `stepMs` between points.
     /// holdMs: how long it rests at either end with the button down.
@@ -48,6 +52,7 @@ public:
     QString output();
 
 private:
+    QRect askRect(const QString& query);
     void pointer(const QStringList& arguments);
 
     QProcess m_process;

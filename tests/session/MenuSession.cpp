@@ -1,0 +1,2 @@
+// The menu as pictures.
+int main() { return 0; }
