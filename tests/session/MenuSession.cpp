@@ -1,2 +1,5 @@
 // The menu as pictures.
-int main() { return 0; }
+int main()
+{
+    return 0;
+}

@@ -71,13 +71,18 @@ bool LiveWorkbench::waitForEnd(int timeoutMs)
 
 void LiveWorkbench::settle()
 {
+    turn("refresh -force");
+}
+
+void LiveWorkbench::turn(const QString& text)
+{
     if (!isRunning()) {
         return;
     }
     // Pointer and key events come by way of the X server, the port's lines do not: a first answer says that the
     // program turned its loop, a second that what the first turn queued is done too.
-    for (int turn = 0; turn < 3; ++turn) {
-        run("refresh -force");
+    for (int turns = 0; turns < 3; ++turns) {
+        run(text);
         QThread::msleep(15);
     }
 }
@@ -134,8 +139,14 @@ void LiveWorkbench::drag(const QVector<QPoint>& path, int stepMs, int holdMs)
 
 void LiveWorkbench::click(const QPoint& point)
 {
-    pointer({"mousemove", QString::number(point.x()), QString::number(point.y()), "sleep", "0.05", "click", "1"});
+    clickControl(point);
     settle();
+}
+
+void LiveWorkbench::clickControl(const QPoint& point)
+{
+    pointer({"mousemove", QString::number(point.x()), QString::number(point.y()), "sleep", "0.05", "click", "1"});
+    letTurn();
 }
 
 void LiveWorkbench::hold(const QPoint& from, const QPoint& to)

@@ -30,6 +30,8 @@ public:
     bool waitForEnd(int timeoutMs = 30000);
     /// Returns when the program has handled everything before and its views are painted.
     void settle();
+    /// Returns when the program's loop has turned a few times since the pointer or a key was last used.
+    void letTurn() { turn(QString()); }
 
     /// The view's drawing area on the screen; the first view when no panel is named.
     QRect viewRect(const QString& panel = QString());
@@ -40,6 +42,8 @@ public:
     /// holdMs: how long it rests at either end with the button down.
     void drag(const QVector<QPoint>& path, int stepMs = 8, int holdMs = 30);
     void click(const QPoint& point);
+    /// The same without waiting for the views, which is most of the time a click takes.
+    void clickControl(const QPoint& point);
     /// Moves the pointer to the first point, presses the left button there and drags to the second; letGo() ends it.
     void hold(const QPoint& from, const QPoint& to);
     void letGo();
@@ -52,6 +56,7 @@ public:
     QString output();
 
 private:
+    void turn(const QString& text);
     QRect askRect(const QString& query);
     void pointer(const QStringList& arguments);
 

@@ -41,6 +41,7 @@ const char kProcedures[] = R"(
 )";
 
 constexpr int kStripToFirstItem = 4;  // pixels
+constexpr int kTurnsToShow = 10;
 
 }  // namespace
 
@@ -89,7 +90,7 @@ bool PointedMenu::tearOff(const QStringList& submenus)
     if (rect.isNull()) {
         return false;
     }
-    m_host.click(QPoint(rect.center().x(), rect.top() - kStripToFirstItem));
+    m_host.clickControl(QPoint(rect.center().x(), rect.top() - kStripToFirstItem));
     return true;
 }
 
@@ -102,11 +103,17 @@ void PointedMenu::close()
 
 bool PointedMenu::clickControl(const QString& name)
 {
-    const QRect rect = name.isEmpty() ? QRect() : m_host.controlRect(name);
+    QRect rect;
+    for (int turns = 0; !name.isEmpty() && rect.isNull() && turns < kTurnsToShow; ++turns) {
+        rect = m_host.controlRect(name);
+        if (rect.isNull()) {
+            m_host.letTurn();
+        }
+    }
     if (rect.isNull()) {
         return false;
     }
-    m_host.click(rect.center());
+    m_host.clickControl(rect.center());
     return true;
 }
 
