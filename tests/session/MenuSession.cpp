@@ -21,16 +21,14 @@ const char* const kSubmenus[] = {"Draw Tool", "Layer",     "Ghosting", "Display 
                                  "View",      "Utilities", "Cleanup"};
 constexpr int kGap = 12;
 constexpr int kHeading = 24;
-const QColor kGround("#2b2b2b");
+constexpr QSize kWindowPart(1060, 780);
+const QColor kGround("#444444");
 const QColor kText("#d8d8d8");
 
 struct Shot {
     QString label;
     QImage image;
 };
-
-/// The frame and padding of a menu around its items, pixels.
-constexpr int kMenuEdge = 1;
 
 /// What the items of an open menu cover.
 QRect menuRect(LiveWorkbench& host, const QString& menu)
@@ -40,19 +38,15 @@ QRect menuRect(LiveWorkbench& host, const QString& menu)
     for (const QString& item : items.split(' ')) {
         rect = rect.united(host.controlRect(menu + '|' + item));
     }
-    return rect.adjusted(-kMenuEdge, -kMenuEdge, kMenuEdge, kMenuEdge);
+    return rect;
 }
 
-/// The part of the window that holds the open menu and a submenu of it, with the drawing around.
+/// The window's left part with the menu and a submenu open over the drawing.
 QImage windowShot(LiveWorkbench& host, PointedMenu& menu)
 {
     menu.open({kShownInWindow});
-    const QRect shown = menuRect(host, menu.name())
-                            .united(menuRect(host, menu.item({kShownInWindow})))
-                            .united(host.controlRect(menu.name()));
-    const QRect view = host.viewRect();
-    const QImage image =
-        host.screenshot(QRect(QPoint(0, 0), QPoint(qMax(shown.right() + 260, view.center().x()), shown.bottom() + 60)));
+    host.moveTo(host.controlRect(menu.item({kShownInWindow})).center());
+    const QImage image = host.screenshot(QRect(QPoint(0, 0), kWindowPart));
     menu.close();
     return image;
 }
@@ -109,7 +103,8 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "The workbench did not start:\n%s\n", qPrintable(host.output()));
         return 1;
     }
-    for (const QVector<QPoint>& stroke : session::bouncingBall(host.viewRect())) {
+    const QRect shownView = host.viewRect() & QRect(QPoint(0, 0), kWindowPart);
+    for (const QVector<QPoint>& stroke : session::bouncingBall(shownView)) {
         host.drag(stroke);
     }
     PointedMenu menu(host, "$gTqLmMainMenu");
