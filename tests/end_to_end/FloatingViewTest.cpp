@@ -1,6 +1,7 @@
 // A camera panel in a window of its own: what the main window's views can, it can.
 
-#include "support/LiveWorkbench.h"
+#include "support/PointedMenu.h"
+#include "support/QtPrint.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -107,4 +108,43 @@ TEST_F(FloatingView, IsMadeAndClosedAgainAndAgain)
     host().run("undo");
     EXPECT_NE(picture("floatPanel"), drawn);
     EXPECT_TRUE(host().isRunning()) << host().output().toStdString();
+}
+
+TEST_F(FloatingView, OfTheMenuLooksThroughItsOwnCameraAndTakesAStrokeAlone)
+{
+    host().run("deleteUI floatWindow");
+    support::PointedMenu menu(host(), "$gTqLmMainMenu");
+    ASSERT_TRUE(menu.choose({"View", "Lumisketch View"}));
+    host().run("window -e -topLeftCorner 140 120 tqLmFloatingWindow");
+    host().settle();
+    const QString panel = "tqLumisketchFloatingModelPanel";
+    EXPECT_EQ(host().run("modelPanel -q -camera " + panel), "lumisketchCam");
+
+    const QImage mainEmpty = picture("modelPanel4");
+    const QImage empty = picture(panel);
+    drawIn(panel);
+    const QImage drawn = picture(panel);
+    EXPECT_NE(drawn, empty);
+    EXPECT_EQ(picture("modelPanel4"), mainEmpty);
+    host().key("ctrl+z");
+    EXPECT_EQ(picture(panel), empty);
+    EXPECT_EQ(picture("modelPanel4"), mainEmpty);
+    host().run("redo");
+    EXPECT_EQ(picture(panel), drawn);
+}
+
+TEST_F(FloatingView, OfThePlugInReceivesTheLayersOfTheCameraThatIsNamed)
+{
+    host().run("deleteUI floatWindow");
+    const QImage mainEmpty = picture("modelPanel4");
+    drawIn("modelPanel4");
+    const QImage mainDrawn = picture("modelPanel4");
+    ASSERT_NE(mainDrawn, mainEmpty);
+    EXPECT_EQ(host().run("tqLumisketchUtil -fvm \"persp\""), "");
+    host().settle();
+    const QImage moved = picture("tqLumisketchFloatingModelPanel");
+    EXPECT_EQ(picture("modelPanel4"), mainEmpty);
+    host().run("undo");
+    EXPECT_EQ(picture("modelPanel4"), mainDrawn);
+    EXPECT_NE(picture("tqLumisketchFloatingModelPanel"), moved);
 }

@@ -64,15 +64,25 @@ void LiveWorkbench::post(const QString& text)
     m_socket.flush();
 }
 
+bool LiveWorkbench::waitForEnd(int timeoutMs)
+{
+    return m_process.state() == QProcess::NotRunning || m_process.waitForFinished(timeoutMs);
+}
+
 void LiveWorkbench::settle()
+{
+    turn("refresh -force");
+}
+
+void LiveWorkbench::turn(const QString& text)
 {
     if (!isRunning()) {
         return;
     }
     // Pointer and key events come by way of the X server, the port's lines do not: a first answer says that the
     // program turned its loop, a second that what the first turn queued is done too.
-    for (int turn = 0; turn < 3; ++turn) {
-        run("refresh -force");
+    for (int turns = 0; turns < 3; ++turns) {
+        run(text);
         QThread::msleep(15);
     }
 }
@@ -80,7 +90,18 @@ void LiveWorkbench::settle()
 QRect LiveWorkbench::viewRect(const QString& panel)
 {
     const QString where = panel.isEmpty() ? QString() : QString(" -panel \"%1\"").arg(panel);
-    const QStringList numbers = run("workbenchView -q -screenRect" + where).split(' ');
+    return askRect("workbenchView -q -screenRect" + where);
+}
+
+QRect LiveWorkbench::controlRect(const QString& name)
+{
+    const QRect rect = askRect(QString("workbenchControl -q -screenRect \"%1\"").arg(name));
+    return rect.isEmpty() ? QRect() : rect;
+}
+
+QRect LiveWorkbench::askRect(const QString& query)
+{
+    const QStringList numbers = run(query).split(' ');
     return numbers.size() == 4 ? QRect(numbers[0].toInt(), numbers[1].toInt(), numbers[2].toInt(), numbers[3].toInt())
                                : QRect();
 }
@@ -118,8 +139,14 @@ void LiveWorkbench::drag(const QVector<QPoint>& path, int stepMs, int holdMs)
 
 void LiveWorkbench::click(const QPoint& point)
 {
-    pointer({"mousemove", QString::number(point.x()), QString::number(point.y()), "sleep", "0.05", "click", "1"});
+    clickControl(point);
     settle();
+}
+
+void LiveWorkbench::clickControl(const QPoint& point)
+{
+    pointer({"mousemove", QString::number(point.x()), QString::number(point.y()), "sleep", "0.05", "click", "1"});
+    letTurn();
 }
 
 void LiveWorkbench::hold(const QPoint& from, const QPoint& to)

@@ -26,16 +26,24 @@ public:
     QString run(const QString& text, int timeoutMs = 30000);
     /// Sends a text without waiting for it (to keep the program busy meanwhile).
     void post(const QString& text);
+    /// Returns when the program has ended by itself; false when it does not.
+    bool waitForEnd(int timeoutMs = 30000);
     /// Returns when the program has handled everything before and its views are painted.
     void settle();
+    /// Returns when the program's loop has turned a few times since the pointer or a key was last used.
+    void letTurn() { turn(QString()); }
 
     /// The view's drawing area on the screen; the first view when no panel is named.
     QRect viewRect(const QString& panel = QString());
+    /// A named control, menu or menu item on the screen; null when it is not to be seen.
+    QRect controlRect(const QString& name);
 
     /// Moves the real pointer along `path` (screen pixels) with the left button down; `stepMs` between points.
     /// holdMs: how long it rests at either end with the button down.
     void drag(const QVector<QPoint>& path, int stepMs = 8, int holdMs = 30);
     void click(const QPoint& point);
+    /// The same without waiting for the views, which is most of the time a click takes.
+    void clickControl(const QPoint& point);
     /// Moves the pointer to the first point, presses the left button there and drags to the second; letGo() ends it.
     void hold(const QPoint& from, const QPoint& to);
     void letGo();
@@ -48,6 +56,8 @@ public:
     QString output();
 
 private:
+    void turn(const QString& text);
+    QRect askRect(const QString& query);
     void pointer(const QStringList& arguments);
 
     QProcess m_process;

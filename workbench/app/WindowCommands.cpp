@@ -23,6 +23,11 @@ using kernel::Value;
 
 namespace {
 
+QRect screenRect(const QWidget& widget)
+{
+    return widget.isVisible() ? QRect(widget.mapToGlobal(QPoint()), widget.size()) : QRect();
+}
+
 /// Where a named object is on the screen, in device-independent pixels; empty for what is not to be seen.
 QRect screenRect(const ui::UiObject& object)
 {
@@ -47,7 +52,7 @@ QRect screenRect(const ui::UiObject& object)
         return QRect();
     }
     const QWidget* const widget = object.widget();
-    return widget && widget->isVisible() ? QRect(widget->mapToGlobal(QPoint()), widget->size()) : QRect();
+    return widget ? screenRect(*widget) : QRect();
 }
 
 }  // namespace
@@ -128,7 +133,10 @@ Value WindowCommands::workbenchControl(const kernel::ValueList& args)
     if (!parsed.query || !parsed.has("screenRect")) {
         throw CommandError("workbenchControl: -screenRect can be queried");
     }
-    const QRect rect = screenRect(m_ui.get("workbenchControl", kernel::toText(parsed.objects.front())));
+    const std::string name = kernel::toText(parsed.objects.front());
+    // The window's own controls are no script's, and have names all the same.
+    const auto* const own = m_ui.find(name) ? nullptr : m_window.findChild<QWidget*>(QString::fromStdString(name));
+    const QRect rect = own ? screenRect(*own) : screenRect(m_ui.get("workbenchControl", name));
     const double ratio = m_window.devicePixelRatioF();
     const QPoint corner = rect.topLeft() * ratio;
     return kernel::IntArray{corner.x(), corner.y(), int(rect.width() * ratio), int(rect.height() * ratio)};
