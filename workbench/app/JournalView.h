@@ -12,6 +12,9 @@ public:
     /// The document outlives the view.
     explicit JournalView(QTextDocument* journal, QWidget* parent = nullptr);
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private slots:
     void NoteValue(int value);
     void FollowEnd();

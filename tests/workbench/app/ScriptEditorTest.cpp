@@ -114,10 +114,12 @@ TEST_F(ScriptEditor, HandsTheKeysItHasNoUseForToTheMainWindow)
     auto* const read = part<QPlainTextEdit>("scriptJournal");
     read->setFocus();
     ASSERT_EQ(QApplication::focusWidget(), read);
-    pressKey(read, Qt::Key_W);
-    EXPECT_EQ(value("currentCtx"), "moveSuperContext");
-    pressKey(read, Qt::Key_Z, Qt::NoModifier, "z");
-    EXPECT_EQ(value("objExists thing"), "0");
+    pressKey(read, Qt::Key_W, Qt::NoModifier, "w");
+    pressKey(read, Qt::Key_Delete);
+    EXPECT_EQ(value("currentCtx"), "selectSuperContext");
+    EXPECT_EQ(value("objExists thing"), "1") << "what is typed where nothing can be written does nothing";
+    pressKey(read, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(value("objExists thing"), "0") << "chords are the main window's";
 }
 
 TEST_F(ScriptEditor, TypingGoesOnWhileAScriptRuns)
