@@ -1,10 +1,36 @@
 #include "app/Theme.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QPalette>
-#include <QStyleFactory>
+#include <QProxyStyle>
+#include <QStyleOption>
 
 namespace app {
+
+namespace {
+
+/// Fusion draws the outline of a check box darker than its ground, where a dark theme hides the empty ones.
+class ThemeStyle : public QProxyStyle {
+public:
+    ThemeStyle() : QProxyStyle("Fusion") {}
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override
+    {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        if (element == PE_IndicatorCheckBox) {
+            painter->save();
+            painter->translate(0.5, 0.5);  // onto the middle of the pixels
+            painter->setPen(option->palette.color(QPalette::Disabled, QPalette::Text));
+            painter->setBrush(Qt::NoBrush);
+            painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+            painter->restore();
+        }
+    }
+};
+
+}  // namespace
 
 void applyTheme(QApplication& application)
 {
@@ -41,7 +67,7 @@ void applyTheme(QApplication& application)
     }
     palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor("#3a3a3a"));
     palette.setColor(QPalette::Disabled, QPalette::Light, QColor("#303030"));  // etched under entries of menus
-    application.setStyle(QStyleFactory::create("Fusion"));
+    application.setStyle(new ThemeStyle);
     application.setPalette(palette);
 }
 
