@@ -154,6 +154,18 @@ void forget(const ModulePtr& module)
     loaded().erase(std::remove(loaded().begin(), loaded().end(), module), loaded().end());
 }
 
+/// Takes away what a module left behind when its code was asked to leave, or refused to stay, and the code itself.
+/// Gives what that was. commands: those it had when it was asked.
+std::vector<std::string> discard(const ModulePtr& module, const std::vector<std::string>& commands)
+{
+    const std::vector<std::string> leftovers = dropLeftovers(*module);
+    dropIdleTextsOf(*module->session, commands);
+    dropUndoOf(*module);  // what its tools and entry point did while they were leaving
+    closeLibrary(*module);
+    forget(module);
+    return leftovers;
+}
+
 void unload(const ModulePtr& module, bool force)
 {
     auto& session = *module->session;
@@ -167,12 +179,8 @@ void unload(const ModulePtr& module, bool force)
         throw kernel::CommandError("uninitializePlugin function failed (" + module->name + ")");
     if (!done)
         session.output.warning("uninitializePlugin function failed (" + module->name + ")");
-    for (const std::string& leftover : dropLeftovers(*module))
+    for (const std::string& leftover : discard(module, commands))
         session.output.warning(quotedName(module->name) + " left behind " + leftover + ".");
-    dropIdleTextsOf(session, commands);
-    dropUndoOf(*module);  // what its tools and entry point did while they were leaving
-    closeLibrary(*module);
-    forget(module);
 }
 
 }  // namespace
@@ -267,9 +275,7 @@ std::string loadModuleAs(kernel::Session& session, const std::string& pathOrName
     loaded().push_back(module);
     if (!callEntryPoint(module, "initializePlugin")) {
         dropUndoOf(*module);
-        dropLeftovers(*module);
-        closeLibrary(*module);
-        forget(module);
+        discard(module, commandsOf(module->name));
         throw kernel::CommandError("initializePlugin function failed (" + module->name + ")");
     }
     runProcedure(*module, module->createProcedure);

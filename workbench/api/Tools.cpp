@@ -312,13 +312,11 @@ void ToolBox::act(void (MPxContext::*action)())
     MPxContext* const context = current();
     if (!context)
         return;
-    kernel::Session& session = kernel::Session::current();
-    session.undo.openChunk(m_current->name);
     {
+        const kernel::UndoQueue::OneStep step(kernel::Session::current().undo, m_current->name);
         const Handling handling(*this, *m_current);
         (context->*action)();
     }
-    session.undo.closeChunk();
     updateHelp();
 }
 

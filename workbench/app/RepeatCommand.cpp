@@ -17,10 +17,12 @@ kernel::Value repeatLast(kernel::Session& session, const kernel::ValueList& args
         session.lastAction = parsed.text("addCommand");
         return {};
     }
-    // A text that itself repeats the last action must find none.
+    // A text that itself repeats the last action must find none, unless it told of another.
     const std::string text = std::exchange(session.lastAction, {});
     const bool ok = session.script().execute(text, false, true).ok;
-    session.lastAction = text;
+    if (session.lastAction.empty()) {
+        session.lastAction = text;
+    }
     if (!ok) {
         throw kernel::CommandError({});
     }

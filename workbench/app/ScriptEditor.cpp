@@ -114,6 +114,7 @@ void ScriptEditor::rememberSizes()
 {
     const QList<int> parts = m_splitter->sizes();
     m_session.optionVars[kSizesVariable] = kernel::IntArray{width(), height(), parts.value(0), parts.value(1)};
+    m_session.tellOptionVarChanged(kSizesVariable);
 }
 
 }  // namespace app

@@ -153,20 +153,23 @@ void ScriptShell::saveInput()
     if (m_input.revision() == m_savedRevision) {
         return;
     }
-    m_savedRevision = m_input.revision();
+    const int revision = m_input.revision();
     if (m_input.characterCount() > kLongestInput) {
         m_session.output.warning("The text in the script editor is too long to be kept for the next run.");
-    } else {
-        write(kInputFile, {{kScript, m_input.toPlainText()}}, kMostInput);
+        m_savedRevision = revision;
+    } else if (write(kInputFile, {{kScript, m_input.toPlainText()}}, kMostInput)) {
+        m_savedRevision = revision;
     }
 }
 
-void ScriptShell::write(const char* file, const QVector<KeptText>& texts, int mostBytes)
+bool ScriptShell::write(const char* file, const QVector<KeptText>& texts, int mostBytes)
 {
     try {
         writeKeptTexts(m_session.prefsDir + file, texts, mostBytes);
+        return true;
     } catch (const kernel::CommandError& error) {
         m_session.output.warning(error.what());
+        return false;
     }
 }
 

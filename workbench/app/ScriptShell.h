@@ -49,7 +49,8 @@ private:
     void load();
     void save();
     void saveInput();
-    void write(const char* file, const QVector<KeptText>& texts, int mostBytes);
+    /// False, and said, when it cannot be written.
+    bool write(const char* file, const QVector<KeptText>& texts, int mostBytes);
 
     ui::UiObjects& m_ui;
     kernel::Session& m_session;

@@ -56,10 +56,10 @@ void Playback::advance()
 
 void Playback::runThrough()
 {
-    m_session.events.setCondition(kCondition, true);
+    stop();  // what plays already gives way
+    const During playing(m_session.events, kCondition);
     for (double time = beginning(); isInRange(time) && isPlaying(); time += step())
         goTo(time);
-    stop();
 }
 
 double Playback::frameDuration() const

@@ -88,6 +88,13 @@ void runConfigurationScripts(Session& session)
     }
 }
 
+void flushScene(Session& session)
+{
+    const During flushing(session.events, "flushingScene");
+    session.undo.flush();
+    session.scene.reset();
+}
+
 }  // namespace
 
 std::string absolutePath(const std::string& path)
@@ -151,8 +158,7 @@ void openScene(Session& session, const std::string& path)
         const Scene::Activity activity(scene, FileActivity::Open);
         const During reading(session.events, "readingFile");
         const UndoQueue::Suspend suspend(session.undo);
-        session.undo.flush();
-        scene.reset();
+        flushScene(session);
         scene.setFileName(absolute);
         scene.setFileType(content.type());
         SceneIntake intake(session, SceneIntake::Purpose::Open, absolute);
@@ -175,9 +181,7 @@ void newScene(Session& session)
         const During deleting(session.events, "deleteAllCondition");
         session.events.raise("deleteAll");
         const Scene::Activity activity(scene, FileActivity::New);
-        const During flushing(session.events, "flushingScene");
-        session.undo.flush();
-        scene.reset();
+        flushScene(session);
     }
     before.raiseChanges(session);
     session.events.raise("NewSceneOpened");

@@ -60,6 +60,18 @@ public:
     /// changed: after anything was recorded, taken back, redone or dropped. failed: text about a step that failed.
     void setListeners(std::function<void()> changed, std::function<void(const std::string&)> failed);
 
+    /// While one lives, what is recorded belongs to one step.
+    class OneStep {
+    public:
+        OneStep(UndoQueue& queue, const std::string& name) : m_queue(queue) { m_queue.openChunk(name); }
+        ~OneStep() { m_queue.closeChunk(); }
+        OneStep(const OneStep&) = delete;
+        OneStep& operator=(const OneStep&) = delete;
+
+    private:
+        UndoQueue& m_queue;
+    };
+
     /// While one lives, commands run but nothing is recorded.
     class Suspend {
     public:

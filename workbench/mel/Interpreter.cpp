@@ -47,13 +47,11 @@ std::string stepName(const std::string& text)
     const std::size_t first = text.find_first_not_of(" \t\r\n");
     if (first == std::string::npos)
         return {};
-    std::size_t end = std::min(text.find_first_of("\r\n", first), text.size());
-    end = std::min(end, first + kLongest);
-    while (end < text.size() && end > first && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
-        --end;
-    while (end > first && (text[end - 1] == ';' || text[end - 1] == ' '))
-        --end;
-    return text.substr(first, end - first);
+    const std::string_view line = std::string_view(text).substr(first, text.find_first_of("\r\n", first) - first);
+    std::string_view name = beginning(line, kLongest);
+    while (!name.empty() && (name.back() == ';' || name.back() == ' '))
+        name.remove_suffix(1);
+    return std::string(name);
 }
 
 }  // namespace

@@ -4,6 +4,14 @@
 
 namespace mel {
 
+std::string_view beginning(std::string_view text, std::size_t longest)
+{
+    std::size_t end = std::min(text.size(), longest);
+    while (end < text.size() && end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
+        --end;
+    return text.substr(0, end);
+}
+
 namespace {
 
 constexpr std::size_t kShownLineLength = 200;

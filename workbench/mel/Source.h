@@ -13,6 +13,9 @@ struct Position {
     std::size_t column = 1;
 };
 
+/// At most that many bytes of a text, cut between characters.
+std::string_view beginning(std::string_view text, std::size_t longest);
+
 /// A text handed to the interpreter, with the file it came from. Trees and procedures refer to it by byte offset.
 class Source {
 public:

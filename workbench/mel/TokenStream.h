@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mel/Lexer.h"
+#include "mel/Source.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -97,7 +98,7 @@ private:
         if (is(Tok::End))
             return " at the end";
         const std::string_view token = m_lexer.text(m_token);
-        return " near '" + std::string(token.substr(0, std::min(token.find('\n'), kLongest))) + "'";
+        return " near '" + std::string(beginning(token.substr(0, token.find('\n')), kLongest)) + "'";
     }
 
     Lexer m_lexer;

@@ -64,6 +64,9 @@ Value make(UiObjects& ui, const ControlType& type, const std::string& name, cons
 Value run(UiObjects& ui, const ControlType& type, const mel::BuiltinCall& call)
 {
     const std::string name = objectName(call);
+    if (call.args.has("exists")) {
+        return int(findOf(ui, type, name) != nullptr);
+    }
     if (call.args.query || call.args.edit) {
         const Subject subject{ui, getOf(ui, type, name)};
         if (call.args.query) {
@@ -71,9 +74,6 @@ Value run(UiObjects& ui, const ControlType& type, const mel::BuiltinCall& call)
         }
         setFlags(type.flags, subject, call.args);
         return subject.object.name;
-    }
-    if (call.args.has("exists")) {
-        return int(findOf(ui, type, name) != nullptr);
     }
     if (!type.make) {
         throw CommandError(std::string(type.command) + ": '" + name

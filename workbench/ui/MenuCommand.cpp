@@ -109,7 +109,7 @@ void editMenu(const MenuSets& sets, const Target& target, const kernel::ParsedAr
     setFlags(flags(), target, args);
     if (target.object.kind == Kind::Menu) {
         sets.arrange(*target.object.parent);
-    } else {
+    } else if (args.has("visible")) {
         target.menu.menuAction()->setVisible(target.menu.isWanted());
     }
 }

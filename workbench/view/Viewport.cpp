@@ -279,8 +279,9 @@ void Viewport::sendToTool(api::ToolEvent::Kind kind, const QPointF& at, Qt::Keyb
     }
 }
 
-void Viewport::endLostDrag(Qt::MouseButtons held)
+bool Viewport::endLostDrag(Qt::MouseButtons held)
 {
+    const QPointer<Viewport> self(this);
     if (m_move && !held.testFlag(m_moveButton)) {
         m_move.reset();
         m_moveButton = Qt::NoButton;
@@ -288,12 +289,15 @@ void Viewport::endLostDrag(Qt::MouseButtons held)
     if (m_toolButton != Qt::NoButton && !held.testFlag(m_toolButton)) {
         sendToTool(api::ToolEvent::Kind::Release, m_toolAt, Qt::NoModifier);
     }
+    return !self.isNull();
 }
 
 bool Viewport::event(QEvent* event)
 {
     if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::Hide) {
-        endLostDrag(Qt::NoButton);
+        if (!endLostDrag(Qt::NoButton)) {
+            return true;
+        }
     }
     return QOpenGLWidget::event(event);
 }
@@ -301,7 +305,9 @@ bool Viewport::event(QEvent* event)
 void Viewport::mousePressEvent(QMouseEvent* event)
 {
     emit Activated(this);
-    endLostDrag(event->buttons() & ~Qt::MouseButtons(event->button()));
+    if (!endLostDrag(event->buttons() & ~Qt::MouseButtons(event->button()))) {
+        return;
+    }
     if (m_move || m_toolButton != Qt::NoButton) {
         return;  // a second button while one is at work
     }
@@ -326,7 +332,9 @@ void Viewport::mousePressEvent(QMouseEvent* event)
 
 void Viewport::mouseMoveEvent(QMouseEvent* event)
 {
-    endLostDrag(event->buttons());
+    if (!endLostDrag(event->buttons())) {
+        return;
+    }
     if (m_move) {
         moveCamera(event->pos() - m_movedFrom);
         m_movedFrom = event->pos();

@@ -69,7 +69,8 @@ private:
     void sendToTool(api::ToolEvent::Kind kind, const QPointF& at, Qt::KeyboardModifiers modifiers);
     /// Ends the drag whose button is not among those held: its release went elsewhere, or will (to a dialog that was
     /// opened meanwhile). The tool gets the release where it last saw the pointer.
-    void endLostDrag(Qt::MouseButtons held);
+    /// False when the tool had the view deleted.
+    bool endLostDrag(Qt::MouseButtons held);
 
     kernel::Session& m_session;
     const std::string m_panelName;

@@ -43,6 +43,9 @@ TEST(ScriptErrors, ASyntaxErrorShowsTheLineAndRunsNothing)
         {"int $n = 1; case 1: print 1;", "line 1.13: Syntax error near 'case'"},
         {"int $n = 1; $n.x = 2;", "line 1.18: Syntax error near '='"},
         {"int $n = 1; 5 = $n;", "line 1.15: Syntax error near '='"},
+        {"int $n = 1; + \"123456789 123456789 123456789 12345678\u00e4\";", "line 1.13: Syntax error near '+'"},
+        {"int $n = 1 \"123456789 123456789 123456789 12345678\u00e4\";",
+         "line 1.12: Syntax error near '\"123456789 123456789 123456789 12345678'"},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(host.error(c.text), c.error) << c.text;

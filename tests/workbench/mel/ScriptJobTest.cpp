@@ -1,4 +1,4 @@
-#include "workbench/mel/ScriptHost.h"
+#include "workbench/mel/SceneFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -20,6 +20,20 @@ protected:
 
     ScriptHost host;
 };
+
+using ScriptJobOfAScene = SceneFolder;
+
+TEST_F(ScriptJobOfAScene, StaysWhenItsSceneIsOpenedAndEndsWithIt)
+{
+    session.batch = false;
+    write("a.ma", "createNode script -n \"sceneConfigurationScriptNode\";\n"
+                  "\tsetAttr \".b\" -type \"string\" \"scriptJob -kws -e Undo second\";\n\tsetAttr \".st\" 6;\n");
+    run("scriptJob -kws -e Undo first");
+    ASSERT_TRUE(file("-f -open", "a.ma"));
+    EXPECT_EQ(eval("scriptJob -lj"), "2: \"-killWithScene\" \"-event\" \"Undo\" \"second\"");
+    run("file -f -new");
+    EXPECT_EQ(eval("size(`scriptJob -lj`)"), "0");
+}
 
 }  // namespace
 

@@ -109,6 +109,8 @@ TEST_F(MenuCommandTest, TheCurrentMenuGoesUpAndDown)
 TEST_F(MenuCommandTest, DeletedMenusAndSubmenusGoWithAllThatIsInThem)
 {
     run("menu ink; menuItem one; menuItem -subMenu true pick; menuItem deep");
+    run("menuItem -e -visible 0 pick; menu -e -label Pick pick");
+    EXPECT_FALSE(item("pick")->isVisible()) << "shown only when asked to be";
     EXPECT_EQ(errorOf("deleteUI -menu one"), "deleteUI: Object 'one' not found.") << "no menu";
     EXPECT_TRUE(run("deleteUI -menu pick"));
     EXPECT_EQ(value("menu -exists pick"), "0");

@@ -25,6 +25,8 @@ TEST_F(HostFixture, InBatchNothingIsMadeAndNothingExists)
 TEST_F(WindowsTest, AWindowIsMadeHiddenAndTakesWhatFollows)
 {
     EXPECT_EQ(value("window -title \"Ink & paper\" -widthHeight 300 280 -topLeftCorner 40 60 tools"), "tools");
+    EXPECT_EQ(value("window -q -exists tools"), "1");
+    EXPECT_EQ(value("window -q -exists none"), "0");
     EXPECT_EQ(value("window -q -visible tools"), "0");
     EXPECT_EQ(value("window -q -title tools"), "Ink & paper");
     EXPECT_EQ(value("window -q -widthHeight tools"), "300 280");

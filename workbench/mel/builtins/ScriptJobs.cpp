@@ -94,18 +94,17 @@ unsigned ScriptJobs::watch(const Job& job)
     return id;
 }
 
-// Jobs that end with the scene do so before anybody is told about the next one.
+// Jobs that end with the scene do so before anything of the next one is there: that may bring jobs of its own.
 void ScriptJobs::watchScene()
 {
     if (m_watchesScene)
         return;
     m_watchesScene = true;
-    for (const char* event : {"deleteAll", "PostSceneRead"}) {
-        m_session.events.add(event, [weak = weak_from_this()] {
-            if (const auto jobs = weak.lock())
-                jobs->endWithScene();
-        });
-    }
+    m_session.events.watch("flushingScene", [weak = weak_from_this()](bool isFlushing) {
+        const auto jobs = weak.lock();
+        if (jobs && isFlushing)
+            jobs->endWithScene();
+    });
 }
 
 void ScriptJobs::endWithScene()
