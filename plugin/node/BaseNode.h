@@ -80,6 +80,9 @@ public:
     bool drawingTarget(const QString& camera, int& newLayerIndex, bool& frameCreated);
     /// Takes back what drawingTarget made for a stroke that came to nothing. frame: the one it was to go to.
     void withdrawDrawingTarget(const FrameAddress& frame, int newLayerIndex, bool frameCreated);
+    /// Takes back a paste that still floats, with the layer and the frame made for it; nothing when none were made.
+    /// Steps of the undo queue must not meet these: they were not there when the steps were made.
+    void withdrawPaste();
     /// The camera has an active layer, and the user may change its drawings. False, and reported, when not.
     bool canEditActiveLayer(const QString& camera) const;
 

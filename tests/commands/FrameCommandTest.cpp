@@ -426,6 +426,45 @@ TEST_F(FrameCommandTest, ATransformIsTakenBackWhenAnotherDrawingTakesThePlaceOfT
     }
 }
 
+TEST_F(FrameCommandTest, UndoAndRedoTakeNothingThatAFloatingPasteMadeForADrawing)
+{
+    keyed("persp", "A", {1, 5});
+    const struct {
+        int time;  // of the edit and of the pastes
+        const char* arguments;
+    } cases[] = {{5, "-del"}, {5, "-cut"}, {5, "-mv 3 5 5"}, {5, "-retime 9 -mvn"}, {1, "-retime 9"}, {7, "-dup"}};
+    for (const auto& c : cases) {
+        goTo(c.time);
+        const QString before = describeDrawing();
+        ASSERT_TRUE(run(frame(c.arguments)));
+        goTo(c.time);
+        const QString after = describeDrawing();
+        floatPaste("persp");
+        EXPECT_TRUE(run("undo")) << c.arguments;
+        goTo(c.time);
+        EXPECT_EQ(describeDrawing(), before) << c.arguments;
+        drawing().dropStroke();
+        floatPaste("persp");
+        EXPECT_TRUE(run("redo")) << c.arguments;
+        goTo(c.time);
+        EXPECT_EQ(describeDrawing(), after) << c.arguments;
+        drawing().dropStroke();
+        run("undo");
+    }
+    EXPECT_EQ(keys(), (Keys{1, 5}));
+}
+
+TEST_F(FrameCommandTest, ARedoneNewLayerTakesThePlaceOfTheOneMadeForAFloatingPaste)
+{
+    run(frame("-ins persp"));
+    const QString after = describeDrawing();
+    run("undo");
+    floatPaste("persp");
+    run("redo");
+    EXPECT_EQ(describeDrawing(), after);
+    EXPECT_FALSE(drawing().hasStroke());
+}
+
 TEST_F(FrameCommandTest, OfCopiesThatComeToShareANumberTheFirstIsPasted)
 {
     run("currentUnit -t film");

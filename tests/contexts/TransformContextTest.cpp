@@ -671,6 +671,32 @@ TEST_F(TransformContextTest, APasteThatIsTakenBackTakesItsLayerAndFrameAlong)
     EXPECT_EQ(commits.back(), "-la 0 -fa persp");
 }
 
+TEST_F(TransformContextTest, AFloatingPasteIsWithdrawnWithItsLayerAndFrameAndAnyOtherRegionStays)
+{
+    selectInk();
+    choose("Copy");
+    floatInk();
+    node().withdrawPaste();
+    EXPECT_NE(record(), nullptr);
+    backspace();
+
+    goTo(5);
+    choose("Paste and Transform");
+    node().withdrawPaste();
+    EXPECT_FALSE(drawing().hasStroke());
+    EXPECT_EQ(drawing().frameNumbers("persp"), QList<int>{1});
+    enter();
+    EXPECT_THAT(commits, IsEmpty());
+    run("setToolTo transformTool");
+
+    drawing().takeAllLayers("persp");
+    choose("Paste and Transform");
+    node().withdrawPaste();
+    EXPECT_EQ(drawing().totalLayerCount(), 0);
+    backspace();
+    EXPECT_EQ(drawing().totalLayerCount(), 0);
+}
+
 TEST_F(TransformContextTest, APasteWithoutATargetSaysWhyAndStopsTheTool)
 {
     selectInk();
