@@ -465,6 +465,27 @@ TEST_F(FrameCommandTest, ARedoneNewLayerTakesThePlaceOfTheOneMadeForAFloatingPas
     EXPECT_FALSE(drawing().hasStroke());
 }
 
+TEST_F(FrameCommandTest, AnEditUnderAFloatingPasteFindsTheDrawingWithoutWhatWasMadeForIt)
+{
+    keyed("persp", "A", {1, 9});
+    run(frame("-copy"));
+    for (const char* arguments : {"-del", "-mv 1 1 9", "-retime 3", "-pst", "-dup"}) {
+        goTo(5);
+        const QString before = describeDrawing();
+        ASSERT_TRUE(run(frame(arguments)));
+        const QString after = describeDrawing();
+        run("undo");
+        goTo(5);
+        floatPaste("persp");
+        ASSERT_TRUE(run(frame(arguments))) << arguments;
+        EXPECT_EQ(describeDrawing(), after) << arguments;
+        EXPECT_FALSE(drawing().hasStroke()) << arguments;
+        run("undo");
+        goTo(5);
+        EXPECT_EQ(describeDrawing(), before) << arguments;
+    }
+}
+
 TEST_F(FrameCommandTest, OfCopiesThatComeToShareANumberTheFirstIsPasted)
 {
     run("currentUnit -t film");
