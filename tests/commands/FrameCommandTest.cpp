@@ -486,6 +486,16 @@ TEST_F(FrameCommandTest, AnEditUnderAFloatingPasteFindsTheDrawingWithoutWhatWasM
     }
 }
 
+TEST_F(FrameCommandTest, AMoveThatCannotBeRedoneForAllFramesMovesNone)
+{
+    keyed("persp", "A", {1, 2, 4});
+    run(frame("-mv 10 1 2"));
+    run("undo");
+    drawing().activeLayer("persp")->takeFrame(timeOfFrame(1));  // the one that is moved last
+    run("redo");
+    EXPECT_EQ(keys(), (Keys{2, 4}));
+}
+
 TEST_F(FrameCommandTest, OfCopiesThatComeToShareANumberTheFirstIsPasted)
 {
     run("currentUnit -t film");
