@@ -359,6 +359,18 @@ TEST_F(TransformContextTest, APressInAnotherViewStopsTheToolUntilItIsSetUpAgain)
     EXPECT_THAT(commits, ElementsAre("persp"));
 }
 
+TEST_F(TransformContextTest, ARegionFollowsThePointerInAViewThatWasResizedWhileItFloats)
+{
+    floatInk();
+    drag({300, 300}, {310, 300});
+    EXPECT_EQ(record()->translation, QPoint(20, 0));
+    views.persp().widget()->resize(1024, 1024);  // from here on view pixel (x, y) is canvas pixel (x, 1024 - y)
+    drag({300, 300}, {310, 295});
+    EXPECT_EQ(record()->translation, QPoint(30, 5));
+    EXPECT_EQ(node().regionOutline().corners[0], QPointF(130, 1024 - 205));
+    EXPECT_EQ(node().regionOutline().corners[2], QPointF(171, 1024 - 226));
+}
+
 TEST_F(TransformContextTest, AFailedToolCanStillBeLeftByItsKeys)
 {
     floatInk();
