@@ -10,12 +10,20 @@ MStatus DrawingEdit::execute()
 
 MStatus DrawingEdit::redo()
 {
-    BaseNode* node = BaseNode::masterNode();
-    return node ? redoOn(*node) : MStatus(MStatus::kFailure);
+    return rerun(&DrawingEdit::redoOn);
 }
 
 MStatus DrawingEdit::undo()
 {
+    return rerun(&DrawingEdit::undoOn);
+}
+
+MStatus DrawingEdit::rerun(MStatus (DrawingEdit::*step)(BaseNode&))
+{
     BaseNode* node = BaseNode::masterNode();
-    return node ? undoOn(*node) : MStatus(MStatus::kFailure);
+    if (!node) {
+        return MStatus::kFailure;
+    }
+    node->withdrawPaste();
+    return (this->*step)(*node);
 }

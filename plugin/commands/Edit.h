@@ -14,7 +14,8 @@ public:
     virtual MStatus undo() = 0;
 };
 
-/// An edit of the scene's drawing; fails in a scene without one.
+/// An edit of the scene's drawing; fails in a scene without one. Undone or redone under a floating paste, it finds the
+/// drawing without the layer and the frame that were made for the paste.
 class DrawingEdit : public Edit {
 public:
     MStatus execute() final;
@@ -25,4 +26,7 @@ protected:
     virtual MStatus executeOn(BaseNode& node) { return redoOn(node); }
     virtual MStatus redoOn(BaseNode& node) = 0;
     virtual MStatus undoOn(BaseNode& node) = 0;
+
+private:
+    MStatus rerun(MStatus (DrawingEdit::*step)(BaseNode&));
 };

@@ -7,6 +7,8 @@
 
 #include <maya/MAnimControl.h>
 
+#include <algorithm>
+
 namespace {
 
 constexpr char kOutOfRange[] = "Frame number out of range";
@@ -118,16 +120,14 @@ bool MoveFrames::isObstructed(const Layer& layer) const
 
 bool MoveFrames::applyTo(Layer& layer)
 {
-    if (isObstructed(layer)) {
+    const auto isThere = [&](int number) { return layer.frameNumbered(number) != nullptr; };
+    if (isObstructed(layer) || !std::all_of(m_moving.begin(), m_moving.end(), isThere)) {
         return false;
     }
     m_oldTimes.clear();
     m_newTimes.clear();
     for (int number : m_moving) {
         std::unique_ptr<Frame> frame = layer.takeFrame(timeOfFrame(number));
-        if (!frame) {
-            return false;
-        }
         m_oldTimes.push_back(frame->time());
         frame->setFrameNumber(number + m_offset);
         m_newTimes.push_back(frame->time());

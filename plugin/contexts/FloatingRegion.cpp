@@ -85,6 +85,8 @@ bool FloatingRegion::take(const QRect& region, const Taking& taking)
     stroke->clearOnly = taking.clear;
     stroke->keepCut = taking.keep;
     stroke->pasteAsIs = taking.paste;
+    stroke->layerMade = m_layerCreated;
+    stroke->frameMade = m_frameCreated;
     stroke->changed = true;
     drawing.advanceStroke(m_camera);
     stroke->pasteAsIs = false;  // from here on what is pasted is turned and scaled like any region
@@ -124,8 +126,8 @@ void FloatingRegion::revert()
     }
     LayerManager& drawing = *manager();
     const FrameAddress frame = drawing.strokeFrame(m_camera);  // where the layer is by now
-    drawing.dropStroke();
-    node()->withdrawDrawingTarget(frame, m_layerCreated ? frame.layerIndex : -1, m_frameCreated);
+    node()->withdrawPaste();
+    drawing.dropStroke();  // of what was no paste, or one that needed nothing made
     if (!m_layerCreated && frame.layerIndex >= 0 && drawing.activeLayerIndex(m_camera) != frame.layerIndex) {
         drawing.setActiveLayer(m_camera, frame.layerIndex, false);
     }

@@ -91,11 +91,30 @@ void TransformContext::pressTransforming(const MEvent& event, const QPoint& posi
         m_failed = true;
         return;
     }
+    followView();
     m_anchor = anchorOf(position, m_transform);
     if (event.mouseButton() == MEvent::kMiddleMouse) {
         m_drag = Drag::Scale;
     } else {
         m_drag = event.isModifierShift() ? Drag::Rotate : Drag::Translate;
+    }
+}
+
+// The view may have been resized or zoomed since the region was taken. In a view as it was nothing is worked out anew,
+// for the move in view pixels is the exact one.
+void TransformContext::followView()
+{
+    MStatus status;
+    M3dView view = M3dView::active3dView(&status);
+    BaseNode& node = *m_floating.node();
+    const QRect region = m_floating.record()->region;
+    if (!status || !node.prepareToolView(view)) {
+        return;
+    }
+    const ViewSpan span = spanOf(region);
+    if (span.start != m_span.start || span.end != m_span.end) {
+        m_span = span;
+        m_transform.viewTranslation = node.canvasToPort(region.topLeft() + m_transform.translation) - span.start;
     }
 }
 
@@ -250,13 +269,18 @@ QRect TransformContext::selectedRegion() const
     return canvasRegion(node.portToCanvas(m_span.start), node.portToCanvas(m_span.end));
 }
 
+ViewSpan TransformContext::spanOf(const QRect& region) const
+{
+    const BaseNode& node = *m_floating.node();
+    return {node.canvasToPort(region.topLeft()), node.canvasToPort(region.bottomRight() + QPoint(1, 1))};
+}
+
 bool TransformContext::floatRegion(const QRect& region, const FloatingRegion::Taking& taking)
 {
     if (!m_floating.take(region, taking)) {
         return false;
     }
-    const BaseNode& node = *m_floating.node();
-    m_span = {node.canvasToPort(region.topLeft()), node.canvasToPort(region.bottomRight() + QPoint(1, 1))};
+    m_span = spanOf(region);
     m_drag = Drag::None;
     m_state = State::Transforming;
     showHelp();

@@ -52,11 +52,13 @@ private:
     bool start(const FloatingRegion::Taking& taking);
     bool floatRegion(const QRect& region, const FloatingRegion::Taking& taking);
     QRect selectedRegion() const;
+    ViewSpan spanOf(const QRect& region) const;
     void apply();
     void reset();
     void restart();
 
     void pressTransforming(const MEvent& event, const QPoint& position);
+    void followView();
     void dragTo(const QPoint& position, bool shift);
     void showChange();
     MStatus showHelp();

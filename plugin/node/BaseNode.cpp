@@ -329,6 +329,12 @@ QPoint BaseNode::canvasToPort(const QPoint& pixel) const
     return QPoint(qRound(point.x), qRound(point.y));
 }
 
+bool BaseNode::showsRegionOutline(const QString& camera) const
+{
+    return !camera.isEmpty() && m_regionOutline.camera == camera && m_metrics.width == m_toolMetrics.width
+        && m_metrics.height == m_toolMetrics.height;
+}
+
 void BaseNode::requestRedraw()
 {
     MHWRender::MRenderer::setGeometryDrawDirty(thisMObject());

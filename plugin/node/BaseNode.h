@@ -80,6 +80,9 @@ public:
     bool drawingTarget(const QString& camera, int& newLayerIndex, bool& frameCreated);
     /// Takes back what drawingTarget made for a stroke that came to nothing. frame: the one it was to go to.
     void withdrawDrawingTarget(const FrameAddress& frame, int newLayerIndex, bool frameCreated);
+    /// Takes back a paste that still floats, with the layer and the frame made for it; nothing when none were made.
+    /// Steps of the undo queue must not meet these: they were not there when the steps were made.
+    void withdrawPaste();
     /// The camera has an active layer, and the user may change its drawings. False, and reported, when not.
     bool canEditActiveLayer(const QString& camera) const;
 
@@ -109,6 +112,9 @@ public:
     /// Shown in Viewport 2.0 from the next redraw on.
     void setRegionOutline(const RegionOutline& outline) { m_regionOutline = outline; }
     const RegionOutline& regionOutline() const { return m_regionOutline; }
+    /// The outline belongs into a view of this camera whose metrics were worked out last: its corners fit views of the
+    /// size of the tool's.
+    bool showsRegionOutline(const QString& camera) const;
 
     /// Has the views draw the node anew at their next refresh.
     void requestRedraw();

@@ -103,9 +103,8 @@ MUserData* BaseNodeDrawOverride::prepareForDraw(const MDagPath& objPath, const M
     data->image = node->compositeImage(camera);
     data->cameraHasDrawing = data->image != nullptr;
     data->opacity = node->opacity();
-    const RegionOutline& region = node->regionOutline();
-    data->showRegion = !region.camera.isEmpty() && region.camera == camera;
-    data->corners = region.corners;
+    data->showRegion = node->showsRegionOutline(camera);
+    data->corners = node->regionOutline().corners;
     data->frameNumber = node->currentFrameNumber();
     return data;
 }

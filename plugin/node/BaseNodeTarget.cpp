@@ -96,3 +96,19 @@ void BaseNode::withdrawDrawingTarget(const FrameAddress& frame, int newLayerInde
         manager->takeLayer(frame.camera, newLayerIndex);
     }
 }
+
+void BaseNode::withdrawPaste()
+{
+    const std::shared_ptr<LayerManager> manager = layerManagerIfAny();
+    for (const QString& camera : manager ? manager->cameras() : QStringList()) {
+        const ActiveStroke* stroke = manager->stroke(camera);
+        if (!stroke || !(stroke->layerMade || stroke->frameMade)) {
+            continue;
+        }
+        const FrameAddress frame = manager->strokeFrame(camera);  // where the layer is by now
+        const int layerIndex = stroke->layerMade ? frame.layerIndex : -1;
+        const bool frameMade = stroke->frameMade;
+        manager->dropStroke();
+        withdrawDrawingTarget(frame, layerIndex, frameMade);
+    }
+}

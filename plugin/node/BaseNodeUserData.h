@@ -18,7 +18,7 @@ public:
     bool cameraHasDrawing = false;
     MPoint centre;                   ///< view pixels
     float halfSize = 0;              ///< view pixels
-    bool showRegion = false;         ///< the transform tool's outline belongs to this camera
+    bool showRegion = false;         ///< the transform tool's outline belongs into this view
     std::array<QPointF, 4> corners;  ///< of that outline, view pixels
     int frameNumber = 0;
 };

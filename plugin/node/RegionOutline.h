@@ -9,7 +9,7 @@
 
 #include <array>
 
-/// What the transform tool works on, outlined in the views of one camera.
+/// What the transform tool works on, outlined in the views of one camera that are as large as the tool's.
 struct RegionOutline {
     QString camera;                  ///< empty: there is none
     std::array<QPointF, 4> corners;  ///< port pixels, y pointing up, in the order in which lines join them

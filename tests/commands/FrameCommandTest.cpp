@@ -426,6 +426,76 @@ TEST_F(FrameCommandTest, ATransformIsTakenBackWhenAnotherDrawingTakesThePlaceOfT
     }
 }
 
+TEST_F(FrameCommandTest, UndoAndRedoTakeNothingThatAFloatingPasteMadeForADrawing)
+{
+    keyed("persp", "A", {1, 5});
+    const struct {
+        int time;  // of the edit and of the pastes
+        const char* arguments;
+    } cases[] = {{5, "-del"}, {5, "-cut"}, {5, "-mv 3 5 5"}, {5, "-retime 9 -mvn"}, {1, "-retime 9"}, {7, "-dup"}};
+    for (const auto& c : cases) {
+        goTo(c.time);
+        const QString before = describeDrawing();
+        ASSERT_TRUE(run(frame(c.arguments)));
+        goTo(c.time);
+        const QString after = describeDrawing();
+        floatPaste("persp");
+        EXPECT_TRUE(run("undo")) << c.arguments;
+        goTo(c.time);
+        EXPECT_EQ(describeDrawing(), before) << c.arguments;
+        drawing().dropStroke();
+        floatPaste("persp");
+        EXPECT_TRUE(run("redo")) << c.arguments;
+        goTo(c.time);
+        EXPECT_EQ(describeDrawing(), after) << c.arguments;
+        drawing().dropStroke();
+        run("undo");
+    }
+    EXPECT_EQ(keys(), (Keys{1, 5}));
+}
+
+TEST_F(FrameCommandTest, ARedoneNewLayerTakesThePlaceOfTheOneMadeForAFloatingPaste)
+{
+    run(frame("-ins persp"));
+    const QString after = describeDrawing();
+    run("undo");
+    floatPaste("persp");
+    run("redo");
+    EXPECT_EQ(describeDrawing(), after);
+    EXPECT_FALSE(drawing().hasStroke());
+}
+
+TEST_F(FrameCommandTest, AnEditUnderAFloatingPasteFindsTheDrawingWithoutWhatWasMadeForIt)
+{
+    keyed("persp", "A", {1, 9});
+    run(frame("-copy"));
+    for (const char* arguments : {"-del", "-mv 1 1 9", "-retime 3", "-pst", "-dup"}) {
+        goTo(5);
+        const QString before = describeDrawing();
+        ASSERT_TRUE(run(frame(arguments)));
+        const QString after = describeDrawing();
+        run("undo");
+        goTo(5);
+        floatPaste("persp");
+        ASSERT_TRUE(run(frame(arguments))) << arguments;
+        EXPECT_EQ(describeDrawing(), after) << arguments;
+        EXPECT_FALSE(drawing().hasStroke()) << arguments;
+        run("undo");
+        goTo(5);
+        EXPECT_EQ(describeDrawing(), before) << arguments;
+    }
+}
+
+TEST_F(FrameCommandTest, AMoveThatCannotBeRedoneForAllFramesMovesNone)
+{
+    keyed("persp", "A", {1, 2, 4});
+    run(frame("-mv 10 1 2"));
+    run("undo");
+    drawing().activeLayer("persp")->takeFrame(timeOfFrame(1));  // the one that is moved last
+    run("redo");
+    EXPECT_EQ(keys(), (Keys{2, 4}));
+}
+
 TEST_F(FrameCommandTest, OfCopiesThatComeToShareANumberTheFirstIsPasted)
 {
     run("currentUnit -t film");

@@ -98,6 +98,23 @@ TEST_F(StrokeCommandTest, AFrameKeyedForTheStrokeGoesWithIt)
     EXPECT_EQ(drawing().activeLayer("persp")->currentFrameIndex(), 0);
 }
 
+TEST_F(StrokeCommandTest, AFloatingPasteIsPutDownOnTheFrameMadeForItAndMakesWayForARedo)
+{
+    keyed("persp", {1});
+    goTo(5);
+    const QString before = describeDrawing();
+    floatPaste("persp");
+    ASSERT_TRUE(command("-fa persp"));
+    const QString after = describeDrawing();
+    EXPECT_EQ(drawing().frameNumbers("persp"), (QList<int>{1, 5}));
+    expectUndoAndRedo(before, after);
+    run("undo");
+    floatPaste("persp");
+    EXPECT_TRUE(run("redo"));
+    EXPECT_EQ(describeDrawing(), after);
+    expectUndoAndRedo(before, after);
+}
+
 TEST_F(StrokeCommandTest, AStaticLayersFirstFrameIsTakenBackWhereItStands)
 {
     keyed("persp", {});

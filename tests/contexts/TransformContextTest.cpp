@@ -359,6 +359,18 @@ TEST_F(TransformContextTest, APressInAnotherViewStopsTheToolUntilItIsSetUpAgain)
     EXPECT_THAT(commits, ElementsAre("persp"));
 }
 
+TEST_F(TransformContextTest, ARegionFollowsThePointerInAViewThatWasResizedWhileItFloats)
+{
+    floatInk();
+    drag({300, 300}, {310, 300});
+    EXPECT_EQ(record()->translation, QPoint(20, 0));
+    views.persp().widget()->resize(1024, 1024);  // from here on view pixel (x, y) is canvas pixel (x, 1024 - y)
+    drag({300, 300}, {310, 295});
+    EXPECT_EQ(record()->translation, QPoint(30, 5));
+    EXPECT_EQ(node().regionOutline().corners[0], QPointF(130, 1024 - 205));
+    EXPECT_EQ(node().regionOutline().corners[2], QPointF(171, 1024 - 226));
+}
+
 TEST_F(TransformContextTest, AFailedToolCanStillBeLeftByItsKeys)
 {
     floatInk();
@@ -669,6 +681,32 @@ TEST_F(TransformContextTest, APasteThatIsTakenBackTakesItsLayerAndFrameAlong)
     run("setToolTo transformTool");
     choose("Paste");
     EXPECT_EQ(commits.back(), "-la 0 -fa persp");
+}
+
+TEST_F(TransformContextTest, AFloatingPasteIsWithdrawnWithItsLayerAndFrameAndAnyOtherRegionStays)
+{
+    selectInk();
+    choose("Copy");
+    floatInk();
+    node().withdrawPaste();
+    EXPECT_NE(record(), nullptr);
+    backspace();
+
+    goTo(5);
+    choose("Paste and Transform");
+    node().withdrawPaste();
+    EXPECT_FALSE(drawing().hasStroke());
+    EXPECT_EQ(drawing().frameNumbers("persp"), QList<int>{1});
+    enter();
+    EXPECT_THAT(commits, IsEmpty());
+    run("setToolTo transformTool");
+
+    drawing().takeAllLayers("persp");
+    choose("Paste and Transform");
+    node().withdrawPaste();
+    EXPECT_EQ(drawing().totalLayerCount(), 0);
+    backspace();
+    EXPECT_EQ(drawing().totalLayerCount(), 0);
 }
 
 TEST_F(TransformContextTest, APasteWithoutATargetSaysWhyAndStopsTheTool)

@@ -1,4 +1,5 @@
 #include "support/NodeFixture.h"
+#include "support/TestView.h"
 
 #include "model/Canvas.h"
 #include "node/BaseNodeUserData.h"
@@ -117,18 +118,26 @@ TEST_F(BaseNodeDrawOverrideTest, ViewsOfDifferentSizesPreparedTogetherKeepTheirO
     EXPECT_EQ(square(top), (std::vector<double>{0, 200, 0, 200}));
 }
 
-TEST_F(BaseNodeDrawOverrideTest, OutlinesTheTransformedRegionOnlyForTheCameraItWasSelectedOn)
+TEST_F(BaseNodeDrawOverrideTest, OutlinesTheTransformedRegionOnlyInViewsLikeTheOneItWasSelectedIn)
 {
     draw("persp");
     draw("top");
+    TestViews toolViews;
+    toolViews.persp().widget()->resize(400, 300);
+    M3dView toolView = M3dView::active3dView();
+    ASSERT_TRUE(node().prepareToolView(toolView));
     node().setRegionOutline({"persp", {{{10, 80}, {50, 80}, {50, 20}, {10, 20}}}});
     View persp("persp", 400, 300);
-    View top("top", 200, 200);
-    for (View* view : {&persp, &top}) {
+    View top("top", 400, 300);
+    View wider("persp", 500, 300);
+    View higher("persp", 400, 400);
+    for (View* view : {&persp, &top, &wider, &higher}) {
         prepare(*view);
         paint(*view);
     }
-    EXPECT_EQ(top.list.items.size(), 1u);
+    for (View* other : {&top, &wider, &higher}) {
+        EXPECT_EQ(other->list.items.size(), 1u);
+    }
     ASSERT_EQ(persp.list.items.size(), 5u);
     const kernel::Vector3 corners[] = {{10, 80, 0}, {50, 80, 0}, {50, 20, 0}, {10, 20, 0}, {10, 80, 0}};
     for (size_t i = 0; i < 4; ++i) {

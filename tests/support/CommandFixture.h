@@ -24,6 +24,22 @@ protected:
         return names.join(" ");
     }
 
+    /// Floats a paste on a camera as the transform tool does, on a layer and a frame made for it where there are none.
+    void floatPaste(const QString& camera)
+    {
+        int newLayer = -1;
+        bool frameMade = false;
+        ASSERT_TRUE(node().drawingTarget(camera, newLayer, frameMade));
+        ActiveStroke* const stroke = drawing().beginStroke(camera, true);
+        ASSERT_NE(stroke, nullptr);
+        stroke->tool = ToolType::Transform;
+        stroke->region = QRect(0, 0, 8, 8);
+        stroke->takeRegion = true;
+        stroke->layerMade = newLayer >= 0;
+        stroke->frameMade = frameMade;
+        drawing().advanceStroke(camera);
+    }
+
     /// Runs a text that succeeds as one step, which can be undone to the same drawing and redone, again and again.
     void runAndRewind(const std::string& text)
     {
