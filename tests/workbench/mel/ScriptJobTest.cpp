@@ -30,7 +30,7 @@ TEST_F(ScriptJobOfAScene, StaysWhenItsSceneIsOpenedAndEndsWithIt)
                   "\tsetAttr \".b\" -type \"string\" \"scriptJob -kws -e Undo second\";\n\tsetAttr \".st\" 6;\n");
     run("scriptJob -kws -e Undo first");
     ASSERT_TRUE(file("-f -open", "a.ma"));
-    EXPECT_EQ(eval("scriptJob -lj"), "2: \"-killWithScene\" \"-event\" \"Undo\" \"second\"");
+    EXPECT_EQ(eval("scriptJob -lj"), "2: \"-event\" \"Undo\" \"second\"");
     run("file -f -new");
     EXPECT_EQ(eval("size(`scriptJob -lj`)"), "0");
 }
