@@ -32,8 +32,17 @@ void FormLayout::place(QWidget* child)
 
 void FormLayout::release(QWidget* child)
 {
-    m_children.removeOne(child);
-    m_edges.erase(child);
+    forget(child);
+}
+
+void FormLayout::forget(const QObject* child)
+{
+    m_children.erase(std::remove(m_children.begin(), m_children.end(), child), m_children.end());
+    const auto edges =
+        std::find_if(m_edges.begin(), m_edges.end(), [child](const auto& entry) { return entry.first == child; });
+    if (edges != m_edges.end()) {
+        m_edges.erase(edges);
+    }
 }
 
 void FormLayout::attach(QWidget* child, Edge edge, const Attachment& attachment)
@@ -64,8 +73,7 @@ bool FormLayout::event(QEvent* event)
     if (event->type() == QEvent::LayoutRequest) {
         arrange();
     } else if (event->type() == QEvent::ChildRemoved) {
-        // Only the pointer is looked at: the child may be half gone.
-        release(static_cast<QWidget*>(static_cast<QChildEvent*>(event)->child()));
+        forget(static_cast<QChildEvent*>(event)->child());
     }
     return LayoutWidget::event(event);
 }

@@ -36,6 +36,8 @@ protected:
     bool event(QEvent* event) override;
 
 private:
+    /// Only the pointer is looked at: the child may be half gone.
+    void forget(const QObject* child);
     using Edges = std::map<Edge, Attachment>;
     void arrange();
     void arrange(QWidget& child, const Edges& edges);
