@@ -154,7 +154,7 @@ MStatus FrameCommand::paste(const MArgDatabase&, BaseNode& node)
 {
     Frames frames;
     if (!copyFromClipboard(node, script::highlightedSpan().first, frames)) {
-        return failure("Frame number out of range");
+        return failure(kFrameNumberOutOfRange);
     }
     return execute(std::unique_ptr<Edit>(new PasteFrames(m_camera, std::move(frames))));
 }

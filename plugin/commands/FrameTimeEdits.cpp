@@ -9,12 +9,6 @@
 
 #include <algorithm>
 
-namespace {
-
-constexpr char kOutOfRange[] = "Frame number out of range";
-
-}  // namespace
-
 // StepTime ------------------------------------------------------------------------------------------------------------
 
 StepTime::StepTime(const QString& camera, Direction direction) : m_camera(camera), m_direction(direction) {}
@@ -60,7 +54,7 @@ bool RetimeFrames::prepareFor(const Layer& layer)
     const FrameSpan span = snappedSpan(numbers, m_span);
     m_numbers = retimedNumbers(numbers, span, m_retiming);
     if (m_numbers.isEmpty()) {
-        messages::error(kOutOfRange);
+        messages::error(kFrameNumberOutOfRange);
         return false;
     }
     m_landing = m_numbers[landingIndex(numbers, span, m_retiming.moveToNext)];
@@ -113,7 +107,7 @@ bool MoveFrames::isObstructed(const Layer& layer) const
     }
     TimelineMarks::refreshInstalled();
     messages::error(obstacle == MoveObstacle::Range
-                        ? QString(kOutOfRange)
+                        ? QString(kFrameNumberOutOfRange)
                         : QString("Move Failed. A frame already exists at time %1").arg(at));
     return true;
 }

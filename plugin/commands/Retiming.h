@@ -6,6 +6,9 @@
 
 // Where frames go when they are retimed or moved, on plain numbers. `numbers` are a layer's, ascending.
 
+/// Said when a frame would get a number that 32 bits do not hold.
+constexpr char kFrameNumberOutOfRange[] = "Frame number out of range";
+
 struct Retiming {
     int value;  ///< the new gap after a frame, or what is added to each gap when relative
     bool relative;

@@ -30,7 +30,7 @@ bool isCommand(kernel::Session& session, const std::string& name)
         || interpreter.findProcedure(name, nullptr);
 }
 
-/// A prompt in a window, drawn on a grid of 24.
+/// A command line in a window, drawn on a grid of 24.
 QIcon editorIcon(const QColor& colour, qreal pixelRatio)
 {
     constexpr int kSize = 16;

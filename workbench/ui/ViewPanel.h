@@ -4,7 +4,6 @@
 
 namespace view {
 class Viewport;
-class Viewports;
 }  // namespace view
 
 namespace ui {
