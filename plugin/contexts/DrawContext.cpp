@@ -6,6 +6,7 @@
 #include "settings/Names.h"
 #include "settings/PenState.h"
 #include "settings/Preferences.h"
+#include "settings/Rounding.h"
 #include "settings/ScriptBridge.h"
 
 #include <maya/M3dView.h>
@@ -26,7 +27,7 @@ QPoint pressPosition(const MEvent& event, M3dView& view)
     const QWidget* widget = view.widget();
     const double scale = widget && view.portWidth() > 0 ? double(widget->width()) / view.portWidth() : 1.0;
     // An event counts from pixel (0, 0) at the lower left, samples from (1, 2).
-    return QPoint(qRound(x * scale) + 1, qRound(y * scale) + 2);
+    return QPoint(roundedHalfUp(x * scale) + 1, roundedHalfUp(y * scale) + 2);
 }
 
 }  // namespace

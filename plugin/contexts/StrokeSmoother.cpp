@@ -1,16 +1,13 @@
 #include "contexts/StrokeSmoother.h"
 
+#include "settings/Rounding.h"
+
 #include <cmath>
 
 namespace {
 
 const size_t kHistoryLength = 5;
 const double kSmallestStep = 0.1;  // of the tool's width
-
-int roundAwayFromZero(double value)
-{
-    return static_cast<int>(std::lround(value));
-}
 
 }  // namespace
 
@@ -56,5 +53,5 @@ StrokeSmoother::Sample StrokeSmoother::mean() const
         opacity += weight * double(m_history[i].opacity);
     }
     const double sum = double(count * (count + 1)) / 2.0;
-    return {QPoint(roundAwayFromZero(x / sum), roundAwayFromZero(y / sum)), float(opacity / sum)};
+    return {QPoint(roundedHalfAwayFromZero(x / sum), roundedHalfAwayFromZero(y / sum)), float(opacity / sum)};
 }

@@ -1,5 +1,7 @@
 #include "model/DabMask.h"
 
+#include "settings/Rounding.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -18,7 +20,7 @@ public:
     // is never weaker.
     QuarterDisc(float inner, float radius, DabMask::Mode mode)
     {
-        const int lastY = static_cast<int>(std::lround(radius / std::sqrt(2.0f)));
+        const int lastY = roundedHalfAwayFromZero(radius / std::sqrt(2.0f));
         for (int y = 0; y <= lastY; ++y) {
             const float x = radius * std::sqrt(std::max(1.0f - static_cast<float>(y * y) / (radius * radius), 0.0f));
             const int lastX = static_cast<int>(x);

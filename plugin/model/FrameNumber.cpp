@@ -1,19 +1,12 @@
 #include "model/FrameNumber.h"
 
-#include <maya/MAnimControl.h>
+#include "settings/Rounding.h"
 
-#include <limits>
+#include <maya/MAnimControl.h>
 
 int frameNumberOf(const MTime& time)
 {
-    const double value = time.asUnits(MTime::uiUnit());
-    if (value >= std::numeric_limits<int>::max()) {
-        return std::numeric_limits<int>::max();
-    }
-    if (value <= std::numeric_limits<int>::min()) {
-        return std::numeric_limits<int>::min();
-    }
-    return static_cast<int>(value);
+    return truncated(time.asUnits(MTime::uiUnit()));
 }
 
 MTime timeOfFrame(int frameNumber)

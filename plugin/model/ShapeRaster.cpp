@@ -3,6 +3,7 @@
 #include "model/Canvas.h"
 #include "model/DabMask.h"
 #include "model/DrawingPainter.h"
+#include "settings/Rounding.h"
 
 #include <QVector2D>
 
@@ -50,8 +51,8 @@ void drawArrow(QPainter& painter, const QPoint& tail, const QPoint& tip)
     for (const float angle : {kArrowAngle, -kArrowAngle}) {
         QVector2D direction = rotated(QVector2D(back), angle);
         direction.normalize();
-        const QPoint end(static_cast<int>(static_cast<float>(tip.x()) + direction.x() * head),
-                         static_cast<int>(static_cast<float>(tip.y()) + direction.y() * head));
+        const QPoint end(truncated(static_cast<float>(tip.x()) + direction.x() * head),
+                         truncated(static_cast<float>(tip.y()) + direction.y() * head));
         painter.drawLine(tip, end);
     }
 }

@@ -1,5 +1,7 @@
 #include "settings/PreferenceRow.h"
 
+#include "settings/Rounding.h"
+
 #include <QDataStream>
 #include <QStringList>
 
@@ -20,7 +22,7 @@ bool wholeNumber(const QVariant& stored, int& number)
     if (!ok || std::isnan(value)) {
         return false;
     }
-    number = static_cast<int>(std::min<double>(std::max<double>(value, kSmallest), kLargest));
+    number = truncated(value);
     return true;
 }
 

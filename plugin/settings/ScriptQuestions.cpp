@@ -1,6 +1,7 @@
 // The part of the script bridge that asks the host instead of having it do something.
 
 #include "settings/Messages.h"
+#include "settings/Rounding.h"
 #include "settings/ScriptBridge.h"
 #include "settings/ScriptTemplates.h"
 
@@ -77,7 +78,7 @@ FrameSpan highlightedSpan()
     if (!ask(templates::kHighlightedSpan, range) || range.length() < 2) {
         return {0, 0};
     }
-    return {static_cast<int>(range[0]), static_cast<int>(range[1])};
+    return {truncated(range[0]), truncated(range[1])};
 }
 
 bool isSpanHighlighted()
