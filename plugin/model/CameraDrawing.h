@@ -25,5 +25,6 @@ struct CameraDrawing {
     InkedImage picture = blankSheet();
     GhostImages ghosts;
     PaintedBelow below;
-    bool redraw = true;  ///< compose anew although no layer is dirty
+    bool redraw = true;      ///< compose anew although no layer is dirty
+    quint64 generation = 0;  ///< of the picture: another whenever it was made anew, unique in the process
 };

@@ -126,6 +126,9 @@ public:
     /// The camera's picture, made anew when something changed: ghosts, layers, the stroke. Null without layers. Owned
     /// by the manager; good until the camera loses its last layer.
     const QImage* composite(const QString& camera);
+    /// Tells the pictures that composite() gave apart, those of other cameras and drawings too: who has seen this one
+    /// knows every byte of it. 0 without layers, and before the first.
+    quint64 compositeGeneration(const QString& camera) const;
 
 private:
     CameraDrawing* drawing(const QString& camera);  // null without layers

@@ -4,6 +4,7 @@
 
 #include "model/Canvas.h"
 #include "model/DrawingPainter.h"
+#include "model/Id.h"
 #include "model/PixelBudget.h"
 #include "settings/Preferences.h"
 
@@ -39,7 +40,14 @@ const QImage* LayerManager::composite(const QString& camera)
         record->changed = false;
     }
     found->redraw = false;
+    found->generation = nextId();
     return &found->picture.image;
+}
+
+quint64 LayerManager::compositeGeneration(const QString& camera) const
+{
+    const CameraDrawing* found = drawing(camera);
+    return found ? found->generation : 0;
 }
 
 bool LayerManager::onlyTheStrokeChanged(const QString& camera, const CameraDrawing& drawing) const

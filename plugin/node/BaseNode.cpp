@@ -8,6 +8,8 @@
 #include "node/TimelineMarks.h"
 #include "settings/Messages.h"
 #include "settings/Names.h"
+#include "settings/Rounding.h"
+#include "settings/ScriptBridge.h"
 #include "settings/Text.h"
 
 #include <maya/MFileIO.h>
@@ -28,6 +30,29 @@ namespace {
 /// The node is placed by the views alone: nothing of the locator can be moved or keyed.
 const char* const kHiddenPlugs[] = {"localPositionX", "localPositionY", "localPositionZ",
                                     "localScaleX",    "localScaleY",    "localScaleZ"};
+
+// The host calls these two obsolete and has nothing else for its legacy viewport.
+#ifdef _MSC_VER
+#pragma warning(push)
+#pragma warning(disable : 4996)
+#else
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+#endif
+bool beginGl(M3dView& view)
+{
+    return view.beginGL() == MStatus::kSuccess;
+}
+
+void endGl(M3dView& view)
+{
+    view.endGL();
+}
+#ifdef _MSC_VER
+#pragma warning(pop)
+#else
+#pragma GCC diagnostic pop
+#endif
 
 bool isLoadingFile()
 {
@@ -127,6 +152,22 @@ bool BaseNode::drawLast() const
 bool BaseNode::excludeAsLocator() const
 {
     return false;
+}
+
+// The metrics come first, for they bring the current frames.
+void BaseNode::draw(M3dView& view, const MDagPath&, M3dView::DisplayStyle, M3dView::DisplayStatus)
+{
+    MDagPath cameraPath;
+    if (!view.getCamera(cameraPath)) {
+        return;
+    }
+    updateViewportMetrics(cameraPath, view);
+    const QString camera = script::cameraKey(cameraPath);
+    const QImage* image = compositeImage(camera);
+    if (image && beginGl(view)) {
+        m_legacyPicture.draw(*image, compositeGeneration(camera), m_metrics, opacity());
+        endGl(view);
+    }
 }
 
 // Finding nodes -------------------------------------------------------------------------------------------------------
@@ -236,11 +277,25 @@ float BaseNode::opacity() const
 const QImage* BaseNode::compositeImage(const QString& camera)
 {
     const std::shared_ptr<LayerManager> manager = layerManagerIfAny();
-    if (!manager) {
-        return nullptr;
-    }
-    const QImage* picture = manager->composite(camera);
-    return picture ? picture : manager->composite(cameraInFile(camera));
+    return manager ? manager->composite(drawnCamera(*manager, camera)) : nullptr;
+}
+
+quint64 BaseNode::compositeGeneration(const QString& camera) const
+{
+    const std::shared_ptr<LayerManager> manager = layerManagerIfAny();
+    return manager ? manager->compositeGeneration(drawnCamera(*manager, camera)) : 0;
+}
+
+bool BaseNode::hasDrawingFor(const QString& camera) const
+{
+    const std::shared_ptr<LayerManager> manager = layerManagerIfAny();
+    return manager && manager->layerCount(drawnCamera(*manager, camera)) > 0;
+}
+
+// The name under which the drawing knows a camera.
+QString BaseNode::drawnCamera(const LayerManager& manager, const QString& camera) const
+{
+    return manager.layerCount(camera) > 0 ? camera : cameraInFile(camera);
 }
 
 // A camera that is referenced along with the drawing has a namespace in front here; the drawing was made without it.
@@ -289,27 +344,33 @@ void BaseNode::updatePanOffset(const MDagPath& cameraPath, const MHWRender::MFra
     panTo(m_metrics, target);
 }
 
+void BaseNode::updateViewportMetrics(const MDagPath& cameraPath, M3dView& view)
+{
+    const int width = view.portWidth();
+    const int height = view.portHeight();
+    updateViewportMetrics(cameraPath, width, height);
+    if (!m_metrics.isPanZoomed) {
+        return;
+    }
+    MMatrix toCamera;
+    MMatrix toClip;
+    view.modelViewMatrix(toCamera);
+    view.projectionMatrix(toClip);
+    MPoint target = panTarget(cameraPath) * toCamera * toClip;
+    target.cartesianize();
+    panTo(m_metrics, MPoint((target.x + 1.0) * 0.5 * width, (target.y + 1.0) * 0.5 * height));
+}
+
 bool BaseNode::prepareToolView(M3dView& view)
 {
     MDagPath camera;
     if (!view.getCamera(camera)) {
         return false;
     }
-    const int width = view.portWidth();
-    const int height = view.portHeight();
-    updateViewportMetrics(camera, width, height);
-    if (m_metrics.isPanZoomed) {
-        MMatrix toCamera;
-        MMatrix toClip;
-        view.modelViewMatrix(toCamera);
-        view.projectionMatrix(toClip);
-        MPoint target = panTarget(camera) * toCamera * toClip;
-        target.cartesianize();
-        panTo(m_metrics, MPoint((target.x + 1.0) * 0.5 * width, (target.y + 1.0) * 0.5 * height));
-    }
+    updateViewportMetrics(camera, view);
     m_toolMetrics = m_metrics;
     const QWidget* widget = view.widget();
-    m_toolPixelRatio = widget && widget->width() > 0 ? double(width) / widget->width() : 1.0;
+    m_toolPixelRatio = widget && widget->width() > 0 ? double(m_metrics.width) / widget->width() : 1.0;
     return true;
 }
 
@@ -326,7 +387,7 @@ QPoint BaseNode::portToCanvas(const QPoint& point) const
 QPoint BaseNode::canvasToPort(const QPoint& pixel) const
 {
     const MPoint point = viewPointOf(m_toolMetrics, pixel);
-    return QPoint(qRound(point.x), qRound(point.y));
+    return QPoint(roundedHalfUp(point.x), roundedHalfUp(point.y));
 }
 
 bool BaseNode::showsRegionOutline(const QString& camera) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/Frame.h"
+#include "node/LegacyPicture.h"
 #include "node/RegionOutline.h"
 #include "node/ViewportMetrics.h"
 
@@ -41,6 +42,8 @@ public:
     bool isTransparent() const override;
     bool drawLast() const override;
     bool excludeAsLocator() const override;
+    /// The legacy viewport's; Viewport 2.0 has the draw override.
+    void draw(M3dView& view, const MDagPath& path, M3dView::DisplayStyle style, M3dView::DisplayStatus status) override;
 
     // Finding nodes -------------------------------------------------------------------------------------------------
 
@@ -66,6 +69,9 @@ public:
 
     /// The picture a camera's view shows now; the manager's own, valid until the drawing changes. Null for none.
     const QImage* compositeImage(const QString& camera);
+    /// Another one whenever compositeImage gave another picture, of any camera or node; 0 for none.
+    quint64 compositeGeneration(const QString& camera) const;
+    bool hasDrawingFor(const QString& camera) const;  ///< the camera has layers
     /// The scene's time changed to this frame number: tells the marks of the time slider and the drawing.
     void changeTime(int frameNumber);
     /// The same for the drawing alone. overlayChanged: the marks on the slider changed with it, so that the layer
@@ -95,7 +101,9 @@ public:
     void updateViewportMetrics(const MDagPath& cameraPath, int width, int height);
     /// Follows the camera's 2D pan; runs right after updateViewportMetrics.
     void updatePanOffset(const MDagPath& cameraPath, const MHWRender::MFrameContext& frameContext);
-    /// As the last two left them; those of another view after that view was drawn.
+    /// Both for a view at hand.
+    void updateViewportMetrics(const MDagPath& cameraPath, M3dView& view);
+    /// As the last of these left them; those of another view after that view was drawn.
     const ViewportMetrics& metrics() const { return m_metrics; }
     MPoint drawCentre() const { return m_metrics.centre; }
     double drawHalfSize() const { return m_metrics.halfSize; }
@@ -125,6 +133,7 @@ public:
 
 private:
     std::shared_ptr<LayerManager> findLayerManager(const char** failure) const;
+    QString drawnCamera(const LayerManager& manager, const QString& camera) const;
     QString cameraInFile(const QString& camera) const;
     void setUpDrawing();
     static Layer* editableLayer(LayerManager& manager, const QString& camera);
@@ -137,6 +146,7 @@ private:
     ViewportMetrics m_toolMetrics;
     double m_toolPixelRatio = 1.0;  ///< port pixels for each pixel of the tool view's widget
     int m_frameNumber = 0;
+    LegacyPicture m_legacyPicture;
     std::vector<std::unique_ptr<Frame>> m_frameClipboard;
     RegionOutline m_regionOutline;
 };

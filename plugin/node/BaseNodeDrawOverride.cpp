@@ -13,6 +13,10 @@
 
 namespace {
 
+// Of what lies on one another in a view the higher one is in front, whatever the order in which it is queued.
+const unsigned int kPictureDepth = 0;
+const unsigned int kOutlineDepth = 1;
+
 /// A texture's name is its key in the host's cache: two nodes must never share one.
 MString nextTextureName()
 {
@@ -83,9 +87,9 @@ MUserData* BaseNodeDrawOverride::prepareForDraw(const MDagPath& objPath, const M
     if (!data) {
         data = new BaseNodeUserData;  // the host drops the old one itself
     }
+    data->image = nullptr;  // was lent for the last frame; its drawing may have gone since
     BaseNode* node = BaseNode::fromObject(objPath.node());
     if (!node) {
-        data->image = nullptr;  // was the drawing's, and may have gone with it
         return data;
     }
     int x = 0;
@@ -101,7 +105,8 @@ MUserData* BaseNodeDrawOverride::prepareForDraw(const MDagPath& objPath, const M
     data->centre = node->drawCentre();
     data->halfSize = float(node->drawHalfSize());
     data->image = node->compositeImage(camera);
-    data->cameraHasDrawing = data->image != nullptr;
+    data->generation = node->compositeGeneration(camera);
+    data->cameraHasDrawing = node->hasDrawingFor(camera);
     data->opacity = node->opacity();
     data->showRegion = node->showsRegionOutline(camera);
     data->corners = node->regionOutline().corners;
@@ -109,7 +114,7 @@ MUserData* BaseNodeDrawOverride::prepareForDraw(const MDagPath& objPath, const M
     return data;
 }
 
-bool BaseNodeDrawOverride::upload(const QImage& image)
+bool BaseNodeDrawOverride::upload(const QImage& image, quint64 generation)
 {
     MHWRender::MTextureManager* textures = textureManager();
     if (!textures) {
@@ -117,25 +122,30 @@ bool BaseNodeDrawOverride::upload(const QImage& image)
     }
     if (!m_texture) {
         m_texture = textures->acquireTexture(m_textureName, canvasDescription(), image.constBits(), true);
+    } else if (generation != m_shown && !m_texture->update(image.constBits(), true)) {
+        return false;
     }
-    return m_texture && m_texture->update(image.constBits(), true);
+    m_shown = generation;
+    return m_texture != nullptr;
 }
 
 void BaseNodeDrawOverride::addUIDrawables(const MDagPath&, MHWRender::MUIDrawManager& drawManager,
                                           const MHWRender::MFrameContext&, const MUserData* data)
 {
     const auto* shown = dynamic_cast<const BaseNodeUserData*>(data);
-    if (!shown || !shown->image || !upload(*shown->image)) {
+    if (!shown || !shown->image || !upload(*shown->image, shown->generation)) {
         return;
     }
     drawManager.beginDrawable(MHWRender::MUIDrawManager::kAutomatic);
     drawManager.setTexture(m_texture);
     drawManager.setTextureSampler(MHWRender::MSamplerState::kMinMagMipLinear, MHWRender::MSamplerState::kTexClamp);
     drawManager.setTextureMask(MHWRender::MBlendState::kRGBAChannels);
+    drawManager.setDepthPriority(kPictureDepth);
     drawManager.setColor(MColor(1.0f, 1.0f, 1.0f, shown->opacity));
     drawManager.rect2d(shown->centre, MVector(0.0, 1.0, 0.0), shown->halfSize, shown->halfSize, true);
     if (shown->showRegion) {
         drawManager.setTexture(nullptr);
+        drawManager.setDepthPriority(kOutlineDepth);
         drawOutline(drawManager, shown->corners);
     }
     drawManager.endDrawable();

@@ -29,8 +29,9 @@ public:
 
 private:
     explicit BaseNodeDrawOverride(const MObject& object);
-    bool upload(const QImage& image);
+    bool upload(const QImage& image, quint64 generation);
 
     const MString m_textureName;
     MHWRender::MTexture* m_texture = nullptr;
+    quint64 m_shown = 0;  ///< generation of the picture in the texture
 };

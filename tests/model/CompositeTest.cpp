@@ -91,6 +91,41 @@ TEST_F(CompositeTest, IsMadeAnewOnlyWhenSomethingChanged)
     }
 }
 
+TEST_F(CompositeTest, AGenerationStandsForOnePictureOnly)
+{
+    EXPECT_EQ(drawing.compositeGeneration("persp"), 0u);
+    addLayer("persp", "A", {1, 5});
+    addLayer("top", "B", {1});
+    std::map<quint64, QImage> pictures;
+    const auto look = [&](const QString& camera) {
+        const QImage& shown = *drawing.composite(camera);
+        return pictures.emplace(drawing.compositeGeneration(camera), shown.copy()).first->second == shown;
+    };
+    const std::function<void()> changes[] = {
+        [] {},
+        [this] { goTo(5); },
+        [this] { drawing.takeAllLayers("persp"); },
+        [this] { addLayer("persp", "C", {2}); },
+        [this] {
+            drawing.beginStroke("persp", false)->points << StrokePoint{9, 1, 1, {50, 50}};
+        },
+        [this] { drawing.stroke("persp")->changed = true; },
+        [this] { drawing.dropStroke(); },
+        [this] { drawing.setLayerVisible("persp", 0, false); }};
+    for (const auto& change : changes) {
+        change();
+        for (const char* camera : {"persp", "top", "persp"}) {
+            if (drawing.layerCount(camera) > 0) {
+                EXPECT_TRUE(look(camera)) << camera;
+            }
+        }
+    }
+    EXPECT_FALSE(pictures.count(0));
+    const quint64 last = drawing.compositeGeneration("persp");
+    drawing.composite("persp");
+    EXPECT_EQ(drawing.compositeGeneration("persp"), last) << "nothing changed";
+}
+
 TEST_F(CompositeTest, GhostsFadeByKeysAndNotByTime)
 {
     addFlatLayer({1, 2, 10, 50, 51});

@@ -9,6 +9,7 @@
 #include <maya/MDagPath.h>
 #include <maya/MFnDagNode.h>
 
+#include <functional>
 #include <memory>
 
 namespace {
@@ -143,6 +144,7 @@ TEST_F(BaseNodeDrawOverrideTest, OutlinesTheTransformedRegionOnlyInViewsLikeTheO
     for (size_t i = 0; i < 4; ++i) {
         const api::DrawItem& line = persp.list.items[i + 1];
         EXPECT_EQ(line.state.texture, nullptr);
+        EXPECT_GT(line.state.depthPriority, persp.list.items[0].state.depthPriority);
         EXPECT_FLOAT_EQ(line.state.lineWidth, 1.f);
         EXPECT_EQ(std::vector<float>(line.state.colour, line.state.colour + 4), (std::vector<float>{1, 0, 0, 1}));
         ASSERT_EQ(line.points.size(), 2u);
@@ -174,6 +176,61 @@ TEST_F(BaseNodeDrawOverrideTest, TheTextureIsKeptAndShowsEachChange)
     EXPECT_EQ(view.list.items.at(1).state.texture, texture);
     EXPECT_EQ(texture->pixels[0], 255);
     EXPECT_EQ(texture->pixels[3], 255);
+}
+
+TEST_F(BaseNodeDrawOverrideTest, OnlyAnotherPictureIsSentToTheTexture)
+{
+    draw("persp");
+    draw("top");
+    View persp("persp", 400, 300);
+    View top("top", 400, 300);
+    const auto refresh = [this](View& view) {
+        view.list.items.clear();
+        prepare(view);
+        paint(view);
+    };
+    refresh(persp);
+    std::vector<unsigned char>& pixels = persp.list.items.at(0).state.texture->pixels;
+    const unsigned char mark = 77;  // stays where nothing is sent
+    const struct {
+        const char* what;
+        View& view;
+        std::function<void()> change;
+        bool sent;
+    } cases[] = {
+        {"nothing changed", persp, [] {}, false},
+        {"another camera", top, [] {}, true},
+        {"the first camera again", persp, [] {}, true},
+        {"its drawing changed", persp, [this] { drawing().setLayerVisible("persp", 0, false); }, true},
+        {"only the opacity changed", persp, [this] { run("setAttr tqLumisketch1.opacity 0.5"); }, false},
+        {"the other drawing changed", persp, [this] { drawing().setLayerVisible("top", 0, false); }, false},
+    };
+    for (const auto& c : cases) {
+        pixels[0] = mark;
+        c.change();
+        refresh(c.view);
+        EXPECT_EQ(pixels[0] != mark, c.sent) << c.what;
+    }
+}
+
+TEST_F(BaseNodeDrawOverrideTest, DataThatTheHostKeepsHoldsNoPictureOfAnObjectThatIsNoDrawing)
+{
+    draw("persp");
+    View view("persp", 400, 300);
+    prepare(view);
+    const auto& data = dynamic_cast<const BaseNodeUserData&>(*view.data);
+    EXPECT_NE(data.image, nullptr);
+    EXPECT_TRUE(data.cameraHasDrawing);
+    drawing().takeAllLayers("persp");
+    prepare(view);
+    EXPECT_EQ(data.image, nullptr);
+    EXPECT_FALSE(data.cameraHasDrawing);
+    draw("persp");
+    prepare(view);
+    EXPECT_NE(data.image, nullptr);
+    path = view.context->getCurrentCameraPath();
+    prepare(view);
+    EXPECT_EQ(data.image, nullptr);
 }
 
 TEST_F(BaseNodeDrawOverrideTest, TwoNodesNeverShareATexture)

@@ -269,6 +269,21 @@ void M3dView::getScreenPosition(int& x, int& y, MStatus* ReturnStatus)
     y = corner.y();
 }
 
+MStatus M3dView::beginGL()
+{
+    api::View* const view = live();
+    return found(view && view->isLegacy() && view->beginGl());
+}
+
+MStatus M3dView::endGL()
+{
+    api::View* const view = live();
+    if (!view || !view->isLegacy())
+        return MStatus::kFailure;
+    view->endGl();
+    return MStatus::kSuccess;
+}
+
 MStatus M3dView::beginXorDrawing(bool, bool, float lineWidth, LineStipplePattern, const MColor& lineColor)
 {
     api::View* const view = live();

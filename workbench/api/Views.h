@@ -29,6 +29,9 @@ public:
     virtual ViewMatrices matrices() const = 0;
     virtual void refresh(bool force) = 0;  ///< draws now
     virtual void scheduleRefresh() = 0;    ///< draws at the next idle moment; any thread
+    /// Makes OpenGL calls go to this view until endGl(); false where there is no OpenGL.
+    virtual bool beginGl() { return false; }
+    virtual void endGl() {}
     /// Inverting line drawing of the legacy viewport: drawing the same twice erases it.
     virtual void beginXorDrawing(float lineWidth, const float colour[4]) = 0;
     virtual void endXorDrawing() = 0;

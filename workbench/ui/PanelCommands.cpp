@@ -18,6 +18,8 @@ using kernel::ValueList;
 namespace {
 
 constexpr char kModelPanel[] = "modelPanel";
+constexpr char kRenderer[] = "vp2Renderer";
+constexpr char kLegacyRenderer[] = "base_OpenGL_Renderer";
 
 view::Viewport* viewOf(const UiObject& panel)
 {
@@ -193,8 +195,14 @@ std::vector<ControlFlag> editorFlags()
         keptFlag("viewSelected", "vs", false),
         {{"pluginObjects", "po", "sb", true}},
         {{"rendererName", "rnm", "s"},
-         nullptr,
-         [](const Subject& s) { return std::string(viewOf(s).isLegacy() ? "base_OpenGL_Renderer" : "vp2Renderer"); }},
+         [](const Subject& s, const ValueList& values) {
+             const std::string name = kernel::toText(values.front());
+             if (name != kLegacyRenderer && name != kRenderer) {
+                 throw CommandError("modelEditor: Unknown renderer: " + name);
+             }
+             viewOf(s).setLegacy(name == kLegacyRenderer);
+         },
+         [](const Subject& s) { return std::string(viewOf(s).isLegacy() ? kLegacyRenderer : kRenderer); }},
     };
 }
 

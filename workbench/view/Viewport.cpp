@@ -93,6 +93,13 @@ void Viewport::setOptions(const ViewOptions& options)
     scheduleRefresh();
 }
 
+void Viewport::setLegacy(bool legacy)
+{
+    m_legacy = legacy;
+    m_toolShapes.items.clear();
+    scheduleRefresh();
+}
+
 int Viewport::portWidth() const
 {
     return int(std::lround(width() * devicePixelRatioF()));
@@ -162,6 +169,24 @@ void Viewport::paintGL()
     if (!frame.camera) {
         return;
     }
+    const api::DrawList shapes = m_legacy ? api::DrawList() : collectShapes(frame);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE);
+    m_sceneRenderer.draw(m_session.scene, frame, m_options);
+    if (m_legacy && m_options.moduleShapes) {
+        m_legacyRenderer.draw(m_session, frame, *this, m_options);
+    }
+    m_listRenderer.draw(shapes, frame, m_text);
+    if (m_options.headsUp) {
+        drawCameraName(frame);
+    }
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    if (!m_keepToolShapes) {
+        m_toolShapes.items.clear();
+    }
+}
+
+api::DrawList Viewport::collectShapes(const api::FrameState& frame)
+{
     api::DrawList shapes;
     if (m_options.moduleShapes) {
         api::drawOverrides(frame, shapes);
@@ -172,17 +197,7 @@ void Viewport::paintGL()
         api::ToolBox::instance().drawFeedback(*manager, *context);
     }
     shapes.items.insert(shapes.items.end(), m_toolShapes.items.begin(), m_toolShapes.items.end());
-
-    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE);
-    m_sceneRenderer.draw(m_session.scene, frame, m_options);
-    m_listRenderer.draw(shapes, frame, m_text);
-    if (m_options.headsUp) {
-        drawCameraName(frame);
-    }
-    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
-    if (!m_keepToolShapes) {
-        m_toolShapes.items.clear();
-    }
+    return shapes;
 }
 
 void Viewport::drawCameraName(const api::FrameState& frame)
@@ -196,6 +211,19 @@ void Viewport::drawCameraName(const api::FrameState& frame)
     m_text.draw(at + QPointF(1, -1), name, size, QColor(0, 0, 0, 150), GlText::Align::Centre);
     m_text.draw(at, name, size, QColor(0xd8, 0xd8, 0xd8), GlText::Align::Centre);
     glDisable(GL_BLEND);
+}
+
+bool Viewport::beginGl()
+{
+    makeCurrent();
+    return isValid();
+}
+
+void Viewport::endGl()
+{
+    if (!m_painting) {
+        doneCurrent();
+    }
 }
 
 void Viewport::beginXorDrawing(float lineWidth, const float colour[4])
@@ -266,7 +294,8 @@ void Viewport::sendToTool(api::ToolEvent::Kind kind, const QPointF& at, Qt::Keyb
     const auto context = api::makeFrameContext(frame);
     const bool hadShapes = !m_toolShapes.items.empty();
     const QPointer<Viewport> self(this);
-    api::ToolBox::instance().send(toolEvent, manager.get(), context.get());
+    // A legacy view has no draw manager: the tool gets the plain form of the event.
+    api::ToolBox::instance().send(toolEvent, m_legacy ? nullptr : manager.get(), context.get());
     if (!self) {
         return;  // the tool had the view deleted
     }

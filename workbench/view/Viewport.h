@@ -5,6 +5,7 @@
 #include "api/Views.h"
 #include "kernel/Session.h"
 #include "view/GlText.h"
+#include "view/LegacyRenderer.h"
 #include "view/ListRenderer.h"
 #include "view/SceneRenderer.h"
 
@@ -30,10 +31,14 @@ public:
     void setCamera(const kernel::NodePtr& cameraShape) override;
     int portWidth() const override;
     int portHeight() const override;
-    bool isLegacy() const override { return false; }
+    bool isLegacy() const override { return m_legacy; }
+    /// Drawn by the legacy viewport from now on, or by Viewport 2.0.
+    void setLegacy(bool legacy);
     api::ViewMatrices matrices() const override;
     void refresh(bool force) override;
     void scheduleRefresh() override;
+    bool beginGl() override;
+    void endGl() override;
     void beginXorDrawing(float lineWidth, const float colour[4]) override;
     void endXorDrawing() override;
 
@@ -63,6 +68,8 @@ private:
     enum class Move { Orbit, Track, Dolly };
 
     api::FrameState frameState() const;
+    /// What draw overrides and the tool show in Viewport 2.0.
+    api::DrawList collectShapes(const api::FrameState& frame);
     void drawCameraName(const api::FrameState& frame);
     void moveCamera(const QPoint& by);
     QPoint portPoint(const QPointF& widgetPoint) const;
@@ -78,8 +85,10 @@ private:
     mutable std::string m_cameraName;  ///< to find it again in another scene
     ViewOptions m_options;
     SceneRenderer m_sceneRenderer;
+    LegacyRenderer m_legacyRenderer;
     ListRenderer m_listRenderer;
     GlText m_text;
+    bool m_legacy = false;
     bool m_painting = false;
 
     api::DrawList m_toolShapes;  ///< what the tool drew in its last event

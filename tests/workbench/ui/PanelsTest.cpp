@@ -230,7 +230,12 @@ TEST_F(PanelsTest, EditorsSwitchWhatTheirViewShows)
     run("modelEditor -e -displayAppearance wireframe -allObjects 0 floating");
     EXPECT_TRUE(floating()->options().wireframe);
     EXPECT_FALSE(floating()->options().objects);
-    EXPECT_EQ(value("modelEditor -q -rendererName floating"), "vp2Renderer");
+    for (const std::string renderer : {"base_OpenGL_Renderer", "vp2Renderer"}) {
+        EXPECT_TRUE(run("modelEditor -e -rendererName " + renderer + " floating"));
+        EXPECT_EQ(value("modelEditor -q -rendererName floating"), renderer);
+        EXPECT_EQ(floating()->isLegacy(), renderer != "vp2Renderer");
+    }
+    EXPECT_FALSE(run("modelEditor -e -rendererName nonsense floating"));
     EXPECT_FALSE(run("modelEditor other"));
 }
 

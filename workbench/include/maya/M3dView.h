@@ -89,6 +89,10 @@ public:
     /// Upper left corner of the drawing area on the screen.
     void getScreenPosition(int& x, int& y, MStatus* ReturnStatus = NULL);
 
+    /// Legacy views only: OpenGL calls from here to endGL go to this view.
+    [[deprecated("legacy viewport only")]] MStatus beginGL();
+    [[deprecated("legacy viewport only")]] MStatus endGL();
+
     /// Legacy views only: what is drawn until endXorDrawing inverts the picture; drawing it twice erases it.
     MStatus beginXorDrawing(bool drawOrthographic = true, bool disableDepthTesting = true, float lineWidth = 1.0f,
                             LineStipplePattern stipplePattern = kStippleNone,
