@@ -91,7 +91,9 @@ void TransformContext::pressTransforming(const MEvent& event, const QPoint& posi
         m_failed = true;
         return;
     }
-    followView();
+    if (!followView()) {
+        return;
+    }
     m_anchor = anchorOf(position, m_transform);
     if (event.mouseButton() == MEvent::kMiddleMouse) {
         m_drag = Drag::Scale;
@@ -102,20 +104,21 @@ void TransformContext::pressTransforming(const MEvent& event, const QPoint& posi
 
 // The view may have been resized or zoomed since the region was taken. In a view as it was nothing is worked out anew,
 // for the move in view pixels is the exact one.
-void TransformContext::followView()
+bool TransformContext::followView()
 {
     MStatus status;
     M3dView view = M3dView::active3dView(&status);
     BaseNode& node = *m_floating.node();
     const QRect region = m_floating.record()->region;
     if (!status || !node.prepareToolView(view)) {
-        return;
+        return false;
     }
     const ViewSpan span = spanOf(region);
     if (span.start != m_span.start || span.end != m_span.end) {
         m_span = span;
         m_transform.viewTranslation = node.canvasToPort(region.topLeft() + m_transform.translation) - span.start;
     }
+    return true;
 }
 
 MStatus TransformContext::doDrag(MEvent& event)

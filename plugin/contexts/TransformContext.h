@@ -58,7 +58,7 @@ private:
     void restart();
 
     void pressTransforming(const MEvent& event, const QPoint& position);
-    void followView();
+    bool followView();  // false: the view shows no canvas to work on
     void dragTo(const QPoint& position, bool shift);
     void showChange();
     MStatus showHelp();

@@ -368,6 +368,9 @@ bool BaseNode::prepareToolView(M3dView& view)
         return false;
     }
     updateViewportMetrics(camera, view);
+    if (!isReady(m_metrics)) {
+        return false;
+    }
     m_toolMetrics = m_metrics;
     const QWidget* widget = view.widget();
     m_toolPixelRatio = widget && widget->width() > 0 ? double(m_metrics.width) / widget->width() : 1.0;

@@ -108,7 +108,8 @@ public:
     MPoint drawCentre() const { return m_metrics.centre; }
     double drawHalfSize() const { return m_metrics.halfSize; }
 
-    /// From now on viewToCanvas maps points of this view; drawing other views does not change that.
+    /// From now on viewToCanvas maps points of this view; drawing other views does not change that. False, and the
+    /// mapping stays as it was, when the view is gone or shows no canvas that points could be told on.
     bool prepareToolView(M3dView& view);
     /// Canvas pixel under a point of the tool's view (its widget's pixels, but y pointing up).
     QPoint viewToCanvas(const QPoint& point) const;

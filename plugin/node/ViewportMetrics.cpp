@@ -1,31 +1,17 @@
 #include "node/ViewportMetrics.h"
 
 #include "model/Canvas.h"
+#include "settings/Rounding.h"
 
 #include <maya/MFnCamera.h>
 
-#include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace {
 
 const double kSmallestZoom = 0.001;
-
-/// Whole part of a value, kept within int; 0 for what is no number (an empty view, an aspect of 0).
-int wholePart(double value)
-{
-    if (std::isnan(value)) {
-        return 0;
-    }
-    const double limit = std::numeric_limits<int>::max();
-    return static_cast<int>(std::max(-limit, std::min(limit, value)));
-}
-
-int roundHalfUp(double value)
-{
-    return wholePart(std::floor(value + 0.5));
-}
+/// Canvases drawn larger or further away than this are not those of a camera anybody works with.
+const double kFarthest = 1 << 24;
 
 /// How much a perspective camera's fill or overscan fit widens the picture against the view.
 double fitFactor(const CameraFilm& film, double viewAspect)
@@ -47,10 +33,10 @@ int canvasSizeInView(const CameraFilm& film, int width, int height)
     const double byHeight = height / film.overscan;
     const double factor = film.isOrtho ? 1.0 : fitFactor(film, double(width) / height);
     switch (film.filmFit) {
-    case MFnCamera::kVerticalFilmFit: return wholePart(byHeight * film.resolutionAspect);
-    case MFnCamera::kOverscanFilmFit: return wholePart(byHeight / factor * film.resolutionAspect);
-    case MFnCamera::kFillFilmFit: return wholePart(byWidth * factor);
-    default: return wholePart(byWidth);
+    case MFnCamera::kVerticalFilmFit: return truncated(byHeight * film.resolutionAspect);
+    case MFnCamera::kOverscanFilmFit: return truncated(byHeight / factor * film.resolutionAspect);
+    case MFnCamera::kFillFilmFit: return truncated(byWidth * factor);
+    default: return truncated(byWidth);
     }
 }
 
@@ -78,16 +64,24 @@ void panTo(ViewportMetrics& metrics, const MPoint& target)
     metrics.centre = metrics.centre - metrics.panOffset;
 }
 
+// Written so that no comparison with what is not a number holds.
+bool isReady(const ViewportMetrics& metrics)
+{
+    return metrics.width > 0 && metrics.height > 0 && metrics.drawnSize >= 1.0f
+        && double(metrics.drawnSize) <= kFarthest && std::abs(metrics.panOffset.x) <= kFarthest
+        && std::abs(metrics.panOffset.y) <= kFarthest;
+}
+
 QPoint canvasPixelAt(const ViewportMetrics& metrics, double x, double y)
 {
-    const double size = metrics.drawnSize;
-    if (!(size > 0.0)) {
+    if (!isReady(metrics)) {
         return QPoint();
     }
+    const double size = metrics.drawnSize;
     const double scale = kCanvasSize / size;
     const double left = (size - metrics.width) / 2.0 + metrics.panOffset.x;
     const double below = metrics.height - (metrics.panOffset.y + y);
-    return QPoint(roundHalfUp((left + x) * scale), roundHalfUp((below + (size - metrics.height) / 2.0) * scale));
+    return QPoint(roundedHalfUp((left + x) * scale), roundedHalfUp((below + (size - metrics.height) / 2.0) * scale));
 }
 
 MPoint viewPointOf(const ViewportMetrics& metrics, const QPoint& pixel)

@@ -36,8 +36,11 @@ ViewportMetrics viewportMetrics(const CameraFilm& film, int width, int height, c
 /// Moves the canvas's centre to `target`, the view position of the point the 2D pan looks at.
 void panTo(ViewportMetrics& metrics, const MPoint& target);
 
+/// Points of the view can be told on the canvas: it is shown at least a pixel large, and not absurdly large or far away
+/// (a zoom, overscan or aspect of nearly 0 makes it so).
+bool isReady(const ViewportMetrics& metrics);
 /// Canvas pixel under a point of the view; may lie outside 0..1023. The canvas's y points down. Halves round up,
-/// below zero too. The origin when the view shows no canvas.
+/// below zero too. The origin when the metrics are not ready.
 QPoint canvasPixelAt(const ViewportMetrics& metrics, double x, double y);
 /// Where the view shows the upper left corner of a canvas pixel, which may lie outside the canvas.
 MPoint viewPointOf(const ViewportMetrics& metrics, const QPoint& pixel);

@@ -104,6 +104,17 @@ TEST_F(DrawContextTest, ARefusedPressLeavesNothingForTheReleaseToCommit)
     EXPECT_EQ(drawing().totalLayerCount(), 0);
 }
 
+TEST_F(DrawContextTest, APressInAViewThatShowsNoCanvasIsIgnored)
+{
+    run("setAttr perspShape.overscan 1000000");
+    click();
+    EXPECT_THAT(commits, IsEmpty());
+    EXPECT_EQ(drawing().totalLayerCount(), 0);
+    run("setAttr perspShape.overscan 1");
+    click();
+    EXPECT_EQ(commits.size(), 1u);
+}
+
 // A preferences file may say so: it is the number of no drawing tool.
 TEST_F(DrawContextTest, APressWithTheTransformNumberAsActiveToolDoesNothing)
 {

@@ -371,6 +371,21 @@ TEST_F(TransformContextTest, ARegionFollowsThePointerInAViewThatWasResizedWhileI
     EXPECT_EQ(node().regionOutline().corners[2], QPointF(171, 1024 - 226));
 }
 
+TEST_F(TransformContextTest, APressInAViewThatShowsNoCanvasIsIgnored)
+{
+    run("setAttr perspShape.overscan 1000000");
+    drag({50, 400}, {70, 380});
+    EXPECT_TRUE(node().regionOutline().camera.isEmpty());
+    run("setAttr perspShape.overscan 1");
+    floatInk();
+    run("setAttr perspShape.overscan 1000000");
+    drag({300, 300}, {310, 300});
+    EXPECT_EQ(record()->translation, QPoint());
+    run("setAttr perspShape.overscan 1");
+    drag({300, 300}, {310, 300});
+    EXPECT_EQ(record()->translation, QPoint(20, 0));
+}
+
 TEST_F(TransformContextTest, AFailedToolCanStillBeLeftByItsKeys)
 {
     floatInk();

@@ -81,6 +81,15 @@ TEST_F(ToolViewTest, PointsOfADenseScreensWidgetsAreCountedInItsPixels)
     EXPECT_EQ(node().viewToCanvas(QPoint(512, 0)), QPoint(1024, 1024));
 }
 
+TEST_F(ToolViewTest, AViewThatShowsNoCanvasLeavesTheMappingAsItWas)
+{
+    prepareAndDraw(views.persp());
+    run("setAttr perspShape.overscan 1000000");
+    M3dView handle = M3dView::active3dView();
+    EXPECT_FALSE(node().prepareToolView(handle));
+    EXPECT_EQ(node().viewToCanvas(QPoint(256, 256)), QPoint(512, 512));
+}
+
 TEST_F(ToolViewTest, AViewThatIsGoneCannotBePrepared)
 {
     M3dView view = M3dView::active3dView();

@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
+
 namespace {
 
 ViewportMetrics squareView(int side, const double* zoom = nullptr)
@@ -60,6 +63,38 @@ TEST(ViewportMetrics, KeepsAbsurdCamerasFinite)
     }
     EXPECT_EQ(canvasSizeInView(cases[0], 0, 0), 0);
     EXPECT_EQ(canvasPixelAt(ViewportMetrics(), 5, 5), QPoint());
+}
+
+TEST(ViewportMetrics, AreReadyWhereverTheCanvasShowsAndOnlyThere)
+{
+    const int horizontal = MFnCamera::kHorizontalFilmFit;
+    const double fine = 0.5, huge = 1e30, none = 0.0;
+    const double infinite = std::numeric_limits<double>::infinity();
+    const struct {
+        const char* what;
+        CameraFilm film;
+        const double* zoom;
+        double panX;
+        bool ready;
+    } cases[] = {
+        {"plain", {horizontal, false, 1.0, 1.5, 1.6}, nullptr, 0.0, true},
+        {"panned and zoomed", {horizontal, false, 1.0, 1.5, 1.6}, &fine, -3000.0, true},
+        {"zoom 0 counts as 0.001", {horizontal, false, 1.0, 1.5, 1.6}, &none, 0.0, true},
+        {"hardly any overscan", {horizontal, false, 1e-9, 1.5, 1.6}, nullptr, 0.0, false},
+        {"no overscan", {horizontal, false, 0.0, 1.5, 1.6}, nullptr, 0.0, false},
+        {"overscan so large that no pixel is left", {horizontal, false, 1e9, 1.5, 1.6}, nullptr, 0.0, false},
+        {"no picture", {MFnCamera::kVerticalFilmFit, false, 1.0, 1.5, 0.0}, nullptr, 0.0, false},
+        {"no film", {MFnCamera::kFillFilmFit, false, 1.0, 0.0, 0.0}, nullptr, 0.0, false},
+        {"zoomed out to nothing", {horizontal, false, 1.0, 1.5, 1.6}, &huge, 0.0, false},
+        {"panned out of the world", {horizontal, false, 1.0, 1.5, 1.6}, &fine, infinite, false},
+        {"panned to nowhere", {horizontal, false, 1.0, 1.5, 1.6}, &fine, std::nan(""), false},
+    };
+    for (const auto& c : cases) {
+        ViewportMetrics metrics = viewportMetrics(c.film, 1000, 500, c.zoom);
+        metrics.panOffset.x = c.panX;
+        EXPECT_EQ(isReady(metrics), c.ready) << c.what;
+    }
+    EXPECT_FALSE(isReady(ViewportMetrics()));
 }
 
 TEST(ViewportMetrics, ZoomEnlargesWhatIsDrawnNotTheCanvas)
