@@ -27,6 +27,7 @@ int main(int argc, char** argv)
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
         qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
     }
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);  // as the program has it
     QApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
     qInstallMessageHandler(failOnWarning);

@@ -120,17 +120,26 @@ void Viewport::refresh(bool)
 {
     if (m_painting) {
         scheduleRefresh();
-    } else {
-        repaint();
+        return;
+    }
+    m_outdated = true;
+    repaint();
+    // Qt holds repaints back that come faster than the screen shows them; lines are inverted on what is there now.
+    if (m_outdated && m_legacy && isValid()) {
+        makeCurrent();
+        paintGL();
+        doneCurrent();
     }
 }
 
 void Viewport::scheduleRefresh()
 {
     if (QThread::currentThread() == thread()) {
+        m_outdated = true;
         update();
     } else {
-        QMetaObject::invokeMethod(this, "update", Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this] { scheduleRefresh(); }, Qt::QueuedConnection);
     }
 }
 
@@ -154,12 +163,19 @@ void Viewport::initializeGL()
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
 }
 
+void Viewport::resizeGL(int, int)
+{
+    m_outdated = true;
+}
+
 void Viewport::paintGL()
 {
-    if (m_painting || m_showingXor) {
+    if (m_painting || (m_hasInvertedLines && !m_outdated)) {
         return;
     }
     const QScopedValueRollback<bool> painting(m_painting, true);
+    m_outdated = false;
+    m_hasInvertedLines = false;
     const api::FrameState frame = frameState();
     glViewport(0, 0, frame.width, frame.height);
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
@@ -229,7 +245,6 @@ void Viewport::endGl()
 void Viewport::beginXorDrawing(float lineWidth, const float colour[4])
 {
     makeCurrent();
-    m_showingXor = true;
     const kernel::Matrix4 pixels = pixelProjection(portWidth(), portHeight());
     glPushAttrib(GL_ALL_ATTRIB_BITS);
     glMatrixMode(GL_PROJECTION);
@@ -256,8 +271,8 @@ void Viewport::endXorDrawing()
     glPopAttrib();
     glFlush();
     doneCurrent();
+    m_hasInvertedLines = true;
     repaint();  // shows the picture with the lines on it; paintGL leaves it alone
-    m_showingXor = false;
 }
 
 // --- input ---------------------------------------------------------------------------------------------------------
@@ -304,7 +319,7 @@ void Viewport::sendToTool(api::ToolEvent::Kind kind, const QPointF& at, Qt::Keyb
         m_toolButton != Qt::NoButton && (kind == api::ToolEvent::Kind::Press || kind == api::ToolEvent::Kind::Drag);
     m_toolShapes = std::move(drawn);
     if (hadShapes || !m_toolShapes.items.empty()) {
-        update();
+        scheduleRefresh();
     }
 }
 

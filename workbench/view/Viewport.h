@@ -54,6 +54,7 @@ signals:
 
 protected:
     void initializeGL() override;
+    void resizeGL(int width, int height) override;
     void paintGL() override;
     bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -98,7 +99,8 @@ private:
     std::optional<Move> m_move;
     Qt::MouseButton m_moveButton = Qt::NoButton;
     QPoint m_movedFrom;
-    bool m_showingXor = false;
+    bool m_outdated = true;           ///< the picture has to be drawn anew
+    bool m_hasInvertedLines = false;  ///< which stay on the picture for as long as nothing changes
 };
 
 }  // namespace view
