@@ -3,6 +3,7 @@
 
 #include "Figure.h"
 #include "PairedTiming.h"
+#include "Require.h"
 
 #include "app/Host.h"
 #include "model/BaseNodeLayerData.h"
@@ -17,6 +18,7 @@
 #include "view/Viewports.h"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QOpenGLFunctions>
 #include <QTemporaryDir>
 #include <QWidget>
@@ -43,7 +45,10 @@ public:
         m_window.resize(64, 36);
         m_view = m_views.add("modelPanel4", m_host.session().scene.findOrNull("perspShape"), &m_window);
         m_view->setGeometry(0, 0, 64, 36);
+        QEventLoop firstFrame;
+        QObject::connect(m_view, SIGNAL(frameSwapped()), &firstFrame, SLOT(quit()));
         m_window.show();
+        firstFrame.exec();
         m_view->makeCurrent();
         glGenTextures(1, &m_texture);
         glBindTexture(GL_TEXTURE_2D, m_texture);
@@ -53,8 +58,10 @@ public:
     void refresh(bool legacy)
     {
         m_view->setLegacy(legacy);
-        m_view->refresh(true);
-        finish();
+        m_view->grabFramebuffer();  // unlike a repaint it never waits for the screen
+        require(!drawing().needsRedraw("persp"), "the view was drawn");
+        m_view->makeCurrent();
+        glFinish();
     }
     void change() { drawing().markForRedraw("persp"); }
     void compose() { drawing().composite("persp"); }
@@ -83,11 +90,6 @@ private:
                                                               BaseNodeDrawOverride::creator);
     }
     LayerManager& drawing() { return *BaseNode::masterNode()->layerManager(); }
-    void finish()
-    {
-        m_view->makeCurrent();
-        glFinish();
-    }
 
     QTemporaryDir m_folder;
     app::Host m_host{hostOptions(m_folder)};

@@ -84,7 +84,7 @@ TEST(ViewportMetrics, AreReadyWhereverTheCanvasShowsAndOnlyThere)
         {"no overscan", {horizontal, false, 0.0, 1.5, 1.6}, nullptr, 0.0, false},
         {"overscan so large that no pixel is left", {horizontal, false, 1e9, 1.5, 1.6}, nullptr, 0.0, false},
         {"no picture", {MFnCamera::kVerticalFilmFit, false, 1.0, 1.5, 0.0}, nullptr, 0.0, false},
-        {"no film", {MFnCamera::kFillFilmFit, false, 1.0, 0.0, 0.0}, nullptr, 0.0, false},
+        {"neither picture nor fit", {MFnCamera::kOverscanFilmFit, false, 1.0, 1.5, 0.0}, nullptr, 0.0, false},
         {"zoomed out to nothing", {horizontal, false, 1.0, 1.5, 1.6}, &huge, 0.0, false},
         {"panned out of the world", {horizontal, false, 1.0, 1.5, 1.6}, &fine, infinite, false},
         {"panned to nowhere", {horizontal, false, 1.0, 1.5, 1.6}, &fine, std::nan(""), false},
