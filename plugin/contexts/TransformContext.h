@@ -57,6 +57,7 @@ private:
     void reset();
     void restart();
 
+    void letGoOfWhatIsGone();
     void pressTransforming(const MEvent& event, const QPoint& position);
     void followView();
     void dragTo(const QPoint& position, bool shift);
