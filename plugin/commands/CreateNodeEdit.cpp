@@ -2,11 +2,11 @@
 
 #include "commands/SelectionNudge.h"
 #include "model/FrameNumber.h"
-#include "model/LayerListView.h"
 #include "model/LayerManager.h"
 #include "model/LayerName.h"
 #include "node/BaseNode.h"
 #include "node/HostViews.h"
+#include "node/MasterDrawing.h"
 #include "node/TimelineMarks.h"
 #include "settings/Messages.h"
 #include "settings/Names.h"
@@ -70,9 +70,7 @@ MStatus CreateNodeEdit::undo()
         node->setCurrentFrame(currentFrameNumber(), false);
     }
     TimelineMarks::refreshInstalled();
-    if (LayerListView* list = LayerManager::layerListView()) {
-        list->refresh();
-    }
+    publishMasterDrawing();
     return status;
 }
 

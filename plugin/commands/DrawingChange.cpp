@@ -8,7 +8,7 @@
 
 MStatus DrawingChange::executeOn(BaseNode& node)
 {
-    node.withdrawPaste();  // what was made for it is in no step, and would stay behind
+    node.withdrawMadeStroke();  // what was made for it is in no step, and would stay behind
     const std::shared_ptr<LayerManager> manager = node.layerManager();
     return manager && prepare(*manager) ? redoOn(node) : MStatus(MStatus::kFailure);
 }

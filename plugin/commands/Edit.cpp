@@ -24,6 +24,6 @@ MStatus DrawingEdit::rerun(MStatus (DrawingEdit::*step)(BaseNode&))
     if (!node) {
         return MStatus::kFailure;
     }
-    node->withdrawPaste();
+    node->withdrawMadeStroke();
     return (this->*step)(*node);
 }

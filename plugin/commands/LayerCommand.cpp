@@ -6,7 +6,8 @@
 #include "commands/LayerListEdits.h"
 #include "commands/LayerMoveEdits.h"
 #include "commands/LayerPropertyEdit.h"
-#include "node/BaseNode.h"
+#include "model/LayerManager.h"
+#include "node/MasterDrawing.h"
 #include "settings/Messages.h"
 #include "settings/Text.h"
 
@@ -133,8 +134,7 @@ MStatus LayerCommand::doIt(const MArgList& list)
         return MStatus::kFailure;
     }
     const Mode* mode = takenMode(args);
-    const BaseNode* node = BaseNode::masterNode();
-    const std::shared_ptr<LayerManager> manager = node ? node->layerManager() : nullptr;
+    const std::shared_ptr<LayerManager> manager = masterDrawing();
     if (!manager && !(mode && mode->withoutNode)) {
         return failure("Node not found");
     }

@@ -6,6 +6,7 @@
 #include "commands/GhostRefresh.h"
 #include "model/LayerManager.h"
 #include "node/BaseNode.h"
+#include "node/MasterDrawing.h"
 #include "settings/Messages.h"
 #include "settings/Text.h"
 
@@ -76,8 +77,7 @@ MStatus NodeCommand::doIt(const MArgList& list)
 
 MStatus NodeCommand::queryCamera()
 {
-    const BaseNode* node = BaseNode::masterNode();
-    const std::shared_ptr<LayerManager> manager = node ? node->layerManager() : nullptr;
+    const std::shared_ptr<LayerManager> manager = masterDrawing();
     if (!manager) {
         return MStatus::kFailure;
     }
@@ -93,8 +93,7 @@ MStatus NodeCommand::queryExists()
 
 MStatus NodeCommand::refreshLayers()
 {
-    BaseNode* node = BaseNode::masterNode();
-    const std::shared_ptr<LayerManager> manager = node ? node->layerManager() : nullptr;
+    const std::shared_ptr<LayerManager> manager = masterDrawing();
     if (!manager) {
         return MStatus::kFailure;
     }

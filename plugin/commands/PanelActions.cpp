@@ -1,8 +1,7 @@
 #include "commands/PanelActions.h"
 
-#include "model/LayerListView.h"
 #include "model/LayerManager.h"
-#include "node/BaseNode.h"
+#include "node/MasterDrawing.h"
 #include "settings/ScriptBridge.h"
 
 #include <maya/MQtUtil.h>
@@ -19,12 +18,6 @@ constexpr int kLabelPadding = 17;  // blanks that make the dialog wider
 Panels* openablePanels()
 {
     return script::isBatch() ? nullptr : Panels::installed();
-}
-
-std::shared_ptr<LayerManager> sceneDrawing()
-{
-    const BaseNode* node = BaseNode::masterNode();
-    return node ? node->layerManager() : nullptr;
 }
 
 MStatus statusOf(bool succeeded)
@@ -76,7 +69,7 @@ MStatus openDialog(Dialog dialog)
 
 MStatus openLayerProperties()
 {
-    const std::shared_ptr<LayerManager> drawing = sceneDrawing();
+    const std::shared_ptr<LayerManager> drawing = masterDrawing();
     if (!drawing) {
         return MStatus::kFailure;
     }
@@ -88,11 +81,7 @@ MStatus openLayerProperties()
 
 MStatus refreshLayerManager()
 {
-    if (const std::shared_ptr<LayerManager> drawing = sceneDrawing()) {
-        drawing->publish();
-    } else if (LayerListView* list = LayerManager::layerListView()) {
-        list->refresh();
-    }
+    publishMasterDrawing();
     return MStatus::kSuccess;
 }
 
@@ -114,7 +103,7 @@ MStatus resetPanels()
 MStatus openFloatingViewportWith(const QString& camera)
 {
     const QStringList cameras = script::sceneCameras();
-    const std::shared_ptr<LayerManager> drawing = sceneDrawing();
+    const std::shared_ptr<LayerManager> drawing = masterDrawing();
     if (!camera.isEmpty() || !drawing) {
         script::openFloatingViewport(cameras.contains(camera) ? camera : QString());
         return MStatus::kSuccess;

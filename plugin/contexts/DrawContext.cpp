@@ -3,6 +3,7 @@
 #include "contexts/ThreadManager.h"
 #include "model/LayerManager.h"
 #include "node/BaseNode.h"
+#include "node/MasterDrawing.h"
 #include "settings/Names.h"
 #include "settings/PenState.h"
 #include "settings/Preferences.h"
@@ -79,6 +80,8 @@ MStatus DrawContext::doDrag(MEvent&)
     BaseNode* node = m_drawing ? BaseNode::fromHandle(m_node) : nullptr;
     if (node) {
         node->redrawActiveView();
+    } else {
+        endStroke();  // with the node, what is drawn on has gone
     }
     return MStatus::kSuccess;
 }
@@ -121,14 +124,16 @@ void DrawContext::beginStroke(const MEvent& event)
         manager->dropStroke();  // nobody fills it any more
     }
     m_node = node->thisMObject();
-    const QString camera = script::cameraKey(cameraPath);
-    if (!node->drawingTarget(camera, m_layerIndex, m_frameCreated)) {
+    m_camera = script::cameraKey(cameraPath);
+    int newLayerIndex = -1;
+    bool frameCreated = false;
+    if (!node->drawingTarget(m_camera, newLayerIndex, frameCreated)) {
         return;
     }
-    const Layer* layer = manager->activeLayer(camera);
-    m_frame = {camera, manager->activeLayerIndex(camera), layer->currentFrame()->frameNumber()};
-    if (manager->beginStroke(camera, false)) {
-        ThreadManager::instance().start(view.widget(), node, camera, pressPosition(event, view));
+    if (ActiveStroke* stroke = manager->beginStroke(m_camera, false)) {
+        stroke->layerMade = newLayerIndex >= 0;
+        stroke->frameMade = frameCreated;
+        ThreadManager::instance().start(view.widget(), node, m_camera, pressPosition(event, view));
     }
     m_drawing = ThreadManager::instance().isRunning();
     if (!m_drawing) {
@@ -136,6 +141,7 @@ void DrawContext::beginStroke(const MEvent& event)
     }
 }
 
+// Of a node that has been deleted the stroke is taken back too: it must not come back with the node.
 void DrawContext::endStroke()
 {
     if (!m_drawing) {
@@ -143,20 +149,21 @@ void DrawContext::endStroke()
     }
     m_drawing = false;
     ThreadManager::instance().stop();
-    BaseNode* node = BaseNode::fromHandle(m_node);
-    const std::shared_ptr<LayerManager> manager = node ? node->layerManager() : nullptr;
-    const ActiveStroke* stroke = manager ? manager->stroke(m_frame.camera) : nullptr;
-    if (!stroke) {
+    BaseNode* node = BaseNode::fromLivingHandle(m_node);
+    const std::shared_ptr<LayerManager> manager = node ? node->layerManagerIfAny() : nullptr;
+    if (!manager) {
         return;  // the scene it belonged to is gone
     }
-    if (stroke->points.isEmpty() || !script::commitStroke(m_frame.camera, m_layerIndex, m_frameCreated)) {
+    const ActiveStroke* stroke = manager->stroke(m_camera);
+    if (!stroke || stroke->points.isEmpty() || !node->commitStroke(m_camera)) {
         giveUpStroke(*node, *manager);
     }
 }
 
 void DrawContext::giveUpStroke(BaseNode& node, LayerManager& manager)
 {
-    manager.dropStroke();
-    node.withdrawDrawingTarget(m_frame, m_layerIndex, m_frameCreated);
+    node.withdrawMadeStroke();
+    manager.dropStroke();  // of what needed nothing made
+    publishMasterDrawing();
     node.redrawActiveView();
 }

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "contexts/DrawContextInputHandler.h"
-#include "model/LayerManager.h"
 
 #include <maya/MObjectHandle.h>
 #include <maya/MPxContext.h>
 
+#include <QString>
+
 class BaseNode;
+class LayerManager;
 
 /// The draw tool: a press finds (or makes) the frame to draw on and begins a stroke, which the pointer's samples fill
 /// until the release commits it as one undo step.
@@ -37,7 +39,5 @@ private:
     DrawContextInputHandler m_inputHandler;
     bool m_drawing = false;  // this press has begun a stroke; what follows is about that stroke
     MObjectHandle m_node;
-    FrameAddress m_frame = {QString(), -1, 0};  // where it goes
-    int m_layerIndex = -1;                      // of the layer made for it
-    bool m_frameCreated = false;
+    QString m_camera;
 };

@@ -3,7 +3,7 @@
 #include "model/FrameNumber.h"
 #include "node/BaseNode.h"
 #include "node/HostViews.h"
-#include "settings/ScriptBridge.h"
+#include "node/MasterDrawing.h"
 
 #include <maya/M3dView.h>
 
@@ -21,8 +21,14 @@ bool FloatingRegion::open()
     return isOpen();
 }
 
+// Of a node that has been deleted too: what floats must not come back with it.
 void FloatingRegion::close()
 {
+    if (BaseNode* const living = BaseNode::fromLivingHandle(m_node)) {
+        takeBack(*living);
+        living->setRegionOutline({});
+        living->scheduleRedraw();
+    }
     m_node = MObject();
     m_camera.clear();
     m_layerCreated = false;
@@ -98,8 +104,12 @@ bool FloatingRegion::take(const QRect& region, const Taking& taking)
 
 ActiveStroke* FloatingRegion::record() const
 {
-    const std::shared_ptr<LayerManager> drawing = manager();
-    ActiveStroke* const stroke = drawing ? drawing->stroke(m_camera) : nullptr;
+    return recordIn(manager().get());
+}
+
+ActiveStroke* FloatingRegion::recordIn(const LayerManager* manager) const
+{
+    ActiveStroke* const stroke = manager ? manager->stroke(m_camera) : nullptr;
     return stroke && stroke->tool == ToolType::Transform ? stroke : nullptr;
 }
 
@@ -113,30 +123,29 @@ bool FloatingRegion::isWhereItBegan() const
     return isInActiveView() && currentFrameNumber() == m_frameNumber;
 }
 
-bool FloatingRegion::commit()
+void FloatingRegion::commit()
 {
-    const int createdLayer = m_layerCreated ? manager()->strokeFrame(m_camera).layerIndex : -1;
-    return script::commitStroke(m_camera, createdLayer, m_frameCreated);
+    node()->commitStroke(m_camera);
 }
 
-void FloatingRegion::revert()
+void FloatingRegion::takeBack(BaseNode& node)
 {
-    if (!record()) {
+    const std::shared_ptr<LayerManager> drawing = node.layerManagerIfAny();
+    if (!recordIn(drawing.get())) {
         return;
     }
-    LayerManager& drawing = *manager();
-    const FrameAddress frame = drawing.strokeFrame(m_camera);  // where the layer is by now
-    node()->withdrawPaste();
-    drawing.dropStroke();  // of what was no paste, or one that needed nothing made
-    if (!m_layerCreated && frame.layerIndex >= 0 && drawing.activeLayerIndex(m_camera) != frame.layerIndex) {
-        drawing.setActiveLayer(m_camera, frame.layerIndex, false);
+    const FrameAddress frame = drawing->strokeFrame(m_camera);  // where the layer is by now
+    node.withdrawMadeStroke();
+    drawing->dropStroke();  // of what was no paste, or one that needed nothing made
+    if (!m_layerCreated && frame.layerIndex >= 0 && drawing->activeLayerIndex(m_camera) != frame.layerIndex) {
+        drawing->setActiveLayer(m_camera, frame.layerIndex, false);
     }
-    node()->redrawActiveView();
+    publishMasterDrawing();
+    node.redrawActiveView();
 }
 
 bool FloatingRegion::hasClipboard() const
 {
-    const BaseNode* const master = m_clipboard.isValid() ? BaseNode::masterNode() : nullptr;
-    const std::shared_ptr<LayerManager> drawing = master ? master->layerManager() : nullptr;
+    const std::shared_ptr<LayerManager> drawing = m_clipboard.isValid() ? masterDrawing() : nullptr;
     return drawing && drawing->holdsCut();
 }

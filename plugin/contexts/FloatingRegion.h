@@ -18,7 +18,7 @@ public:
     /// Begins in the active view, with nothing floating yet. False, and nothing is begun, without a view or a drawing
     /// node.
     bool open();
-    void close();  ///< forgets where; what floats must have been put down or taken back
+    void close();  ///< takes back what still floats, its outline too, and forgets where
     bool isOpen() const { return !m_camera.isEmpty(); }
     const QString& camera() const { return m_camera; }  ///< empty unless open
     BaseNode* node() const;                             ///< null unless open and when it is gone
@@ -40,16 +40,17 @@ public:
 
     bool isInActiveView() const;  ///< the view the user works in looks through the same camera
     bool isWhereItBegan() const;  ///< the same, and at the same time
-    /// Puts what floats down as one undo step. False when the host refused; it floats on then, unless it is gone.
-    bool commit();
-    void revert();
+    /// Puts what floats down as one undo step. What the host refuses floats on, unless it is gone.
+    void commit();
 
     bool hasClipboard() const;                                  ///< something was kept in this scene
     QSize clipboardSize() const { return m_clipboard.size(); }  ///< canvas pixels
 
 private:
     void aimAtActiveLayer(LayerManager& manager);
+    void takeBack(BaseNode& node);
     std::shared_ptr<LayerManager> manager() const;
+    ActiveStroke* recordIn(const LayerManager* manager) const;
 
     MObjectHandle m_node;
     QString m_camera;

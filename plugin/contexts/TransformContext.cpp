@@ -34,7 +34,6 @@ TransformContext::TransformContext() : m_inputHandler(*this), m_anchor()
 
 void TransformContext::toolOnSetup(MEvent&)
 {
-    m_floating.revert();
     reset();
     m_failed = false;
     m_inputHandler.setUp();
@@ -42,7 +41,6 @@ void TransformContext::toolOnSetup(MEvent&)
 
 void TransformContext::toolOffCleanup()
 {
-    m_floating.revert();
     reset();
     m_inputHandler.cleanUp();
 }
@@ -71,9 +69,7 @@ MStatus TransformContext::doPress(MEvent& event)
         return MStatus::kSuccess;
     }
     m_inputHandler.watchActiveView();
-    if (isTransforming() && !m_floating.record()) {
-        reset();  // with the scene, or with the drawing that it was a copy of, what floated has gone
-    }
+    letGoOfWhatIsGone();
     const QPoint position = positionOf(event);
     if (isTransforming()) {
         pressTransforming(event, position);
@@ -83,6 +79,15 @@ MStatus TransformContext::doPress(MEvent& event)
         showChange();
     }
     return MStatus::kSuccess;
+}
+
+// With its node or its scene, or with the drawing that it was a copy of.
+void TransformContext::letGoOfWhatIsGone()
+{
+    const bool isThere = isTransforming() ? m_floating.record() != nullptr : m_floating.node() != nullptr;
+    if (m_floating.isOpen() && !isThere) {
+        reset();
+    }
 }
 
 void TransformContext::pressTransforming(const MEvent& event, const QPoint& position)
@@ -123,7 +128,8 @@ bool TransformContext::followView()
 
 MStatus TransformContext::doDrag(MEvent& event)
 {
-    if (m_drag != Drag::None && m_floating.node()) {
+    letGoOfWhatIsGone();
+    if (m_drag != Drag::None) {
         dragTo(positionOf(event), event.isModifierShift());
         showChange();
     }
@@ -188,13 +194,11 @@ void TransformContext::completeAction()
 // The ways out stay open when the tool has failed: they only take back, and set the tool up again.
 void TransformContext::deleteAction()
 {
-    m_floating.revert();
     restart();
 }
 
 void TransformContext::abortAction()
 {
-    m_floating.revert();
     reset();
     script::switchToDrawToolDeferred();
 }
@@ -296,18 +300,14 @@ void TransformContext::apply()
     if (m_failed) {
         return;
     }
-    if (!m_floating.record() || !m_floating.isWhereItBegan() || !m_floating.commit()) {
-        m_floating.revert();
+    if (m_floating.record() && m_floating.isWhereItBegan()) {
+        m_floating.commit();
     }
-    restart();
+    restart();  // which takes back what was not committed
 }
 
 void TransformContext::reset()
 {
-    if (BaseNode* const node = m_floating.node()) {
-        node->setRegionOutline({});
-        node->scheduleRedraw();
-    }
     m_floating.close();
     m_state = State::Selecting;
     m_drag = Drag::None;

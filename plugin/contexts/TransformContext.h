@@ -57,6 +57,7 @@ private:
     void reset();
     void restart();
 
+    void letGoOfWhatIsGone();
     void pressTransforming(const MEvent& event, const QPoint& position);
     bool followView();  // false: the view shows no canvas to work on
     void dragTo(const QPoint& position, bool shift);

@@ -34,8 +34,9 @@ struct ActiveStroke {
     bool clearOnly = false;   ///< the region is emptied and nothing floats
     bool keepCut = false;     ///< a copy of the region is kept for pasting
     bool pasteAsIs = false;   ///< what floats is the kept copy, drawn untransformed
-    bool layerMade = false;   ///< for what is pasted: until the commit its layer stands in no undo step
-    bool frameMade = false;   ///< the same of its frame
+
+    bool layerMade = false;  ///< for this stroke: until the commit its layer stands in no undo step
+    bool frameMade = false;  ///< the same of its frame
 
     bool changed = false;  ///< since the last composite
 };

@@ -340,6 +340,7 @@ void LayerManager::setLayerVisible(const QString& camera, int index, bool visibl
 
 void LayerManager::clear(bool publishing)
 {
+    dropStroke();
     m_cameras.clear();
     if (publishing) {
         publish();

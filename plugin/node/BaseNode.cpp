@@ -205,6 +205,11 @@ BaseNode* BaseNode::fromHandle(const MObjectHandle& handle)
     return handle.isValid() ? fromObject(handle.object()) : nullptr;
 }
 
+BaseNode* BaseNode::fromLivingHandle(const MObjectHandle& handle)
+{
+    return handle.isAlive() ? fromObject(handle.objectRef()) : nullptr;
+}
+
 // The drawing ---------------------------------------------------------------------------------------------------------
 
 std::shared_ptr<LayerManager> BaseNode::findLayerManager(const char** failure) const

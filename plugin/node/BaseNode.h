@@ -55,6 +55,8 @@ public:
     static BaseNode* fromObject(const MObject& object);
     /// The same for an object that may have left the scene since; null then.
     static BaseNode* fromHandle(const MObjectHandle& handle);
+    /// The same, but also while only undo can still bring the object back into the scene.
+    static BaseNode* fromLivingHandle(const MObjectHandle& handle);
 
     // The drawing ---------------------------------------------------------------------------------------------------
 
@@ -86,9 +88,12 @@ public:
     bool drawingTarget(const QString& camera, int& newLayerIndex, bool& frameCreated);
     /// Takes back what drawingTarget made for a stroke that came to nothing. frame: the one it was to go to.
     void withdrawDrawingTarget(const FrameAddress& frame, int newLayerIndex, bool frameCreated);
-    /// Takes back a paste that still floats, with the layer and the frame made for it; nothing when none were made.
-    /// Steps of the undo queue must not meet these: they were not there when the steps were made.
-    void withdrawPaste();
+    /// Has the camera's stroke committed as one undo step, with what was made for it. False when there is none, when
+    /// this is not the node that commands work on, and when the host refuses.
+    bool commitStroke(const QString& camera);
+    /// Takes back a stroke in progress with the layer and the frame made for it; nothing when none were made. Steps of
+    /// the undo queue must not meet these: they were not there when the steps were made.
+    void withdrawMadeStroke();
     /// The camera has an active layer, and the user may change its drawings. False, and reported, when not.
     bool canEditActiveLayer(const QString& camera) const;
 

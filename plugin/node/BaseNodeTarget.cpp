@@ -97,7 +97,18 @@ void BaseNode::withdrawDrawingTarget(const FrameAddress& frame, int newLayerInde
     }
 }
 
-void BaseNode::withdrawPaste()
+bool BaseNode::commitStroke(const QString& camera)
+{
+    const std::shared_ptr<LayerManager> manager = masterNode() == this ? layerManagerIfAny() : nullptr;
+    const ActiveStroke* stroke = manager ? manager->stroke(camera) : nullptr;
+    if (!stroke) {
+        return false;
+    }
+    const int layerIndex = stroke->layerMade ? manager->strokeFrame(camera).layerIndex : -1;  // where it is by now
+    return script::commitStroke(camera, layerIndex, stroke->frameMade);
+}
+
+void BaseNode::withdrawMadeStroke()
 {
     const std::shared_ptr<LayerManager> manager = layerManagerIfAny();
     for (const QString& camera : manager ? manager->cameras() : QStringList()) {

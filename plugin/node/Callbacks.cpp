@@ -2,9 +2,9 @@
 
 #include "model/FrameNumber.h"
 #include "model/HiddenFrames.h"
-#include "model/LayerListView.h"
 #include "model/LayerManager.h"
 #include "node/BaseNode.h"
+#include "node/MasterDrawing.h"
 #include "node/TimelineMarks.h"
 
 #include <maya/MCallbackIdArray.h>
@@ -21,29 +21,11 @@ MCallbackIdArray& installedIds()
     return ids;
 }
 
-void refreshLayerList()
-{
-    if (LayerListView* list = LayerManager::layerListView()) {
-        list->refresh();
-    }
-}
-
-void publishDrawing()
-{
-    BaseNode* node = BaseNode::masterNode();
-    const std::shared_ptr<LayerManager> manager = node ? node->layerManager() : nullptr;
-    if (manager) {
-        manager->publish();
-    } else {
-        refreshLayerList();
-    }
-}
-
 void selectionChanged(void*)
 {
     TimelineMarks::refreshInstalled();
     if (!BaseNode::masterNode()) {
-        refreshLayerList();
+        publishMasterDrawing();
     }
 }
 
@@ -68,14 +50,14 @@ void timeUnitChanged(void*)
 void undoneOrRedone(void*)
 {
     TimelineMarks::refreshInstalled();
-    publishDrawing();
+    publishMasterDrawing();
 }
 
 void sceneOpened(void*)
 {
     timeChanged(nullptr);
     TimelineMarks::refreshInstalled();
-    publishDrawing();
+    publishMasterDrawing();
 }
 
 void quitApplication(void*)

@@ -113,6 +113,15 @@ TEST_F(NodeCommandTest, UndoAndRedoRestoreSelectionAndLocksButNotTheFirstLayer)
     EXPECT_THAT(errors(), IsEmpty());
 }
 
+TEST_F(NodeCommandTest, RedoLeavesNoStrokeOnTheEmptyNode)
+{
+    ASSERT_TRUE(command("-l -c persp -f"));
+    ASSERT_NE(drawing().beginStroke("persp", false), nullptr);
+    run("undo");
+    run("redo");
+    EXPECT_FALSE(drawing().hasStroke());
+}
+
 TEST_F(NodeCommandTest, GivesTheCameraAFirstLayerAsTheFlagsSay)
 {
     const struct {

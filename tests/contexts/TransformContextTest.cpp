@@ -703,13 +703,13 @@ TEST_F(TransformContextTest, AFloatingPasteIsWithdrawnWithItsLayerAndFrameAndAny
     selectInk();
     choose("Copy");
     floatInk();
-    node().withdrawPaste();
+    node().withdrawMadeStroke();
     EXPECT_NE(record(), nullptr);
     backspace();
 
     goTo(5);
     choose("Paste and Transform");
-    node().withdrawPaste();
+    node().withdrawMadeStroke();
     EXPECT_FALSE(drawing().hasStroke());
     EXPECT_EQ(drawing().frameNumbers("persp"), QList<int>{1});
     enter();
@@ -718,7 +718,7 @@ TEST_F(TransformContextTest, AFloatingPasteIsWithdrawnWithItsLayerAndFrameAndAny
 
     drawing().takeAllLayers("persp");
     choose("Paste and Transform");
-    node().withdrawPaste();
+    node().withdrawMadeStroke();
     EXPECT_EQ(drawing().totalLayerCount(), 0);
     backspace();
     EXPECT_EQ(drawing().totalLayerCount(), 0);

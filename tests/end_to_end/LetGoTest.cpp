@@ -1,0 +1,257 @@
+// The scene changes under a tool while the real button is held.
+
+#include "support/LiveWorkbench.h"
+#include "support/QtPrint.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using support::LiveWorkbench;
+
+namespace {
+
+const char kProgram[] = LUMISKETCH_BIN "/lumisketch-workbench";
+
+class HeldButton : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_folder.isValid());
+        m_host.reset(new LiveWorkbench(kProgram, {"-prefs", m_folder.path(), "-command", "setToolTo `tqLmDrawCtx`"}));
+        ASSERT_TRUE(m_host->isRunning()) << m_host->output().toStdString();
+        ASSERT_TRUE(exists());
+    }
+    void TearDown() override
+    {
+        if (m_host) {
+            EXPECT_TRUE(m_host->isRunning()) << m_host->output().toStdString();
+        }
+    }
+
+    LiveWorkbench& host() { return *m_host; }
+    QString path(const QString& name) const { return m_folder.filePath(name); }
+    void expectRuns(const QString& text)
+    {
+        const std::string answer = host().run(text).toStdString();
+        EXPECT_EQ(answer.find("Error"), std::string::npos) << answer;
+    }
+
+    QPoint centre() { return host().viewRect().center(); }
+    void press() { host().hold(centre() - QPoint(60, 40), centre()); }
+    void moveOn() { host().moveTo(centre() + QPoint(50, 30)); }
+    void stroke()
+    {
+        press();
+        moveOn();
+        host().letGo();
+    }
+    /// The scene as a file would hold it now.
+    std::string scene()
+    {
+        QFile::remove(path("now.ma"));
+        host().run(QString("file -rename \"%1\"; file -save -type \"mayaAscii\"").arg(path("now.ma")));
+        QFile file(path("now.ma"));
+        return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
+    }
+    /// The same, and what a press changes without being a step (the camera that is current) has been changed.
+    std::string sceneAfterAPress()
+    {
+        stroke();
+        host().run("undo");
+        return scene();
+    }
+    bool holdsLayersOf(const char* camera)
+    {
+        return scene().find(" \"" + std::string(camera) + "\" 1 0") != std::string::npos;
+    }
+    bool exists() { return host().run("tqLumisketchNode -exists") == "1"; }
+    void saveAs(const QString& name)
+    {
+        scene();
+        QFile::remove(path(name));
+        ASSERT_TRUE(QFile::copy(path("now.ma"), path(name)));
+    }
+
+private:
+    QTemporaryDir m_folder;
+    std::unique_ptr<LiveWorkbench> m_host;
+};
+
+}  // namespace
+
+TEST_F(HeldButton, ANodeThatGoesUnderAStrokeComesBackAsItWasBeforeThePress)
+{
+    const std::string before = sceneAfterAPress();
+    ASSERT_FALSE(before.empty());
+    const struct {
+        const char* go;
+        const char* comeBack;
+        bool moves;  // the pointer, before the release
+    } ways[] = {
+        {"delete lumisketch", "undo", true},
+        {"delete lumisketchShape", "undo", false},
+        {"evalDeferred(\"delete lumisketch\")", "undo", false},
+        {"int $job = `scriptJob -runOnce 1 -idleEvent \"delete lumisketch\"`", "undo", true},
+        {"undo", "redo", true},
+    };
+    for (const auto& way : ways) {
+        SCOPED_TRACE(way.go);
+        press();
+        host().run(way.go);
+        host().settle();
+        EXPECT_FALSE(exists());
+        if (way.moves) {
+            moveOn();
+        }
+        host().letGo();
+        stroke();  // without a node nothing happens
+        host().run(way.comeBack);
+        EXPECT_TRUE(exists());
+        EXPECT_EQ(scene(), before);
+    }
+    stroke();
+    const std::string drawn = scene();
+    EXPECT_NE(drawn, before);
+    host().run("undo");
+    EXPECT_EQ(scene(), before);
+    host().run("redo");
+    EXPECT_EQ(scene(), drawn);
+}
+
+TEST_F(HeldButton, AStepDuringAStrokeNeverMeetsTheLayerMadeForIt)
+{
+    const std::string before = sceneAfterAPress();
+    press();
+    host().run("tqLumisketchLayer -addLayer -layerState 0 -name \"Mine\" persp");
+    host().letGo();
+    const std::string layered = scene();
+    EXPECT_NE(layered, before);
+    EXPECT_TRUE(holdsLayersOf("persp"));
+    host().run("undo");
+    EXPECT_EQ(scene(), before);
+    host().run("redo");
+    EXPECT_EQ(scene(), layered);
+}
+
+TEST_F(HeldButton, AnotherSceneEndsTheStroke)
+{
+    stroke();
+    saveAs("drawn.ma");
+    const std::string drawn = scene();
+    press();
+    expectRuns("file -force -new");
+    moveOn();
+    host().letGo();
+    stroke();
+    EXPECT_FALSE(exists());
+
+    for (int round = 0; round < 2; ++round) {
+        press();
+        expectRuns(QString("file -force -open \"%1\"").arg(path("drawn.ma")));
+        moveOn();
+        host().letGo();
+        EXPECT_EQ(scene(), drawn);
+    }
+    stroke();
+    EXPECT_NE(scene(), drawn);
+}
+
+TEST_F(HeldButton, AFileThatIsImportedReferencedOrRemovedLeavesTheStrokeAlone)
+{
+    stroke();
+    saveAs("other.ma");
+    expectRuns("file -force -new; setToolTo selectSuperContext; setToolTo tqLmDrawCtx1");
+    host().settle();
+    ASSERT_TRUE(exists());
+    const QString other = path("other.ma");
+    press();
+    for (const QString& text :
+         {QString("file -reference -namespace \"ref\" \"%1\"").arg(other),
+          QString("file -removeReference \"%1\"").arg(other), QString("file -import \"%1\"").arg(other)}) {
+        expectRuns(text);
+        moveOn();
+    }
+    host().letGo();
+    EXPECT_EQ(host().run("tqLumisketchLayer -count persp").toStdString(), "1");
+    host().run("undo");
+    EXPECT_EQ(host().run("tqLumisketchLayer -count persp").toStdString(), "0");
+}
+
+TEST_F(HeldButton, TheModuleCanBeUnloadedUnderAStroke)
+{
+    press();
+    expectRuns("file -force -new; unloadPlugin lumisketch2");
+    moveOn();
+    host().letGo();
+    EXPECT_EQ(host().run("currentCtx").toStdString(), "selectSuperContext");
+    EXPECT_EQ(host().run("pluginInfo -q -loaded lumisketch2").toStdString(), "0");
+}
+
+TEST_F(HeldButton, AStrokeStaysWithTheCameraItBeganOnAsLongAsThatIsThere)
+{
+    const struct {
+        const char* text;
+        bool cameraGoes;  // then the stroke has nothing to belong to
+    } changes[] = {
+        {"lookThru modelPanel4 front", false},
+        {"rename shot renamedShot", true},
+        {"delete shot", true},
+        {"workbenchView -panes 2", false},
+        {"workbenchView -panes 1", false},
+        {"setAttr shotShape.overscan 2", false},
+    };
+    const QString refusal = "Error: [Lumisketch2] Camera does not exist: shot";
+    int refusals = 0;
+    for (const auto& change : changes) {
+        SCOPED_TRACE(change.text);
+        host().run("file -force -new; camera -n shot; rename shot1 shot; lookThru modelPanel4 shot;"
+                   "setToolTo selectSuperContext; setToolTo tqLmDrawCtx1");
+        host().settle();
+        ASSERT_TRUE(exists());
+        press();
+        host().run(change.text);
+        host().settle();
+        moveOn();
+        host().letGo();
+        EXPECT_EQ(holdsLayersOf("shot"), !change.cameraGoes);
+        refusals += change.cameraGoes;
+        EXPECT_EQ(host().output().count(refusal), refusals) << "it is said once";
+        if (!change.cameraGoes) {
+            host().run("undo");
+            EXPECT_FALSE(holdsLayersOf("shot"));
+        }
+        stroke();
+    }
+}
+
+TEST_F(HeldButton, ARegionThatFloatsOrIsDraggedIsLetGoWithItsNode)
+{
+    stroke();
+    const std::string before = scene();
+    host().run("setToolTo `tqLmTransformCtx`");
+    for (const bool held : {false, true}) {
+        SCOPED_TRACE(held ? "held" : "floating");
+        host().key("Return");
+        if (held) {
+            press();
+        }
+        host().run("delete lumisketch");
+        if (held) {
+            moveOn();
+            host().letGo();
+        } else {
+            host().key("Return");
+        }
+        host().run("undo");
+        EXPECT_EQ(scene(), before);
+    }
+    host().key("Return");
+    stroke();
+    host().key("Return");
+    EXPECT_NE(scene(), before) << "the tool works on";
+    host().run("undo");
+    EXPECT_EQ(scene(), before);
+}
