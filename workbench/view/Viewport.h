@@ -4,13 +4,12 @@
 #include "api/Tools.h"
 #include "api/Views.h"
 #include "kernel/Session.h"
+#include "view/CameraDrag.h"
 #include "view/GlText.h"
 #include "view/ListRenderer.h"
 #include "view/SceneRenderer.h"
 
 #include <QOpenGLWidget>
-
-#include <optional>
 
 namespace view {
 
@@ -60,11 +59,8 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
 
 private:
-    enum class Move { Orbit, Track, Dolly };
-
     api::FrameState frameState() const;
     void drawCameraName(const api::FrameState& frame);
-    void moveCamera(const QPoint& by);
     QPoint portPoint(const QPointF& widgetPoint) const;
     void sendToTool(api::ToolEvent::Kind kind, const QPointF& at, Qt::KeyboardModifiers modifiers);
     /// Ends the drag whose button is not among those held: its release went elsewhere, or will (to a dialog that was
@@ -86,9 +82,7 @@ private:
     bool m_keepToolShapes = false;
     Qt::MouseButton m_toolButton = Qt::NoButton;
     QPointF m_toolAt;  ///< where the tool last saw the pointer
-    std::optional<Move> m_move;
-    Qt::MouseButton m_moveButton = Qt::NoButton;
-    QPoint m_movedFrom;
+    CameraDrag m_cameraDrag;
     bool m_showingXor = false;
 };
 
