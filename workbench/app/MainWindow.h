@@ -16,6 +16,7 @@ class PaneLayout;
 }
 
 namespace view {
+class Viewport;
 class Viewports;
 }  // namespace view
 
@@ -27,6 +28,7 @@ class HotKeys;
 class IdleRunner;
 class PlaybackRunner;
 class ScriptShell;
+class ViewLayouts;
 class WindowCommands;
 
 /// The program's window: menus, camera views, and below them the command field, messages, the tool's help and the time.
@@ -39,9 +41,11 @@ public:
     ~MainWindow() override;
 
     view::Viewports& viewports() { return *m_viewports; }
-    /// 1 or 2 views side by side: modelPanel4 alone, or with modelPanel1 to its right.
+    /// 1, 2 or 4 views: modelPanel4 alone, with modelPanel1 to its right, or all of them.
     void setPaneCount(int count);
     int paneCount() const;  ///< up to 4 when a script arranged the panes, 0 when it deleted them
+    /// One view alone, the active one for null, or what there was before it.
+    void swapViews(view::Viewport* wanted);
     /// Runs a text as a user's action: echoed, and one undo step.
     bool runAction(const std::string& text);
     /// The same for what the user may want again at once: it is then what is repeated.
@@ -51,6 +55,7 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
@@ -61,6 +66,7 @@ private slots:
 
 private:
     void buildMenus();
+    void runResource(const char* path);
     void buildViews();
     void buildLines();
     void listen();
@@ -83,6 +89,7 @@ private:
     std::unique_ptr<PlaybackRunner> m_playback;
     FileActions* m_files = nullptr;
     QPointer<ui::PaneLayout> m_panes;  ///< null once a script deleted them
+    std::unique_ptr<ViewLayouts> m_layouts;
     QLabel* m_help = nullptr;
     QTimer m_statusTimer;
     std::vector<unsigned> m_callbacks;

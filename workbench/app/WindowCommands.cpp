@@ -93,6 +93,7 @@ Value WindowCommands::workbenchView(const kernel::ValueList& args)
     syntax.addFlag("pn", "panes", {ArgType::Int});
     syntax.addFlag("p", "panel", {ArgType::String});
     syntax.makeQueryWithFullArgs("panel");
+    syntax.addFlag("sw", "swap");
     syntax.addFlag("cp", "capture", {ArgType::String});
     const kernel::ParsedArgs parsed = kernel::parsedOrThrow(syntax, args);
     if (parsed.query && parsed.has("panes")) {
@@ -109,10 +110,13 @@ Value WindowCommands::workbenchView(const kernel::ValueList& args)
     }
     if (parsed.has("panes")) {
         const int count = parsed.integer("panes");
-        if (count < 1 || count > 2) {
-            throw CommandError("workbenchView: -panes must be 1 or 2");
+        if (count != 1 && count != 2 && count != 4) {
+            throw CommandError("workbenchView: -panes must be 1, 2 or 4");
         }
         m_window.setPaneCount(count);
+    }
+    if (parsed.has("swap")) {
+        m_window.swapViews(parsed.has("panel") ? &findView(parsed.text("panel")) : nullptr);
     }
     if (parsed.has("capture")) {
         const std::string path = parsed.text("capture");
