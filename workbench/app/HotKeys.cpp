@@ -33,6 +33,7 @@ const HotKeys::Row HotKeys::kRows[] = {
     {Qt::Key_4, "modelEditor -edit -displayAppearance wireframe `getPanel -withFocus`", nullptr, false},
     {Qt::Key_5, "modelEditor -edit -displayAppearance smoothShaded `getPanel -withFocus`", nullptr, false},
     {Qt::Key_Space, nullptr, &HotKeys::swapOfViews, false},
+    {Qt::CTRL | Qt::Key_Space, "workbenchView -panels (!`workbenchView -query -panels`)", nullptr, false},
     {Qt::Key_F, "viewFit", nullptr, false},
     {Qt::Key_A, "viewFit -all", nullptr, false},
     {Qt::ALT | Qt::Key_V, nullptr, &HotKeys::playback, false},

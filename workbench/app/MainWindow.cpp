@@ -111,7 +111,7 @@ void MainWindow::buildViews()
         m_panes->place(panel);
     }
     connect(m_viewports.get(), SIGNAL(SceneTouched()), this, SLOT(ScheduleStatus()));
-    m_layouts = std::make_unique<ViewLayouts>(*m_panes);
+    m_layouts = std::make_unique<ViewLayouts>(*this, *m_panes);
 }
 
 void MainWindow::buildLines()
@@ -199,11 +199,6 @@ void MainWindow::setPaneCount(int count)
 int MainWindow::paneCount() const
 {
     return m_layouts->paneCount();
-}
-
-void MainWindow::swapViews(view::Viewport* wanted)
-{
-    m_layouts->swap(wanted);
 }
 
 // --- actions -------------------------------------------------------------------------------------------------------

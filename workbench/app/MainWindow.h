@@ -16,7 +16,6 @@ class PaneLayout;
 }
 
 namespace view {
-class Viewport;
 class Viewports;
 }  // namespace view
 
@@ -41,11 +40,10 @@ public:
     ~MainWindow() override;
 
     view::Viewports& viewports() { return *m_viewports; }
+    ViewLayouts& layouts() { return *m_layouts; }
     /// 1, 2 or 4 views: modelPanel4 alone, with modelPanel1 to its right, or all of them.
     void setPaneCount(int count);
     int paneCount() const;  ///< up to 4 when a script arranged the panes, 0 when it deleted them
-    /// One view alone, the active one for null, or what there was before it.
-    void swapViews(view::Viewport* wanted);
     /// Runs a text as a user's action: echoed, and one undo step.
     bool runAction(const std::string& text);
     /// The same for what the user may want again at once: it is then what is repeated.

@@ -4,6 +4,8 @@
 #include "view/Viewports.h"
 
 #include <QApplication>
+#include <QDockWidget>
+#include <QMainWindow>
 
 #include <algorithm>
 
@@ -24,7 +26,7 @@ const struct {
 
 }  // namespace
 
-ViewLayouts::ViewLayouts(ui::PaneLayout& panes) : m_panes(&panes)
+ViewLayouts::ViewLayouts(QMainWindow& window, ui::PaneLayout& panes) : m_window(window), m_panes(&panes)
 {
     for (QWidget* panel : panes.placed()) {
         m_home << panel;
@@ -77,6 +79,25 @@ void ViewLayouts::swap(view::Viewport* wanted)
             m_before = m_panes->arrangement();
             arrange({"single", {*around}, {}}, view);
             return;
+        }
+    }
+}
+
+void ViewLayouts::setShowsPanels(bool on)
+{
+    if (on) {
+        for (const QPointer<QDockWidget>& panel : m_hiddenPanels) {
+            if (panel) {
+                panel->show();
+            }
+        }
+        m_hiddenPanels.clear();
+        return;
+    }
+    for (QDockWidget* panel : m_window.findChildren<QDockWidget*>()) {
+        if (!panel->isHidden() && !panel->isFloating()) {
+            panel->hide();
+            m_hiddenPanels << panel;
         }
     }
 }

@@ -2,6 +2,7 @@
 
 #include "app/MainWindow.h"
 #include "app/Version.h"
+#include "app/ViewLayouts.h"
 #include "kernel/Syntax.h"
 #include "view/Viewport.h"
 #include "view/Viewports.h"
@@ -94,10 +95,14 @@ Value WindowCommands::workbenchView(const kernel::ValueList& args)
     syntax.addFlag("p", "panel", {ArgType::String});
     syntax.makeQueryWithFullArgs("panel");
     syntax.addFlag("sw", "swap");
+    syntax.addFlag("pls", "panels", {ArgType::Bool});
     syntax.addFlag("cp", "capture", {ArgType::String});
     const kernel::ParsedArgs parsed = kernel::parsedOrThrow(syntax, args);
     if (parsed.query && parsed.has("panes")) {
         return m_window.paneCount();
+    }
+    if (parsed.query && parsed.has("panels")) {
+        return int(m_window.layouts().showsPanels());
     }
     if (parsed.query && parsed.has("screenRect")) {
         view::Viewport& view = findView(parsed.text("panel"));
@@ -106,7 +111,7 @@ Value WindowCommands::workbenchView(const kernel::ValueList& args)
         return kernel::IntArray{corner.x(), corner.y(), view.portWidth(), view.portHeight()};
     }
     if (parsed.query) {
-        throw CommandError("workbenchView: -screenRect or -panes can be queried");
+        throw CommandError("workbenchView: -screenRect, -panes or -panels can be queried");
     }
     if (parsed.has("panes")) {
         const int count = parsed.integer("panes");
@@ -116,7 +121,10 @@ Value WindowCommands::workbenchView(const kernel::ValueList& args)
         m_window.setPaneCount(count);
     }
     if (parsed.has("swap")) {
-        m_window.swapViews(parsed.has("panel") ? &findView(parsed.text("panel")) : nullptr);
+        m_window.layouts().swap(parsed.has("panel") ? &findView(parsed.text("panel")) : nullptr);
+    }
+    if (parsed.has("panels")) {
+        m_window.layouts().setShowsPanels(parsed.integer("panels") != 0);
     }
     if (parsed.has("capture")) {
         const std::string path = parsed.text("capture");

@@ -6,6 +6,7 @@
 #include "view/Viewports.h"
 #include "workbench/app/WindowSession.h"
 
+#include <QDockWidget>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QSpinBox>
@@ -231,13 +232,33 @@ TEST_F(HotKeys, SpaceRestoresTheLayoutThereWas)
     press(Qt::Key_Space);
     EXPECT_EQ(value("paneLayout -q -configuration $gMainPane"), "vertical2");
     EXPECT_EQ(value("paneLayout -q -childArray $gMainPane"), "modelPanel4 modelPanel2 modelPanel3");
-    run("workbenchView -panes 1; workbenchView -swap -panel modelPanel2");
+    run("workbenchView -panes 1; workbenchView -swap");
     EXPECT_EQ(value("paneLayout -q -configuration $gMainPane"), "vertical2") << "also when left by a menu";
     run("workbenchView -swap -panel modelPanel2");
     EXPECT_EQ(view()->panelName(), "modelPanel2");
     EXPECT_FALSE(run("workbenchView -swap -panel modelPanel1"));
     run("deleteUI $gMainPane");
     EXPECT_TRUE(run("workbenchView -swap; workbenchView -panes 4"));
+}
+
+TEST_F(HotKeys, ControlAndSpaceLeaveTheViewsTheRoomOfThePanels)
+{
+    auto* const shown = new QDockWidget(&window());
+    auto* const closed = new QDockWidget(&window());
+    window().addDockWidget(Qt::RightDockWidgetArea, shown);
+    window().addDockWidget(Qt::RightDockWidgetArea, closed);
+    shown->show();
+    closed->hide();
+    press(Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_TRUE(shown->isHidden());
+    EXPECT_EQ(value("workbenchView -panels 0; workbenchView -q -panels"), "0");
+    press(Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_FALSE(shown->isHidden());
+    EXPECT_TRUE(closed->isHidden()) << "as the user had left it";
+    press(Qt::Key_Space, Qt::ControlModifier);
+    delete shown;
+    EXPECT_TRUE(run("workbenchView -panels 1"));
+    EXPECT_EQ(value("workbenchView -q -panels"), "1");
 }
 
 TEST_F(HotKeys, ATapOfTheBackslashSwitchesPanAndZoomOfTheViewWorkedIn)

@@ -243,6 +243,8 @@ TEST_F(PanelsTest, MenusStandAboveTheViewUnlessTheyAreHidden)
     ASSERT_NE(bar, nullptr);
     EXPECT_EQ(bar->actions(), QList<QAction*>{menu("shot")->menuAction()});
     run("showWindow tools");
+    QCoreApplication::sendPostedEvents();
+    EXPECT_GT(bar->height(), 0);
     EXPECT_LE(bar->geometry().bottom(), floating()->geometry().top());
     const int height = floating()->height();
     run("modelPanel -e -menuBarVisible 0 floating");
