@@ -280,6 +280,13 @@ TEST_F(HotKeys, ATapOfTheBackslashSwitchesPanAndZoomOfTheViewWorkedIn)
     QEvent elsewhere(QEvent::WindowDeactivate);
     QApplication::sendEvent(&window(), &elsewhere);
     EXPECT_FALSE(window().viewports().panZoomKey().isHeld()) << "its release would never come";
+
+    QApplication::sendEvent(view(), &down);
+    window().viewports().panZoomKey().use();
+    echoed.clear();
+    QKeyEvent up(QEvent::KeyRelease, Qt::Key_Backslash, Qt::NoModifier);
+    QApplication::sendEvent(view(), &up);
+    EXPECT_TRUE(echoed.empty()) << "a drag was made with it";
 }
 
 TEST_F(HotKeys, AreNotForTextFields)
