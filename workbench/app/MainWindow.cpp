@@ -298,10 +298,6 @@ bool MainWindow::event(QEvent* event)
     if (event->type() == QEvent::ShortcutOverride || event->type() == QEvent::WindowActivate) {
         ShowStatus();
     }
-    // The release of a key that is held goes to the window that comes now.
-    if (event->type() == QEvent::WindowDeactivate) {
-        m_viewports->panZoomKey().release();
-    }
     // A hot key comes as a key press, also where a menu shows it, so that filters on the window are asked first.
     if (event->type() == QEvent::ShortcutOverride && !isTyping()
         && HotKeys::isHotKey(*static_cast<QKeyEvent*>(event))) {

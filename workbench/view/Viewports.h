@@ -51,6 +51,7 @@ signals:
 
 private slots:
     void Activate(view::Viewport* view);
+    void LetGoOfKeys();
 
 private:
     std::vector<Viewport*> counted() const;
