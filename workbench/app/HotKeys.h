@@ -21,6 +21,8 @@ public:
     static bool isHotKey(const QKeyEvent& event);
     /// Runs what a key stands for; false when it is no hot key.
     bool press(const QKeyEvent& event);
+    /// For a key that means something only when it was tapped; false when it is none.
+    bool release(const QKeyEvent& event);
 
 private:
     struct Row;
@@ -28,7 +30,9 @@ private:
     static const Row* rowOf(const QKeyEvent& event);
     std::string lastTool() const;
     std::string lastAction() const;
-    std::string playback() const;  ///< starts or stops it
+    std::string playback() const;       ///< starts or stops it
+    std::string swapOfViews() const;    ///< for the one under the pointer
+    std::string panZoomSwitch() const;  ///< of the active view's camera
 
     kernel::Session& m_session;
     const std::function<bool(const std::string&)> m_run;

@@ -10,6 +10,7 @@
 #include "app/PlaybackRunner.h"
 #include "app/ScriptShell.h"
 #include "app/TimeField.h"
+#include "app/ViewLayouts.h"
 #include "app/WindowCommands.h"
 #include "ui/MenuItem.h"
 #include "ui/PaneLayout.h"
@@ -110,7 +111,7 @@ void MainWindow::buildViews()
         m_panes->place(panel);
     }
     connect(m_viewports.get(), SIGNAL(SceneTouched()), this, SLOT(ScheduleStatus()));
-    setPaneCount(1);
+    m_layouts = std::make_unique<ViewLayouts>(*this, *m_panes);
 }
 
 void MainWindow::buildLines()
@@ -153,11 +154,17 @@ void MainWindow::buildMenus()
     addToolBar(new ui::StatusLine(m_host.ui(), m_host.menuSets()));
     setContextMenuPolicy(Qt::NoContextMenu);  // it would offer to hide the line
 
-    QFile script(":/workbench/mainMenus.mel");
-    script.open(QIODevice::ReadOnly);
-    m_session.script().execute(script.readAll().toStdString(), false, false);
+    runResource(":/workbench/mainMenus.mel");
+    runResource(":/workbench/panelMenus.mel");
     connect(m_host.ui().get("menu", "mainEditMenu").widget(), SIGNAL(aboutToShow()), this, SLOT(ShowStatus()));
     connect(menuBar(), SIGNAL(triggered(QAction*)), this, SLOT(ScheduleStatus()));
+}
+
+void MainWindow::runResource(const char* path)
+{
+    QFile script(path);
+    script.open(QIODevice::ReadOnly);
+    m_session.script().execute(script.readAll().toStdString(), false, false);
 }
 
 void MainWindow::listen()
@@ -186,14 +193,12 @@ void MainWindow::listen()
 
 void MainWindow::setPaneCount(int count)
 {
-    if (m_panes) {
-        m_panes->setConfiguration(count == 1 ? "single" : "vertical2");
-    }
+    m_layouts->show(count);
 }
 
 int MainWindow::paneCount() const
 {
-    return m_panes ? m_panes->paneCount() : 0;
+    return m_layouts->paneCount();
 }
 
 // --- actions -------------------------------------------------------------------------------------------------------
@@ -312,6 +317,13 @@ void MainWindow::keyPressEvent(QKeyEvent* event)
     // A field hands on the keys it has no use for; they are still not meant for the tool.
     if (isTyping() || !(finishTool(event->key()) || m_hotKeys->press(*event))) {
         QMainWindow::keyPressEvent(event);
+    }
+}
+
+void MainWindow::keyReleaseEvent(QKeyEvent* event)
+{
+    if (!m_hotKeys->release(*event)) {
+        QMainWindow::keyReleaseEvent(event);
     }
 }
 

@@ -27,6 +27,7 @@ class HotKeys;
 class IdleRunner;
 class PlaybackRunner;
 class ScriptShell;
+class ViewLayouts;
 class WindowCommands;
 
 /// The program's window: menus, camera views, and below them the command field, messages, the tool's help and the time.
@@ -39,7 +40,8 @@ public:
     ~MainWindow() override;
 
     view::Viewports& viewports() { return *m_viewports; }
-    /// 1 or 2 views side by side: modelPanel4 alone, or with modelPanel1 to its right.
+    ViewLayouts& layouts() { return *m_layouts; }
+    /// 1, 2 or 4 views: modelPanel4 alone, with modelPanel1 to its right, or all of them.
     void setPaneCount(int count);
     int paneCount() const;  ///< up to 4 when a script arranged the panes, 0 when it deleted them
     /// Runs a text as a user's action: echoed, and one undo step.
@@ -51,6 +53,7 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
@@ -61,6 +64,7 @@ private slots:
 
 private:
     void buildMenus();
+    void runResource(const char* path);
     void buildViews();
     void buildLines();
     void listen();
@@ -83,6 +87,7 @@ private:
     std::unique_ptr<PlaybackRunner> m_playback;
     FileActions* m_files = nullptr;
     QPointer<ui::PaneLayout> m_panes;  ///< null once a script deleted them
+    std::unique_ptr<ViewLayouts> m_layouts;
     QLabel* m_help = nullptr;
     QTimer m_statusTimer;
     std::vector<unsigned> m_callbacks;

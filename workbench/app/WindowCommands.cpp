@@ -2,6 +2,7 @@
 
 #include "app/MainWindow.h"
 #include "app/Version.h"
+#include "app/ViewLayouts.h"
 #include "kernel/Syntax.h"
 #include "view/Viewport.h"
 #include "view/Viewports.h"
@@ -93,10 +94,15 @@ Value WindowCommands::workbenchView(const kernel::ValueList& args)
     syntax.addFlag("pn", "panes", {ArgType::Int});
     syntax.addFlag("p", "panel", {ArgType::String});
     syntax.makeQueryWithFullArgs("panel");
+    syntax.addFlag("sw", "swap");
+    syntax.addFlag("pls", "panels", {ArgType::Bool});
     syntax.addFlag("cp", "capture", {ArgType::String});
     const kernel::ParsedArgs parsed = kernel::parsedOrThrow(syntax, args);
     if (parsed.query && parsed.has("panes")) {
         return m_window.paneCount();
+    }
+    if (parsed.query && parsed.has("panels")) {
+        return int(m_window.layouts().showsPanels());
     }
     if (parsed.query && parsed.has("screenRect")) {
         view::Viewport& view = findView(parsed.text("panel"));
@@ -105,14 +111,20 @@ Value WindowCommands::workbenchView(const kernel::ValueList& args)
         return kernel::IntArray{corner.x(), corner.y(), view.portWidth(), view.portHeight()};
     }
     if (parsed.query) {
-        throw CommandError("workbenchView: -screenRect or -panes can be queried");
+        throw CommandError("workbenchView: -screenRect, -panes or -panels can be queried");
     }
     if (parsed.has("panes")) {
         const int count = parsed.integer("panes");
-        if (count < 1 || count > 2) {
-            throw CommandError("workbenchView: -panes must be 1 or 2");
+        if (count != 1 && count != 2 && count != 4) {
+            throw CommandError("workbenchView: -panes must be 1, 2 or 4");
         }
         m_window.setPaneCount(count);
+    }
+    if (parsed.has("swap")) {
+        m_window.layouts().swap(parsed.has("panel") ? &findView(parsed.text("panel")) : nullptr);
+    }
+    if (parsed.has("panels")) {
+        m_window.layouts().setShowsPanels(parsed.integer("panels") != 0);
     }
     if (parsed.has("capture")) {
         const std::string path = parsed.text("capture");

@@ -134,14 +134,8 @@ LayoutWidget& arranger(const UiObject& parent)
 
 std::string layoutPath(const Subject& subject)
 {
-    // Some layouts have arranging widgets of their own inside.
-    for (const QWidget* widget = LayoutWidget::around(subject.as<QWidget>()); widget;
-         widget = LayoutWidget::around(*widget)) {
-        if (const UiObject* const layout = subject.ui.of(widget)) {
-            return UiObjects::path(*layout);
-        }
-    }
-    return {};
+    const UiObject* const layout = subject.ui.above(subject.object);
+    return layout ? UiObjects::path(*layout) : std::string();
 }
 
 // --- scripts -------------------------------------------------------------------------------------------------------

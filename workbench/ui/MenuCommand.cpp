@@ -69,7 +69,7 @@ const std::vector<ObjectFlag<Target>>& flags()
     return table;
 }
 
-/// The window of a layout in it, or the window itself.
+/// The window of a layout in it, or the window or panel itself.
 UiObject& windowOf(UiObject& object)
 {
     UiObject* window = &object;
@@ -79,11 +79,12 @@ UiObject& windowOf(UiObject& object)
     return *window;
 }
 
-/// The window whose menu bar a new menu goes into: that of -parent, or of the current layout, or the main one.
+/// Whose menu bar a new menu goes into: the panel or window that -parent names or is in, or the window of the current
+/// layout, or the main one.
 UiObject& windowFor(const UiObjects& ui, const kernel::ParsedArgs& args)
 {
     if (args.has("parent")) {
-        return windowOf(ui.get("menu", args.text("parent"), Kind::Window | Kind::Layout));
+        return windowOf(ui.get("menu", args.text("parent"), Kind::Window | Kind::Layout | Kind::Panel));
     }
     UiObject& window = windowOf(ui.layoutParent() ? *ui.layoutParent() : *ui.mainWindowObject());
     return window.kind == Kind::Window ? window : *ui.mainWindowObject();

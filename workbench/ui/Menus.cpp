@@ -2,6 +2,7 @@
 
 #include "ui/MenuItem.h"
 #include "ui/ScriptMenu.h"
+#include "ui/ViewPanel.h"
 
 #include <QMainWindow>
 #include <QMenuBar>
@@ -40,9 +41,10 @@ void deleteItems(UiObjects& ui, const UiObject& menu)
     }
 }
 
-QMenuBar& menuBarOf(const UiObject& window)
+QMenuBar& menuBarOf(const UiObject& object)
 {
-    return *qobject_cast<QMainWindow*>(window.object)->menuBar();
+    auto* const panel = qobject_cast<ViewPanel*>(object.object);
+    return panel ? panel->menuBar() : *qobject_cast<QMainWindow*>(object.object)->menuBar();
 }
 
 }  // namespace ui

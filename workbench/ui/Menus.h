@@ -19,7 +19,7 @@ UiObject& getMenu(const UiObjects& ui, const std::string& command, const std::st
 std::vector<UiObject*> itemsOf(const UiObjects& ui, const UiObject& menu);
 /// Takes all items and collections of a menu away.
 void deleteItems(UiObjects& ui, const UiObject& menu);
-/// The bar of a window, made when there is none.
-QMenuBar& menuBarOf(const UiObject& window);
+/// The bar of a panel, or of a window, made when there is none.
+QMenuBar& menuBarOf(const UiObject& object);
 
 }  // namespace ui

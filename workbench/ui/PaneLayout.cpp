@@ -108,6 +108,41 @@ bool PaneLayout::setConfiguration(const std::string& name)
     return true;
 }
 
+PaneLayout::Arrangement PaneLayout::arrangement() const
+{
+    Arrangement made{m_configuration, m_children, {}};
+    for (const QSplitter* splitter : splitters()) {
+        made.sizes << splitter->sizes();
+    }
+    return made;
+}
+
+void PaneLayout::setArrangement(const Arrangement& arrangement)
+{
+    QList<QPointer<QWidget>> order;
+    for (const QPointer<QWidget>& child : arrangement.order) {
+        if (m_children.removeOne(child)) {
+            order << child;
+        }
+    }
+    m_children = order + m_children;
+    m_shares.clear();
+    m_configuration = arrangement.configuration;
+    arrange();
+    const QList<QSplitter*> bars = splitters();
+    for (int i = 0; i < std::min(bars.size(), arrangement.sizes.size()); ++i) {
+        bars[i]->setSizes(arrangement.sizes[i]);
+    }
+}
+
+QList<QSplitter*> PaneLayout::splitters() const
+{
+    if (!m_outer) {
+        return {};
+    }
+    return QList<QSplitter*>{m_outer} + m_outer->findChildren<QSplitter*>(QString(), Qt::FindDirectChildrenOnly);
+}
+
 bool PaneLayout::setPane(QWidget* child, int pane)
 {
     const QList<QWidget*> children = placed();
@@ -180,9 +215,8 @@ void PaneLayout::arrange()
         children[i]->setParent(this);
         children[i]->hide();
     }
-    shareEvenly(*m_outer);
-    for (QSplitter* inner : m_outer->findChildren<QSplitter*>(QString(), Qt::FindDirectChildrenOnly)) {
-        shareEvenly(*inner);
+    for (QSplitter* splitter : splitters()) {
+        shareEvenly(*splitter);
     }
     for (const auto& given : m_shares) {
         giveShare(given.first, given.second);

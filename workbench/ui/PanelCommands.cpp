@@ -1,3 +1,4 @@
+#include "mel/builtins/Quoting.h"
 #include "ui/Commands.h"
 #include "ui/ControlCommand.h"
 #include "ui/LayoutWidget.h"
@@ -72,6 +73,14 @@ ControlFlag cameraFlag()
 
 // --- modelPanel ----------------------------------------------------------------------------------------------------
 
+/// What menus a view has is up to a script of the program, which may not have one.
+void makeMenus(const Subject& subject)
+{
+    UiObject* const menuParent = subject.ui.menuParent();
+    subject.ui.runScript("if (`exists buildPanelMenus`) buildPanelMenus " + mel::quoted(subject.object.name), Echo::No);
+    subject.ui.setMenuParent(menuParent);
+}
+
 void makeView(const Subject& subject)
 {
     view::Viewports* const views = view::Viewports::installed();
@@ -80,6 +89,7 @@ void makeView(const Subject& subject)
     }
     auto& panel = subject.as<ViewPanel>();
     panel.setView(views->add(subject.object.name, subject.ui.session().scene.findOrNull("perspShape"), &panel));
+    makeMenus(subject);
 }
 
 void moveInto(LayoutWidget& target, ViewPanel& panel)
@@ -186,6 +196,7 @@ std::vector<ControlFlag> editorFlags()
          },
          [](const Subject& s) { return int(viewOf(s).options().objects && viewOf(s).options().moduleShapes); }},
         optionFlag("grid", "gr", &view::ViewOptions::grid),
+        optionFlag("polymeshes", "pm", &view::ViewOptions::objects),
         optionFlag("pluginShapes", "ps", &view::ViewOptions::moduleShapes),
         optionFlag("headsUpDisplay", "hud", &view::ViewOptions::headsUp),
         keptFlag("locators", "lc", true),

@@ -24,23 +24,6 @@ bool isOf(const UiObject& object, Kinds kinds)
     return (only(object.kind) & kinds) != 0;
 }
 
-/// Whether the object stands at the end of a path whose other parts are above it, in that order.
-bool isAtPath(const UiObject& object, const std::string& path)
-{
-    std::size_t end = path.rfind('|');
-    for (const UiObject* above = object.parent; end != std::string::npos && end != 0; above = above->parent) {
-        if (!above) {
-            return false;
-        }
-        const std::size_t start = path.rfind('|', end - 1);
-        const std::size_t first = start == std::string::npos ? 0 : start + 1;
-        if (path.compare(first, end - first, above->name) == 0) {
-            end = start;
-        }
-    }
-    return true;
-}
-
 }  // namespace
 
 QWidget* UiObject::widget() const
@@ -103,6 +86,38 @@ bool UiObjects::isTaken(Kind kind, const std::string& name, const UiObject* pare
     return std::any_of(same.first, same.second, [&](const auto& entry) {
         return entry.second->parent == parent && (parent || entry.second->kind == kind);
     });
+}
+
+const UiObject* UiObjects::above(const UiObject& object) const
+{
+    if (object.kind != Kind::Panel || !object.widget()) {
+        return object.parent;
+    }
+    // Some layouts have arranging widgets of their own inside.
+    for (const QWidget* layout = LayoutWidget::around(*object.widget()); layout;
+         layout = LayoutWidget::around(*layout)) {
+        if (const UiObject* const known = of(layout)) {
+            return known;
+        }
+    }
+    return nullptr;
+}
+
+/// Whether the object stands at the end of a path whose other parts are above it, in that order.
+bool UiObjects::isAtPath(const UiObject& object, const std::string& path) const
+{
+    std::size_t end = path.rfind('|');
+    for (const UiObject* over = above(object); end != std::string::npos && end != 0; over = above(*over)) {
+        if (!over) {
+            return false;
+        }
+        const std::size_t start = path.rfind('|', end - 1);
+        const std::size_t first = start == std::string::npos ? 0 : start + 1;
+        if (path.compare(first, end - first, over->name) == 0) {
+            end = start;
+        }
+    }
+    return true;
 }
 
 UiObject* UiObjects::find(const std::string& name, Kinds kinds) const

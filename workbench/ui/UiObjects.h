@@ -83,6 +83,8 @@ public:
     /// Null for a Qt object without a name of its own.
     UiObject* of(const QObject* object) const { return m_byQtObject.value(object); }
     static std::string path(const UiObject& object);
+    /// The parent, or for a panel, which has none by name, the layout it stands in now; null when there is none.
+    const UiObject* above(const UiObject& object) const;
     /// In the order in which they were made.
     std::vector<UiObject*> children(const UiObject& parent) const;
     std::vector<UiObject*> all(Kinds kinds) const;
@@ -117,6 +119,7 @@ private slots:
 private:
     void forget(UiObject& object);
     void forgetPanels(const UiObject& around);
+    bool isAtPath(const UiObject& object, const std::string& path) const;
     std::string freeName(const std::string& type);
     bool isTaken(Kind kind, const std::string& name, const UiObject* parent) const;
 

@@ -2,13 +2,15 @@
 
 #include <QFrame>
 
+class QMenuBar;
+
 namespace view {
 class Viewport;
 }  // namespace view
 
 namespace ui {
 
-/// A view in its frame, which shows whether it is the one worked in.
+/// A view and its menus in a frame, which shows whether it is the one worked in.
 class ViewPanel : public QFrame {
     Q_OBJECT
 
@@ -19,8 +21,9 @@ public:
     view::Viewport* view() const { return m_view; }
     const QString& label() const { return m_label; }
     void setLabel(const QString& label) { m_label = label; }
+    QMenuBar& menuBar() const { return *m_menuBar; }
     bool hasMenuBar() const { return m_hasMenuBar; }
-    void setMenuBar(bool on) { m_hasMenuBar = on; }
+    void setMenuBar(bool on);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -30,7 +33,8 @@ protected:
 private:
     view::Viewport* m_view = nullptr;
     QString m_label;
-    bool m_hasMenuBar = true;  ///< what scripts asked for; the frame itself has none
+    QMenuBar* m_menuBar;
+    bool m_hasMenuBar = true;  ///< what scripts asked for, also while nothing is shown
 };
 
 }  // namespace ui

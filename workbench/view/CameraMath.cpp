@@ -32,11 +32,15 @@ struct Extent {
     double height;
 };
 
+Extent filmGate(const Lens& lens)
+{
+    const double width = lens.orthographic ? lens.orthographicWidth : lens.horizontalAperture;
+    return {width, width * lens.verticalAperture / lens.horizontalAperture};
+}
+
 Extent visibleExtent(const Lens& lens, double portAspect)
 {
     const double filmAspect = lens.horizontalAperture / lens.verticalAperture;
-    const double gateWidth = lens.orthographic ? lens.orthographicWidth : lens.horizontalAperture;
-    const double gateHeight = gateWidth / filmAspect;
     const bool portIsNarrower = portAspect < filmAspect;
     bool fitsWidth = true;
     switch (lens.fit) {
@@ -45,7 +49,36 @@ Extent visibleExtent(const Lens& lens, double portAspect)
     case Lens::Fit::Vertical: fitsWidth = false; break;
     case Lens::Fit::Overscan: fitsWidth = !lens.orthographic && portIsNarrower; break;
     }
-    return fitsWidth ? Extent{gateWidth, gateWidth / portAspect} : Extent{gateHeight * portAspect, gateHeight};
+    const Extent gate = filmGate(lens);
+    return fitsWidth ? Extent{gate.width, gate.width / portAspect} : Extent{gate.height * portAspect, gate.height};
+}
+
+/// A gate that stands in the film gate as the film fit says.
+Extent gateInFilm(const Lens& lens, double aspect)
+{
+    const Extent film = filmGate(lens);
+    const bool gateIsWider = aspect > film.width / film.height;
+    bool sharesWidth = true;
+    switch (lens.fit) {
+    case Lens::Fit::Fill: sharesWidth = lens.orthographic || gateIsWider; break;
+    case Lens::Fit::Horizontal: break;
+    case Lens::Fit::Vertical: sharesWidth = false; break;
+    case Lens::Fit::Overscan: sharesWidth = !lens.orthographic && !gateIsWider; break;
+    }
+    return sharesWidth ? Extent{film.width, film.width / aspect} : Extent{film.height * aspect, film.height};
+}
+
+/// Film back to near plane: similar triangles, or, without perspective, the gate's own width.
+double nearPlanePerInch(const Lens& lens)
+{
+    return lens.orthographic ? lens.orthographicWidth / lens.horizontalAperture
+                             : lens.nearPlane * kMillimetresPerInch / lens.focalLength;
+}
+
+/// Extents of an orthographic camera are in scene units already.
+double nearPlanePerExtent(const Lens& lens)
+{
+    return lens.orthographic ? 1.0 : nearPlanePerInch(lens);
 }
 
 }  // namespace
@@ -77,9 +110,8 @@ Frustum frustumOf(const Lens& lens, int portWidth, int portHeight)
     const double zoom = lens.panZoom ? (lens.zoom > 0 ? lens.zoom : 0.001) : 1.0;
     const double panX = lens.panZoom ? lens.horizontalPan : 0.0;
     const double panY = lens.panZoom ? lens.verticalPan : 0.0;
-    // Film back to near plane: similar triangles, or, without perspective, the gate's own width.
-    const double extentScale = lens.orthographic ? 1.0 : lens.nearPlane * kMillimetresPerInch / lens.focalLength;
-    const double panScale = lens.orthographic ? lens.orthographicWidth / lens.horizontalAperture : extentScale;
+    const double panScale = nearPlanePerInch(lens);
+    const double extentScale = nearPlanePerExtent(lens);
     const double halfWidth = extent.width * lens.overscan * zoom * extentScale / 2;
     const double halfHeight = extent.height * lens.overscan * zoom * extentScale / 2;
     Frustum frustum;
@@ -142,6 +174,23 @@ api::ViewMatrices matricesOf(const kernel::Node& cameraShape, int portWidth, int
 {
     return {viewMatrix(cameraShape.worldMatrix()),
             projectionMatrix(frustumOf(lensOf(cameraShape), portWidth, portHeight))};
+}
+
+PortRect gateRect(const Lens& lens, int portWidth, int portHeight, double aspect)
+{
+    const Frustum window = frustumOf(lens, portWidth, portHeight);
+    const double pixels = std::max(1, portWidth) / window.width();  // per unit of the near plane
+    const Extent gate = gateInFilm(lens, aspect);
+    const double width = gate.width * nearPlanePerExtent(lens);
+    const double height = gate.height * nearPlanePerExtent(lens);
+    return {(-width / 2 - window.left) * pixels, (-height / 2 - window.bottom) * pixels, width * pixels,
+            height * pixels};
+}
+
+double inchesPerPixel(Lens lens, int portWidth, int portHeight)
+{
+    lens.panZoom = true;
+    return frustumOf(lens, portWidth, portHeight).width() / nearPlanePerInch(lens) / std::max(1, portWidth);
 }
 
 double unitsPerPixel(const Frustum& frustum, int portHeight, double distance)

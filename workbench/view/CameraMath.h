@@ -50,6 +50,21 @@ kernel::Matrix4 viewMatrix(const kernel::Matrix4& world);
 
 api::ViewMatrices matricesOf(const kernel::Node& cameraShape, int portWidth, int portHeight);
 
+/// A rectangle in port pixels, origin lower left; it may lie outside the port.
+struct PortRect {
+    double left;
+    double bottom;
+    double width;
+    double height;
+};
+
+/// Where a gate of an aspect (width by height) lies in the port: inside the film gate for fill, as wide for horizontal,
+/// as high for vertical, around it for overscan; an orthographic camera counts as in frustumOf(). With the aspect of
+/// the film it is the film gate itself.
+PortRect gateRect(const Lens& lens, int portWidth, int portHeight, double aspect);
+
+/// Inches of film back that one port pixel covers while pan and zoom are on.
+double inchesPerPixel(Lens lens, int portWidth, int portHeight);
 /// Scene units that one port pixel covers at a distance in front of the camera.
 double unitsPerPixel(const Frustum& frustum, int portHeight, double distance);
 

@@ -8,6 +8,8 @@ namespace view {
 namespace {
 
 constexpr double kNearest = 0.01;
+constexpr double kStrongestZoom = 0.01;
+constexpr double kWidestZoom = 10;
 constexpr int kFineHeight = 1 << 16;  // of a port that only has the right proportions
 
 struct Axes {
@@ -50,6 +52,27 @@ void setNumber(kernel::Node& node, const char* name, double number)
         node.setValue(*attribute, number);
     }
 }
+
+/// Looking around with a startup camera does not make a scene count as changed.
+class Looking {
+public:
+    Looking(kernel::Scene& scene, const kernel::Node& cameraShape)
+        : m_scene(scene), m_keeps(cameraShape.startup), m_wasModified(scene.isModified())
+    {}
+    ~Looking()
+    {
+        if (m_keeps) {
+            m_scene.setModified(m_wasModified);
+        }
+    }
+    Looking(const Looking&) = delete;
+    Looking& operator=(const Looking&) = delete;
+
+private:
+    kernel::Scene& m_scene;
+    const bool m_keeps;
+    const bool m_wasModified;
+};
 
 }  // namespace
 
@@ -127,7 +150,7 @@ CameraPose poseOf(const kernel::Node& cameraShape)
 
 void applyPose(kernel::Scene& scene, kernel::Node& cameraShape, const CameraPose& pose)
 {
-    const bool wasModified = scene.isModified();
+    const Looking looking(scene, cameraShape);
     if (kernel::Node* const transform = cameraShape.parent()) {
         setNumber(*transform, "translateX", pose.translate.x);
         setNumber(*transform, "translateY", pose.translate.y);
@@ -138,9 +161,35 @@ void applyPose(kernel::Scene& scene, kernel::Node& cameraShape, const CameraPose
     }
     setNumber(cameraShape, "centerOfInterest", pose.interest);
     setNumber(cameraShape, "orthographicWidth", pose.orthographicWidth);
-    if (cameraShape.startup) {
-        scene.setModified(wasModified);
+}
+
+// --- in the plane of the picture -----------------------------------------------------------------------------------
+
+PanZoom panned(const PanZoom& from, double right, double up)
+{
+    return {from.horizontalPan + right, from.verticalPan + up, from.zoom};
+}
+
+PanZoom zoomed(const PanZoom& from, double factor)
+{
+    return {from.horizontalPan, from.verticalPan, std::clamp(from.zoom * factor, kStrongestZoom, kWidestZoom)};
+}
+
+PanZoom panZoomOf(const kernel::Node& cameraShape)
+{
+    return {cameraShape.number("horizontalPan"), cameraShape.number("verticalPan"), cameraShape.number("zoom")};
+}
+
+void applyPanZoom(kernel::Scene& scene, kernel::Node& cameraShape, const PanZoom& panZoom)
+{
+    const Looking looking(scene, cameraShape);
+    setNumber(cameraShape, "panZoomEnabled", 1);
+    if (cameraShape.number("panZoomEnabled") == 0) {
+        return;
     }
+    setNumber(cameraShape, "horizontalPan", panZoom.horizontalPan);
+    setNumber(cameraShape, "verticalPan", panZoom.verticalPan);
+    setNumber(cameraShape, "zoom", panZoom.zoom);
 }
 
 }  // namespace view

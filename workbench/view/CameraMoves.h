@@ -31,4 +31,20 @@ CameraPose poseOf(const kernel::Node& cameraShape);
 /// make a scene count as changed.
 void applyPose(kernel::Scene& scene, kernel::Node& cameraShape, const CameraPose& pose);
 
+/// How the picture itself is shifted and magnified.
+struct PanZoom {
+    double horizontalPan = 0;  ///< inches of film back
+    double verticalPan = 0;
+    double zoom = 1;  ///< below 1 magnifies
+};
+
+/// inches of film back, right and up; the picture moves the other way.
+PanZoom panned(const PanZoom& from, double right, double up);
+/// Magnifies (factor below 1) around the middle of the view, as far as a picture is of use.
+PanZoom zoomed(const PanZoom& from, double factor);
+
+PanZoom panZoomOf(const kernel::Node& cameraShape);
+/// Writes it back as applyPose() does a pose, and switches it on. Nothing is done when it is locked off.
+void applyPanZoom(kernel::Scene& scene, kernel::Node& cameraShape, const PanZoom& panZoom);
+
 }  // namespace view

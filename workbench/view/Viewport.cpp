@@ -1,9 +1,10 @@
 #include "view/Viewport.h"
 
 #include "view/CameraMath.h"
-#include "view/CameraMoves.h"
+#include "view/Gates.h"
 #include "view/GlState.h"
 #include "view/TextureCache.h"
+#include "view/Viewports.h"
 
 #include <QMouseEvent>
 #include <QOpenGLFunctions>
@@ -21,8 +22,6 @@ namespace view {
 
 namespace {
 
-constexpr double kDegreesPerPixel = 0.4;
-constexpr double kPixelsToHalve = 150;  // of a dolly drag
 constexpr double kWheelStep = 120;
 constexpr int kNameSize = 13;  // pixels
 
@@ -36,6 +35,17 @@ QSurfaceFormat viewFormat()
     format.setSamples(4);
     format.setSwapInterval(0);  // a refresh during a stroke must not wait for the screen
     return format;
+}
+
+/// Whether what the pointer does now moves the picture in its plane.
+bool usePanZoomKey()
+{
+    Viewports* const views = Viewports::installed();
+    if (!views || !views->panZoomKey().isHeld()) {
+        return false;
+    }
+    views->panZoomKey().use();
+    return true;
 }
 
 }  // namespace
@@ -192,6 +202,7 @@ void Viewport::paintGL()
         m_legacyRenderer.draw(m_session, frame, *this, m_options);
     }
     m_listRenderer.draw(shapes, frame, m_text);
+    drawGates(m_session.scene, frame, m_text, devicePixelRatioF());
     if (m_options.headsUp) {
         drawCameraName(frame);
     }
@@ -326,9 +337,8 @@ void Viewport::sendToTool(api::ToolEvent::Kind kind, const QPointF& at, Qt::Keyb
 bool Viewport::endLostDrag(Qt::MouseButtons held)
 {
     const QPointer<Viewport> self(this);
-    if (m_move && !held.testFlag(m_moveButton)) {
-        m_move.reset();
-        m_moveButton = Qt::NoButton;
+    if (m_cameraDrag.isActive() && !held.testFlag(m_cameraDrag.button())) {
+        m_cameraDrag.end();
     }
     if (m_toolButton != Qt::NoButton && !held.testFlag(m_toolButton)) {
         sendToTool(api::ToolEvent::Kind::Release, m_toolAt, Qt::NoModifier);
@@ -352,18 +362,10 @@ void Viewport::mousePressEvent(QMouseEvent* event)
     if (!endLostDrag(event->buttons() & ~Qt::MouseButtons(event->button()))) {
         return;
     }
-    if (m_move || m_toolButton != Qt::NoButton) {
+    if (m_cameraDrag.isActive() || m_toolButton != Qt::NoButton) {
         return;  // a second button while one is at work
     }
-    if (event->modifiers() & Qt::AltModifier) {
-        switch (event->button()) {
-        case Qt::LeftButton: m_move = Move::Orbit; break;
-        case Qt::MidButton: m_move = Move::Track; break;
-        case Qt::RightButton: m_move = Move::Dolly; break;
-        default: return;
-        }
-        m_moveButton = event->button();
-        m_movedFrom = event->pos();
+    if (m_cameraDrag.begin(*event, usePanZoomKey()) || event->modifiers() & Qt::AltModifier) {
         return;
     }
     if (event->button() == Qt::LeftButton || event->button() == Qt::MidButton) {
@@ -379,9 +381,10 @@ void Viewport::mouseMoveEvent(QMouseEvent* event)
     if (!endLostDrag(event->buttons())) {
         return;
     }
-    if (m_move) {
-        moveCamera(event->pos() - m_movedFrom);
-        m_movedFrom = event->pos();
+    const kernel::NodePtr shape = m_cameraDrag.isActive() ? camera() : nullptr;
+    if (shape) {
+        m_cameraDrag.moveTo(event->pos(), m_session.scene, *shape, size());
+        scheduleRefresh();
     } else if (m_toolButton != Qt::NoButton) {
         sendToTool(api::ToolEvent::Kind::Drag, event->localPos(), event->modifiers());
     } else if (event->buttons() == Qt::NoButton) {
@@ -391,9 +394,8 @@ void Viewport::mouseMoveEvent(QMouseEvent* event)
 
 void Viewport::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (m_move && event->button() == m_moveButton) {
-        m_move.reset();
-        m_moveButton = Qt::NoButton;
+    if (m_cameraDrag.isActive() && event->button() == m_cameraDrag.button()) {
+        m_cameraDrag.end();
     } else if (m_toolButton != Qt::NoButton && event->button() == m_toolButton) {
         sendToTool(api::ToolEvent::Kind::Release, event->localPos(), event->modifiers());
     } else {
@@ -410,7 +412,7 @@ void Viewport::wheelEvent(QWheelEvent* event)
     // With Alt held some systems turn the wheel sideways.
     const QPoint turned = event->angleDelta();
     const double steps = (turned.y() != 0 ? turned.y() : turned.x()) / kWheelStep;
-    applyPose(m_session.scene, *shape, dollied(poseOf(*shape), std::pow(0.9, steps), lensOf(*shape).orthographic));
+    turnWheel(steps, m_session.scene, *shape, usePanZoomKey());
     scheduleRefresh();
     event->accept();
 }
@@ -429,32 +431,6 @@ void Viewport::focusInEvent(QFocusEvent* event)
 {
     QOpenGLWidget::focusInEvent(event);
     emit Activated(this);
-}
-
-void Viewport::moveCamera(const QPoint& by)
-{
-    const kernel::NodePtr shape = camera();
-    if (!shape || by.isNull()) {
-        return;
-    }
-    const Lens lens = lensOf(*shape);
-    const CameraPose pose = poseOf(*shape);
-    const double units = unitsPerPixel(frustumOf(lens, width(), height()), height(), pose.interest);
-    CameraPose moved = pose;
-    switch (*m_move) {
-    case Move::Orbit:
-        if (lens.orthographic) {
-            return;
-        }
-        moved = orbited(pose, by.x() * kDegreesPerPixel, by.y() * kDegreesPerPixel);
-        break;
-    case Move::Track: moved = tracked(pose, -by.x() * units, by.y() * units); break;
-    case Move::Dolly:
-        moved = dollied(pose, std::pow(0.5, (by.x() - by.y()) / kPixelsToHalve), lens.orthographic);
-        break;
-    }
-    applyPose(m_session.scene, *shape, moved);
-    scheduleRefresh();
 }
 
 }  // namespace view

@@ -4,14 +4,13 @@
 #include "api/Tools.h"
 #include "api/Views.h"
 #include "kernel/Session.h"
+#include "view/CameraDrag.h"
 #include "view/GlText.h"
 #include "view/LegacyRenderer.h"
 #include "view/ListRenderer.h"
 #include "view/SceneRenderer.h"
 
 #include <QOpenGLWidget>
-
-#include <optional>
 
 namespace view {
 
@@ -66,13 +65,10 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
 
 private:
-    enum class Move { Orbit, Track, Dolly };
-
     api::FrameState frameState() const;
     /// What draw overrides and the tool show in Viewport 2.0.
     api::DrawList collectShapes(const api::FrameState& frame);
     void drawCameraName(const api::FrameState& frame);
-    void moveCamera(const QPoint& by);
     QPoint portPoint(const QPointF& widgetPoint) const;
     void sendToTool(api::ToolEvent::Kind kind, const QPointF& at, Qt::KeyboardModifiers modifiers);
     /// Ends the drag whose button is not among those held: its release went elsewhere, or will (to a dialog that was
@@ -96,9 +92,7 @@ private:
     bool m_keepToolShapes = false;
     Qt::MouseButton m_toolButton = Qt::NoButton;
     QPointF m_toolAt;  ///< where the tool last saw the pointer
-    std::optional<Move> m_move;
-    Qt::MouseButton m_moveButton = Qt::NoButton;
-    QPoint m_movedFrom;
+    CameraDrag m_cameraDrag;
     bool m_outdated = true;           ///< the picture has to be drawn anew
     bool m_hasInvertedLines = false;  ///< which stay on the picture for as long as nothing changes
 };

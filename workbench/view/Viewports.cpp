@@ -4,6 +4,8 @@
 #include "view/TextureCache.h"
 #include "view/Viewport.h"
 
+#include <QGuiApplication>
+
 #include <algorithm>
 
 namespace view {
@@ -21,6 +23,7 @@ Viewports::Viewports(kernel::Session& session) : m_session(session)
     api::setTextureReleaseListener(&TextureCache::forget);
     api::installViewHost(this);
     m_session.scene.setTouchListener([this] { touched(); });
+    connect(qGuiApp, SIGNAL(focusWindowChanged(QWindow*)), this, SLOT(LetGoOfKeys()));
 }
 
 Viewports::~Viewports()
@@ -116,6 +119,12 @@ void Viewports::setCursor(const QCursor& cursor)
 void Viewports::Activate(view::Viewport* view)
 {
     setActive(view);
+}
+
+// The release of a key that is held goes to the window that has the keyboard then.
+void Viewports::LetGoOfKeys()
+{
+    m_panZoomKey.release();
 }
 
 std::vector<api::View*> Viewports::views() const

@@ -2,6 +2,7 @@
 
 #include "api/Views.h"
 #include "kernel/Session.h"
+#include "view/PanZoomKey.h"
 
 #include <QCursor>
 #include <QObject>
@@ -35,6 +36,8 @@ public:
     void setActive(Viewport* view);
     /// Views came into sight or went out of it.
     void tellOfChange() { emit ActiveChanged(); }
+    /// Of the keyboard, so of all views.
+    PanZoomKey& panZoomKey() { return m_panZoomKey; }
     /// The pointer's shape over the views.
     void setCursor(const QCursor& cursor);
 
@@ -48,6 +51,7 @@ signals:
 
 private slots:
     void Activate(view::Viewport* view);
+    void LetGoOfKeys();
 
 private:
     std::vector<Viewport*> counted() const;
@@ -57,6 +61,7 @@ private:
     std::vector<QPointer<Viewport>> m_views;
     QPointer<Viewport> m_active;  ///< the one last worked in
     QCursor m_cursor;
+    PanZoomKey m_panZoomKey;
 };
 
 }  // namespace view

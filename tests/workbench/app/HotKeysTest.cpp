@@ -6,6 +6,7 @@
 #include "view/Viewports.h"
 #include "workbench/app/WindowSession.h"
 
+#include <QDockWidget>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QSpinBox>
@@ -192,6 +193,101 @@ TEST_F(HotKeys, FrameTheSelectionOrEverything)
     EXPECT_FALSE(run("viewFit -fitFactor 0"));
 }
 
+TEST_F(HotKeys, ShowEdgesOrSurfacesInTheViewWorkedIn)
+{
+    run("workbenchView -panes 2; modelEditor -e -activeView modelPanel1");
+    press(Qt::Key_4);
+    EXPECT_EQ(value("modelEditor -q -displayAppearance modelPanel1"), "wireframe");
+    EXPECT_EQ(value("modelEditor -q -displayAppearance modelPanel4"), "smoothShaded");
+    press(Qt::Key_5);
+    EXPECT_EQ(value("modelEditor -q -displayAppearance modelPanel1"), "smoothShaded");
+}
+
+TEST_F(HotKeys, SpaceShowsTheViewWorkedInAloneAndAllAgain)
+{
+    const auto panels = [this] { return value("paneLayout -q -childArray $gMainPane"); };
+    press(Qt::Key_Space);
+    EXPECT_EQ(value("workbenchView -q -panes"), "4") << "four when there was nothing before";
+    EXPECT_EQ(panels(), "modelPanel1 modelPanel4 modelPanel2 modelPanel3");
+    run("modelEditor -e -activeView modelPanel2");
+    press(Qt::Key_Space);
+    EXPECT_EQ(value("workbenchView -q -panes"), "1");
+    EXPECT_EQ(window().viewports().views().size(), 1u);
+    EXPECT_EQ(view()->panelName(), "modelPanel2");
+    hold(Qt::Key_Space);
+    EXPECT_EQ(value("workbenchView -q -panes"), "4") << "once, however long it is held";
+    EXPECT_EQ(panels(), "modelPanel1 modelPanel4 modelPanel2 modelPanel3");
+    EXPECT_EQ(view()->panelName(), "modelPanel2");
+    EXPECT_EQ(echoed.back(), "workbenchView -swap");
+    EXPECT_FALSE(session().undo.canUndo());
+}
+
+TEST_F(HotKeys, SpaceRestoresTheLayoutThereWas)
+{
+    run("workbenchView -panes 2; modelEditor -e -activeView modelPanel1");
+    press(Qt::Key_Space);
+    EXPECT_EQ(view()->panelName(), "modelPanel1");
+    run("deleteUI modelPanel1");
+    EXPECT_EQ(view()->panelName(), "modelPanel4") << "the next one has the pane";
+    press(Qt::Key_Space);
+    EXPECT_EQ(value("paneLayout -q -configuration $gMainPane"), "vertical2");
+    EXPECT_EQ(value("paneLayout -q -childArray $gMainPane"), "modelPanel4 modelPanel2 modelPanel3");
+    run("workbenchView -panes 1; workbenchView -swap");
+    EXPECT_EQ(value("paneLayout -q -configuration $gMainPane"), "vertical2") << "also when left by a menu";
+    run("workbenchView -swap -panel modelPanel2");
+    EXPECT_EQ(view()->panelName(), "modelPanel2");
+    EXPECT_FALSE(run("workbenchView -swap -panel modelPanel1"));
+    run("deleteUI $gMainPane");
+    EXPECT_TRUE(run("workbenchView -swap; workbenchView -panes 4"));
+}
+
+TEST_F(HotKeys, ControlAndSpaceLeaveTheViewsTheRoomOfThePanels)
+{
+    auto* const shown = new QDockWidget(&window());
+    auto* const closed = new QDockWidget(&window());
+    window().addDockWidget(Qt::RightDockWidgetArea, shown);
+    window().addDockWidget(Qt::RightDockWidgetArea, closed);
+    shown->show();
+    closed->hide();
+    press(Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_TRUE(shown->isHidden());
+    EXPECT_EQ(value("workbenchView -panels 0; workbenchView -q -panels"), "0");
+    press(Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_FALSE(shown->isHidden());
+    EXPECT_TRUE(closed->isHidden()) << "as the user had left it";
+    press(Qt::Key_Space, Qt::ControlModifier);
+    delete shown;
+    EXPECT_TRUE(run("workbenchView -panels 1"));
+    EXPECT_EQ(value("workbenchView -q -panels"), "1");
+}
+
+TEST_F(HotKeys, ATapOfTheBackslashSwitchesPanAndZoomOfTheViewWorkedIn)
+{
+    const auto isOn = [this](const std::string& camera) { return value("getAttr " + camera + ".panZoomEnabled"); };
+    press(Qt::Key_Backslash);
+    EXPECT_EQ(isOn("perspShape"), "1");
+    EXPECT_THAT(echoed, testing::ElementsAre("setAttr \"perspShape.panZoomEnabled\" 1"));
+    press(Qt::Key_Z);
+    EXPECT_EQ(isOn("perspShape"), "0");
+    run("lookThru top");
+    press(Qt::Key_Backslash);
+    press(Qt::Key_Backslash);
+    EXPECT_EQ(isOn("topShape"), "0");
+
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Backslash, Qt::NoModifier);
+    QApplication::sendEvent(view(), &down);
+    EXPECT_TRUE(window().viewports().panZoomKey().isHeld());
+    emit qApp->focusWindowChanged(nullptr);
+    EXPECT_FALSE(window().viewports().panZoomKey().isHeld()) << "its release would never come";
+
+    QApplication::sendEvent(view(), &down);
+    window().viewports().panZoomKey().use();
+    echoed.clear();
+    QKeyEvent up(QEvent::KeyRelease, Qt::Key_Backslash, Qt::NoModifier);
+    QApplication::sendEvent(view(), &up);
+    EXPECT_TRUE(echoed.empty()) << "a drag was made with it";
+}
+
 TEST_F(HotKeys, AreNotForTextFields)
 {
     view()->hide();  // there is no screen to draw it on
@@ -200,9 +296,9 @@ TEST_F(HotKeys, AreNotForTextFields)
     auto* const field = window().findChild<QLineEdit*>("commandField");
     field->setFocus();
     ASSERT_EQ(QApplication::focusWidget(), field);
-    type(field, "wa");
+    type(field, "wa 4\\");
     pressKey(field, Qt::Key_Period, Qt::AltModifier);
-    EXPECT_EQ(field->text(), "wa");
+    EXPECT_EQ(field->text(), "wa 4\\");
     auto* const time = window().findChild<QSpinBox*>("currentTime");
     time->setFocus();
     ASSERT_EQ(QApplication::focusWidget(), time);

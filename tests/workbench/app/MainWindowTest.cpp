@@ -203,8 +203,97 @@ TEST_F(MainWindow, MenusLeadThroughCamerasAndPanes)
     host->run("workbenchView -panes 2");
     openDisplayMenu();
     EXPECT_EQ(value("menuItem -q -rb twoPanesItem"), "1");
-    action("One Pane")->trigger();
+    action("One View")->trigger();
     EXPECT_EQ(value("workbenchView -q -panes"), "1");
+    action("Maximise or Restore")->trigger();
+    EXPECT_EQ(value("workbenchView -q -panes"), "2");
+    action("Four Views")->trigger();
+    EXPECT_EQ(value("workbenchView -q -panes"), "4");
+    openDisplayMenu();
+    EXPECT_EQ(value("menuItem -q -rb fourPanesItem"), "1");
+}
+
+namespace {
+
+/// The menus above a view, as their entries do something.
+const struct {
+    const char* menu;
+    const char* entry;
+    const char* query;
+    const char* before;
+    const char* after;
+} kPanelEntries[] = {
+    {"panelViewMenu", "front", "lookThru -q modelPanel1", "top", "front"},
+    {"panelViewMenu", "Camera Attributes...", "ls -sl", "thing", "topShape"},
+    {"panelViewMenu", "Frame Selection", "getPanel -withFocus", "modelPanel4", "modelPanel1"},
+    {"panelViewMenu", "Film Gate", "getAttr topShape.displayFilmGate", "0", "1"},
+    {"panelViewMenu", "Resolution Gate", "getAttr topShape.displayResolution", "0", "1"},
+    {"panelViewMenu", "2D Pan/Zoom", "getAttr topShape.panZoomEnabled", "0", "1"},
+    {"panelViewMenu", "Reset 2D Pan/Zoom", "getAttr topShape.zoom", "0.5", "1"},
+    {"panelShadingMenu", "Wireframe", "modelEditor -q -da modelPanel1", "smoothShaded", "wireframe"},
+    {"panelShowMenu", "Grid", "modelEditor -q -grid modelPanel1", "1", "0"},
+    {"panelShowMenu", "Objects", "modelEditor -q -polymeshes modelPanel1", "1", "0"},
+    {"panelShowMenu", "Drawings", "modelEditor -q -pluginShapes modelPanel1", "1", "0"},
+    {"panelShowMenu", "Heads-up", "modelEditor -q -headsUpDisplay modelPanel1", "1", "0"},
+};
+
+}  // namespace
+
+TEST_F(MainWindow, EveryViewHasMenusForItself)
+{
+    const auto open = [&](const std::string& menu) {
+        auto* const opened = qobject_cast<QMenu*>(host->ui().get("test", "modelPanel1|" + menu).object);
+        QMetaObject::invokeMethod(opened, "aboutToShow");
+        return opened;
+    };
+    const auto entry = [&](const std::string& menu, const QString& label) -> QAction* {
+        for (QAction* candidate : open(menu)->findChildren<QAction*>()) {
+            if (candidate->text() == label && candidate->isVisible()) {
+                return candidate;
+            }
+        }
+        return nullptr;
+    };
+    for (const auto& row : kPanelEntries) {
+        host->run("file -force -new; workbenchView -panes 2; lookThru modelPanel1 top; createNode transform -n thing;"
+                  "setAttr topShape.zoom 0.5; modelEditor -e -activeView modelPanel4");
+        EXPECT_EQ(value(row.query), row.before) << row.entry;
+        QAction* const action = entry(row.menu, row.entry);
+        ASSERT_NE(action, nullptr) << row.entry;
+        const bool wasMarked = action->isChecked();
+        action->trigger();
+        EXPECT_EQ(value(row.query), row.after) << row.entry;
+        if (action->isCheckable()) {
+            EXPECT_NE(entry(row.menu, row.entry)->isChecked(), wasMarked) << row.entry;
+        }
+        if (std::string(row.query).find("getAttr") == 0) {
+            host->run("undo");
+            EXPECT_EQ(value(row.query), row.before) << row.entry << " is a step";
+        }
+    }
+    EXPECT_EQ(value("modelEditor -q -grid modelPanel4"), "1") << "its own view alone";
+    EXPECT_TRUE(entry("panelRendererMenu", "Viewport 2.0")->isChecked());
+    EXPECT_NE(entry("panelRendererMenu", "Legacy Default Viewport"), nullptr);
+}
+
+TEST_F(MainWindow, AViewsMenuOutlivesItsCameraAndGoesWithItsPanel)
+{
+    host->run("camera; rename camera1 shot; lookThru modelPanel4 shot");
+    QMenu* const menu = qobject_cast<QMenu*>(host->ui().get("test", "modelPanel4|panelViewMenu").object);
+    QMetaObject::invokeMethod(menu, "aboutToShow");
+    host->run("delete shot");
+    for (QAction* entry : menu->findChildren<QAction*>()) {
+        if (entry->text() == "Film Gate") {
+            entry->trigger();
+        }
+    }
+    EXPECT_EQ(value("getAttr perspShape.displayFilmGate"), "0") << "it was the other camera's";
+
+    host->run("window tools; paneLayout panes; menu own; modelPanel floating; menuItem mine");
+    EXPECT_EQ(value("menu -exists \"floating|panelViewMenu\""), "1");
+    EXPECT_EQ(value("menuItem -q -parent mine"), "tools|own") << "a script's own menu goes on";
+    host->run("deleteUI floating");
+    EXPECT_EQ(value("menu -exists \"floating|panelViewMenu\""), "0");
 }
 
 // A dialog must not keep a script, and the undo step it is, open.
@@ -345,13 +434,13 @@ TEST_F(MainWindow, TheSelectToolDeletesWhatIsSelected)
     EXPECT_EQ(value("objExists thing"), "1");
 }
 
-TEST_F(MainWindow, ShowsOneOrTwoViewsAndLooksThroughCameras)
+TEST_F(MainWindow, ShowsOneTwoOrFourViewsAndLooksThroughCameras)
 {
     EXPECT_EQ(value("workbenchView -q -panes"), "1");
     EXPECT_EQ(value("getPanel -type modelPanel"), "modelPanel4 modelPanel1 modelPanel2 modelPanel3");
     EXPECT_EQ(window->viewports().views().size(), 1u) << "the others wait for a pane";
     EXPECT_EQ(value("lookThru -q modelPanel4"), "persp");
-    action("Two Panes")->trigger();
+    action("Two Views")->trigger();
     EXPECT_EQ(value("workbenchView -q -panes"), "2");
     EXPECT_EQ(value("modelPanel -q -camera modelPanel1"), "top");
     EXPECT_EQ(window->viewports().views().size(), 2u);
@@ -384,6 +473,8 @@ TEST_F(MainWindow, ScriptsArrangeItsPanes)
     EXPECT_EQ(value("$panes = $gMainPane"), "viewPanes");
     EXPECT_EQ(value("paneLayout -q -childArray $gMainPane"), "modelPanel4 modelPanel1 modelPanel2 modelPanel3");
     EXPECT_EQ(value("modelPanel -q -control modelPanel4"), "MayaWindow|viewPanes|modelPanel4");
+    EXPECT_EQ(host->ui().findControl("MayaWindow|viewPanes|modelPanel4"), host->ui().findControl("modelPanel4"));
+    EXPECT_EQ(host->ui().findControl("MayaWindow|otherPanes|modelPanel4"), nullptr);
     host->run("paneLayout -e -configuration quad $gMainPane");
     EXPECT_EQ(window->viewports().views().size(), 4u);
     EXPECT_EQ(value("workbenchView -q -panes"), "4");

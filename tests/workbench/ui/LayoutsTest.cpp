@@ -104,6 +104,32 @@ TEST_F(LayoutsTest, ChildrenChangePanesAndGo)
     EXPECT_FALSE(run("paneLayout -e -setPane a 3 panes"));
 }
 
+TEST_F(LayoutsTest, AnArrangementOfPanesComesBackAsItWasDragged)
+{
+    run("window w; paneLayout -configuration quad panes; button a; button b; button c; button d");
+    for (const char* name : {"a", "b", "c", "d"}) {
+        widget(name)->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+        widget(name)->setMinimumSize(1, 1);
+    }
+    show("w");
+    run("paneLayout -e -paneSize 1 30 25 panes");
+    QCoreApplication::processEvents();
+    const QSize dragged = widget("a")->size();
+    auto* const panes = widget<ui::PaneLayout>("panes");
+    const ui::PaneLayout::Arrangement before = panes->arrangement();
+    panes->setArrangement({"single", {widget("c")}, {}});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(value("paneLayout -q -childArray panes"), "c a b d");
+    EXPECT_EQ(widget("c")->size(), panes->size());
+    EXPECT_FALSE(widget("a")->isVisible());
+    run("deleteUI b; setParent panes; button e");
+    panes->setArrangement(before);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(value("paneLayout -q -childArray panes"), "a c d e") << "what is new stands last";
+    EXPECT_EQ(value("paneLayout -q -configuration panes"), "quad");
+    EXPECT_EQ(widget("a")->size(), dragged);
+}
+
 TEST_F(LayoutsTest, ColumnsAndRowsSizeTheirChildren)
 {
     run("window w; columnLayout column; button -label x narrow; columnLayout -adjustableColumn 1 -parent column inner;"

@@ -3,6 +3,7 @@
 #include "view/Viewport.h"
 
 #include <QApplication>
+#include <QMenuBar>
 #include <QMouseEvent>
 #include <QPointer>
 
@@ -74,6 +75,7 @@ TEST_F(PanelsTest, AViewInAnotherWindowIsOneOfTheHosts)
     EXPECT_TRUE(widget("tools")->isAncestorOf(floating()));
     EXPECT_EQ(value("modelPanel -q -camera floating"), "top");
     EXPECT_EQ(value("modelPanel -q -control floating"), "tools|panes|floating");
+    EXPECT_EQ(widget("tools|panes|floating"), widget("floating"));
     EXPECT_EQ(value("modelPanel -q -modelEditor floating"), "floating");
     EXPECT_EQ(value("paneLayout -q -childArray panes"), "floating");
     EXPECT_EQ(value("getPanel -type modelPanel"), "floating");
@@ -237,6 +239,25 @@ TEST_F(PanelsTest, EditorsSwitchWhatTheirViewShows)
     }
     EXPECT_FALSE(run("modelEditor -e -rendererName nonsense floating"));
     EXPECT_FALSE(run("modelEditor other"));
+}
+
+TEST_F(PanelsTest, MenusStandAboveTheViewUnlessTheyAreHidden)
+{
+    EXPECT_EQ(value("menu -label Shot -parent floating shot"), "floating|shot");
+    auto* const bar = widget("floating")->findChild<QMenuBar*>();
+    ASSERT_NE(bar, nullptr);
+    EXPECT_EQ(bar->actions(), QList<QAction*>{menu("shot")->menuAction()});
+    run("showWindow tools");
+    QCoreApplication::sendPostedEvents();
+    EXPECT_GT(bar->height(), 0);
+    EXPECT_LE(bar->geometry().bottom(), floating()->geometry().top());
+    const int height = floating()->height();
+    run("modelPanel -e -menuBarVisible 0 floating");
+    EXPECT_EQ(value("modelPanel -q -menuBarVisible floating"), "0");
+    QCoreApplication::sendPostedEvents();
+    EXPECT_GT(floating()->height(), height) << "the view has its room";
+    run("deleteUI -panel floating");
+    EXPECT_EQ(value("menu -exists shot"), "0");
 }
 
 TEST_F(PanelsTest, ToolContextsAreDeletedByName)

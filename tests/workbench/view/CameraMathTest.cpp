@@ -122,6 +122,109 @@ TEST(CameraMath, PanMovesTheFilmBackAndZoomMagnifiesAroundIt)
     EXPECT_GT(view::frustumOf(lens, 200, 100).width(), 0);
 }
 
+namespace {
+
+struct GateCase {
+    Lens::Fit fit;
+    bool orthographic;
+    int portWidth, portHeight;
+    double aspect;
+    double left, bottom, width, height;
+};
+
+void expectRect(const view::PortRect& rect, const GateCase& c, const char* what)
+{
+    const auto which = testing::Message() << what << ", fit " << int(c.fit) << (c.orthographic ? " flat " : " deep ")
+                                          << c.portWidth << " x " << c.portHeight << " aspect " << c.aspect;
+    EXPECT_NEAR(rect.left, c.left, 1e-6) << which;
+    EXPECT_NEAR(rect.bottom, c.bottom, 1e-6) << which;
+    EXPECT_NEAR(rect.width, c.width, 1e-6) << which;
+    EXPECT_NEAR(rect.height, c.height, 1e-6) << which;
+}
+
+}  // namespace
+
+TEST(CameraMath, GatesStandInTheFilmAsTheFitSays)
+{
+    using Fit = Lens::Fit;
+    const GateCase cases[] = {
+        // the film is 2 x 1; in a port of its aspect it is all there is
+        {Fit::Fill, false, 400, 200, 2, 0, 0, 400, 200},
+        {Fit::Fill, false, 400, 200, 1.5, 50, 0, 300, 200},
+        {Fit::Fill, false, 400, 200, 4, 0, 50, 400, 100},
+        {Fit::Horizontal, false, 400, 200, 1.6, 0, -25, 400, 250},
+        {Fit::Vertical, false, 400, 200, 4, -200, 0, 800, 200},
+        {Fit::Overscan, false, 400, 200, 1.6, 0, -25, 400, 250},
+        {Fit::Overscan, false, 400, 200, 4, -200, 0, 800, 200},
+        // a tall port shows a part of the film, or more than it
+        {Fit::Fill, false, 100, 200, 2, -150, 0, 400, 200},
+        {Fit::Fill, false, 100, 200, 1, -50, 0, 200, 200},
+        {Fit::Horizontal, false, 100, 200, 2, 0, 75, 100, 50},
+        {Fit::Vertical, false, 100, 200, 1, -50, 0, 200, 200},
+        {Fit::Overscan, false, 100, 200, 2, 0, 75, 100, 50},
+        {Fit::Overscan, false, 100, 200, 1, 0, 50, 100, 100},
+        // so does a wide one
+        {Fit::Fill, false, 400, 100, 2, 0, -50, 400, 200},
+        {Fit::Vertical, false, 400, 100, 2, 100, 0, 200, 100},
+        {Fit::Overscan, false, 400, 100, 1, 100, -50, 200, 200},
+        // without perspective: as wide as the film for fill, as high for overscan
+        {Fit::Fill, true, 400, 200, 1, 0, -100, 400, 400},
+        {Fit::Horizontal, true, 100, 200, 2, 0, 75, 100, 50},
+        {Fit::Vertical, true, 100, 200, 1, -50, 0, 200, 200},
+        {Fit::Overscan, true, 400, 200, 1, 100, 0, 200, 200},
+    };
+    for (GateCase c : cases) {
+        Lens lens = wideLens(c.fit);
+        lens.orthographic = c.orthographic;
+        expectRect(view::gateRect(lens, c.portWidth, c.portHeight, c.aspect), c, "plain");
+
+        lens.overscan = 2;
+        const GateCase half = {c.fit,
+                               c.orthographic,
+                               c.portWidth,
+                               c.portHeight,
+                               c.aspect,
+                               (c.left + c.portWidth / 2.0) / 2,
+                               (c.bottom + c.portHeight / 2.0) / 2,
+                               c.width / 2,
+                               c.height / 2};
+        expectRect(view::gateRect(lens, c.portWidth, c.portHeight, c.aspect), half, "overscan 2");
+    }
+}
+
+TEST(CameraMath, GatesGoWithThePictureThatIsPannedAndZoomed)
+{
+    for (const bool orthographic : {false, true}) {
+        Lens lens = wideLens(Lens::Fit::Overscan);
+        lens.orthographic = orthographic;
+        lens.overscan = 1.3;
+        lens.panZoom = true;
+        lens.horizontalPan = 0.4;
+        lens.verticalPan = -0.2;
+        lens.zoom = 0.7;
+        // The corner of the film, an inch and half an inch from its middle, 20 units away.
+        const kernel::Vector3 corner = orthographic ? kernel::Vector3{15, 7.5, -20} : kernel::Vector3{20, 10, -20};
+        for (const int portWidth : {640, 100}) {
+            const Pixel seen = pixelOf(lens, portWidth, 300, corner);
+            const view::PortRect film = view::gateRect(lens, portWidth, 300, 2);
+            EXPECT_NEAR(film.left + film.width, seen.x, 1e-6);
+            EXPECT_NEAR(film.bottom + film.height, seen.y, 1e-6);
+        }
+    }
+}
+
+TEST(CameraMath, AGateOfAPortOrFilmThatIsNoneIsStillARectangle)
+{
+    for (const int side : {0, 1}) {
+        Lens lens = wideLens(Lens::Fit::Fill);
+        lens.verticalAperture = 1e-4;
+        const view::PortRect rect = view::gateRect(lens, side, side, 1.78);
+        EXPECT_TRUE(std::isfinite(rect.left) && std::isfinite(rect.bottom));
+        EXPECT_GT(rect.width, 0);
+        EXPECT_GT(rect.height, 0);
+    }
+}
+
 TEST(CameraMath, NearAndFarPlanesAreTheEndsOfClipSpace)
 {
     for (const bool orthographic : {false, true}) {

@@ -136,3 +136,53 @@ TEST_F(CameraMoves, OnlyCamerasOfTheScenesOwnMakeItCountAsChanged)
     EXPECT_EQ(transform->number("translateX"), 0) << "locked";
     EXPECT_DOUBLE_EQ(transform->number("translateY"), 4);
 }
+
+TEST_F(CameraMoves, PanningByAPixelMovesThePictureByOne)
+{
+    for (const char* name : {"persp", "top"}) {
+        kernel::Node& shape = camera(name);
+        shape.setValue(*shape.attribute("zoom"), 0.5);
+        for (const bool wasOn : {false, true}) {
+            view::applyPanZoom(session.scene, shape, view::panZoomOf(shape));
+            const view::PortRect before = view::gateRect(view::lensOf(shape), 640, 360, 1.5);
+            shape.setValue(*shape.attribute("panZoomEnabled"), double(wasOn));
+            const double inches = view::inchesPerPixel(view::lensOf(shape), 640, 360);
+            view::applyPanZoom(session.scene, shape, view::panned(view::panZoomOf(shape), -30 * inches, 7 * inches));
+            const view::PortRect after = view::gateRect(view::lensOf(shape), 640, 360, 1.5);
+            EXPECT_NEAR(after.left - before.left, 30, 1e-6) << name;
+            EXPECT_NEAR(after.bottom - before.bottom, -7, 1e-6) << name;
+            EXPECT_NEAR(after.width, before.width, 1e-6) << name;
+        }
+    }
+    EXPECT_FALSE(session.scene.isModified()) << "looking around";
+}
+
+TEST_F(CameraMoves, ZoomingStaysWithinWhatIsOfUse)
+{
+    EXPECT_DOUBLE_EQ(view::zoomed({0.3, 0.1, 1}, 0.5).zoom, 0.5);
+    EXPECT_DOUBLE_EQ(view::zoomed({0.3, 0.1, 1}, 0.5).horizontalPan, 0.3) << "around the middle of the view";
+    EXPECT_DOUBLE_EQ(view::zoomed({0, 0, 0.02}, 1e-9).zoom, 0.01);
+    EXPECT_DOUBLE_EQ(view::zoomed({0, 0, 2}, 1e9).zoom, 10);
+}
+
+TEST_F(CameraMoves, PanAndZoomLeaveLockedAttributesAlone)
+{
+    kernel::Node& persp = camera("persp");
+    const auto lock = [&](const char* name) {
+        kernel::PlugFlags flags = persp.flags(*persp.attribute(name));
+        flags.locked = true;
+        persp.setFlags(*persp.attribute(name), flags);
+    };
+    lock("zoom");
+    view::applyPanZoom(session.scene, persp, {0.5, 0.25, 0.1});
+    EXPECT_DOUBLE_EQ(persp.number("zoom"), 1);
+    EXPECT_DOUBLE_EQ(persp.number("verticalPan"), 0.25);
+    EXPECT_DOUBLE_EQ(persp.number("panZoomEnabled"), 1);
+
+    kernel::Node& front = camera("front");
+    kernel::PlugFlags flags = front.flags(*front.attribute("panZoomEnabled"));
+    flags.locked = true;
+    front.setFlags(*front.attribute("panZoomEnabled"), flags);
+    view::applyPanZoom(session.scene, front, {0.5, 0.25, 0.1});
+    EXPECT_DOUBLE_EQ(front.number("horizontalPan"), 0) << "nobody would see it move";
+}

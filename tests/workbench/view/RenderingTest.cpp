@@ -221,3 +221,69 @@ TEST_F(Rendering, OptionsLeaveOutWhatTheyNameAndNothingElse)
     EXPECT_EQ(nameless.copy(aboveTheName), everything.copy(aboveTheName));
     EXPECT_NE(shown(&view::ViewOptions::grid, false).copy(aboveTheName), everything.copy(aboveTheName));
 }
+
+TEST_F(Rendering, GatesAreDrawnWhereTheCameraAsksForThem)
+{
+    kernel::Node& camera = *viewport->camera();
+    const auto set = [&](kernel::Node& node, const char* name, double value) {
+        node.setValue(*node.attribute(name), value);
+    };
+    const QColor line(0x5f, 0x8f, 0x5f);
+    set(camera, "filmFit", 1);  // the film, 1.5 wide, is the port
+    set(*session.scene.findOne("defaultResolution"), "height", 480);
+    set(camera, "displayFilmGate", 1);
+    QImage shown = picture(nullptr);
+    expectNear(at(shown, 0, 80), line, "left side of the film gate");
+    expectNear(at(shown, kWidth - 1, 40), line, "right side");
+    expectNear(at(shown, 30, kHeight - 1), line, "upper side");
+    set(camera, "displayFilmGate", 0);
+    EXPECT_EQ(picture(nullptr), empty);
+
+    // 960 x 480, 2 wide: 240 x 120 of 240 x 160
+    set(camera, "displayResolution", 1);
+    shown = picture(nullptr);
+    expectNear(at(shown, 30, 20), line, "lower side of the render gate");
+    expectNear(at(shown, 30, 139), line, "upper side");
+    EXPECT_EQ(at(shown, 30, 10), at(empty, 30, 10)) << "nothing is dimmed yet";
+    EXPECT_NE(shown.copy(80, 4, 80, 16), empty.copy(80, 4, 80, 16)) << "the size stands above it";
+    set(camera, "displayGateMask", 1);
+    set(camera, "displayGateMaskOpacity", 1);
+    shown = picture(nullptr);
+    expectNear(at(shown, 30, 10), QColor(0x30, 0x30, 0x30), "outside of the gate");
+    EXPECT_EQ(at(shown, 30, 30), at(empty, 30, 30));
+    set(*session.scene.findOne("defaultResolution"), "pixelAspect", 2);
+    EXPECT_EQ(at(picture(nullptr), 30, 30), QColor(0x30, 0x30, 0x30)) << "4 wide: 60 high";
+}
+
+TEST_F(Rendering, GatesOfAViewOfOnePixelAndACameraOfNonsenseAreDrawn)
+{
+    kernel::Node& camera = *viewport->camera();
+    const std::pair<const char*, double> values[] = {
+        {"displayFilmGate", 1},  {"displayResolution", 1},    {"displayGateMask", 1}, {"displaySafeAction", 1},
+        {"displaySafeTitle", 1}, {"verticalFilmAperture", 0}, {"overscan", 0},        {"zoom", 0},
+        {"panZoomEnabled", 1},   {"horizontalPan", 1e30}};
+    for (const auto& value : values) {
+        camera.setValue(*camera.attribute(value.first), value.second);
+    }
+    EXPECT_EQ(picture(nullptr).size(), QSize(kWidth, kHeight));
+    viewport->resize(1, 1);
+    EXPECT_EQ(picture(nullptr).size(), QSize(1, 1));
+}
+
+TEST_F(Rendering, AViewOutOfSightIsNotPainted)
+{
+    int frames = 0;
+    QObject::connect(viewport, &QOpenGLWidget::frameSwapped, [&frames] { ++frames; });
+    kernel::Node& camera = *viewport->camera();
+    const auto touch = [&] {
+        camera.setValue(*camera.attribute("focalLength"), camera.number("focalLength") + 1);
+        viewport->refresh(true);
+        QCoreApplication::processEvents();
+    };
+    touch();
+    EXPECT_GT(frames, 0);
+    viewport->hide();
+    frames = 0;
+    touch();
+    EXPECT_EQ(frames, 0);
+}

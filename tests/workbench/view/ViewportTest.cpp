@@ -218,6 +218,43 @@ TEST_F(ViewportTest, AltDragsMoveTheCamera)
     EXPECT_FALSE(session.undo.canUndo());
 }
 
+TEST_F(ViewportTest, WithTheirKeyHeldDragsAndTheWheelMoveThePicture)
+{
+    const auto number = [&](const char* attribute) { return shape("persp").number(attribute); };
+    const auto before = pose("persp");
+    views.panZoomKey().press();
+    drag(persp, {100, 100}, {160, 130}, Qt::MidButton);
+    EXPECT_EQ(number("panZoomEnabled"), 1);
+    EXPECT_LT(number("horizontalPan"), 0) << "the film goes left under a picture that goes right";
+    EXPECT_GT(number("verticalPan"), 0);
+    drag(persp, {100, 100}, {180, 100}, Qt::RightButton);
+    const double near = number("zoom");
+    EXPECT_LT(near, 1) << "to the right is nearer";
+    QWheelEvent wheel(QPointF(50, 50), QPointF(50, 50), QPoint(), QPoint(0, -240), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(persp, &wheel);
+    EXPECT_GT(number("zoom"), near);
+    EXPECT_TRUE(log.isEmpty()) << log.join(", ").toStdString();
+    EXPECT_EQ(pose("persp"), before);
+    EXPECT_FALSE(session.scene.isModified());
+    EXPECT_FALSE(session.undo.canUndo());
+    EXPECT_FALSE(views.panZoomKey().release()) << "it was no tap";
+
+    drag(persp, {100, 100}, {160, 130}, Qt::MidButton);
+    EXPECT_EQ(log.filter("drag").size(), 1) << "the tool's again";
+}
+
+TEST_F(ViewportTest, TheLeftButtonIsTheToolsWhateverKeyIsHeld)
+{
+    views.panZoomKey().press();
+    drag(persp, {100, 100}, {160, 130}, Qt::LeftButton);
+    EXPECT_EQ(log.filter("drag").size(), 1);
+    EXPECT_EQ(shape("persp").number("panZoomEnabled"), 0);
+    views.panZoomKey().press();
+    EXPECT_TRUE(views.panZoomKey().release());
+    EXPECT_FALSE(views.panZoomKey().release()) << "it was not held";
+}
+
 TEST_F(ViewportTest, FlatViewsDoNotOrbitAndDollyByTheirWidth)
 {
     const auto before = pose("top");
