@@ -10,6 +10,7 @@
 #include <vector>
 
 class QLabel;
+class QLayout;
 
 namespace ui {
 class PaneLayout;
@@ -63,6 +64,7 @@ private:
     void buildMenus();
     void buildViews();
     void buildLines();
+    QLayout* makeTimeLine();
     void listen();
     void showTool();
     void showHelp(const QString& text);

@@ -1,7 +1,7 @@
 #include "app/MainWindow.h"
 
 #include "api/Tools.h"
-#include "app/TimeField.h"
+#include "app/RateBox.h"
 #include "support/HostFixture.h"
 #include "ui/MenuItem.h"
 #include "view/Viewport.h"
