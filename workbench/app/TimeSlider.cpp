@@ -14,6 +14,8 @@ namespace {
 constexpr int kHeight = 34;
 constexpr double kLeastTickGap = 4;     // px
 constexpr double kLeastNumberGap = 16;  // px between two numbers
+constexpr int kShortTick = 5;           // px
+constexpr int kNumberIndent = 3;        // px right of its tick
 constexpr double kGrip = 6;             // px at each end of a highlighted block
 constexpr int kLeastMarker = 2;         // px
 const QColor kBlockColour("#d65a4a");
@@ -69,24 +71,24 @@ void TimeSlider::paintEvent(QPaintEvent* event)
 void TimeSlider::drawFrames(QPainter& painter, const QRect& shown) const
 {
     const TimeScale scale = this->scale();
-    const int tickInterval = scale.interval(kLeastTickGap);
     const QFontMetrics metrics(font());
-    const double widest = std::max(metrics.horizontalAdvance(numberOf(std::floor(scale.range.first))),
-                                   metrics.horizontalAdvance(numberOf(std::floor(scale.range.last))));
-    const int numberInterval = std::max(tickInterval, scale.interval(widest + kLeastNumberGap));
-    const int top = metrics.height() + 1;
-    const int longTick = height() * 2 / 3 - top;
-    const auto firstMultiple = [](int interval, double from) { return std::ceil(from / interval) * interval; };
+    const int widest = std::max(metrics.horizontalAdvance(numberOf(std::floor(scale.range.first))),
+                                metrics.horizontalAdvance(numberOf(std::floor(scale.range.last))));
+    const int tickInterval = scale.interval(kLeastTickGap);
+    const int numberInterval = scale.interval(widest + kLeastNumberGap);
+    const int bottom = height() * 2 / 3;
     // Numbers that begin left of what is to be drawn may reach into it.
-    const double from = std::max<double>(scale.range.first, scale.frameAt(shown.left() - widest - 4));
-    const double end = std::min(scale.range.last, double(scale.frameAt(shown.right() + 1)));
-    painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
-    for (double frame = firstMultiple(tickInterval, from); frame <= end; frame += tickInterval) {
-        const bool isNumbered = std::fmod(frame, numberInterval) == 0;
-        painter.fillRect(QRectF(std::round(scale.x(frame)), top, 1, isNumbered ? longTick : longTick / 2),
-                         palette().color(QPalette::Midlight));
+    const int from = scale.frameAt(shown.left() - widest - kNumberIndent);
+    const int last = scale.frameAt(shown.right() + 1);
+    painter.setPen(palette().color(QPalette::Text).darker(130));
+    for (qint64 frame = qint64(std::ceil(double(from) / tickInterval)) * tickInterval; frame <= last;
+         frame += tickInterval) {
+        const bool isNumbered = frame % numberInterval == 0;
+        const int x = int(std::round(scale.x(double(frame))));
+        const int top = isNumbered ? 3 : bottom - kShortTick;
+        painter.fillRect(x, top, 1, bottom - top, palette().color(QPalette::Midlight));
         if (isNumbered) {
-            painter.drawText(QPointF(std::round(scale.x(frame)) + 2, metrics.ascent()), numberOf(frame));
+            painter.drawText(x + kNumberIndent, metrics.ascent() + 1, QString::number(frame));
         }
     }
 }
@@ -136,12 +138,13 @@ void TimeSlider::drawMarker(QPainter& painter) const
 
     const QFontMetrics metrics(font());
     const QString number = numberOf(std::floor(now));
-    const int width = metrics.horizontalAdvance(number) + 6;
-    // The number stands right of the marker, and left of it at the slider's end.
-    const double at = cell.right() + width <= this->width() ? cell.right() : left - width;
-    painter.fillRect(QRectF(at, 0, width, metrics.height() + 1), palette().color(QPalette::Highlight));
+    const double width = metrics.horizontalAdvance(number) + 2 * kNumberIndent;
+    // The number stands where the ruler's would, and left of that at the slider's end.
+    const double at = left + width <= this->width() ? left : left - width;
+    painter.fillRect(QRectF(at, 0, std::max(width, at < left ? 0 : cell.width()), metrics.height() + 2),
+                     palette().color(QPalette::Highlight));
     painter.setPen(palette().color(QPalette::HighlightedText));
-    painter.drawText(QPointF(at + 3, metrics.ascent()), number);
+    painter.drawText(QPointF(at + kNumberIndent, metrics.ascent() + 1), number);
 }
 
 QRect TimeSlider::markerRect() const
@@ -239,7 +242,11 @@ void TimeSlider::dragTo(int frameNumber)
             {double(std::min(m_pressedAt, frameNumber)), std::max(m_pressedAt, frameNumber) + 1.0});
         update();
         return;  // the time stays
-    case Drag::MoveBlock: moveBlock(frameNumber - m_pressedAt); break;
+    case Drag::MoveBlock: {
+        const int by = frameNumber - m_pressedAt;
+        scene.highlightSliderRange({m_blockBefore.first + by, m_blockBefore.last + by});
+        break;
+    }
     case Drag::BlockStart:
         scene.highlightSliderRange({std::min<double>(frameNumber, m_blockBefore.last - 1), m_blockBefore.last});
         break;
@@ -247,20 +254,12 @@ void TimeSlider::dragTo(int frameNumber)
         scene.highlightSliderRange({m_blockBefore.first, std::max(frameNumber + 1.0, m_blockBefore.first + 1)});
         break;
     }
+    if (m_drag != Drag::Scrub) {
+        update();
+    }
     // Whoever hears of the time finds the block where it is now.
-    scrubTo(frameNumber);
-}
-
-void TimeSlider::moveBlock(int by)
-{
-    m_session.scene.highlightSliderRange({m_blockBefore.first + by, m_blockBefore.last + by});
-    update();
-}
-
-void TimeSlider::scrubTo(int frameNumber)
-{
-    if (m_session.scene.currentTime().value != frameNumber) {
-        m_session.scene.setCurrentTime({double(frameNumber), m_session.scene.timeUnit()});
+    if (scene.currentTime().value != frameNumber) {
+        scene.setCurrentTime({double(frameNumber), scene.timeUnit()});
     }
 }
 

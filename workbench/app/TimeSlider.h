@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace app {
 
@@ -36,8 +37,6 @@ private:
     TimeScale scale() const { return {m_session.scene.playbackRange(), width()}; }
     Drag dragAt(const QPointF& at, Qt::KeyboardModifiers modifiers) const;
     void dragTo(int frameNumber);
-    void moveBlock(int by);
-    void scrubTo(int frameNumber);
     void endDrag();
     void showTime();
     QRect markerRect() const;

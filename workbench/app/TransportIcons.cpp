@@ -60,7 +60,6 @@ Shape shapeOf(TransportIcon which)
     case TransportIcon::Continuous:
         shape.lines.arcMoveTo(4, 4, 16, 16, 60);
         shape.lines.arcTo(4, 4, 16, 16, 60, 300);
-        addHead(shape.lines, {20, 12}, 0);
         shape.lines.moveTo(16.5, 9.5);
         shape.lines.lineTo(20, 12.5);
         shape.lines.lineTo(22.5, 8.5);

@@ -159,6 +159,9 @@ TEST_F(HotKeys, PlayAndStop)
     press(Qt::Key_V, Qt::AltModifier);
     EXPECT_EQ(value("play -q -state"), "0");
     EXPECT_THAT(echoed, testing::ElementsAre("play -state on", "play -state off"));
+    run("currentTime 20");
+    press(Qt::Key_V, Qt::AltModifier | Qt::ShiftModifier);
+    EXPECT_EQ(value("currentTime -q"), "1");
 }
 
 TEST_F(HotKeys, EscapeStopsPlaybackFirst)
