@@ -3,6 +3,7 @@
 #include <QSignalBlocker>
 #include <QTimer>
 
+#include <algorithm>
 #include <cmath>
 
 namespace app {
@@ -81,7 +82,7 @@ double TimeField::time() const
 void TimeField::showTime()
 {
     const QSignalBlocker quiet(this);
-    setValue(int(std::floor(time())));
+    setValue(int(std::floor(std::min<double>(std::max<double>(time(), -kFarthest), kFarthest))));
 }
 
 }  // namespace app

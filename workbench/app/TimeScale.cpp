@@ -7,14 +7,16 @@ namespace app {
 
 namespace {
 
+constexpr double kFarthest = 1e9;  // a frame that can be pointed at
 constexpr int kWidestInterval = 500000000;
 
 }  // namespace
 
 int TimeScale::frameAt(double x) const
 {
-    const double first = std::ceil(range.first);
-    const double last = std::max(first, std::floor(range.last));
+    const auto reachable = [](double frame) { return std::min(std::max(frame, -kFarthest), kFarthest); };
+    const double first = reachable(std::ceil(range.first));
+    const double last = std::max(first, reachable(std::floor(range.last)));
     const double frame = std::floor(range.first + (x - 0.005 * width) / cell());
     return int(std::min(std::max(frame, first), last));
 }

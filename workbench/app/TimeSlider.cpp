@@ -62,8 +62,8 @@ void TimeSlider::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
     painter.fillRect(event->rect(), palette().color(QPalette::Base));
-    drawFrames(painter, event->rect());
     drawBlock(painter);
+    drawFrames(painter, event->rect());
     drawMarker(painter);
     m_marker = markerRect();
 }

@@ -72,6 +72,7 @@ TEST(TimeScale, EveryFrameHasItsCellInTheWidth)
     EXPECT_EQ((TimeScale{{1.5, 3.5}, 1000}.frameAt(0)), 2) << "whole frames of the range only";
     EXPECT_EQ((TimeScale{{1.5, 3.5}, 1000}.frameAt(999)), 3);
     EXPECT_EQ((TimeScale{{7, 7}, 1000}.frameAt(500)), 7);
+    EXPECT_EQ((TimeScale{{-1e15, 1e15}, 1000}.frameAt(999)), 1000000000) << "and those that can be counted";
 }
 
 TEST(TimeScale, NumbersAreFarEnoughApart)
