@@ -327,6 +327,11 @@ bool MainWindow::event(QEvent* event)
 
 void MainWindow::keyPressEvent(QKeyEvent* event)
 {
+    // While it plays, that is what the user wants to end, wherever the keys go.
+    if (event->key() == Qt::Key_Escape && m_session.playback.isPlaying()) {
+        runAction("play -state off");
+        return;
+    }
     // A field hands on the keys it has no use for; they are still not meant for the tool.
     if (isTyping() || !(finishTool(event->key()) || m_hotKeys->press(*event))) {
         QMainWindow::keyPressEvent(event);
@@ -345,23 +350,13 @@ bool MainWindow::finishTool(int key)
     switch (key) {
     case Qt::Key_Return:
     case Qt::Key_Enter: api::ToolBox::instance().complete(); break;
-    case Qt::Key_Escape: abortTool(); break;
+    case Qt::Key_Escape: api::ToolBox::instance().abort(); break;
     case Qt::Key_Backspace:
     case Qt::Key_Delete: deleteSelected(); break;
     default: return false;
     }
     ScheduleStatus();
     return true;
-}
-
-void MainWindow::abortTool()
-{
-    // While it plays, that is what the user wants to end.
-    if (m_session.events.condition("playingBack")) {
-        runAction("play -state off");
-    } else {
-        api::ToolBox::instance().abort();
-    }
 }
 
 void MainWindow::deleteSelected()

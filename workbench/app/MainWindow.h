@@ -70,7 +70,6 @@ private:
     void showHelp(const QString& text);
     void showUndoState();
     bool finishTool(int key);
-    void abortTool();
     void deleteSelected();
     bool isTyping() const;
 

@@ -212,6 +212,9 @@ TEST_F(HotKeys, AreNotForTextFields)
     pressKey(time, Qt::Key_Period, Qt::AltModifier);
     pressKey(time, Qt::Key_Escape);
     EXPECT_TRUE(echoed.empty());
+    session().playback.start();
+    pressKey(time, Qt::Key_Escape);
+    EXPECT_FALSE(session().playback.isPlaying()) << "but this is for everywhere";
     time->clearFocus();
     pressKey(&window(), Qt::Key_W);
     EXPECT_EQ(value("currentCtx"), "moveSuperContext");
