@@ -15,8 +15,7 @@ namespace app {
 
 namespace {
 
-constexpr int kButton = 24;
-constexpr int kIcon = 20;
+constexpr int kButton = 24;     // the grid of the icons, whose margin is the button's
 constexpr double kSlow = 0.95;  // of the rate asked for; what is below loses frames one can see
 
 using Loop = kernel::Playback::Loop;
@@ -115,7 +114,7 @@ QToolButton* TransportBar::addButton(const char* name, const QString& toolTip, c
     button->setObjectName(name);
     button->setToolTip(toolTip);
     button->setFixedSize(kButton, kButton);
-    button->setIconSize(QSize(kIcon, kIcon));
+    button->setIconSize(QSize(kButton, kButton));
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::NoFocus);  // keys stay with the tool
     connect(button, SIGNAL(clicked()), this, slot);

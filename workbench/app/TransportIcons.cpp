@@ -58,11 +58,11 @@ Shape shapeOf(TransportIcon which)
         addLine(shape.lines, {20.5, 6}, {20.5, 18});
         break;
     case TransportIcon::Continuous:
-        shape.lines.arcMoveTo(4, 4, 16, 16, 60);
-        shape.lines.arcTo(4, 4, 16, 16, 60, 300);
-        shape.lines.moveTo(16.5, 9.5);
-        shape.lines.lineTo(20, 12.5);
-        shape.lines.lineTo(22.5, 8.5);
+        shape.lines.arcMoveTo(4, 5, 14, 14, -60);
+        shape.lines.arcTo(4, 5, 14, 14, -60, -300);
+        shape.lines.moveTo(14.5, 9.5);
+        shape.lines.lineTo(18, 13);
+        shape.lines.lineTo(21.5, 9.5);
         break;
     case TransportIcon::Oscillate:
         addLine(shape.lines, {4, 12}, {20, 12});

@@ -17,7 +17,8 @@ enum class TransportIcon {
     Oscillate,
 };
 
-/// Drawn as lines and areas on a grid of 24: light grey, white under the pointer. For any size up to 2 x 24 pixels.
+/// Drawn as lines and areas on a grid of 24 with a margin of 2: light grey, white under the pointer. Sharp at 24
+/// pixels, and at 48.
 QIcon transportIcon(TransportIcon which);
 
 }  // namespace app
