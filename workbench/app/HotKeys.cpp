@@ -37,6 +37,7 @@ const HotKeys::Row HotKeys::kRows[] = {
     {Qt::Key_F, "viewFit", nullptr, false},
     {Qt::Key_A, "viewFit -all", nullptr, false},
     {Qt::ALT | Qt::Key_V, nullptr, &HotKeys::playback, false},
+    {Qt::ALT | Qt::SHIFT | Qt::Key_V, "currentTime `playbackOptions -q -min`", nullptr, false},
     {Qt::ALT | Qt::Key_Period, "currentTime (`currentTime -q` + `playbackOptions -q -by`)", nullptr, true},
     {Qt::ALT | Qt::Key_Comma, "currentTime (`currentTime -q` - `playbackOptions -q -by`)", nullptr, true},
 };

@@ -10,6 +10,8 @@
 #include "app/PlaybackRunner.h"
 #include "app/ScriptShell.h"
 #include "app/TimeField.h"
+#include "app/TimeSlider.h"
+#include "app/TransportBar.h"
 #include "app/ViewLayouts.h"
 #include "app/WindowCommands.h"
 #include "ui/MenuItem.h"
@@ -71,12 +73,12 @@ MainWindow::MainWindow(Host& host) : m_host(host), m_session(host.session())
     m_hotKeys = std::make_unique<HotKeys>(m_session, run);
     m_files = new FileActions(m_session, this, run);
     buildViews();
+    m_playback = std::make_unique<PlaybackRunner>(m_session, m_viewports.get());
     buildLines();
     buildMenus();
     m_commands = std::make_unique<WindowCommands>(m_session, *this, m_host.ui());
     m_ports = std::make_unique<CommandPorts>(m_session);
     m_idle = std::make_unique<IdleRunner>(m_session);
-    m_playback = std::make_unique<PlaybackRunner>(m_session);
     listen();
     ShowStatus();
 }
@@ -125,10 +127,8 @@ void MainWindow::buildLines()
     m_help->setMinimumSize(80, 22);
     m_help->setContentsMargins(3, 0, 6, 0);  // in line with the text of the field below
     m_help->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    auto* const time = new TimeField(m_session, run);
-    ui::UiObjects& ui = m_host.ui();
-    const ui::UiObject& slider = ui.add(ui::Kind::Control, "timeControl", "timeControl1", ui.mainWindowObject(), time);
-    m_session.script().setGlobalString("gPlayBackSlider", ui::UiObjects::path(slider));
+    auto* const transport = new TransportBar(m_session, run);
+    connect(m_playback.get(), SIGNAL(RateMeasured(double)), transport, SLOT(ShowRate(double)));
 
     auto* const whole = new QWidget;
     auto* const layout = new QGridLayout(whole);
@@ -138,15 +138,33 @@ void MainWindow::buildLines()
     layout->addWidget(m_panes, 0, 0, 1, 2);
     layout->setRowStretch(0, 1);
     layout->setColumnStretch(0, 1);
-    layout->addWidget(m_help, 1, 0);
-    layout->addWidget(time, 1, 1);
+    layout->addLayout(makeTimeLine(), 1, 0, 1, 2);
+    layout->addWidget(m_help, 2, 0);
+    layout->addWidget(transport, 2, 1);
     auto* const lines = new QHBoxLayout;
     lines->setSpacing(4);
     lines->addWidget(command, 2);
     lines->addWidget(messages, 3);
     lines->addWidget(m_scripts->makeButton());
-    layout->addLayout(lines, 2, 0, 1, 2);
+    layout->addLayout(lines, 3, 0, 1, 2);
     setCentralWidget(whole);
+}
+
+QLayout* MainWindow::makeTimeLine()
+{
+    const auto run = [this](const std::string& text) { return runAction(text); };
+    auto* const slider = new TimeSlider(m_session, run);
+    ui::UiObjects& ui = m_host.ui();
+    const ui::UiObject& control =
+        ui.add(ui::Kind::Control, "timeControl", "timeControl1", ui.mainWindowObject(), slider);
+    m_session.script().setGlobalString("gPlayBackSlider", ui::UiObjects::path(control));
+
+    auto* const line = new QHBoxLayout;
+    line->setSpacing(4);
+    line->addWidget(new TimeField(m_session, TimeField::Shows::RangeStart, run));
+    line->addWidget(slider, 1);
+    line->addWidget(new TimeField(m_session, TimeField::Shows::RangeEnd, run));
+    return line;
 }
 
 void MainWindow::buildMenus()
@@ -314,6 +332,11 @@ bool MainWindow::event(QEvent* event)
 
 void MainWindow::keyPressEvent(QKeyEvent* event)
 {
+    // While it plays, that is what the user wants to end, wherever the keys go.
+    if (event->key() == Qt::Key_Escape && m_session.playback.isPlaying()) {
+        runAction("play -state off");
+        return;
+    }
     // A field hands on the keys it has no use for; they are still not meant for the tool.
     if (isTyping() || !(finishTool(event->key()) || m_hotKeys->press(*event))) {
         QMainWindow::keyPressEvent(event);
@@ -339,23 +362,13 @@ bool MainWindow::finishTool(int key)
     switch (key) {
     case Qt::Key_Return:
     case Qt::Key_Enter: api::ToolBox::instance().complete(); break;
-    case Qt::Key_Escape: abortTool(); break;
+    case Qt::Key_Escape: api::ToolBox::instance().abort(); break;
     case Qt::Key_Backspace:
     case Qt::Key_Delete: deleteSelected(); break;
     default: return false;
     }
     ScheduleStatus();
     return true;
-}
-
-void MainWindow::abortTool()
-{
-    // While it plays, that is what the user wants to end.
-    if (m_session.events.condition("playingBack")) {
-        runAction("play -state off");
-    } else {
-        api::ToolBox::instance().abort();
-    }
 }
 
 void MainWindow::deleteSelected()

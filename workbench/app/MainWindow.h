@@ -10,6 +10,7 @@
 #include <vector>
 
 class QLabel;
+class QLayout;
 
 namespace ui {
 class PaneLayout;
@@ -67,12 +68,12 @@ private:
     void runResource(const char* path);
     void buildViews();
     void buildLines();
+    QLayout* makeTimeLine();
     void listen();
     void showTool();
     void showHelp(const QString& text);
     void showUndoState();
     bool finishTool(int key);
-    void abortTool();
     void deleteSelected();
     bool isTyping() const;
 

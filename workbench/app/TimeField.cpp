@@ -1,11 +1,9 @@
 #include "app/TimeField.h"
 
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QSignalBlocker>
-#include <QSpinBox>
 #include <QTimer>
 
+#include <algorithm>
 #include <cmath>
 
 namespace app {
@@ -13,42 +11,39 @@ namespace app {
 namespace {
 
 constexpr int kFarthest = 999999;
-const char* const kEvents[] = {"timeChanged", "timeUnitChanged", "NewSceneOpened", "SceneOpened"};
+const char* const kEvents[] = {"timeChanged", "playbackRangeChanged", "timeUnitChanged", "NewSceneOpened",
+                               "SceneOpened"};
+
+/// In the order of TimeField::Shows.
+const struct {
+    const char* name;
+    const char* toolTip;
+    const char* command;
+    int width;
+} kRows[] = {
+    {"currentTime", QT_TRANSLATE_NOOP("app::TimeField", "Current time"), "currentTime ", 80},
+    {"playbackStart", QT_TRANSLATE_NOOP("app::TimeField", "First frame that plays"), "playbackOptions -min ", 64},
+    {"playbackEnd", QT_TRANSLATE_NOOP("app::TimeField", "Last frame that plays"), "playbackOptions -max ", 64},
+};
 
 }  // namespace
 
-QString frameRateText(kernel::TimeUnit unit)
+TimeField::TimeField(kernel::Session& session, Shows what, std::function<bool(const std::string&)> run, QWidget* parent)
+    : QSpinBox(parent), m_session(session), m_what(what), m_run(std::move(run))
 {
-    const double rate = kernel::kTicksPerSecond / kernel::ticksPerUnit(unit);
-    return QObject::tr("%1 fps").arg(QString::number(std::round(rate * 1000) / 1000, 'g', 8));
-}
-
-TimeField::TimeField(kernel::Session& session, std::function<bool(const std::string&)> run, QWidget* parent)
-    : QWidget(parent), m_session(session), m_run(std::move(run)), m_number(new QSpinBox), m_rate(new QLabel)
-{
-    auto* const row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 6, 0);
-    row->setSpacing(4);
-    auto* const label = new QLabel(tr("Frame"));
-    label->setBuddy(m_number);
-    row->addWidget(label);
-    row->addWidget(m_number);
-    row->addSpacing(8);
-    row->addWidget(m_rate);
-
-    m_number->setObjectName("currentTime");
-    m_number->setRange(-kFarthest, kFarthest);
-    m_number->setAlignment(Qt::AlignRight);
-    m_number->setKeyboardTracking(false);  // the scene follows a finished number, not each digit
-    m_number->setFixedHeight(22);
-    m_number->setFixedWidth(80);
-    m_number->setFocusPolicy(Qt::ClickFocus);
-    m_number->setToolTip(tr("Current time"));
-    m_rate->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    m_rate->setMinimumWidth(m_rate->fontMetrics().horizontalAdvance("23.976 fps") + 4);
-    connect(m_number, SIGNAL(valueChanged(int)), this, SLOT(Apply(int)));
-    connect(m_number, SIGNAL(editingFinished()), this, SLOT(LeaveField()));
-
+    const auto& row = kRows[int(what)];
+    setObjectName(row.name);
+    setToolTip(tr(row.toolTip));
+    setRange(-kFarthest, kFarthest);
+    setAlignment(Qt::AlignRight);
+    setKeyboardTracking(false);  // the scene follows a finished number, not each digit
+    setFixedSize(row.width, 22);
+    setFocusPolicy(Qt::ClickFocus);
+    if (what != Shows::CurrentTime) {
+        setButtonSymbols(QAbstractSpinBox::NoButtons);
+    }
+    connect(this, SIGNAL(valueChanged(int)), this, SLOT(Apply(int)));
+    connect(this, SIGNAL(editingFinished()), this, SLOT(LeaveField()));
     for (const char* event : kEvents) {
         m_callbacks.push_back(m_session.events.add(event, [this] { showTime(); }));
     }
@@ -64,21 +59,30 @@ TimeField::~TimeField()
 
 void TimeField::Apply(int frameNumber)
 {
-    m_run("currentTime " + std::to_string(frameNumber));
+    m_run(kRows[int(m_what)].command + std::to_string(frameNumber));
     showTime();
 }
 
 void TimeField::LeaveField()
 {
     // The next keys are the tool's, but not the Return that comes past the field right after this.
-    QTimer::singleShot(0, m_number, &QWidget::clearFocus);
+    QTimer::singleShot(0, this, &QWidget::clearFocus);
+}
+
+double TimeField::time() const
+{
+    const kernel::Scene& scene = m_session.scene;
+    switch (m_what) {
+    case Shows::RangeStart: return scene.playbackRange().first;
+    case Shows::RangeEnd: return scene.playbackRange().last;
+    default: return scene.currentTime().value;
+    }
 }
 
 void TimeField::showTime()
 {
-    const QSignalBlocker quiet(m_number);
-    m_number->setValue(int(std::floor(m_session.scene.currentTime().value)));
-    m_rate->setText(frameRateText(m_session.scene.timeUnit()));
+    const QSignalBlocker quiet(this);
+    setValue(int(std::floor(std::min<double>(std::max<double>(time(), -kFarthest), kFarthest))));
 }
 
 }  // namespace app

@@ -2,22 +2,22 @@
 
 #include "kernel/Session.h"
 
-#include <QWidget>
+#include <QSpinBox>
 
 #include <functional>
-
-class QLabel;
-class QSpinBox;
+#include <vector>
 
 namespace app {
 
-/// The current time as a number that can be edited, and the frame rate beside it.
-class TimeField : public QWidget {
+/// A time of the session as a whole number that can be edited: the current time, or an end of the playback range.
+class TimeField : public QSpinBox {
     Q_OBJECT
 
 public:
+    enum class Shows { CurrentTime, RangeStart, RangeEnd };
     /// run: executes a text as a user's action.
-    TimeField(kernel::Session& session, std::function<bool(const std::string&)> run, QWidget* parent = nullptr);
+    TimeField(kernel::Session& session, Shows what, std::function<bool(const std::string&)> run,
+              QWidget* parent = nullptr);
     ~TimeField() override;
 
 private slots:
@@ -25,16 +25,13 @@ private slots:
     void LeaveField();
 
 private:
+    double time() const;
     void showTime();
 
     kernel::Session& m_session;
+    const Shows m_what;
     const std::function<bool(const std::string&)> m_run;
-    QSpinBox* m_number;
-    QLabel* m_rate;
     std::vector<unsigned> m_callbacks;
 };
-
-/// "24 fps", "23.976 fps"; for a unit that is no frame rate its units a second.
-QString frameRateText(kernel::TimeUnit unit);
 
 }  // namespace app

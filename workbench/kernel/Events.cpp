@@ -22,6 +22,7 @@ const char* const kEvents[] = {
     "deleteAll",
     "idle",
     "idleHigh",
+    "playbackModeChanged",
     "playbackRangeChanged",
     "quitApplication",
     "timeChanged",

@@ -12,6 +12,7 @@ constexpr char kCondition[] = "playingBack";
 /// Steps that are no whole numbers add up to a little more or less than the range's end.
 constexpr double kTolerance = 1e-6;
 constexpr double kLongestFrame = 3600 * 1000;  // ms; one that no clock can count would be no frame
+constexpr double kShortestFrame = 1e-3;        // ms; and shorter ones that are late would be too many to count
 
 }  // namespace
 
@@ -26,8 +27,8 @@ void Playback::start()
         return;
     m_session.events.setCondition(kCondition, true);
     const double now = m_session.scene.currentTime().value;
-    if (!isInRange(now) || !isInRange(now + step()))
-        goTo(beginning());
+    if (!isInRange(now) || !isInRange(now + stride(m_forward)))
+        goTo(beginning(m_forward));
 }
 
 void Playback::stop()
@@ -35,45 +36,62 @@ void Playback::stop()
     m_session.events.setCondition(kCondition, false);
 }
 
-void Playback::advance()
+void Playback::advance(int steps)
 {
     if (!isPlaying())
         return;
-    const double next = m_session.scene.currentTime().value + step();
-    if (isInRange(next)) {
-        goTo(next);
-        return;
+    Position position{m_session.scene.currentTime().value, m_forward};
+    int taken = 0;
+    while (taken < steps && step(position))
+        ++taken;
+    m_forward = position.forward;
+    if (taken > 0)
+        goTo(position.time);
+    if (taken < steps)
+        stop();
+}
+
+/// One frame on; at the end of the range that is the beginning or the frame before. False when that was all.
+bool Playback::step(Position& position) const
+{
+    const double before = position.time;
+    position.time += stride(position.forward);
+    if (isInRange(position.time))
+        return true;
+    if (options.loop == Loop::Once) {
+        position.time = before;
+        return false;
     }
-    switch (options.loop) {
-    case Loop::Once: stop(); break;
-    case Loop::Continuous: goTo(beginning()); break;
-    case Loop::Oscillate:
-        m_forward = !m_forward;
-        goTo(isInRange(next + 2 * step()) ? next + 2 * step() : beginning());
-        break;
+    if (options.loop == Loop::Oscillate) {
+        position.forward = !position.forward;
+        position.time = before + stride(position.forward);
     }
+    if (!isInRange(position.time))
+        position.time = beginning(position.forward);
+    return true;
 }
 
 void Playback::runThrough()
 {
     stop();  // what plays already gives way
     const During playing(m_session.events, kCondition);
-    for (double time = beginning(); isInRange(time) && isPlaying(); time += step())
+    for (double time = beginning(m_forward); isInRange(time) && isPlaying(); time += stride(m_forward))
         goTo(time);
 }
 
 double Playback::frameDuration() const
 {
-    if (options.speed <= 0)
+    const double speed = showsEveryFrame() ? options.maxSpeed : options.speed;
+    if (speed <= 0)
         return 0;
     const double atFullSpeed = 1000 * ticksPerUnit(m_session.scene.timeUnit()) / kTicksPerSecond;
-    return std::min(atFullSpeed / options.speed, kLongestFrame);
+    return std::max(kShortestFrame, std::min(atFullSpeed / speed, kLongestFrame));
 }
 
-double Playback::beginning() const
+double Playback::beginning(bool forward) const
 {
     const Scene::Range range = m_session.scene.playbackRange();
-    return m_forward ? range.first : range.last;
+    return forward ? range.first : range.last;
 }
 
 bool Playback::isInRange(double time) const

@@ -160,6 +160,9 @@ TEST_F(HotKeys, PlayAndStop)
     press(Qt::Key_V, Qt::AltModifier);
     EXPECT_EQ(value("play -q -state"), "0");
     EXPECT_THAT(echoed, testing::ElementsAre("play -state on", "play -state off"));
+    run("currentTime 20");
+    press(Qt::Key_V, Qt::AltModifier | Qt::ShiftModifier);
+    EXPECT_EQ(value("currentTime -q"), "1");
 }
 
 TEST_F(HotKeys, EscapeStopsPlaybackFirst)
@@ -305,6 +308,9 @@ TEST_F(HotKeys, AreNotForTextFields)
     pressKey(time, Qt::Key_Period, Qt::AltModifier);
     pressKey(time, Qt::Key_Escape);
     EXPECT_TRUE(echoed.empty());
+    session().playback.start();
+    pressKey(time, Qt::Key_Escape);
+    EXPECT_FALSE(session().playback.isPlaying()) << "but this is for everywhere";
     time->clearFocus();
     pressKey(&window(), Qt::Key_W);
     EXPECT_EQ(value("currentCtx"), "moveSuperContext");

@@ -1,7 +1,6 @@
 #include "app/MainWindow.h"
 
 #include "api/Tools.h"
-#include "app/TimeField.h"
 #include "support/HostFixture.h"
 #include "ui/MenuItem.h"
 #include "view/Viewport.h"
@@ -360,7 +359,7 @@ TEST_F(MainWindow, TitleNamesTheFileAndMarksChanges)
     EXPECT_TRUE(window->windowTitle().startsWith("shot.ma - ")) << window->windowTitle().toStdString();
 }
 
-TEST_F(MainWindow, TimeFieldFollowsAndSetsTheCurrentTime)
+TEST_F(MainWindow, TimeFieldsFollowAndSetTheTimes)
 {
     auto* const field = window->findChild<QSpinBox*>("currentTime");
     host->run("currentTime 12");
@@ -373,9 +372,16 @@ TEST_F(MainWindow, TimeFieldFollowsAndSetsTheCurrentTime)
     action("Undo")->trigger();
     EXPECT_EQ(field->value(), 12);
 
-    EXPECT_EQ(app::frameRateText(kernel::TimeUnit::Film), "24 fps");
-    EXPECT_EQ(app::frameRateText(kernel::TimeUnit::Fps23_976), "23.976 fps");
-    EXPECT_EQ(app::frameRateText(kernel::TimeUnit::Fps44100), "44100 fps");
+    auto* const start = window->findChild<QSpinBox*>("playbackStart");
+    auto* const end = window->findChild<QSpinBox*>("playbackEnd");
+    end->setValue(40);
+    EXPECT_EQ(value("playbackOptions -q -max"), "40");
+    start->setValue(50);
+    EXPECT_EQ(value("playbackOptions -q -min"), "50");
+    EXPECT_EQ(end->value(), 51) << "pushed along";
+    action("Undo")->trigger();
+    EXPECT_EQ(start->value(), 1);
+    EXPECT_EQ(end->value(), 40);
 }
 
 TEST_F(MainWindow, LinesShowTheLastMessageAndTheToolsHelp)

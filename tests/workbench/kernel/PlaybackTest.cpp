@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 using namespace kernel;
 
 namespace {
@@ -17,12 +19,12 @@ protected:
         session.events.add("timeChanged", [this] { shown += numberText(session.scene.currentTime().value) + " "; });
     }
 
-    /// The frames of a few steps.
-    std::string frames(int steps)
+    /// The frames shown by so many calls, each of them some steps on.
+    std::string frames(int calls, int steps = 1)
     {
         shown.clear();
-        for (int i = 0; i < steps; ++i)
-            session.playback.advance();
+        for (int i = 0; i < calls; ++i)
+            session.playback.advance(steps);
         return shown;
     }
 
@@ -107,9 +109,55 @@ TEST_F(PlaybackTest, ANewSceneEndsIt)
     session.playback.start();
     newScene(session);
     EXPECT_FALSE(session.playback.isPlaying());
-    EXPECT_EQ(session.playback.frameDuration(), 1000.0 / 24);
-    session.playback.options.speed = 1e-12;
-    EXPECT_EQ(session.playback.frameDuration(), 3600 * 1000) << "what a timer can count";
-    session.playback.options.speed = 0;
-    EXPECT_EQ(session.playback.frameDuration(), 0);
+}
+
+TEST_F(PlaybackTest, DroppedFramesLeadWhereShownOnesDo)
+{
+    session.scene.setPlaybackRange({1, 7.5});
+    for (const Playback::Loop loop : {Playback::Loop::Continuous, Playback::Loop::Oscillate}) {
+        for (const double by : {0.25, 1.0, 2.0, 4.0, 9.0}) {
+            session.playback.options.loop = loop;
+            session.playback.options.by = by;
+            std::vector<double> ends;
+            for (const int steps : {1, 5, 35}) {
+                goTo(2);
+                session.playback.setForward(true);
+                session.playback.start();
+                frames(35 / steps, steps);
+                ends.push_back(session.scene.currentTime().value);
+                session.playback.stop();
+            }
+            EXPECT_EQ(ends, std::vector<double>(3, ends.front())) << "by " << by;
+        }
+    }
+}
+
+TEST_F(PlaybackTest, DroppedFramesDoNotHideTheLastOneOfASingleRound)
+{
+    session.playback.options.loop = Playback::Loop::Once;
+    session.playback.start();
+    EXPECT_EQ(frames(2, 100), "4 ");
+    EXPECT_FALSE(session.playback.isPlaying());
+    session.playback.setForward(false);
+    session.playback.start();
+    EXPECT_EQ(frames(1, 3), "1 ");
+    EXPECT_TRUE(session.playback.isPlaying()) << "it has its own time to be shown";
+}
+
+TEST_F(PlaybackTest, AFrameLastsAsLongAsItsSpeedSays)
+{
+    Playback::Options& options = session.playback.options;
+    const auto duration = [&](double speed, double maxSpeed) {
+        options.speed = speed;
+        options.maxSpeed = maxSpeed;
+        return session.playback.frameDuration();
+    };
+    EXPECT_EQ(duration(1, 0), 1000.0 / 24);
+    EXPECT_EQ(duration(0.5, 1), 1000.0 / 12) << "the greatest speed is for playing every frame";
+    EXPECT_EQ(duration(0, 0), 0);
+    EXPECT_EQ(duration(0, 2), 1000.0 / 48);
+    EXPECT_EQ(duration(1e-12, 0), 3600 * 1000) << "what a timer can count";
+    EXPECT_EQ(duration(1e12, 0), 1e-3) << "or one late moment would be too many frames to count";
+    session.scene.setTimeUnit(TimeUnit::PalFrame);
+    EXPECT_EQ(duration(1, 0), 40);
 }

@@ -147,6 +147,7 @@ Value runPlaybackOptions(BuiltinCall& call)
     options.speed = args.number("playbackSpeed", 0, options.speed);
     options.maxSpeed = args.number("maxPlaybackSpeed", 0, options.maxSpeed);
     options.view = args.text("view", 0, options.view);
+    call.session.events.raise("playbackModeChanged");
     return {};
 }
 
