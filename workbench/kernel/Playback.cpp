@@ -32,7 +32,10 @@ void Playback::start()
 
 void Playback::stop()
 {
+    if (!isPlaying())
+        return;
     m_session.events.setCondition(kCondition, false);
+    m_session.scene.tellAnimated();
 }
 
 void Playback::advance()
@@ -57,9 +60,12 @@ void Playback::advance()
 void Playback::runThrough()
 {
     stop();  // what plays already gives way
-    const During playing(m_session.events, kCondition);
-    for (double time = beginning(); isInRange(time) && isPlaying(); time += step())
-        goTo(time);
+    {
+        const During playing(m_session.events, kCondition);
+        for (double time = beginning(); isInRange(time) && isPlaying(); time += step())
+            goTo(time);
+    }
+    m_session.scene.tellAnimated();
 }
 
 double Playback::frameDuration() const
