@@ -1,9 +1,11 @@
 #include "kernel/CurveText.h"
 
 #include "kernel/Command.h"
+#include "kernel/Keying.h"
 #include "kernel/Scene.h"
 #include "kernel/SceneText.h"
 
+#include <algorithm>
 #include <cmath>
 #include <ostream>
 
@@ -105,6 +107,31 @@ void writeTangents(std::ostream& out, const char* attribute, const std::vector<C
     }
     if (!isUsual)
         writeElements(out, attribute, keys.size(), texts);
+}
+
+/// The attribute of "node.attribute"; null when there is none.
+Plug findPlug(const Scene& scene, const std::string& name)
+{
+    const NodePtr node = scene.findOrNull(name.substr(0, name.find('.')));
+    return {node, node ? node->attribute(name.substr(name.rfind('.') + 1)) : nullptr};
+}
+
+/// Does what connectionStatement() says; false when that is not possible, or it is another statement.
+bool connectBy(const Scene& scene, const std::string& statement)
+{
+    std::vector<std::string> parts;  // those in quotes are every other one
+    std::size_t start = 0;
+    for (std::size_t end = 0; (end = statement.find('"', start)) != std::string::npos; start = end + 1)
+        parts.push_back(statement.substr(start, end - start));
+    if (parts.size() != 4 || parts[0] != "connectAttr ")
+        return false;
+    const Plug source = findPlug(scene, parts[1]);
+    const Plug driven = findPlug(scene, parts[3]);
+    if (!isCurveOutput(source) || !driven.attribute || !canBeAnimated(*driven.node, *driven.attribute)
+        || driven.node->isAnimated(*driven.attribute))
+        return false;
+    driven.node->setCurve(driven.attribute, source.node);
+    return true;
 }
 
 /// The elements a setAttr gives a curve, put into its keys.
@@ -224,6 +251,14 @@ std::string connectionStatement(const Scene& scene, const Plug& driven)
     const Node& curve = *driven.node->curveOf(*driven.attribute);
     return "connectAttr " + quotedText(scene.partialPath(curve) + ".o") + ' '
          + quotedText(scene.partialPath(*driven.node) + '.' + driven.attribute->shortName) + ';';
+}
+
+void connectKept(Scene& scene)
+{
+    std::vector<std::string>& kept = scene.keptStatements;
+    kept.erase(std::remove_if(kept.begin(), kept.end(),
+                              [&scene](const std::string& statement) { return connectBy(scene, statement); }),
+               kept.end());
 }
 
 std::vector<std::string> connectionStatements(const Scene& scene)

@@ -26,6 +26,8 @@ void readKeys(const Scene& scene, Node& node, const std::string& plug, const Val
 
 /// The statement that lets a curve drive a plug of the scene.
 std::string connectionStatement(const Scene& scene, const Plug& driven);
+/// Makes those kept statements come true of which both ends are there now; they are kept no longer.
+void connectKept(Scene& scene);
 /// Those of the scene, without what referenced files say themselves.
 std::vector<std::string> connectionStatements(const Scene& scene);
 

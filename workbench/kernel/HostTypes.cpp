@@ -336,7 +336,7 @@ void addHostTypes(NodeTypes& types)
     add(types, "resolution", "dependNode", dependency, chunkId("RESL"), attributesOf(kResolution));
     add(types, "script", "dependNode", dependency, chunkId("SCRP"), attributesOf(kScript));
 
-    add(types, "animCurve", "dependNode", dependency, 0, attributesOf(kAnimCurve));
+    add(types, "animCurve", "dependNode", dependency, chunkId("PCRV"), attributesOf(kAnimCurve));
     for (const CurveType& curve : kCurveTypes)
         add(types, curve.name, "animCurve", dependency, curve.id,
             attributesOf(Rows{{"output", "o", curve.output, 0, kReadOnly}}));

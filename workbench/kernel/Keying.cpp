@@ -39,6 +39,11 @@ bool hasNothingBetween(ValueKind kind)
 
 }  // namespace
 
+bool isCurveOutput(const Plug& plug)
+{
+    return plug.attribute && plug.node->curve() && plug.attribute->longName == "output";
+}
+
 bool canBeAnimated(const Node& node, const AttributeSpec& attribute)
 {
     // The scene's time is what curves follow.

@@ -17,6 +17,8 @@ struct KeyRequest {
     std::optional<int> outTangent;
 };
 
+/// Whether a plug, whose attribute may be null, is where a curve's values come out.
+bool isCurveOutput(const Plug& plug);
 /// Whether an attribute can be animated at all.
 bool canBeAnimated(const Node& node, const AttributeSpec& attribute);
 /// Throws CommandError for an attribute that cannot be animated or is locked.

@@ -413,8 +413,7 @@ void SceneReader::connectPlugs(const Statement& statement)
         const NodePtr node = m_intake.find(text->substr(0, dot));
         ends.push_back({node, node ? node->attribute(text->substr(text->rfind('.') + 1)) : nullptr});
     }
-    const bool areKnown = ends.size() == 2 && ends[0].attribute && ends[1].attribute && ends[0].node->curve();
-    if (!areKnown || ends[0].attribute->longName != "output"
+    if (ends.size() != 2 || !kernel::isCurveOutput(ends[0]) || !ends[1].attribute
         || !kernel::canBeAnimated(*ends[1].node, *ends[1].attribute))
         return keepLink(statement);
     if (!m_intake.takesSettingsOf(*ends[1].node))

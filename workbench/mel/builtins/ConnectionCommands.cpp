@@ -30,11 +30,6 @@ Plug outputOf(const NodePtr& curve)
     return {curve, curve->attribute("output")};
 }
 
-bool isOutput(const Plug& plug)
-{
-    return plug.node->curve() && plug.attribute->longName == "output";
-}
-
 struct Ends {
     Plug source;
     Plug destination;
@@ -48,14 +43,15 @@ Ends endsOf(const BuiltinCall& call)
 
 bool areConnected(const Ends& ends)
 {
-    return isOutput(ends.source) && ends.destination.node->curveOf(*ends.destination.attribute) == ends.source.node;
+    return kernel::isCurveOutput(ends.source)
+        && ends.destination.node->curveOf(*ends.destination.attribute) == ends.source.node;
 }
 
 Value runConnectAttr(BuiltinCall& call)
 {
     const Ends ends = endsOf(call);
     const std::string destination = nameOf(call, ends.destination);
-    if (!isOutput(ends.source))
+    if (!kernel::isCurveOutput(ends.source))
         throw CommandError("'" + nameOf(call, ends.source) + "' is not the output of an animation curve.");
     if (areConnected(ends))
         throw CommandError("'" + nameOf(call, ends.source) + "' is already connected to '" + destination + "'.");
@@ -105,7 +101,7 @@ std::vector<Ends> connectionsOf(const BuiltinCall& call, const Plug& plug)
         for (const AttributePtr& attribute : destinationsIn(plug))
             found.push_back({{plug.node, attribute}, outputOf(plug.node->curveOf(*attribute))});
     }
-    const bool isSource = !plug.attribute || isOutput(plug);
+    const bool isSource = !plug.attribute || kernel::isCurveOutput(plug);
     if (isSource && call.args.integer("destination", 0, 1)) {
         for (const Plug& driven : plug.node->drivenPlugs())
             found.push_back({outputOf(plug.node), driven});
