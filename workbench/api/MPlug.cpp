@@ -390,17 +390,21 @@ MStatus MPlug::setChannelBox(bool inChannelBox)
 
 bool MPlug::isConnected(MStatus* ReturnStatus)
 {
-    return answerNo(*this, ReturnStatus);
+    return isDestination(ReturnStatus) || isSource(ReturnStatus);
 }
 
 bool MPlug::isDestination(MStatus* ReturnStatus)
 {
-    return answerNo(*this, ReturnStatus);
+    const Target target(*this);
+    api::report(ReturnStatus, target ? MStatus::kSuccess : MStatus::kFailure);
+    return target && target.node->isAnimated(*target.attribute);
 }
 
 bool MPlug::isSource(MStatus* ReturnStatus)
 {
-    return answerNo(*this, ReturnStatus);
+    const Target target(*this);
+    api::report(ReturnStatus, target ? MStatus::kSuccess : MStatus::kFailure);
+    return target && target.attribute->longName == "output" && !target.node->drivenPlugs().empty();
 }
 
 bool MPlug::isArray(MStatus* ReturnStatus)

@@ -65,6 +65,8 @@ private:
                 copy->setValue(*attribute, copyOf(original.value(*attribute)));
             copy->setFlags(*attribute, original.flags(*attribute));
         }
+        if (original.curve())
+            copy->changeCurve([&original](AnimCurve& curve) { curve = *original.curve(); });
         copy->absentParent = original.absentParent;
         copy->unknownType = original.unknownType;
         copy->unknownStatements = original.unknownStatements;

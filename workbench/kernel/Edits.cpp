@@ -3,6 +3,7 @@
 #include "kernel/Command.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <utility>
 
 namespace kernel {
@@ -20,6 +21,88 @@ private:
     const NodePtr m_parent;
 };
 
+class SetCurve : public Edit {
+public:
+    SetCurve(NodePtr node, AttributePtr attribute, NodePtr curve)
+        : m_node(std::move(node)), m_attribute(std::move(attribute)), m_curve(std::move(curve))
+    {}
+
+    void redo(Scene&) override
+    {
+        m_before = m_node->plugState(*m_attribute);
+        m_curveBefore = m_node->curveOf(*m_attribute);
+        const PlugValue now = m_node->value(*m_attribute);
+        m_node->setCurve(m_attribute, m_curve);
+        if (!m_curve)
+            m_node->setValue(*m_attribute, now);
+    }
+
+    void undo(Scene&) override
+    {
+        m_node->setCurve(m_attribute, m_curveBefore);
+        m_node->setPlugState(*m_attribute, m_before);
+    }
+
+private:
+    const NodePtr m_node;
+    const AttributePtr m_attribute;
+    const NodePtr m_curve;
+    NodePtr m_curveBefore;
+    PlugState m_before;
+};
+
+/// Holds the keys that differ only: a curve of many keys is often made by as many edits.
+class SetCurveKeys : public Edit {
+public:
+    SetCurveKeys(NodePtr curve, const AnimCurve& keys) : m_curve(std::move(curve)), m_statements(keys.statements)
+    {
+        const std::vector<CurveKey>& before = m_curve->curve()->keys();
+        const std::vector<CurveKey>& after = keys.keys();
+        const std::size_t common = std::min(before.size(), after.size());
+        while (m_first < common && before[m_first] == after[m_first])
+            ++m_first;
+        std::size_t same = 0;  // at the end
+        while (same < common - m_first && before[before.size() - 1 - same] == after[after.size() - 1 - same])
+            ++same;
+        m_count = before.size() - m_first - same;
+        m_others.assign(after.begin() + static_cast<std::ptrdiff_t>(m_first),
+                        after.end() - static_cast<std::ptrdiff_t>(same));
+    }
+
+    void redo(Scene&) override
+    {
+        m_driven.clear();
+        for (const Plug& plug : m_curve->drivenPlugs())
+            m_driven.emplace_back(plug, plug.node->plugState(*plug.attribute));
+        exchange();
+    }
+
+    void undo(Scene&) override
+    {
+        exchange();
+        for (const auto& driven : m_driven)
+            driven.first.node->setPlugState(*driven.first.attribute, driven.second);
+    }
+
+private:
+    void exchange()
+    {
+        m_curve->changeCurve([this](AnimCurve& curve) {
+            std::vector<CurveKey> taken = curve.exchange(m_first, m_count, m_others);
+            m_count = m_others.size();
+            m_others.swap(taken);
+            m_statements.swap(curve.statements);
+        });
+    }
+
+    const NodePtr m_curve;
+    std::size_t m_first = 0;
+    std::size_t m_count = 0;         ///< of keys from the first on that are exchanged
+    std::vector<CurveKey> m_others;  ///< those the curve does not have right now
+    std::vector<std::string> m_statements;
+    std::vector<std::pair<Plug, PlugState>> m_driven;
+};
+
 class DeleteNodes : public Edit {
 public:
     explicit DeleteNodes(std::vector<NodePtr> nodes) : m_nodes(std::move(nodes)) {}
@@ -30,7 +113,11 @@ public:
             refuseReadOnly(*node);
         m_taken.clear();
         m_selection = scene.selection();
-        for (const NodePtr& node : m_nodes) {
+        std::vector<NodePtr> nodes = m_nodes;
+        const std::vector<NodePtr> curves = curvesOfThese();
+        nodes.insert(nodes.end(), curves.begin(), curves.end());
+        releaseDriven(scene);
+        for (const NodePtr& node : nodes) {
             if (!node->isInScene())
                 continue;  // went with its parent
             Node* parent = node->parent();
@@ -43,6 +130,7 @@ public:
     {
         for (auto it = m_taken.rbegin(); it != m_taken.rend(); ++it)
             scene.attach(it->node, it->parent.get(), it->index);
+        m_released.undo(scene);
         scene.setSelection(m_selection);
     }
 
@@ -53,21 +141,60 @@ private:
         int index;
     };
 
-    /// Refuses for the node or any below it.
-    static void refuseReadOnly(const Node& top)
+    /// The node and all below it.
+    template <typename Visit>
+    static void walk(Node& top, const Visit& visit)
     {
-        std::vector<const Node*> left{&top};
+        std::vector<Node*> left{&top};
         while (!left.empty()) {
-            const Node& node = *left.back();
+            Node& node = *left.back();
             left.pop_back();
-            if (node.isReadOnly())
-                throw CommandError("Cannot delete the read only node '" + node.name() + "'.");
+            visit(node);
             for (const NodePtr& child : node.children())
                 left.push_back(child.get());
         }
     }
 
+    static void refuseReadOnly(Node& top)
+    {
+        walk(top, [](const Node& node) {
+            if (node.isReadOnly())
+                throw CommandError("Cannot delete the read only node '" + node.name() + "'.");
+        });
+    }
+
+    /// The curves that drive nothing but the nodes to be deleted.
+    std::vector<NodePtr> curvesOfThese() const
+    {
+        std::unordered_map<NodePtr, std::size_t> driven;
+        for (const NodePtr& top : m_nodes) {
+            walk(*top, [&driven](const Node& node) {
+                for (const AttributePtr& attribute : node.animatedAttributes())
+                    ++driven[node.curveOf(*attribute)];
+            });
+        }
+        std::vector<NodePtr> curves;
+        for (const auto& row : driven) {
+            if (!row.first->isReadOnly() && row.second >= row.first->drivenPlugs().size())
+                curves.push_back(row.first);
+        }
+        std::sort(curves.begin(), curves.end(), isOlder);
+        return curves;
+    }
+
+    /// Of the curves to be deleted: what they drive keeps its value.
+    void releaseDriven(Scene& scene)
+    {
+        m_released = EditList();
+        for (const NodePtr& curve : m_nodes) {
+            for (const Plug& plug : curve->drivenPlugs())
+                m_released.add(setCurveEdit(plug.node, plug.attribute, nullptr));
+        }
+        m_released.redo(scene);
+    }
+
     const std::vector<NodePtr> m_nodes;
+    EditList m_released;
     std::vector<Taken> m_taken;
     std::vector<NodePtr> m_selection;
 };
@@ -137,10 +264,10 @@ public:
     {
         refuseLocked();
         refuseOutOfRange();
-        m_before = m_node->value(*m_attribute);
+        m_before = m_node->plugState(*m_attribute);
         m_node->setValue(*m_attribute, m_value);
     }
-    void undo(Scene&) override { m_node->setValue(*m_attribute, m_before); }
+    void undo(Scene&) override { m_node->setPlugState(*m_attribute, m_before); }
 
 private:
     std::string plugName() const { return m_node->name() + '.' + m_attribute->longName; }
@@ -169,7 +296,7 @@ private:
     const NodePtr m_node;
     const AttributePtr m_attribute;
     const PlugValue m_value;
-    PlugValue m_before;
+    PlugState m_before;
 };
 
 class SetFlags : public Edit {
@@ -252,6 +379,16 @@ EditPtr parentNodeEdit(NodePtr node, NodePtr newParent)
 EditPtr setValueEdit(NodePtr node, AttributePtr attribute, PlugValue value)
 {
     return std::make_unique<SetValue>(std::move(node), std::move(attribute), std::move(value));
+}
+
+EditPtr setCurveEdit(NodePtr node, AttributePtr attribute, NodePtr curve)
+{
+    return std::make_unique<SetCurve>(std::move(node), std::move(attribute), std::move(curve));
+}
+
+EditPtr setCurveKeysEdit(NodePtr curve, const AnimCurve& keys)
+{
+    return std::make_unique<SetCurveKeys>(std::move(curve), keys);
 }
 
 EditPtr setFlagsEdit(NodePtr node, AttributePtr attribute, PlugFlags flags)

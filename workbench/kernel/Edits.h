@@ -20,10 +20,15 @@ using EditPtr = std::unique_ptr<Edit>;
 
 /// The node is made by the caller (Scene::makeNode) and enters the scene on redo, under `parent` (null: world).
 EditPtr createNodeEdit(NodePtr node, NodePtr parent);
-EditPtr deleteNodesEdit(std::vector<NodePtr> nodes);  ///< refuses startup, default and referenced nodes
+/// Refuses startup, default and referenced nodes. Curves that drive nothing else go too; what a deleted curve drove
+/// keeps its value.
+EditPtr deleteNodesEdit(std::vector<NodePtr> nodes);
 EditPtr renameNodeEdit(NodePtr node, std::string name);
 EditPtr parentNodeEdit(NodePtr node, NodePtr newParent);
 EditPtr setValueEdit(NodePtr node, AttributePtr attribute, PlugValue value);
+/// curve: node of the curve that gives the attribute its value from now on; null: it keeps the value it has now.
+EditPtr setCurveEdit(NodePtr node, AttributePtr attribute, NodePtr curve);
+EditPtr setCurveKeysEdit(NodePtr curve, const AnimCurve& keys);
 EditPtr setFlagsEdit(NodePtr node, AttributePtr attribute, PlugFlags flags);
 EditPtr setSelectionEdit(std::vector<NodePtr> nodes);
 EditPtr setTimeEdit(Time time);

@@ -279,6 +279,26 @@ const Rows kScript = {
     {"ignoreReferenceEdits", "ire", kBool},
 };
 
+// The keys themselves are no attributes. A tangent type counts for keys of which a scene does not say theirs.
+const Rows kAnimCurve = {
+    {"tangentType", "tan", kInt},
+    {"weightedTangents", "wgt", kBool, 1},
+    {"preInfinity", "pre", kInt, 0, kPlain, nullptr, 0.0, 5.0},
+    {"postInfinity", "pst", kInt, 0, kPlain, nullptr, 0.0, 5.0},
+};
+
+struct CurveType {
+    const char* name;
+    ChunkId id;
+    ValueKind output;
+};
+const CurveType kCurveTypes[] = {
+    {"animCurveTL", chunkId("PCTL"), kDistance},
+    {"animCurveTA", chunkId("PCTA"), kAngle},
+    {"animCurveTU", chunkId("PCTU"), kDouble},
+    {"animCurveTT", chunkId("PCTT"), kTime},
+};
+
 void add(NodeTypes& types, const char* name, const char* base, NodeRole role, ChunkId id,
          std::vector<AttributePtr> attributes)
 {
@@ -315,6 +335,11 @@ void addHostTypes(NodeTypes& types)
     add(types, "renderGlobals", "dependNode", dependency, chunkId("RNGL"), attributesOf(kRenderGlobals));
     add(types, "resolution", "dependNode", dependency, chunkId("RESL"), attributesOf(kResolution));
     add(types, "script", "dependNode", dependency, chunkId("SCRP"), attributesOf(kScript));
+
+    add(types, "animCurve", "dependNode", dependency, chunkId("PCRV"), attributesOf(kAnimCurve));
+    for (const CurveType& curve : kCurveTypes)
+        add(types, curve.name, "animCurve", dependency, curve.id,
+            attributesOf(Rows{{"output", "o", curve.output, 0, kReadOnly}}));
 
     add(types, "reference", "dependNode", dependency, chunkId("REFN"), {});
 

@@ -119,7 +119,11 @@ Matrix4 rotation(const Vector3& degrees, int order)
 
 }  // namespace
 
-Node::Node(const NodeType& type, std::string name) : m_name(std::move(name)), m_uid(freshUid()), m_type(&type) {}
+Node::Node(const NodeType& type, std::string name) : m_name(std::move(name)), m_uid(freshUid()), m_type(&type)
+{
+    if (type.isA("animCurve"))
+        m_curve = std::make_unique<AnimCurve>();
+}
 
 Node::~Node()
 {
@@ -142,6 +146,16 @@ const std::string& Node::typeName() const
 }
 
 PlugValue Node::value(const AttributeSpec& attribute) const
+{
+    // Asked for hundreds of attributes in every refresh: what is not animated must not pay for what is.
+    if ((m_drivers || m_curve) && m_scene) {
+        if (const std::optional<double> number = curveNumber(attribute, m_scene->currentTime().ticks(), true))
+            return *number;
+    }
+    return heldValue(attribute);
+}
+
+PlugValue Node::heldValue(const AttributeSpec& attribute) const
 {
     const auto it = m_state.values.find(attribute.longName);
     return it == m_state.values.end() ? defaultValue(attribute) : it->second;
@@ -176,7 +190,14 @@ void Node::setValue(const AttributeSpec& attribute, PlugValue value)
         return;
     }
     m_state.values[attribute.longName] = std::move(value);
+    if (Driver* const driven = driver(attribute))
+        driven->isAhead = true;
     changed();
+    tellChanged(attribute);
+}
+
+void Node::tellChanged(const AttributeSpec& attribute)
+{
     if (m_scene)
         m_scene->tell([&](ChangeListener& listener) { listener.attributeChanged(*this, attribute); });
 }
@@ -194,6 +215,8 @@ bool Node::isDefault(const AttributeSpec& attribute) const
 
 bool Node::isValueStored(const AttributeSpec& attribute) const
 {
+    if (isAnimated(attribute))
+        return false;
     if (!isDefault(attribute))
         return true;
     if (!m_startState)
@@ -206,6 +229,8 @@ bool Node::isChanged(const AttributeSpec& attribute) const
 {
     if (!(flags(attribute) == initialFlags(attribute)))
         return true;
+    if (isAnimated(attribute))
+        return false;
     if (!m_startState)
         return !isDefault(attribute);
     const auto start = m_startState->values.find(attribute.longName);

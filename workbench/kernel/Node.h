@@ -1,8 +1,12 @@
 #pragma once
 
+#include "kernel/AnimCurve.h"
 #include "kernel/NodeType.h"
+#include "kernel/Time.h"
 
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <variant>
@@ -11,6 +15,14 @@
 namespace kernel {
 
 class Scene;
+class Node;
+using NodePtr = std::shared_ptr<Node>;
+
+/// An attribute of a node.
+struct Plug {
+    NodePtr node;
+    AttributePtr attribute;
+};
 
 /// Content of one plug: numbers of every kind as a double (Float is rounded to single precision when set).
 using PlugValue = std::variant<std::monostate, double, std::string, std::shared_ptr<CustomData>>;
@@ -24,6 +36,12 @@ struct PlugFlags {
     {
         return locked == o.locked && keyable == o.keyable && channelBox == o.channelBox;
     }
+};
+
+/// What a plug holds by itself, whatever a curve gives it.
+struct PlugState {
+    PlugValue value;
+    bool isAhead = false;  ///< it was set since its curve last spoke, and counts until time changes
 };
 
 /// A row-major 4x4 matrix with the translation in row 3: points are row vectors, p' = p * M.
@@ -65,11 +83,12 @@ public:
     /// Null when there is no such attribute (long or short name).
     AttributePtr attribute(const std::string& attributeName) const { return m_type->attribute(attributeName); }
 
-    /// The value, or the attribute's default. Compounds give monostate.
+    /// The value at the scene's current time, or the attribute's default. Compounds give monostate.
     PlugValue value(const AttributeSpec& attribute) const;
     double number(const std::string& attributeName) const;  ///< 0 when there is none
     std::string text(const std::string& attributeName) const;
-    /// Sets without regard to locks and ranges and without undo; the scene is told (redraw, modified).
+    /// Sets without regard to locks and ranges and without undo; the scene is told (redraw, modified). An animated
+    /// attribute keeps the value until time changes.
     void setValue(const AttributeSpec& attribute, PlugValue value);
     bool isDefault(const AttributeSpec& attribute) const;
 
@@ -86,6 +105,29 @@ public:
     bool isChanged(const AttributeSpec& attribute) const;
     /// The flags a new scene starts this node with; for most nodes the attribute's.
     PlugFlags initialFlags(const AttributeSpec& attribute) const;
+
+    /// Whether a curve of the scene gives the attribute its value.
+    bool isAnimated(const AttributeSpec& attribute) const { return curveOf(attribute) != nullptr; }
+    /// Whether that curve has a key at the scene's current time.
+    bool hasKeyNow(const AttributeSpec& attribute) const;
+    /// The curve's node; null for none.
+    NodePtr curveOf(const AttributeSpec& attribute) const;
+    /// The animated attributes, in the order of their names.
+    std::vector<AttributePtr> animatedAttributes() const;
+    /// The value at a time; what is not animated has one for all times.
+    PlugValue valueAt(const AttributeSpec& attribute, const Time& time) const;
+    /// Lets a curve's node give the attribute, which is a number, its value. Null: the attribute has the value it holds
+    /// by itself again.
+    void setCurve(const AttributePtr& attribute, const NodePtr& curve);
+    PlugState plugState(const AttributeSpec& attribute) const;
+    void setPlugState(const AttributeSpec& attribute, PlugState state);
+
+    /// The keys of a curve's node; null for other nodes.
+    const AnimCurve* curve() const { return m_curve.get(); }
+    /// Does what is wanted to the keys of a curve's node; what it drives follows at once.
+    void changeCurve(const std::function<void(AnimCurve&)>& change);
+    /// What a curve's node drives in the scene.
+    std::vector<Plug> drivenPlugs() const;
 
     /// Local matrix of a transform (identity for other nodes): scale and shear about the scale pivot, rotate in its
     /// rotate order about the rotate pivot, translate.
@@ -122,8 +164,24 @@ private:
         std::unordered_map<std::string, PlugFlags> flags;
     };
 
+    struct Driver {
+        NodePtr curve;
+        bool isAhead = false;
+    };
+    struct Driven {
+        std::weak_ptr<Node> node;
+        AttributePtr attribute;
+    };
+
     bool isSceneTime(const AttributeSpec& attribute) const;
     void changed();
+    void tellChanged(const AttributeSpec& attribute);
+    PlugValue heldValue(const AttributeSpec& attribute) const;
+    Driver* driver(const AttributeSpec& attribute) const;
+    std::optional<double> curveNumber(const AttributeSpec& attribute, double ticks, bool heedsAhead) const;
+    /// What this curve drives has its value from now on, until it is set again.
+    void followTime();
+    void tellDriven();
 
     std::string m_name;
     std::string m_uid;
@@ -135,8 +193,10 @@ private:
     State m_state;
     std::unique_ptr<State> m_startState;  ///< null for a node that starts with its attributes' defaults
     std::unique_ptr<NodeProxy> m_proxy;
+    std::unique_ptr<std::map<std::string, Driver>> m_drivers;  ///< by long name; null for most nodes
+    std::unique_ptr<AnimCurve> m_curve;
+    std::vector<Driven> m_driven;  ///< by this curve, nodes that left the scene included
 };
-using NodePtr = std::shared_ptr<Node>;
 
 /// Gives a transform, locked or not, the values with which its local matrix is this one; its pivots stay. One whose
 /// type is not available keeps what it has.

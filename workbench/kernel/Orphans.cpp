@@ -1,3 +1,4 @@
+#include "kernel/CurveText.h"
 #include "kernel/Scene.h"
 #include "kernel/SceneSections.h"
 #include "kernel/SceneText.h"
@@ -56,6 +57,14 @@ void Scene::orphan(Node& node)
             continue;
         if (attribute->parent.empty())
             keepAsStatements(node, *attribute);
+    }
+    // The curves stay, and drive it again in a scene that is opened with the module.
+    for (const AttributePtr& attribute : node.animatedAttributes()) {
+        if (standIn.attribute(attribute->longName))
+            continue;
+        if (node.isInScene())
+            keptStatements.push_back(connectionStatement(*this, {node.shared_from_this(), attribute}));
+        node.setCurve(attribute, nullptr);
     }
     for (const AttributePtr& attribute : attributes) {
         if (!standIn.attribute(attribute->longName)) {

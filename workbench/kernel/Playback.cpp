@@ -33,7 +33,10 @@ void Playback::start()
 
 void Playback::stop()
 {
+    if (!isPlaying())
+        return;
     m_session.events.setCondition(kCondition, false);
+    m_session.scene.tellAnimated();
 }
 
 void Playback::advance(int steps)
@@ -74,9 +77,12 @@ bool Playback::step(Position& position) const
 void Playback::runThrough()
 {
     stop();  // what plays already gives way
-    const During playing(m_session.events, kCondition);
-    for (double time = beginning(m_forward); isInRange(time) && isPlaying(); time += stride(m_forward))
-        goTo(time);
+    {
+        const During playing(m_session.events, kCondition);
+        for (double time = beginning(m_forward); isInRange(time) && isPlaying(); time += stride(m_forward))
+            goTo(time);
+    }
+    m_session.scene.tellAnimated();
 }
 
 double Playback::frameDuration() const

@@ -1,5 +1,6 @@
 #include "kernel/References.h"
 
+#include "kernel/CurveText.h"
 #include "kernel/ReferenceEdits.h"
 #include "kernel/SceneFile.h"
 #include "kernel/SceneIntake.h"
@@ -224,6 +225,7 @@ void readIntoScene(Session& session, Reference& reference)
     const unsigned long long firstSerial = session.scene.nextSerial();
     readFile(session, reference);
     findParents(session.scene, firstSerial);
+    connectKept(session.scene);
     session.undo.flush();
 }
 

@@ -128,6 +128,8 @@ void Scene::addToScene(const NodePtr& node)
     // A node that comes back takes its old place, so that undo leaves the scene file as it was.
     m_nodes.insert(std::upper_bound(m_nodes.begin(), m_nodes.end(), node, isOlder), node);
     m_names.add(node);
+    if (node->curve())
+        m_curves[node->m_serial] = node.get();
 }
 
 void Scene::detach(const NodePtr& node)
@@ -148,6 +150,7 @@ void Scene::removeFromScene(const NodePtr& node)
     node->m_scene = nullptr;
     m_nodes.erase(std::lower_bound(m_nodes.begin(), m_nodes.end(), node, isOlder));
     m_names.remove(node);
+    m_curves.erase(node->m_serial);
     if (std::find(m_selection.begin(), m_selection.end(), node) != m_selection.end()) {
         erase(m_selection, node);
         selectionChanged();

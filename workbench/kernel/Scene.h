@@ -8,6 +8,7 @@
 #include "kernel/Time.h"
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -94,8 +95,11 @@ public:
     void setSelection(std::vector<NodePtr> nodes);
 
     // --- time ------------------------------------------------------------------------------------------------
-    Time currentTime() const;               ///< in the current unit
-    void setCurrentTime(const Time& time);  ///< raises timeChanged at once
+    Time currentTime() const;  ///< in the current unit
+    /// What is animated has its value of that time. Raises timeChanged at once.
+    void setCurrentTime(const Time& time);
+    /// Tells of every animated attribute that it changed, as is done whenever time does but during playback.
+    void tellAnimated();
     TimeUnit timeUnit() const { return m_unit; }
     /// Keeps the instants of the current time, the ranges and the nodes' time attributes: their numbers are rescaled.
     /// Raises timeUnitChanged. Ignored for a unit without a name.
@@ -193,6 +197,7 @@ private:
     void addStartupCameras();
     void addDefaultNodes();
     void storeTimeInNode();
+    void followTime();
     void convertTimeValues(TimeUnit from, TimeUnit to);
     static unsigned bit(FileActivity activity) { return 1u << static_cast<unsigned>(activity); }
     void orphan(Node& node);
@@ -201,7 +206,8 @@ private:
     Session& m_session;
     std::vector<NodePtr> m_nodes;
     std::vector<NodePtr> m_roots;
-    mutable NameIndex m_names;  ///< of m_nodes; who asks for a free name leaves a note
+    mutable NameIndex m_names;                     ///< of m_nodes; who asks for a free name leaves a note
+    std::map<unsigned long long, Node*> m_curves;  ///< those of m_nodes, by serial
     std::vector<NodePtr> m_selection;
     std::vector<std::weak_ptr<Node>> m_all;  ///< every node ever made that still lives
     std::size_t m_pruneAt = 64;              ///< size of m_all at which the dead are taken out

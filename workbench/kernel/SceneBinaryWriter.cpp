@@ -1,6 +1,7 @@
 #include "kernel/SceneBinaryWriter.h"
 
 #include "kernel/ChunkReader.h"
+#include "kernel/CurveText.h"
 #include "kernel/References.h"
 #include "kernel/SceneChunks.h"
 #include "kernel/SceneSections.h"
@@ -150,7 +151,9 @@ void SceneBinaryWriter::writeDefaultNode(const Node& node)
 
 void SceneBinaryWriter::writeLinks()
 {
-    const std::vector<std::string> statements = keptStatements(m_scene, {});
+    std::vector<std::string> statements = connectionStatements(m_scene);
+    const std::vector<std::string> kept = keptStatements(m_scene, {});
+    statements.insert(statements.end(), kept.begin(), kept.end());
     if (statements.empty())
         return;
     m_writer.beginGroup(kList, chunk::kLinks);
@@ -160,9 +163,10 @@ void SceneBinaryWriter::writeLinks()
 
 void SceneBinaryWriter::writeKeptStatements(const Node& node)
 {
-    if (node.unknownStatements.empty() && !referenceOf(m_scene, node))
+    if (node.unknownStatements.empty() && !referenceOf(m_scene, node) && !node.curve())
         return;
     m_writer.beginChunk(chunk::kStatements);
+    writeKeys(m_writer.stream(), m_scene, node);
     writeEdits(m_writer.stream(), m_scene, node);
     writeKept(m_writer.stream(), node);
     m_writer.end();

@@ -147,10 +147,12 @@ void writeCompound(std::ostream& out, const Node& node, const AttributeSpec& att
     std::vector<AttributePtr> children;
     for (const std::string& name : attribute.children)
         children.push_back(node.attribute(name));
-    const auto isFlagged = [&node](const AttributePtr& child) { return !flagText(node, *child).empty(); };
+    const auto standsAlone = [&node](const AttributePtr& child) {
+        return !flagText(node, *child).empty() || node.isAnimated(*child);
+    };
     const auto isStored = [&node](const AttributePtr& child) { return node.isValueStored(*child); };
     const std::string type = compoundType(children);
-    const bool inOne = !type.empty() && std::none_of(children.begin(), children.end(), isFlagged);
+    const bool inOne = !type.empty() && std::none_of(children.begin(), children.end(), standsAlone);
     const bool stored = inOne && std::any_of(children.begin(), children.end(), isStored);
     if (!inOne) {
         for (const AttributePtr& child : children)
@@ -193,7 +195,8 @@ std::string valueText(const Node& node, const AttributeSpec& attribute)
 void addChange(const Node& node, const AttributeSpec& attribute, std::vector<AttributeChange>& changes)
 {
     if (attribute.storable && attribute.kind != ValueKind::Custom && node.isChanged(attribute))
-        changes.push_back({attribute.longName, changedFlags(node, attribute) + valueText(node, attribute)});
+        changes.push_back({attribute.longName, changedFlags(node, attribute)
+                                                   + (node.isAnimated(attribute) ? "" : valueText(node, attribute))});
 }
 
 /// A compound whose children only changed in value is set as one, unless one of them is locked and would refuse that.
@@ -204,9 +207,10 @@ void addCompoundChange(const Node& node, const AttributeSpec& attribute, std::ve
         children.push_back(node.attribute(name));
     const std::string flags = changedFlags(node, attribute);
     const std::string type = compoundType(children);
-    const bool isSplit = type.empty() || std::any_of(children.begin(), children.end(), [&](const AttributePtr& child) {
-                             return node.flags(*child).locked || !changedFlags(node, *child).empty();
-                         });
+    const bool isSplit =
+        type.empty() || std::any_of(children.begin(), children.end(), [&](const AttributePtr& child) {
+            return node.flags(*child).locked || node.isAnimated(*child) || !changedFlags(node, *child).empty();
+        });
     std::string values;
     if (isSplit) {
         for (const AttributePtr& child : children)

@@ -55,8 +55,24 @@ void Scene::setCurrentTime(const Time& time)
         return;
     m_time = Time{value, m_unit};
     storeTimeInNode();
+    followTime();
     requestRedraw();
     raise("timeChanged");
+}
+
+void Scene::followTime()
+{
+    for (const auto& curve : m_curves)
+        curve.second->followTime();
+    // Whoever follows values would be told of all of them in every frame; they are told when playback ends.
+    if (!m_curves.empty() && !m_session.playback.isPlaying())
+        tellAnimated();
+}
+
+void Scene::tellAnimated()
+{
+    for (const auto& curve : m_curves)
+        curve.second->tellDriven();
 }
 
 void Scene::storeTimeInNode()
@@ -111,6 +127,8 @@ void Scene::convertTimeValues(TimeUnit from, TimeUnit to)
             if (state)
                 convertTimes(*node, state->values, from, to);
         }
+        if (node->type().name == "animCurveTT")
+            node->m_curve->changeValues([from, to](double value) { return converted(value, from, to); });
     }
 }
 

@@ -1,5 +1,6 @@
 #include "kernel/SceneWriter.h"
 
+#include "kernel/CurveText.h"
 #include "kernel/References.h"
 #include "kernel/SceneSections.h"
 #include "kernel/SceneText.h"
@@ -40,11 +41,13 @@ void SceneWriter::write()
     for (const NodePtr& node : nodes) {
         m_out << headText(headOf(m_scene, *node));
         writeAttributes(m_out, *node);
+        writeKeys(m_out, m_scene, *node);
         writeEdits(m_out, m_scene, *node);
         writeKept(m_out, *node);
     }
     writeConfiguration();
     writeDefaultNodes();
+    writeStatements(connectionStatements(m_scene));
     writeStatements(keptStatements(m_scene, {}));
     m_out << "// End of " << m_name << '\n';
 }

@@ -133,11 +133,12 @@ void writeCompound(ChunkWriter& writer, const Node& node, const AttributeSpec& a
 {
     const std::vector<AttributePtr> children = childrenOf(node, attribute);
     const NumberChunk* const chunk = chunkFor(children);
-    const bool areFlagged = std::any_of(children.begin(), children.end(),
-                                        [&node](const AttributePtr& child) { return areFlagsStored(node, *child); });
+    const bool standAlone = std::any_of(children.begin(), children.end(), [&node](const AttributePtr& child) {
+        return areFlagsStored(node, *child) || node.isAnimated(*child);
+    });
     const bool areStored = std::any_of(children.begin(), children.end(),
                                        [&node](const AttributePtr& child) { return node.isValueStored(*child); });
-    if (chunk && areStored && !areFlagged) {
+    if (chunk && areStored && !standAlone) {
         std::string body = startOf(node, attribute);
         for (const AttributePtr& child : children)
             appendNumber(body, chunk->form, std::get<double>(node.value(*child)));

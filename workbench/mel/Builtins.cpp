@@ -32,6 +32,8 @@ void installScriptLanguage(kernel::Session& session)
     addParentCommand(session);
     addListCommands(session);
     addAttributeCommands(interpreter);
+    addConnectionCommands(session);
+    addKeyCommands(session);
     addMoveCommand(session);
     addCameraCommand(session);
     addTimeCommands(session);

@@ -1,5 +1,7 @@
 #include "mel/SceneReader.h"
 
+#include "kernel/CurveText.h"
+#include "kernel/Keying.h"
 #include "kernel/ReferenceEdits.h"
 #include "kernel/References.h"
 #include "kernel/SceneSections.h"
@@ -114,13 +116,13 @@ kernel::ReferenceRequest referenceRequest(const ValueList& args)
 }  // namespace
 
 const SceneReader::Row SceneReader::kRows[] = {
-    {"setAttr", &SceneReader::setAttribute},   {"createNode", &SceneReader::createNode},
-    {"rename", &SceneReader::renameNode},      {"addAttr", &SceneReader::addAttribute},
-    {"connectAttr", &SceneReader::keepLink},   {"disconnectAttr", &SceneReader::keepLink},
-    {"relationship", &SceneReader::keepLink},  {"select", &SceneReader::selectNode},
-    {"parent", &SceneReader::runOnNodes},      {"lockNode", &SceneReader::lockNode},
-    {"requires", &SceneReader::requireModule}, {"currentUnit", &SceneReader::runCommand},
-    {"fileInfo", &SceneReader::keepFileInfo},  {"file", &SceneReader::readReference},
+    {"setAttr", &SceneReader::setAttribute},     {"createNode", &SceneReader::createNode},
+    {"rename", &SceneReader::renameNode},        {"addAttr", &SceneReader::addAttribute},
+    {"connectAttr", &SceneReader::connectPlugs}, {"disconnectAttr", &SceneReader::keepLink},
+    {"relationship", &SceneReader::keepLink},    {"select", &SceneReader::selectNode},
+    {"parent", &SceneReader::runOnNodes},        {"lockNode", &SceneReader::lockNode},
+    {"requires", &SceneReader::requireModule},   {"currentUnit", &SceneReader::runCommand},
+    {"fileInfo", &SceneReader::keepFileInfo},    {"file", &SceneReader::readReference},
     {"workspace", &SceneReader::ignore},
 };
 
@@ -399,6 +401,29 @@ void SceneReader::readReference(const Statement& statement)
                           [&](const std::string& message) { warn(message, statement.begin); });
 }
 
+/// Connects a curve with the attribute it drives; every other link is kept as it stands.
+void SceneReader::connectPlugs(const Statement& statement)
+{
+    std::vector<kernel::Plug> ends;
+    for (const Value& value : statement.args) {
+        const auto* text = std::get_if<std::string>(&value);
+        if (!text || text->empty() || (*text)[0] == '-')
+            continue;
+        const std::size_t dot = std::min(text->find('.'), text->size());
+        const NodePtr node = m_intake.find(text->substr(0, dot));
+        ends.push_back({node, node ? node->attribute(text->substr(text->rfind('.') + 1)) : nullptr});
+    }
+    if (ends.size() != 2 || !kernel::isCurveOutput(ends[0]) || !ends[1].attribute
+        || !kernel::canBeAnimated(*ends[1].node, *ends[1].attribute))
+        return keepLink(statement);
+    if (!m_intake.takesSettingsOf(*ends[1].node))
+        return;
+    if (ends[1].node->isAnimated(*ends[1].attribute) && !hasFlag(statement.args, "f", "force"))
+        throw CommandError("'" + ends[1].node->name() + '.' + ends[1].attribute->longName
+                           + "' has an incoming connection already.");
+    ends[1].node->setCurve(ends[1].attribute, ends[0].node);
+}
+
 // The file's links and the like mean its own names.
 void SceneReader::keepLink(const Statement& statement)
 {
@@ -526,6 +551,8 @@ void SceneReader::setAttribute(const Statement& statement)
     const NodePtr node = m_interpreter.sceneNode();
     if (node && node->typeName() == "reference")
         return setReferenceNode(statement, own);
+    if (node && node->curve() && kernel::isKeyAttribute(own))
+        return setKeys(statement);
     if (node && (!node->unknownType.empty() || m_addedAttributes.count(own)))
         return keepWithNode(statement);
     if (node && !node->attribute(own))
@@ -533,6 +560,20 @@ void SceneReader::setAttribute(const Statement& statement)
     const AllArguments all(*this, statement);
     const Interpreter::SceneArguments lent(m_interpreter, isModuleData(statement) ? &all : nullptr);
     runCommand(statement);
+}
+
+/// Sets the keys of a curve; what cannot be read of them is written back as it stands.
+void SceneReader::setKeys(const Statement& statement)
+{
+    const auto place = static_cast<std::ptrdiff_t>(plugPlace(statement.args));
+    const ValueList values(statement.args.begin() + place + 1, statement.args.end());
+    const std::string& plug = std::get<std::string>(statement.args[std::size_t(place)]);
+    try {
+        kernel::readKeys(m_interpreter.session().scene, *m_interpreter.sceneNode(), plug, values, verbatim(statement));
+    } catch (const CommandError&) {
+        keepWithNode(statement);
+        throw;
+    }
 }
 
 bool SceneReader::isModuleData(const Statement& statement) const

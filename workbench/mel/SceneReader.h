@@ -71,6 +71,7 @@ private:
     void renameNode(const Statement& statement);
     void renameOtherNode(const Statement& statement);
     void setAttribute(const Statement& statement);
+    void setKeys(const Statement& statement);
     bool isModuleData(const Statement& statement) const;
     void setOtherNode(const Statement& statement);
     void setReferenceNode(const Statement& statement, const std::string& own);
@@ -79,6 +80,7 @@ private:
     void addAttribute(const Statement& statement);
     void selectNode(const Statement& statement);
     void lockNode(const Statement& statement);
+    void connectPlugs(const Statement& statement);
     void keepLink(const Statement& statement);
     void ignore(const Statement& statement);
 

@@ -1,3 +1,4 @@
+#include "kernel/Keying.h"
 #include "workbench/api/SampleTypes.h"
 
 #include <maya/MAngle.h>
@@ -94,6 +95,31 @@ TEST_F(MPlugTest, AsksForTheRightKindOfValue)
     EXPECT_FALSE(plugOf(shape, "sampleList").getValue(kept));
     EXPECT_EQ(kept, 7);
     EXPECT_FALSE(plugOf(shape, "amount").setString("1"));
+}
+
+TEST_F(MPlugTest, FollowsTheCurveThatAnimatesIt)
+{
+    kernel::Session& session = kernel::Session::current();
+    const kernel::NodePtr node = api::nodeOf(shape);
+    kernel::EditList edits;
+    const auto key = [&](double frame, double value) {
+        const double ticks = kernel::Time{frame, kernel::TimeUnit::Film}.ticks();
+        kernel::setKey(session, {node, node->attribute("amount")}, {ticks, value, {}, {}}, edits);
+    };
+    MPlug amount = plugOf(shape, "amount");
+    EXPECT_FALSE(amount.isConnected());
+    key(1, 0.25);
+    key(5, 0.75);
+    session.scene.setCurrentTime({3, kernel::TimeUnit::Film});
+    EXPECT_EQ(amount.asFloat(), 0.5f);
+    EXPECT_TRUE(amount.isDestination());
+    EXPECT_FALSE(amount.isSource());
+    ASSERT_TRUE(amount.setFloat(0.125f));
+    EXPECT_EQ(amount.asFloat(), 0.125f);
+    session.scene.setCurrentTime({5, kernel::TimeUnit::Film});
+    EXPECT_EQ(amount.asFloat(), 0.75f);
+    edits.undo(session.scene);
+    EXPECT_FALSE(amount.isConnected());
 }
 
 TEST_F(MPlugTest, NamesItself)

@@ -150,7 +150,24 @@ TEST_F(HotKeys, StepThroughTime)
     press(Qt::Key_Period, Qt::AltModifier);
     EXPECT_EQ(value("currentTime -q"), "5");
     press(Qt::Key_Period);
-    EXPECT_EQ(value("currentTime -q"), "5") << "not without Alt";
+    EXPECT_EQ(value("currentTime -q"), "5") << "not without Alt: nothing has a key";
+}
+
+TEST_F(HotKeys, KeyTheSelectionAndJumpBetweenItsKeys)
+{
+    run("createNode transform -n ball; currentTime 3");
+    hold(Qt::Key_S);
+    EXPECT_EQ(value("keyframe -q -kc ball.tx"), "1");
+    run("currentTime 8");
+    press(Qt::Key_S);
+    run("currentTime 5");
+    press(Qt::Key_Period);
+    EXPECT_EQ(value("currentTime -q"), "8");
+    press(Qt::Key_Comma);
+    EXPECT_EQ(value("currentTime -q"), "3");
+    run("select -cl; currentTime 4");
+    press(Qt::Key_Period);
+    EXPECT_EQ(value("currentTime -q"), "4") << "nothing is selected";
 }
 
 TEST_F(HotKeys, PlayAndStop)

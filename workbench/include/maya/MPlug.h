@@ -71,7 +71,7 @@ public:
     bool isChannelBoxFlagSet(MStatus* ReturnStatus = nullptr);
     MStatus setChannelBox(bool inChannelBox);
 
-    // Nodes have no connections and no array attributes here.
+    // Attributes are connected with the curves that animate them only. There are no array attributes here.
     bool isConnected(MStatus* ReturnStatus = nullptr);
     bool isDestination(MStatus* ReturnStatus = nullptr);
     bool isSource(MStatus* ReturnStatus = nullptr);

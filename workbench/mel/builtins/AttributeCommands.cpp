@@ -14,15 +14,11 @@ using kernel::AttributeSpec;
 using kernel::CommandError;
 using kernel::Node;
 using kernel::NodePtr;
+using kernel::Plug;
 using kernel::Value;
 using kernel::ValueKind;
 
 namespace {
-
-struct Plug {
-    NodePtr node;
-    AttributePtr attribute;
-};
 
 /// Node and attribute of "node.attr"; ".attr" belongs to the node a scene is just describing, otherwise to the first
 /// selected one.
@@ -227,24 +223,30 @@ std::string typeName(const AttributeSpec& attribute, const Node& node)
     return element + std::to_string(attribute.children.size());
 }
 
-double numberOf(const Node& node, const AttributeSpec& attribute)
+kernel::PlugValue valueOf(const BuiltinCall& call, const Node& node, const AttributeSpec& attribute)
 {
-    const kernel::PlugValue value = node.value(attribute);
+    const kernel::ValueList* const time = call.args.values("time");
+    return time ? node.valueAt(attribute, call.time(time->front())) : node.value(attribute);
+}
+
+double numberOf(const BuiltinCall& call, const Node& node, const AttributeSpec& attribute)
+{
+    const kernel::PlugValue value = valueOf(call, node, attribute);
     const double* number = std::get_if<double>(&value);
     return number ? *number : 0;
 }
 
-Value childValues(const Node& node, const AttributeSpec& attribute)
+Value childValues(const BuiltinCall& call, const Node& node, const AttributeSpec& attribute)
 {
     kernel::DoubleArray values;
     for (const std::string& child : attribute.children)
-        values.push_back(numberOf(node, *node.attribute(child)));
+        values.push_back(numberOf(call, node, *node.attribute(child)));
     return values;
 }
 
-std::string enumText(const Node& node, const AttributeSpec& attribute)
+std::string enumText(const BuiltinCall& call, const Node& node, const AttributeSpec& attribute)
 {
-    const std::size_t index = std::size_t(std::max(0.0, numberOf(node, attribute)));
+    const std::size_t index = std::size_t(std::max(0.0, numberOf(call, node, attribute)));
     return index < attribute.enumNames.size() ? attribute.enumNames[index] : std::string();
 }
 
@@ -262,15 +264,15 @@ Value readValue(const BuiltinCall& call, const Node& node, const AttributeSpec& 
     switch (attribute.kind) {
     case ValueKind::Enum:
         if (call.args.has("asString"))
-            return enumText(node, attribute);
-        return int(numberOf(node, attribute));
+            return enumText(call, node, attribute);
+        return int(numberOf(call, node, attribute));
     case ValueKind::Bool:
-    case ValueKind::Int: return int(numberOf(node, attribute));
+    case ValueKind::Int: return int(numberOf(call, node, attribute));
     case ValueKind::String: return std::get<std::string>(node.value(attribute));
-    case ValueKind::Compound: return childValues(node, attribute);
+    case ValueKind::Compound: return childValues(call, node, attribute);
     case ValueKind::Custom: return readData(call, node, attribute);
     case ValueKind::Message: return readData(call, node, attribute);
-    default: return numberOf(node, attribute);
+    default: return numberOf(call, node, attribute);
     }
 }
 
