@@ -34,6 +34,7 @@ void installScriptLanguage(kernel::Session& session)
     addAttributeCommands(interpreter);
     addMoveCommand(session);
     addCameraCommand(session);
+    addImagePlaneCommand(session);
     addTimeCommands(session);
     addPlaybackCommands(session);
     addUndoCommands(session);

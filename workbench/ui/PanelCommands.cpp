@@ -185,6 +185,7 @@ std::vector<ControlFlag> editorFlags()
          [](const Subject& s) { return int(viewOf(s).options().objects && viewOf(s).options().moduleShapes); }},
         optionFlag("grid", "gr", &view::ViewOptions::grid),
         optionFlag("pluginShapes", "ps", &view::ViewOptions::moduleShapes),
+        optionFlag("imagePlane", "imp", &view::ViewOptions::imagePlanes),
         optionFlag("headsUpDisplay", "hud", &view::ViewOptions::headsUp),
         keptFlag("locators", "lc", true),
         keptFlag("cameras", "ca", true),

@@ -26,7 +26,7 @@ double dot(const kernel::Vector3& a, const kernel::Vector3& b)
     return a.x * b.x + a.y * b.y + a.z * b.z;
 }
 
-/// Part of the film back that the port shows, before overscan; inches, or scene units for an orthographic camera.
+/// Part of the film back that the port shows, before overscan, on the near plane.
 struct Extent {
     double width;
     double height;
@@ -35,7 +35,7 @@ struct Extent {
 Extent visibleExtent(const Lens& lens, double portAspect)
 {
     const double filmAspect = lens.horizontalAperture / lens.verticalAperture;
-    const double gateWidth = lens.orthographic ? lens.orthographicWidth : lens.horizontalAperture;
+    const double gateWidth = lens.horizontalAperture * unitsPerInch(lens);
     const double gateHeight = gateWidth / filmAspect;
     const bool portIsNarrower = portAspect < filmAspect;
     bool fitsWidth = true;
@@ -70,6 +70,13 @@ Lens lensOf(const kernel::Node& cameraShape)
     return lens;
 }
 
+double unitsPerInch(const Lens& lens)
+{
+    // Similar triangles, or, without perspective, the gate's own width.
+    return lens.orthographic ? lens.orthographicWidth / lens.horizontalAperture
+                             : lens.nearPlane * kMillimetresPerInch / lens.focalLength;
+}
+
 Frustum frustumOf(const Lens& lens, int portWidth, int portHeight)
 {
     const double aspect = double(std::max(1, portWidth)) / std::max(1, portHeight);
@@ -77,11 +84,9 @@ Frustum frustumOf(const Lens& lens, int portWidth, int portHeight)
     const double zoom = lens.panZoom ? (lens.zoom > 0 ? lens.zoom : 0.001) : 1.0;
     const double panX = lens.panZoom ? lens.horizontalPan : 0.0;
     const double panY = lens.panZoom ? lens.verticalPan : 0.0;
-    // Film back to near plane: similar triangles, or, without perspective, the gate's own width.
-    const double extentScale = lens.orthographic ? 1.0 : lens.nearPlane * kMillimetresPerInch / lens.focalLength;
-    const double panScale = lens.orthographic ? lens.orthographicWidth / lens.horizontalAperture : extentScale;
-    const double halfWidth = extent.width * lens.overscan * zoom * extentScale / 2;
-    const double halfHeight = extent.height * lens.overscan * zoom * extentScale / 2;
+    const double panScale = unitsPerInch(lens);
+    const double halfWidth = extent.width * lens.overscan * zoom / 2;
+    const double halfHeight = extent.height * lens.overscan * zoom / 2;
     Frustum frustum;
     frustum.left = panX * panScale - halfWidth;
     frustum.right = panX * panScale + halfWidth;

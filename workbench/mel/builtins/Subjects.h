@@ -17,6 +17,7 @@ void addListCommands(kernel::Session& session);       ///< ls listRelatives objE
 void addAttributeCommands(Interpreter& interpreter);  ///< setAttr getAttr
 void addMoveCommand(kernel::Session& session);        ///< move
 void addCameraCommand(kernel::Session& session);      ///< camera
+void addImagePlaneCommand(kernel::Session& session);  ///< imagePlane
 void addTimeCommands(kernel::Session& session);       ///< currentTime currentUnit timeControl
 void addPlaybackCommands(kernel::Session& session);   ///< playbackOptions play
 void addUndoCommands(kernel::Session& session);       ///< undo redo undoInfo flushUndo
