@@ -28,9 +28,14 @@ bool hasCamera(const Node& transform)
                        [](const NodePtr& child) { return child->type().isA("camera"); });
 }
 
+/// Those that are hidden, themselves or with something below the camera's transform, are left out. The camera itself
+/// may well be hidden.
 void collect(const Node& transform, std::vector<NodePtr>& planes)
 {
     for (const NodePtr& child : transform.children()) {
+        if (child->number("visibility") == 0) {
+            continue;
+        }
         if (child->type().isA("imagePlane")) {
             planes.push_back(child);
         } else if (!hasCamera(*child)) {
@@ -202,9 +207,7 @@ void ImagePlanes::draw(const kernel::Scene& scene, const api::FrameState& frame)
     const Lens lens = lensOf(*frame.camera);
     const GlMatrices matrices({}, nearPlaneProjection(frustumOf(lens, frame.width, frame.height)));
     for (const NodePtr& plane : planes) {
-        if (plane->isVisible()) {
-            drawPlane(plane, lens, scene, frame.width);
-        }
+        drawPlane(plane, lens, scene, frame.width);
     }
 }
 

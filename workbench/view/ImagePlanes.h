@@ -18,7 +18,8 @@ namespace view {
 /// middle of the film gate, y up (so that top() is the lower side).
 QRectF pictureRect(const kernel::Node& imagePlane, const Lens& lens, const QSize& picture);
 
-/// The image planes under a camera's transform, those under another camera further below left out; in drawing order.
+/// The visible image planes under a camera's transform, those under another camera further below left out; in drawing
+/// order.
 std::vector<kernel::NodePtr> imagePlanesOf(const kernel::Node& cameraShape);
 
 /// Draws a camera's image planes behind everything else. While the scene plays they may show an earlier picture of a

@@ -66,7 +66,13 @@ double turn(const Point2& a, const Point2& b, const Point2& c)
     return (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
 }
 
-/// Cuts a polygon into triangles by its ears: corners whose triangle lies inside and holds no other corner.
+bool isSame(const Point2& a, const Point2& b)
+{
+    return a.x == b.x && a.y == b.y;
+}
+
+/// Cuts a polygon into triangles by its ears: corners whose triangle lies inside and holds no other corner,
+/// on its sides either.
 class EarCutter {
 public:
     explicit EarCutter(std::vector<Point2> corners) : m_corners(std::move(corners)), m_left(m_corners.size())
@@ -114,8 +120,8 @@ private:
             return false;
         return std::none_of(m_left.begin(), m_left.end(), [&](unsigned other) {
             const Point2& p = m_corners[other];
-            return other != before && other != at && other != after && turn(a, b, p) > 0 && turn(b, c, p) > 0
-                && turn(c, a, p) > 0;
+            const bool isCorner = isSame(p, a) || isSame(p, b) || isSame(p, c);
+            return !isCorner && turn(a, b, p) >= 0 && turn(b, c, p) >= 0 && turn(c, a, p) >= 0;
         });
     }
 

@@ -56,19 +56,19 @@ TEST_F(ImagePlane, IsKeptInScenesOfBothForms)
     run("imagePlane -c front -fn \"/plates/a \\\"b\\\".####.png\"");
     run("setAttr imagePlaneShape1.ufe 1; setAttr imagePlaneShape1.fo -3; setAttr imagePlaneShape1.fit 4;"
         "setAttr imagePlaneShape1.ag 0.5; setAttr imagePlaneShape1.dm 2; setAttr imagePlaneShape1.offset 0.1 0.2");
-    for (const char* const type : {"mayaAscii", "mayaBinary"}) {
-        ASSERT_TRUE(file("-rename", "plates"));
-        ASSERT_TRUE(run("file -save -type " + std::string(type)));
-        ASSERT_TRUE(file("-force -open", "plates"));
-        EXPECT_EQ(eval("imagePlane -q -camera imagePlaneShape1"), "front") << type;
-        EXPECT_EQ(eval("getAttr imagePlaneShape1.imageName"), "/plates/a \"b\".####.png") << type;
-        EXPECT_EQ(eval("getAttr -as imagePlaneShape1.fit"), "To Size") << type;
-        EXPECT_EQ(eval("getAttr imagePlaneShape1.of"), "0.1 0.2") << type;
+    for (const char* const name : {"plates.ma", "plates.mb"}) {
+        ASSERT_TRUE(file("-rename", name));
+        ASSERT_TRUE(run("file -save -type " + std::string(name[8] == 'a' ? "mayaAscii" : "mayaBinary")));
+        ASSERT_TRUE(file("-force -open", name));
+        EXPECT_EQ(eval("imagePlane -q -camera imagePlaneShape1"), "front") << name;
+        EXPECT_EQ(eval("getAttr imagePlaneShape1.imageName"), "/plates/a \"b\".####.png") << name;
+        EXPECT_EQ(eval("getAttr -as imagePlaneShape1.fit"), "To Size") << name;
+        EXPECT_EQ(eval("getAttr imagePlaneShape1.of"), "0.1 0.2") << name;
         for (const char* const value : {"ufe 1", "fo -3", "ag 0.5", "dm 2"}) {
             const std::string text = value;
             EXPECT_EQ(eval("getAttr imagePlaneShape1." + text.substr(0, text.find(' '))),
                       text.substr(text.find(' ') + 1))
-                << type;
+                << name;
         }
     }
     EXPECT_THAT(errors, IsEmpty());
