@@ -4,6 +4,7 @@
 #include <QImageReader>
 
 #include <algorithm>
+#include <system_error>
 #include <utility>
 
 namespace view {
@@ -11,6 +12,13 @@ namespace view {
 namespace {
 
 constexpr qint64 kMostPixels = qint64(1) << 28;  // of a file: 1 GiB decoded
+
+/// The same value for every file that is missing.
+std::filesystem::file_time_type timeWritten(const std::string& path)
+{
+    std::error_code missing;
+    return std::filesystem::last_write_time(path, missing);
+}
 
 }  // namespace
 
@@ -24,11 +32,10 @@ PictureStore::Entry PictureStore::decoded(const std::string& path)
 {
     Entry entry;
     const QString name = QString::fromStdString(path);
-    const QFileInfo file(name);
-    if (!file.isFile()) {
+    entry.written = timeWritten(path);
+    if (!QFileInfo(name).isFile()) {
         return entry;
     }
-    entry.written = file.lastModified();
     entry.picture.state = State::Unreadable;
     QImageReader reader(name);
     reader.setDecideFormatFromContent(true);  // names lie
@@ -54,8 +61,7 @@ PictureStore::Picture PictureStore::picture(const std::string& path, double mome
         const auto found = m_entries.find(path);
         if (found != m_entries.end()) {
             Entry& entry = found->second;
-            const bool isCurrent =
-                entry.moment == moment || entry.written == QFileInfo(QString::fromStdString(path)).lastModified();
+            const bool isCurrent = entry.moment == moment || entry.written == timeWritten(path);
             if (isCurrent) {
                 entry.moment = moment;
                 return taken(entry);

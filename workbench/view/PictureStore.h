@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QDateTime>
 #include <QImage>
 
 #include <condition_variable>
 #include <cstddef>
+#include <filesystem>
 #include <map>
 #include <mutex>
 #include <optional>
@@ -54,7 +54,7 @@ public:
 private:
     struct Entry {
         Picture picture;
-        QDateTime written;  ///< the file's time; invalid for one that is missing
+        std::filesystem::file_time_type written;  ///< the file's time
         std::optional<double> moment;
         unsigned long long lastAsked = 0;
     };

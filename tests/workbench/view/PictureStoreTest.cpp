@@ -1,5 +1,6 @@
 #include "view/PictureStore.h"
 
+#include <QDateTime>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
