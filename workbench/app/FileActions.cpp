@@ -1,13 +1,17 @@
 #include "app/FileActions.h"
 
+#include "kernel/ImageSequence.h"
 #include "kernel/SceneFile.h"
 #include "kernel/Syntax.h"
 #include "mel/builtins/Quoting.h"
+#include "view/Viewport.h"
+#include "view/Viewports.h"
 
 #include <QAbstractButton>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QImageReader>
 #include <QMessageBox>
 
 namespace app {
@@ -15,14 +19,20 @@ namespace app {
 namespace {
 
 constexpr QSize kFileDialogSize(800, 480);
-const char kOpenFilter[] = "Scenes (*.ma *.mb);;All files (*)";
+const char kSceneFilter[] = "Scenes (*.ma *.mb);;All files (*)";
+const char kImportFilter[] = "Scenes and meshes (*.ma *.mb *.obj);;Scenes (*.ma *.mb);;Meshes (*.obj);;All files (*)";
 
 const struct {
     const char* name;
     const char* slot;
 } kCommands[] = {
-    {"NewScene", "New"},       {"OpenScene", "Open"}, {"SaveScene", "Save"},
-    {"SaveSceneAs", "SaveAs"}, {"Import", "Import"},  {"CreateReference", "CreateReference"},
+    {"NewScene", "New"},
+    {"OpenScene", "Open"},
+    {"SaveScene", "Save"},
+    {"SaveSceneAs", "SaveAs"},
+    {"Import", "Import"},
+    {"CreateReference", "CreateReference"},
+    {"CreateImagePlane", "CreateImagePlane"},
 };
 
 struct SaveFilter {
@@ -69,6 +79,16 @@ private:
 
     QFileDialog& m_dialog;
 };
+
+/// The pictures that can be read here, whatever packages make that possible.
+QString pictureFilter()
+{
+    QStringList patterns;
+    for (const QByteArray& format : QImageReader::supportedImageFormats()) {
+        patterns << "*." + QString::fromLatin1(format);
+    }
+    return FileActions::tr("Images (%1);;All files (*)").arg(patterns.join(' '));
+}
 
 /// Runs a dialog and gives the keyboard back to the window, which without a window manager nobody else does.
 int runDialog(QDialog& dialog, QWidget* window)
@@ -132,15 +152,15 @@ void FileActions::Open()
     if (!mayDiscardScene()) {
         return;
     }
-    const std::string path = chooseScene(tr("Open"));
+    const std::string path = chooseFile(tr("Open"), tr(kSceneFilter));
     if (!path.empty()) {
         m_run("file -force -open " + mel::quoted(path));
     }
 }
 
-std::string FileActions::chooseScene(const QString& title)
+std::string FileActions::chooseFile(const QString& title, const QString& filter)
 {
-    QFileDialog dialog(m_window, title, folder(), tr(kOpenFilter));
+    QFileDialog dialog(m_window, title, folder(), filter);
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.resize(kFileDialogSize);
     const bool isChosen = runDialog(dialog, m_window) == QDialog::Accepted;
@@ -149,7 +169,7 @@ std::string FileActions::chooseScene(const QString& title)
 
 void FileActions::Import()
 {
-    const std::string path = chooseScene(tr("Import"));
+    const std::string path = chooseFile(tr("Import"), tr(kImportFilter));
     if (!path.empty()) {
         m_run("file -import " + mel::quoted(path));
     }
@@ -157,9 +177,26 @@ void FileActions::Import()
 
 void FileActions::CreateReference()
 {
-    const std::string path = chooseScene(tr("Create Reference"));
+    const std::string path = chooseFile(tr("Create Reference"), tr(kSceneFilter));
     if (!path.empty()) {
         m_run("file -reference " + mel::quoted(path));
+    }
+}
+
+void FileActions::CreateImagePlane()
+{
+    const view::Viewports* const views = view::Viewports::installed();
+    const view::Viewport* const active = views ? views->active() : nullptr;
+    const kernel::NodePtr camera = active ? active->camera() : nullptr;
+    if (!camera || !camera->parent()) {
+        m_session.output.error("There is no view whose camera could have an image plane.");
+        return;
+    }
+    const std::string name = m_session.scene.fullPath(*camera->parent());  // a script may delete it meanwhile
+    const std::string path = chooseFile(tr("Image Plane"), pictureFilter());
+    if (!path.empty()) {
+        m_run("createImagePlane " + mel::quoted(name) + ' ' + mel::quoted(path)
+              + (kernel::isOfSequence(path) ? " true" : " false"));
     }
 }
 

@@ -11,9 +11,10 @@ class QWidget;
 
 namespace app {
 
-/// What the File menu asks the user before it acts: new, open, save, save as, import, create reference. Changes that
-/// would be lost are asked about first. Each is a command of scripts, too (NewScene, OpenScene, ...), which is over at
-/// once: the dialog comes when the script has ended, and what it leads to is an action of its own.
+/// What menus ask the user before they act on files: new, open, save, save as, import, create reference, create image
+/// plane. Changes that would be lost are asked about first. Each is a command of scripts, too (NewScene, OpenScene,
+/// ...), which is over at once: the dialog comes when the script has ended, and what it leads to is an action of its
+/// own.
 class FileActions : public QObject {
     Q_OBJECT
 
@@ -32,10 +33,12 @@ public slots:
     bool SaveAs();
     void Import();
     void CreateReference();
+    /// For the camera of the active view; a file that is one of a sequence stands for all of it.
+    void CreateImagePlane();
 
 private:
-    /// Asks for a scene file; empty when the user thought better of it.
-    std::string chooseScene(const QString& title);
+    /// Asks for a file; empty when the user thought better of it.
+    std::string chooseFile(const QString& title, const QString& filter);
     QString folder() const;
 
     kernel::Session& m_session;

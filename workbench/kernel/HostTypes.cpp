@@ -20,7 +20,7 @@ struct Row {
     const char* parent = nullptr;
     std::optional<double> minimum = std::nullopt;
     std::optional<double> maximum = std::nullopt;
-    const char* text = nullptr;  ///< an enum's names divided by colons, a string's default
+    const char* text = nullptr;  ///< an enum's names divided by colons, a string's default, a type of data
 };
 using Rows = std::vector<Row>;
 
@@ -35,6 +35,7 @@ constexpr auto kTime = ValueKind::Time;
 constexpr auto kString = ValueKind::String;
 constexpr auto kCompound = ValueKind::Compound;
 constexpr auto kMessage = ValueKind::Message;
+constexpr auto kCustom = ValueKind::Custom;
 
 std::vector<std::string> dividedAtColons(const std::string& text)
 {
@@ -63,6 +64,8 @@ AttributePtr attributeOf(const Row& row)
     spec->channelBox = (row.traits & kChannelBox) != 0;
     if (row.kind == kEnum)
         spec->enumNames = dividedAtColons(row.text);
+    else if (row.kind == kCustom)
+        spec->customType = row.text;
     else if (row.text)
         spec->defaultText = row.text;
     return spec;
@@ -235,6 +238,25 @@ const Rows kImplicitCone = {
     {"height", "h", kDistance, 2, kKeyable, nullptr, 0.0},
 };
 
+const Rows kMesh = {{"inMesh", "i", kCustom, 0, kHidden, nullptr, {}, {}, "mesh"}};
+
+// A picture on the film back of the camera it stands under: sizes and offsets are inches there. A number in the file's
+// name follows the current time, moved by the frame offset, when the frame extension is used.
+const Rows kImagePlane = {
+    {"imageName", "in", kString, 0, kPlain, nullptr, {}, {}, ""},
+    {"useFrameExtension", "ufe", kBool},
+    {"frameOffset", "fo", kInt, 0, kKeyable},
+    {"displayMode", "dm", kEnum, 3, kPlain, nullptr, {}, {}, "None:Outline:RGB:RGBA"},
+    {"alphaGain", "ag", kDouble, 1, kKeyable, nullptr, 0.0, 1.0},
+    {"fit", "f", kEnum, 1, kPlain, nullptr, {}, {}, "Fill:Best:Horizontal:Vertical:To Size"},
+    {"size", "s", kCompound},
+    {"sizeX", "sx", kDouble, 1.41732, kKeyable, "size", 0.0},
+    {"sizeY", "sy", kDouble, 0.94488, kKeyable, "size", 0.0},
+    {"offset", "of", kCompound},
+    {"offsetX", "ox", kDouble, 0, kKeyable, "offset"},
+    {"offsetY", "oy", kDouble, 0, kKeyable, "offset"},
+};
+
 const Rows kTimeNode = {
     {"outTime", "o", kTime, 0, kKeyable},
     {"unwarpedTime", "unw", kTime},
@@ -330,6 +352,9 @@ void addHostTypes(NodeTypes& types)
     add(types, "implicitBox", "shape", NodeRole::Shape, chunkId("IBOX"), attributesOf(kImplicitBox));
     add(types, "implicitSphere", "shape", NodeRole::Shape, chunkId("ISPH"), attributesOf(kImplicitSphere));
     add(types, "implicitCone", "shape", NodeRole::Shape, chunkId("ICON"), attributesOf(kImplicitCone));
+
+    add(types, "mesh", "shape", NodeRole::Shape, chunkId("DMSH"), attributesOf(kMesh));
+    add(types, "imagePlane", "shape", NodeRole::Shape, chunkId("IMGP"), attributesOf(kImagePlane));
 
     add(types, "time", "dependNode", dependency, chunkId("TIME"), attributesOf(kTimeNode));
     add(types, "renderGlobals", "dependNode", dependency, chunkId("RNGL"), attributesOf(kRenderGlobals));

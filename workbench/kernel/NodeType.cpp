@@ -1,6 +1,7 @@
 #include "kernel/NodeType.h"
 
 #include "kernel/HostTypes.h"
+#include "kernel/MeshData.h"
 
 #include <algorithm>
 
@@ -102,6 +103,11 @@ std::vector<std::string> NodeTypes::names() const
     for (const auto& type : m_types)
         names.push_back(type.first);
     return names;
+}
+
+DataTypes::DataTypes()
+{
+    addHostDataTypes(*this);
 }
 
 bool DataTypes::add(DataType type)

@@ -115,6 +115,8 @@ private:
 
 class DataTypes {
 public:
+    /// Registers the host's own (mesh).
+    DataTypes();
     bool add(DataType type);
     bool remove(std::uint32_t id);
     const DataType* find(const std::string& name) const;

@@ -22,4 +22,9 @@ struct ImportNaming {
 /// is kept.
 std::vector<NodePtr> importScene(Session& session, const std::string& path, const ImportNaming& naming);
 
+/// Adds the objects of a file of polygons (see readObj) as meshes, each under a transform with the object's name, or
+/// the file's for one without. Not undoable. Throws CommandError, and adds nothing, for a file that is missing, cannot
+/// be read or has no faces.
+std::vector<NodePtr> importMeshes(Session& session, const std::string& path, const ImportNaming& naming);
+
 }  // namespace kernel

@@ -36,6 +36,7 @@ void installScriptLanguage(kernel::Session& session)
     addKeyCommands(session);
     addMoveCommand(session);
     addCameraCommand(session);
+    addImagePlaneCommand(session);
     addTimeCommands(session);
     addPlaybackCommands(session);
     addUndoCommands(session);

@@ -198,6 +198,7 @@ std::vector<ControlFlag> editorFlags()
         optionFlag("grid", "gr", &view::ViewOptions::grid),
         optionFlag("polymeshes", "pm", &view::ViewOptions::objects),
         optionFlag("pluginShapes", "ps", &view::ViewOptions::moduleShapes),
+        optionFlag("imagePlane", "imp", &view::ViewOptions::imagePlanes),
         optionFlag("headsUpDisplay", "hud", &view::ViewOptions::headsUp),
         keptFlag("locators", "lc", true),
         keptFlag("cameras", "ca", true),

@@ -33,7 +33,7 @@ std::optional<Box> surfaceBox(const kernel::Node& node, const kernel::Matrix4& f
     if (!node.isVisible()) {
         return box;
     }
-    if (const std::optional<Mesh> mesh = meshOf(node)) {
+    if (const std::shared_ptr<const Mesh> mesh = meshOf(node)) {
         const kernel::Matrix4 matrix = node.worldMatrix() * fromWorld;
         for (std::size_t i = 0; i + 2 < mesh->positions.size(); i += 3) {
             const float* const p = &mesh->positions[i];

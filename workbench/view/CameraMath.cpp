@@ -26,7 +26,7 @@ double dot(const kernel::Vector3& a, const kernel::Vector3& b)
     return a.x * b.x + a.y * b.y + a.z * b.z;
 }
 
-/// Part of the film back that the port shows, before overscan; inches, or scene units for an orthographic camera.
+/// A part of the film back, before overscan, on the near plane.
 struct Extent {
     double width;
     double height;
@@ -34,10 +34,11 @@ struct Extent {
 
 Extent filmGate(const Lens& lens)
 {
-    const double width = lens.orthographic ? lens.orthographicWidth : lens.horizontalAperture;
+    const double width = lens.horizontalAperture * unitsPerInch(lens);
     return {width, width * lens.verticalAperture / lens.horizontalAperture};
 }
 
+/// What the port shows of it.
 Extent visibleExtent(const Lens& lens, double portAspect)
 {
     const double filmAspect = lens.horizontalAperture / lens.verticalAperture;
@@ -68,19 +69,6 @@ Extent gateInFilm(const Lens& lens, double aspect)
     return sharesWidth ? Extent{film.width, film.width / aspect} : Extent{film.height * aspect, film.height};
 }
 
-/// Film back to near plane: similar triangles, or, without perspective, the gate's own width.
-double nearPlanePerInch(const Lens& lens)
-{
-    return lens.orthographic ? lens.orthographicWidth / lens.horizontalAperture
-                             : lens.nearPlane * kMillimetresPerInch / lens.focalLength;
-}
-
-/// Extents of an orthographic camera are in scene units already.
-double nearPlanePerExtent(const Lens& lens)
-{
-    return lens.orthographic ? 1.0 : nearPlanePerInch(lens);
-}
-
 }  // namespace
 
 Lens lensOf(const kernel::Node& cameraShape)
@@ -103,6 +91,13 @@ Lens lensOf(const kernel::Node& cameraShape)
     return lens;
 }
 
+double unitsPerInch(const Lens& lens)
+{
+    // Similar triangles, or, without perspective, the gate's own width.
+    return lens.orthographic ? lens.orthographicWidth / lens.horizontalAperture
+                             : lens.nearPlane * kMillimetresPerInch / lens.focalLength;
+}
+
 Frustum frustumOf(const Lens& lens, int portWidth, int portHeight)
 {
     const double aspect = double(std::max(1, portWidth)) / std::max(1, portHeight);
@@ -110,10 +105,9 @@ Frustum frustumOf(const Lens& lens, int portWidth, int portHeight)
     const double zoom = lens.panZoom ? (lens.zoom > 0 ? lens.zoom : 0.001) : 1.0;
     const double panX = lens.panZoom ? lens.horizontalPan : 0.0;
     const double panY = lens.panZoom ? lens.verticalPan : 0.0;
-    const double panScale = nearPlanePerInch(lens);
-    const double extentScale = nearPlanePerExtent(lens);
-    const double halfWidth = extent.width * lens.overscan * zoom * extentScale / 2;
-    const double halfHeight = extent.height * lens.overscan * zoom * extentScale / 2;
+    const double panScale = unitsPerInch(lens);
+    const double halfWidth = extent.width * lens.overscan * zoom / 2;
+    const double halfHeight = extent.height * lens.overscan * zoom / 2;
     Frustum frustum;
     frustum.left = panX * panScale - halfWidth;
     frustum.right = panX * panScale + halfWidth;
@@ -181,16 +175,14 @@ PortRect gateRect(const Lens& lens, int portWidth, int portHeight, double aspect
     const Frustum window = frustumOf(lens, portWidth, portHeight);
     const double pixels = std::max(1, portWidth) / window.width();  // per unit of the near plane
     const Extent gate = gateInFilm(lens, aspect);
-    const double width = gate.width * nearPlanePerExtent(lens);
-    const double height = gate.height * nearPlanePerExtent(lens);
-    return {(-width / 2 - window.left) * pixels, (-height / 2 - window.bottom) * pixels, width * pixels,
-            height * pixels};
+    return {(-gate.width / 2 - window.left) * pixels, (-gate.height / 2 - window.bottom) * pixels, gate.width * pixels,
+            gate.height * pixels};
 }
 
 double inchesPerPixel(Lens lens, int portWidth, int portHeight)
 {
     lens.panZoom = true;
-    return frustumOf(lens, portWidth, portHeight).width() / nearPlanePerInch(lens) / std::max(1, portWidth);
+    return frustumOf(lens, portWidth, portHeight).width() / unitsPerInch(lens) / std::max(1, portWidth);
 }
 
 double unitsPerPixel(const Frustum& frustum, int portHeight, double distance)

@@ -43,6 +43,9 @@ struct Frustum {
 /// An orthographic camera's width is that of its gate: fill counts as horizontal, overscan as vertical.
 Frustum frustumOf(const Lens& lens, int portWidth, int portHeight);
 
+/// What an inch of film back is on the near plane, where the middle of the film gate is the origin.
+double unitsPerInch(const Lens& lens);
+
 /// Row vectors, clip space -1..1 in each direction, as OpenGL wants them.
 kernel::Matrix4 projectionMatrix(const Frustum& frustum);
 /// World to camera for a camera standing at `world`; scale and shear of the camera's transforms have no effect.

@@ -1,6 +1,12 @@
 #include "view/Meshes.h"
 
+#include "kernel/MeshData.h"
+#include "view/PolygonMesh.h"
+
 #include <cmath>
+#include <iterator>
+#include <map>
+#include <utility>
 
 namespace view {
 
@@ -29,6 +35,29 @@ void addEdge(Mesh& mesh, unsigned a, unsigned b)
 double turn(int segment)
 {
     return 2 * M_PI * segment / kSegments;
+}
+
+std::shared_ptr<const Mesh> shared(Mesh mesh)
+{
+    return std::make_shared<const Mesh>(std::move(mesh));
+}
+
+/// What was made of data that still lives.
+std::shared_ptr<const Mesh> keptMesh(const std::shared_ptr<const kernel::MeshData>& data)
+{
+    struct Kept {
+        std::weak_ptr<const kernel::MeshData> data;
+        std::shared_ptr<const Mesh> mesh;
+    };
+    static std::map<const kernel::MeshData*, Kept> s_kept;
+    const auto found = s_kept.find(data.get());
+    if (found != s_kept.end() && !found->second.data.expired()) {
+        return found->second.mesh;
+    }
+    for (auto it = s_kept.begin(); it != s_kept.end();) {
+        it = it->second.data.expired() ? s_kept.erase(it) : std::next(it);
+    }
+    return s_kept.emplace(data.get(), Kept{data, shared(polygonMesh(*data))}).first->second.mesh;
 }
 
 }  // namespace
@@ -126,19 +155,20 @@ Mesh coneMesh(double radius, double height)
     return mesh;
 }
 
-std::optional<Mesh> meshOf(const kernel::Node& shape)
+std::shared_ptr<const Mesh> meshOf(const kernel::Node& shape)
 {
     const std::string& type = shape.typeName();
     if (type == "implicitBox") {
-        return boxMesh(shape.number("sizeX"), shape.number("sizeY"), shape.number("sizeZ"));
+        return shared(boxMesh(shape.number("sizeX"), shape.number("sizeY"), shape.number("sizeZ")));
     }
     if (type == "implicitSphere") {
-        return sphereMesh(shape.number("radius"));
+        return shared(sphereMesh(shape.number("radius")));
     }
     if (type == "implicitCone") {
-        return coneMesh(shape.number("radius"), shape.number("height"));
+        return shared(coneMesh(shape.number("radius"), shape.number("height")));
     }
-    return {};
+    const std::shared_ptr<const kernel::MeshData> data = kernel::meshDataOf(shape);
+    return data ? keptMesh(data) : nullptr;
 }
 
 }  // namespace view

@@ -109,9 +109,12 @@ bool isSelected(const kernel::Scene& scene, const kernel::Node& shape)
 
 }  // namespace
 
-void SceneRenderer::draw(const kernel::Scene& scene, const api::FrameState& frame, const ViewOptions& options) const
+void SceneRenderer::draw(const kernel::Scene& scene, const api::FrameState& frame, const ViewOptions& options)
 {
     drawBackground();
+    if (options.imagePlanes) {
+        m_imagePlanes.draw(scene, frame);
+    }
     const GlMatrices matrices(frame.matrices.view, frame.matrices.projection);
     glEnable(GL_DEPTH_TEST);
     glDepthFunc(GL_LEQUAL);
@@ -180,7 +183,6 @@ void SceneRenderer::drawShapes(const kernel::Scene& scene, bool wireframe) const
 {
     setLights();
     glEnable(GL_NORMALIZE);
-    glEnable(GL_CULL_FACE);
     glEnable(GL_POLYGON_OFFSET_FILL);  // the grid and outlines lie on surfaces
     glPolygonOffset(0.5f, 1);
     scene.walkDag([&](kernel::Node& node) {
@@ -199,7 +201,7 @@ void SceneRenderer::drawShapes(const kernel::Scene& scene, bool wireframe) const
 
 void SceneRenderer::drawShape(kernel::Node& shape, bool selected, bool wireframe) const
 {
-    const std::optional<Mesh> mesh = meshOf(shape);
+    const std::shared_ptr<const Mesh> mesh = meshOf(shape);
     if (!mesh) {
         return;
     }
@@ -218,6 +220,8 @@ void SceneRenderer::drawShape(kernel::Node& shape, bool selected, bool wireframe
     if (!wireframe) {
         glEnable(GL_LIGHTING);
         glFrontFace(isMirrored(world) ? GL_CW : GL_CCW);
+        (mesh->isOpen ? glDisable : glEnable)(GL_CULL_FACE);
+        glLightModeli(GL_LIGHT_MODEL_TWO_SIDE, mesh->isOpen);
         glDrawElements(GL_TRIANGLES, int(mesh->triangles.size()), GL_UNSIGNED_INT, mesh->triangles.data());
         glDisable(GL_LIGHTING);
     }

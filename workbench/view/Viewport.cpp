@@ -68,6 +68,7 @@ Viewport::~Viewport()
     if (context()) {
         makeCurrent();
         m_text.clear();
+        m_sceneRenderer.clear();
         TextureCache::instance().collect();
         doneCurrent();
     }

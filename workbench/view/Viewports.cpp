@@ -1,6 +1,7 @@
 #include "view/Viewports.h"
 
 #include "api/DrawList.h"
+#include "view/PictureStore.h"
 #include "view/TextureCache.h"
 #include "view/Viewport.h"
 
@@ -24,14 +25,22 @@ Viewports::Viewports(kernel::Session& session) : m_session(session)
     api::installViewHost(this);
     m_session.scene.setTouchListener([this] { touched(); });
     connect(qGuiApp, SIGNAL(focusWindowChanged(QWindow*)), this, SLOT(LetGoOfKeys()));
+    // While a scene plays its pictures may lag behind the time; once it stands they must not.
+    m_playbackWatch = m_session.events.watch("playingBack", [this](bool isPlaying) {
+        if (!isPlaying) {
+            touched();
+        }
+    });
 }
 
 Viewports::~Viewports()
 {
+    m_session.events.unwatch(m_playbackWatch);
     m_session.scene.setTouchListener(nullptr);
     api::installViewHost(nullptr);
     api::setRendererAvailable(false);
     s_installed = nullptr;
+    PictureStore::instance().clear();
 }
 
 Viewports* Viewports::installed()

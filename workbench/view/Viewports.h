@@ -58,6 +58,7 @@ private:
     void touched();
 
     kernel::Session& m_session;
+    unsigned m_playbackWatch = 0;
     std::vector<QPointer<Viewport>> m_views;
     QPointer<Viewport> m_active;  ///< the one last worked in
     QCursor m_cursor;

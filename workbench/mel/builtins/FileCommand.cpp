@@ -4,6 +4,8 @@
 #include "mel/builtins/Builtin.h"
 #include "mel/builtins/Subjects.h"
 
+#include <algorithm>
+#include <cctype>
 #include <charconv>
 #include <chrono>
 #include <optional>
@@ -98,15 +100,29 @@ kernel::StringArray namesOf(const BuiltinCall& call, const std::vector<kernel::N
     return names;
 }
 
+/// Whether a file of polygons is meant: by -type, without it by the file's extension.
+bool isMeshFile(const BuiltinCall& call, const std::string& path)
+{
+    if (call.args.has("type"))
+        return call.args.text("type") == "OBJ";
+    std::string extension = path.substr(std::min(path.rfind('.'), path.size()));
+    std::transform(extension.begin(), extension.end(), extension.begin(),
+                   [](unsigned char c) { return char(std::tolower(c)); });
+    return extension == ".obj";
+}
+
 Value import(BuiltinCall& call)
 {
-    typeOf(call);  // what the file is, its content says
+    const std::string path = pathOf(call);
+    const bool areMeshes = isMeshFile(call, path);
+    if (!areMeshes)
+        typeOf(call);  // what kind of scene it is, its content says
     kernel::ImportNaming naming;
     naming.nameSpace = call.args.text("namespace");
     naming.mergeNamespaces = call.args.integer("mergeNamespacesOnClash") != 0;
     naming.clashPrefix = call.args.text("renamingPrefix");
-    const std::string path = pathOf(call);
-    const std::vector<kernel::NodePtr> nodes = kernel::importScene(call.session, path, naming);
+    const auto read = areMeshes ? kernel::importMeshes : kernel::importScene;
+    const std::vector<kernel::NodePtr> nodes = read(call.session, path, naming);
     if (call.args.has("returnNewNodes"))
         return namesOf(call, nodes);
     return kernel::absolutePath(path);

@@ -19,6 +19,7 @@ void addConnectionCommands(kernel::Session& session);  ///< connectAttr disconne
 void addKeyCommands(kernel::Session& session);         ///< setKeyframe keyframe cutKey keyTangent findKeyframe
 void addMoveCommand(kernel::Session& session);         ///< move
 void addCameraCommand(kernel::Session& session);       ///< camera
+void addImagePlaneCommand(kernel::Session& session);   ///< imagePlane
 void addTimeCommands(kernel::Session& session);        ///< currentTime currentUnit timeControl
 void addPlaybackCommands(kernel::Session& session);    ///< playbackOptions play
 void addUndoCommands(kernel::Session& session);        ///< undo redo undoInfo flushUndo
