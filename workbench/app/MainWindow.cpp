@@ -11,6 +11,7 @@
 #include "app/ScriptShell.h"
 #include "app/TimeField.h"
 #include "app/WindowCommands.h"
+#include "app/panels/Panels.h"
 #include "ui/MenuItem.h"
 #include "ui/PaneLayout.h"
 #include "ui/StatusLine.h"
@@ -28,7 +29,9 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QStatusTipEvent>
+#include <QToolBar>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 namespace app {
 
@@ -71,6 +74,8 @@ MainWindow::MainWindow(Host& host) : m_host(host), m_session(host.session())
     m_files = new FileActions(m_session, this, run);
     buildViews();
     buildLines();
+    m_panels = std::make_unique<Panels>(
+        *this, PanelContext{m_session, *m_viewports, [this](const std::string& text) { return runAction(text); }});
     buildMenus();
     m_commands = std::make_unique<WindowCommands>(m_session, *this, m_host.ui());
     m_ports = std::make_unique<CommandPorts>(m_session);
@@ -109,6 +114,11 @@ void MainWindow::buildViews()
         ui.add(ui::Kind::Panel, "modelPanel", v.panel, nullptr, panel);
         m_panes->place(panel);
     }
+    auto* const middle = new QWidget;
+    auto* const layout = new QVBoxLayout(middle);
+    layout->setContentsMargins(4, 4, 4, 0);
+    layout->addWidget(m_panes);
+    setCentralWidget(middle);
     connect(m_viewports.get(), SIGNAL(SceneTouched()), this, SLOT(ScheduleStatus()));
     setPaneCount(1);
 }
@@ -134,8 +144,6 @@ void MainWindow::buildLines()
     layout->setContentsMargins(4, 4, 4, 4);
     layout->setHorizontalSpacing(12);
     layout->setVerticalSpacing(4);
-    layout->addWidget(m_panes, 0, 0, 1, 2);
-    layout->setRowStretch(0, 1);
     layout->setColumnStretch(0, 1);
     layout->addWidget(m_help, 1, 0);
     layout->addWidget(time, 1, 1);
@@ -145,7 +153,12 @@ void MainWindow::buildLines()
     lines->addWidget(messages, 3);
     lines->addWidget(m_scripts->makeButton());
     layout->addLayout(lines, 2, 0, 1, 2);
-    setCentralWidget(whole);
+    // Below what is docked at the sides, too.
+    auto* const below = new QToolBar;
+    below->setObjectName("lines");
+    below->setMovable(false);
+    below->addWidget(whole);
+    addToolBar(Qt::BottomToolBarArea, below);
 }
 
 void MainWindow::buildMenus()
