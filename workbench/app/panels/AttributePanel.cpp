@@ -191,7 +191,9 @@ void AttributePanel::addTypeSection(const kernel::Node& node, const kernel::Node
             continue;
         }
         if (!grid) {
-            grid = addSection(column, tr("%1 Attributes").arg(niceName(type.name)), isFolded);
+            const QString title =
+                type.role == kernel::NodeRole::Camera ? tr("More %1 Attributes") : tr("%1 Attributes");
+            grid = addSection(column, title.arg(niceName(type.name)), isFolded);
         }
         addField(grid, niceName(attribute->longName), rows);
     }

@@ -7,6 +7,7 @@
 #include "mel/builtins/Quoting.h"
 
 #include <QAction>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace app {
@@ -20,7 +21,7 @@ ChannelBox::ChannelBox(const PanelContext& context, QWidget* parent)
     auto* const delegate = new ChannelDelegate(m_table);
     m_table->setItemDelegate(delegate);
     addActions();
-    connect(delegate, SIGNAL(Left()), m_table, SLOT(clearFocus()));
+    connect(delegate, SIGNAL(Left()), m_table, SLOT(Leave()));
     connect(m_model, SIGNAL(Typed(int, QString)), this, SLOT(Apply(int, QString)));
 }
 
@@ -55,15 +56,21 @@ void ChannelBox::Apply(int row, const QString& text)
             }
         }
     }
-    if (!script.empty()) {
-        run(script);
-    }
+    runSoon(script);
 }
 
 void ChannelBox::rename(int row, const QString& name)
 {
     if (const kernel::NodePtr node = m_model->node(row)) {
-        run("rename " + mel::quoted(scene().partialPath(*node)) + ' ' + mel::quoted(name.toStdString()));
+        runSoon("rename " + mel::quoted(scene().partialPath(*node)) + ' ' + mel::quoted(name.toStdString()));
+    }
+}
+
+// A script may ask the user something, and by its end the field it came from may be gone with its node.
+void ChannelBox::runSoon(const std::string& script)
+{
+    if (!script.empty()) {
+        QTimer::singleShot(0, this, [this, script] { run(script); });
     }
 }
 

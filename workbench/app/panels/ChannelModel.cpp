@@ -103,7 +103,7 @@ QVariant ChannelModel::data(const QModelIndex& index, int role) const
     const Row& row = m_rows[std::size_t(index.row())];
     const bool isName = !row.plug.attribute;
     switch (role) {
-    case Qt::DisplayRole: return index.column() == kLabel ? row.label : row.value;
+    case Qt::DisplayRole: return index.column() == kLabel ? row.label : isName ? QString() : row.value;
     case Qt::EditRole:
         if (const kernel::NodePtr node = row.plug.node.lock()) {
             return isName ? row.value : typedText(node->value(*row.plug.attribute), *row.plug.attribute);

@@ -76,7 +76,7 @@ QModelIndex ChannelTable::moveCursor(CursorAction action, Qt::KeyboardModifiers 
 void ChannelTable::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape) {
-        clearFocus();
+        Leave();
         return;
     }
     // The table would search its labels for what is typed, where hot keys are meant.

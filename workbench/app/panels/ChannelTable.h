@@ -21,6 +21,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private slots:
+    /// The keys that follow are not for the table.
+    void Leave() { clearFocus(); }
     void ArrangeNames();
 
 private:

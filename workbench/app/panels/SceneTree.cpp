@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QPalette>
+#include <QSize>
 
 #include <algorithm>
 
@@ -9,6 +10,7 @@ namespace app {
 
 namespace {
 
+constexpr int kRowHeight = 22;
 constexpr int kTemplateDisplay = 1;  // of overrideDisplayType
 
 bool isTemplate(const kernel::Node& node)
@@ -207,6 +209,7 @@ QVariant SceneTree::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole: return QString::fromStdString(node->name());
+    case Qt::SizeHintRole: return QSize(0, kRowHeight);
     case Qt::ToolTipRole: return QString::fromStdString(node->typeName());
     case Qt::ForegroundRole:
         return node->isReadOnly() || isTemplate(*node) || !node->isVisible()

@@ -53,6 +53,8 @@ ValueField::ValueField(kernel::AttributePtr attribute, SliderRange range, QWidge
         row->addWidget(makeLine());
         if (m_range.first < m_range.last) {
             row->addWidget(makeSlider(), 1);
+        } else if (kernel::isNumber(m_attribute->kind)) {
+            row->addStretch(1);
         }
     }
     for (QWidget* control : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
