@@ -326,7 +326,7 @@ TEST_F(Panels, ASliderMovesTheSceneAndLeavesOneStep)
 
     slider->setSliderDown(true);
     slider->setValue(200);
-    run("delete camera1");
+    session().script().execute("delete camera1", true, true);  // before the panel has followed
     slider->setValue(300);
     slider->setSliderDown(false);
     turnEventLoop();
@@ -362,7 +362,8 @@ TEST_F(Panels, OutlinerFollowsTheHierarchy)
     run("createNode transform -n group1; parent ball box group1");
     tree().expand(item("group1"));
     EXPECT_EQ(treeText(), "persp top front side group1(ball box)");
-    run("rename ball globe; createNode transform -n late -p group1; delete box");
+    run("rename ball globe; createNode transform -n late -p group1");
+    run("delete box");
     EXPECT_EQ(treeText(), "persp top front side group1(globe late)");
     EXPECT_TRUE(tree().isExpanded(item("group1")));
     run("undo");
@@ -371,7 +372,7 @@ TEST_F(Panels, OutlinerFollowsTheHierarchy)
     EXPECT_EQ(treeText(), "persp top front side group1(late) box(globe)");
     tree().actions().front()->trigger();  // shapes
     turnEventLoop();
-    EXPECT_EQ(treeText(item("box")), "boxShape globe(ballShape)");
+    EXPECT_EQ(treeText(item("box")), "boxShape globe(globeShape)");
     run("file -force -new");
     EXPECT_EQ(treeText(), "persp(perspShape) top(topShape) front(frontShape) side(sideShape)");
 }
@@ -421,7 +422,7 @@ TEST_F(Panels, OutlinerHoldsLargeAndDeepScenes)
 {
     run("int $i; for ($i = 0; $i < 20000; ++$i) createNode transform -n (\"n\" + $i); select -all");
     EXPECT_EQ(tree().model()->rowCount(), 20006);
-    EXPECT_EQ(tree().selectionModel()->selectedRows().size(), 20006);
+    EXPECT_EQ(tree().selectionModel()->selectedRows().size(), 20002);
     EXPECT_LE(tree().selectionModel()->selection().size(), 2) << "neighbours are one range";
     run("file -force -new; createNode transform -n top1; int $i; for ($i = 0; $i < 20000; ++$i)"
         " createNode transform -p `ls -sl`");

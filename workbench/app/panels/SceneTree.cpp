@@ -29,11 +29,13 @@ SceneTree::~SceneTree() = default;
 
 bool SceneTree::follow()
 {
-    m_isOther = false;
+    if (isCurrent()) {
+        return false;
+    }
     // First out, then in: a node that went below another is never in two places.
     removeMisplaced();
     addMissing();
-    return m_isOther;
+    return true;
 }
 
 bool SceneTree::isListed(const kernel::Node& node) const
@@ -49,6 +51,31 @@ SceneTree::Nodes SceneTree::listedBelow(const Entry& entry) const
     std::copy_if(all.begin(), all.end(), std::back_inserter(listed),
                  [this](const kernel::NodePtr& child) { return isListed(*child); });
     return listed;
+}
+
+// Asked after every change of the scene, most of which are of values.
+bool SceneTree::isCurrent() const
+{
+    std::vector<std::pair<const Entry*, const Nodes*>> left{{&m_root, &m_scene.roots()}};
+    while (!left.empty()) {
+        const auto [entry, nodes] = left.back();
+        left.pop_back();
+        std::size_t row = 0;
+        for (const kernel::NodePtr& node : *nodes) {
+            if (!isListed(*node)) {
+                continue;
+            }
+            if (row == entry->children.size() || entry->children[row]->serial != node->serial()) {
+                return false;
+            }
+            left.emplace_back(entry->children[row], &node->children());
+            ++row;
+        }
+        if (row != entry->children.size()) {
+            return false;
+        }
+    }
+    return true;
 }
 
 bool SceneTree::isInPlace(const Entry& entry) const
@@ -91,7 +118,7 @@ void SceneTree::addMissing()
 void SceneTree::matchChildren(Entry& entry, const Nodes& wanted)
 {
     const std::vector<Entry*>& held = entry.children;
-    const auto isOf = [](const Entry* one, const kernel::NodePtr& node) { return one->node.lock() == node; };
+    const auto isOf = [](const Entry* one, const kernel::NodePtr& node) { return one->serial == node->serial(); };
     const auto differs = std::mismatch(held.begin(), held.end(), wanted.begin(), wanted.end(), isOf);
     const auto same = int(differs.first - held.begin());
     int heldEnd = int(held.size());
@@ -110,13 +137,13 @@ void SceneTree::insert(Entry& entry, int row, const Nodes& nodes)
     if (nodes.empty()) {
         return;
     }
-    m_isOther = true;
     beginInsertRows(indexOf(entry), row, row + int(nodes.size()) - 1);
     std::vector<Entry*> added;
     for (const kernel::NodePtr& node : nodes) {
         auto made = std::make_unique<Entry>();
         made->node = node;
         made->key = node.get();
+        made->serial = node->serial();
         made->parent = &entry;
         added.push_back(made.get());
         m_entries[node.get()] = std::move(made);
@@ -133,7 +160,6 @@ void SceneTree::remove(Entry& entry, int first, int end)
     if (first == end) {
         return;
     }
-    m_isOther = true;
     beginRemoveRows(indexOf(entry), first, end - 1);
     const std::vector<Entry*> removed(entry.children.begin() + first, entry.children.begin() + end);
     entry.children.erase(entry.children.begin() + first, entry.children.begin() + end);

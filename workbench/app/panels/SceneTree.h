@@ -49,6 +49,7 @@ private:
     struct Entry {
         std::weak_ptr<kernel::Node> node;
         const kernel::Node* key = nullptr;  ///< in the table of entries; not to be looked at
+        unsigned long long serial = 0;      ///< the node's
         Entry* parent = nullptr;
         int row = 0;
         std::vector<Entry*> children;
@@ -57,6 +58,7 @@ private:
 
     bool isListed(const kernel::Node& node) const;
     Nodes listedBelow(const Entry& entry) const;
+    bool isCurrent() const;
     bool isInPlace(const Entry& entry) const;
     void removeMisplaced();
     void addMissing();
@@ -69,7 +71,6 @@ private:
 
     const kernel::Scene& m_scene;
     bool m_showsShapes = false;
-    bool m_isOther = false;  ///< rows came or went
     Entry m_root;
     std::unordered_map<const kernel::Node*, std::unique_ptr<Entry>> m_entries;  ///< all but the root
 };
