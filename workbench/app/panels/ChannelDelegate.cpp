@@ -3,6 +3,7 @@
 #include "app/panels/ChannelModel.h"
 
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -23,6 +24,7 @@ QWidget* ChannelDelegate::createEditor(QWidget* parent, const QStyleOptionViewIt
     if (!attribute || attribute->kind != kernel::ValueKind::Enum) {
         auto* const line = new QLineEdit(parent);
         line->setFrame(false);
+        line->setPalette(QGuiApplication::palette());  // the table's ground is not a field's
         return line;
     }
     auto* const names = new QComboBox(parent);
