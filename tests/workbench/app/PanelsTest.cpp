@@ -168,7 +168,7 @@ TEST_F(Panels, ChannelsFollowTheSceneWithoutBeingMadeAnew)
 
 TEST_F(Panels, WhatIsTypedInAFieldIsOneStepForAllSelected)
 {
-    run("createNode transform -n held; setAttr -lock on held.tx; select ball box held");
+    run("createNode transform -n held; setAttr -lock on held.tx; select ball held box");
     enter("Translate X", "1.23456789");
     EXPECT_EQ(value("getAttr ball.tx") + ' ' + value("getAttr box.tx"), "1.23456789 1.23456789");
     EXPECT_EQ(value("getAttr held.tx"), "0");
