@@ -14,6 +14,7 @@
 #include "app/TransportBar.h"
 #include "app/ViewLayouts.h"
 #include "app/WindowCommands.h"
+#include "app/panels/Panels.h"
 #include "ui/MenuItem.h"
 #include "ui/PaneLayout.h"
 #include "ui/StatusLine.h"
@@ -31,7 +32,9 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QStatusTipEvent>
+#include <QToolBar>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 namespace app {
 
@@ -75,6 +78,8 @@ MainWindow::MainWindow(Host& host) : m_host(host), m_session(host.session())
     buildViews();
     m_playback = std::make_unique<PlaybackRunner>(m_session, m_viewports.get());
     buildLines();
+    m_panels = std::make_unique<Panels>(
+        *this, PanelContext{m_session, *m_viewports, [this](const std::string& text) { return runAction(text); }});
     buildMenus();
     m_commands = std::make_unique<WindowCommands>(m_session, *this, m_host.ui());
     m_ports = std::make_unique<CommandPorts>(m_session);
@@ -112,6 +117,11 @@ void MainWindow::buildViews()
         ui.add(ui::Kind::Panel, "modelPanel", v.panel, nullptr, panel);
         m_panes->place(panel);
     }
+    auto* const middle = new QWidget;
+    auto* const layout = new QVBoxLayout(middle);
+    layout->setContentsMargins(4, 4, 4, 0);
+    layout->addWidget(m_panes);
+    setCentralWidget(middle);
     connect(m_viewports.get(), SIGNAL(SceneTouched()), this, SLOT(ScheduleStatus()));
     m_layouts = std::make_unique<ViewLayouts>(*this, *m_panes);
 }
@@ -135,19 +145,22 @@ void MainWindow::buildLines()
     layout->setContentsMargins(4, 4, 4, 4);
     layout->setHorizontalSpacing(12);
     layout->setVerticalSpacing(4);
-    layout->addWidget(m_panes, 0, 0, 1, 2);
-    layout->setRowStretch(0, 1);
     layout->setColumnStretch(0, 1);
-    layout->addLayout(makeTimeLine(), 1, 0, 1, 2);
-    layout->addWidget(m_help, 2, 0);
-    layout->addWidget(transport, 2, 1);
+    layout->addLayout(makeTimeLine(), 0, 0, 1, 2);
+    layout->addWidget(m_help, 1, 0);
+    layout->addWidget(transport, 1, 1);
     auto* const lines = new QHBoxLayout;
     lines->setSpacing(4);
     lines->addWidget(command, 2);
     lines->addWidget(messages, 3);
     lines->addWidget(m_scripts->makeButton());
-    layout->addLayout(lines, 3, 0, 1, 2);
-    setCentralWidget(whole);
+    layout->addLayout(lines, 2, 0, 1, 2);
+    // Below what is docked at the sides, too.
+    auto* const below = new QToolBar;
+    below->setObjectName("lines");
+    below->setMovable(false);
+    below->addWidget(whole);
+    addToolBar(Qt::BottomToolBarArea, below);
 }
 
 QLayout* MainWindow::makeTimeLine()

@@ -26,12 +26,14 @@ class CommandPorts;
 class FileActions;
 class HotKeys;
 class IdleRunner;
+class Panels;
 class PlaybackRunner;
 class ScriptShell;
 class ViewLayouts;
 class WindowCommands;
 
-/// The program's window: menus, camera views, and below them the command field, messages, the tool's help and the time.
+/// The program's window: menus, camera views with panels at their sides, and below them the command field, messages,
+/// the tool's help and the time.
 /// What its menus do is script text run in the session, so that all of it stands in the journal.
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -86,6 +88,7 @@ private:
     std::unique_ptr<CommandPorts> m_ports;
     std::unique_ptr<IdleRunner> m_idle;
     std::unique_ptr<PlaybackRunner> m_playback;
+    std::unique_ptr<Panels> m_panels;
     FileActions* m_files = nullptr;
     QPointer<ui::PaneLayout> m_panes;  ///< null once a script deleted them
     std::unique_ptr<ViewLayouts> m_layouts;

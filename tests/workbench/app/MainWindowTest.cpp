@@ -348,6 +348,21 @@ TEST_F(MainWindow, ItsViewsCanBeTakenAway)
     EXPECT_EQ(value("menu -q -numberOfItems lookThroughItem"), "5");
 }
 
+TEST_F(MainWindow, MenuOfWindowsChecksThePanelsThatAreShown)
+{
+    const auto openMenu = [&] { QMetaObject::invokeMethod(action("Windows")->menu(), "aboutToShow"); };
+    const auto checks = [&] {
+        return value("menuItem -q -checkBox outlinerItem") + value("menuItem -q -checkBox channelBoxItem")
+             + value("menuItem -q -checkBox attributeEditorItem");
+    };
+    openMenu();
+    EXPECT_EQ(checks(), "010");
+    action("Outliner")->trigger();
+    host->run("workbenchPanel -visible 0 channelBox");
+    openMenu();
+    EXPECT_EQ(checks(), "100");
+}
+
 TEST_F(MainWindow, TitleNamesTheFileAndMarksChanges)
 {
     EXPECT_TRUE(window->windowTitle().startsWith("untitled - "));
