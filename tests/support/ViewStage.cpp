@@ -54,7 +54,7 @@ void ViewStage::open(const QString& configuration, const QStringList& panels, co
             .arg(size.height() + 2 * kEdge)
             .arg(kWindow, configuration);
     for (const QString& panel : panels) {
-        text += QString("modelPanel %1; modelEditor -e -grid 0 -headsUpDisplay 0 %1;").arg(panel);
+        text += QString("modelPanel -menuBarVisible 0 %1; modelEditor -e -grid 0 -headsUpDisplay 0 %1;").arg(panel);
     }
     m_host.run(text + "showWindow " + kWindow);
     m_host.letTurn();
