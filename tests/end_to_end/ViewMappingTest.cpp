@@ -247,6 +247,19 @@ TEST_F(ViewMapping, FollowsTwoDimensionalPanAndZoom)
     }
 }
 
+TEST_F(ViewMapping, IsTheSameInTheLegacyRenderer)
+{
+    stage().openSingle(kWide);
+    stage().useRenderer("base_OpenGL_Renderer");
+    for (CameraSetting camera : support::everyFilmFit()) {
+        expectInPlace(camera, kWide);
+        camera.panZoom = true;
+        camera.zoom = 1.5;
+        camera.pan = QPointF(0.1, 0.05);
+        expectInPlace(camera, kWide);
+    }
+}
+
 TEST_F(ViewMapping, IsEachViewsOwnAmongFour)
 {
     stage().openFour(QSize(1000, 700));

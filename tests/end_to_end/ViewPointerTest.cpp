@@ -68,9 +68,12 @@ public:
     LiveWorkbench& host() { return *m_host; }
     ViewStage& stage() { return *m_stage; }
 
-    /// The ink that a stroke through points of the screen leaves; the drawing is empty again afterwards.
-    QVector<QPointF> inkOfStroke(const QVector<QPoint>& path)
+    /// The ink that a stroke leaves; the drawing is empty again afterwards. corner: of the view, on the screen.
+    QVector<QPointF> inkOfStroke(QVector<QPoint> path, const QPoint& corner)
     {
+        for (QPoint& point : path) {
+            point += corner;
+        }
         m_host->drag(path, 10, 40);
         const QString scene = m_folder.filePath("stroke.ma");
         m_host->run(QString("file -rename \"%1\"; file -save -type \"mayaAscii\"").arg(scene));
@@ -86,14 +89,36 @@ private:
     std::unique_ptr<ViewStage> m_stage;
 };
 
-/// A drag at an even pace along a straight line; every point is a whole number of `step` from the next.
-QVector<QPoint> straight(const QPoint& middle, const QPoint& step, int steps)
+/// A straight drag across the part of the canvas that a view shows, in the view's pixels. All steps are alike, so every
+/// point is on the line.
+QVector<QPoint> dragAcross(const QRectF& canvas, const QSize& view)
 {
+    constexpr int kSteps = 12;
+    const QPoint middle = (canvas & QRectF(QPointF(0, 0), view)).center().toPoint();
     QVector<QPoint> path;
-    for (int i = 0; i <= steps; ++i) {
-        path << middle + step * (i - steps / 2);
+    for (int i = -kSteps / 2; i <= kSteps / 2; ++i) {
+        path << middle + i * QPoint(6, 3);
     }
     return path;
+}
+
+/// How ink lies along the line that it should follow; canvas pixels.
+struct InkOnLine {
+    double fromStart = kCanvas;  ///< of the ink that is nearest to it
+    double fromLine = 0;         ///< of the ink that is farthest from it
+    double length = 0;           ///< from the start of the line to the farthest ink
+};
+
+InkOnLine inkOnLine(const QVector<QPointF>& ink, const QPointF& beforeStart, const QPointF& start, const QPointF& end)
+{
+    InkOnLine result;
+    for (const QPointF& p : ink) {
+        const double off = std::min(distanceToSegment(p, beforeStart, start), distanceToSegment(p, start, end));
+        result.fromStart = std::min(result.fromStart, distance(p, start));
+        result.fromLine = std::max(result.fromLine, off);
+        result.length = std::max(result.length, distance(p, start));
+    }
+    return result;
 }
 
 /// Draws across a view and looks for the ink. ratio: view pixels for each of the pointer's.
@@ -104,36 +129,21 @@ void expectInkUnderPointer(PointerSession& session, const QString& panel, const 
     ASSERT_FALSE(view.isEmpty()) << session.host().output().toStdString();
     const QRectF canvas = support::literalCanvasRect(camera, view.size());
     const double scale = kCanvas / canvas.width();
-    const QPoint middle = (canvas & QRectF(QPointF(0, 0), view.size())).center().toPoint();
-    const QVector<QPoint> path = straight(middle, QPoint(6, 3), 12);
-    QVector<QPoint> onScreen;
-    for (const QPoint& point : path) {
-        onScreen << view.topLeft() + point;
-    }
+    const QVector<QPoint> path = dragAcross(canvas, view.size());
     // The pointer's pixels are counted from (1, 2) at the lower left, which is one to the right and one up.
     const auto onCanvas = [&](const QPointF& p) { return (p + QPointF(ratio, -ratio) - canvas.topLeft()) * scale; };
-    const QPointF beforeStart =
-        onCanvas(path.first() - QPointF(ratio, 0));  // a stroke begins with one pixel to the right
     const QPointF start = onCanvas(path.first());
     const QPointF end = onCanvas(path.last());
 
-    const QVector<QPointF> ink = session.inkOfStroke(onScreen);
-    ASSERT_FALSE(ink.isEmpty());
+    // A stroke begins with a step of one pixel to the right.
+    const InkOnLine ink =
+        inkOnLine(session.inkOfStroke(path, view.topLeft()), onCanvas(path.first() - QPointF(ratio, 0)), start, end);
     // Where the pointer's pixels are larger than the view's, it is known to half of one of its own.
     const double tolerance = 1 + (ratio > 1 ? ratio * scale / 2 : 0);
-    double nearStart = kCanvas;
-    double farthest = 0;
-    double length = 0;
-    for (const QPointF& p : ink) {
-        nearStart = std::min(nearStart, distance(p, start));
-        farthest =
-            std::max(farthest, std::min(distanceToSegment(p, beforeStart, start), distanceToSegment(p, start, end)));
-        length = std::max(length, distance(p, start));
-    }
-    EXPECT_LE(nearStart, tolerance);
-    EXPECT_LE(farthest, tolerance);
+    EXPECT_LE(ink.fromStart, tolerance);
+    EXPECT_LE(ink.fromLine, tolerance);
     // The end trails the pointer, by less than the last five samples.
-    EXPECT_GT(length, distance(start, end) * 0.6);
+    EXPECT_GT(ink.length, distance(start, end) * 0.6);
 }
 
 }  // namespace
@@ -158,6 +168,21 @@ TEST(ViewPointer, DrawsWhereItPointsInPannedAndZoomedViews)
         camera.panZoom = true;
         camera.zoom = camera.isOrthographic() ? 0.5 : 2;
         camera.pan = QPointF(0.1, -0.06);
+        session.stage().lookThrough(camera);
+        expectInkUnderPointer(session, session.stage().panel(), camera);
+    }
+}
+
+TEST(ViewPointer, DrawsWhereItPointsInTheLegacyRenderer)
+{
+    PointerSession session;
+    session.stage().openSingle(QSize(601, 301));
+    session.stage().useRenderer("base_OpenGL_Renderer");
+    CameraSetting camera;
+    for (const bool isPanned : {false, true}) {
+        camera.panZoom = isPanned;
+        camera.zoom = 0.6;
+        camera.pan = QPointF(-0.1, 0.04);
         session.stage().lookThrough(camera);
         expectInkUnderPointer(session, session.stage().panel(), camera);
     }

@@ -1,5 +1,5 @@
 // Where the drawing sits in every kind of view, as one picture: a frame that touches the resolution gate, with its
-// diagonals and a circle, seen through every film fit, panned and zoomed, and in four views.
+// diagonals and a circle, seen through every film fit, panned and zoomed, in four views and by both renderers.
 //
 //     view-sheet WORKBENCH SCENE FILE
 
@@ -87,13 +87,52 @@ public:
         m_page.row("Orthographic", Ground::None, panAndZoom("front"));
     }
 
+    void addGates()
+    {
+        const struct {
+            const char* caption;
+            const char* attribute;
+            FilmFit fit;
+        } cells[] = {{"Resolution gate, fill", "displayResolution", FilmFit::Fill},
+                     {"Resolution gate, overscan", "displayResolution", FilmFit::Overscan},
+                     {"Film gate, fill", "displayFilmGate", FilmFit::Fill},
+                     {"Film gate, overscan", "displayFilmGate", FilmFit::Overscan}};
+        m_stage.openSingle(kWideCell);
+        QVector<Tile> row;
+        for (const auto& cell : cells) {
+            m_host.run(QString("setAttr perspShape.%1 1").arg(cell.attribute));
+            row << shown(cell.caption, cameraOf("persp", cell.fit));
+            m_host.run(QString("setAttr perspShape.%1 0").arg(cell.attribute));
+        }
+        m_page.section("Gates", "The view's own guides over the drawing.");
+        m_page.row("Perspective", Ground::None, row);
+    }
+
+    void addRenderers()
+    {
+        const struct {
+            const char* caption;
+            const char* name;
+        } renderers[] = {{"Viewport 2.0", "vp2Renderer"}, {"Legacy renderer", "base_OpenGL_Renderer"}};
+        m_stage.openSingle(kWideCell);
+        QVector<Tile> row;
+        for (const char* camera : {"persp", "front"}) {
+            for (const auto& renderer : renderers) {
+                m_stage.useRenderer(renderer.name);
+                row << shown(renderer.caption, cameraOf(camera, FilmFit::Horizontal));
+            }
+        }
+        m_page.section("Renderers", "The same drawing in either.");
+        m_page.row("Perspective, orthographic", Ground::None, row);
+    }
+
     void addFourViews()
     {
         m_stage.openFour(kFourViews);
         const char* const cameras[] = {"top", "persp", "side", "front"};
         QRect window;
         for (int i = 0; i < 4; ++i) {
-            m_stage.lookThrough(m_stage.panels()[i], cameraOf(cameras[i], FilmFit::Horizontal));
+            m_stage.lookThrough(m_stage.panels()[i], cameraOf(cameras[i], FilmFit::Vertical));
             window |= m_host.viewRect(m_stage.panels()[i]);
         }
         m_host.moveTo(QPoint(2, 2));
@@ -182,6 +221,8 @@ int main(int argc, char** argv)
     ViewSheet sheet(host);
     sheet.addFits();
     sheet.addPanAndZoom();
+    sheet.addGates();
+    sheet.addRenderers();
     sheet.addFourViews();
     if (!sheet.finished().save(arguments[3], "PNG", 0)) {
         std::fprintf(stderr, "%s cannot be written.\n", qPrintable(arguments[3]));
