@@ -48,7 +48,7 @@ const QColor Page::kFaintText(0xb4, 0xb4, 0xb4);
 const QColor Page::kAccent(0x8f, 0xc1, 0xcf);
 const QColor Page::kHighlight(0x52, 0x85, 0xa6);
 
-Page::Page() : m_page(kWidth, kTallest, QImage::Format_RGB32), m_y(kMargin)
+Page::Page(int width) : m_page(width, kTallest, QImage::Format_RGB32), m_y(kMargin)
 {
     m_page.fill(kWindow);
 }
@@ -57,7 +57,7 @@ void Page::section(const QString& text, const QString& explanation)
 {
     m_y += 24;
     QPainter painter(&m_page);
-    painter.fillRect(kMargin, m_y, kWidth - 2 * kMargin, 1, kSeparator);
+    painter.fillRect(kMargin, m_y, m_page.width() - 2 * kMargin, 1, kSeparator);
     painter.end();
     m_y += 16;
     heading(text, explanation);
@@ -66,7 +66,7 @@ void Page::section(const QString& text, const QString& explanation)
 void Page::heading(const QString& text, const QString& explanation)
 {
     QPainter painter(&m_page);
-    const QRect line(kMargin, m_y, kWidth - 2 * kMargin, kTextHeight);
+    const QRect line(kMargin, m_y, m_page.width() - 2 * kMargin, kTextHeight);
     painter.setPen(kText);
     painter.setFont(sheetFont(true));
     QRect taken;
@@ -82,7 +82,7 @@ void Page::row(const QString& label, Ground ground, const QVector<Tile>& picture
     const bool captioned =
         std::any_of(pictures.begin(), pictures.end(), [](const Tile& p) { return !p.caption.isEmpty(); });
     const int top = m_y + (captioned ? kTextHeight : 0);
-    QPoint corner(kWidth - kMargin - kRoom, top);
+    QPoint corner(kLabels - kMargin, top);
     int height = 0;
     for (const Tile& each : pictures) {
         picture(corner, ground, each);
@@ -92,7 +92,7 @@ void Page::row(const QString& label, Ground ground, const QVector<Tile>& picture
     QPainter painter(&m_page);
     painter.setFont(sheetFont(false));
     painter.setPen(kText);
-    painter.drawText(QRect(kMargin, top, kWidth - 2 * kMargin - kRoom - kLabelGap, height),
+    painter.drawText(QRect(kMargin, top, kLabels - 2 * kMargin - kLabelGap, height),
                      Qt::AlignRight | Qt::AlignTop | Qt::TextWordWrap, label);
     m_y = top + height + kGap;
 }
@@ -111,7 +111,7 @@ void Page::picture(const QPoint& corner, Ground ground, const Tile& picture)
 
 QImage Page::finished() const
 {
-    return m_page.copy(0, 0, kWidth, m_y - kGap + kMargin);
+    return m_page.copy(0, 0, m_page.width(), m_y - kGap + kMargin);
 }
 
 }  // namespace sheet

@@ -21,8 +21,9 @@ struct Tile {
 class Page {
 public:
     static constexpr int kWidth = 2400;
-    static constexpr int kRoom = 2224;  ///< for a row's pictures and the gaps between them
-    static constexpr int kGap = 8;      ///< between pictures
+    static constexpr int kLabels = 176;             ///< of the width is the labels' and the margins'
+    static constexpr int kRoom = kWidth - kLabels;  ///< for a row's pictures and the gaps between them
+    static constexpr int kGap = 8;                  ///< between pictures
 
     static const QColor kWindow;
     static const QColor kWell;
@@ -32,7 +33,7 @@ public:
     static const QColor kAccent;
     static const QColor kHighlight;
 
-    Page();
+    explicit Page(int width = kWidth);
 
     /// The width that each of so many equal pictures has when they fill a row.
     static int share(int count) { return (kRoom - (count - 1) * kGap) / count; }
