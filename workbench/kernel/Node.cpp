@@ -148,11 +148,7 @@ const std::string& Node::typeName() const
 PlugValue Node::value(const AttributeSpec& attribute) const
 {
     // Asked for hundreds of attributes in every refresh: what is not animated must not pay for what is.
-    if ((m_drivers || m_curve) && m_scene) {
-        if (const std::optional<double> number = curveNumber(attribute, m_scene->currentTime().ticks(), true))
-            return *number;
-    }
-    return heldValue(attribute);
+    return m_drivers || m_curve ? animatedValue(attribute) : heldValue(attribute);
 }
 
 PlugValue Node::heldValue(const AttributeSpec& attribute) const

@@ -177,6 +177,7 @@ private:
     void changed();
     void tellChanged(const AttributeSpec& attribute);
     PlugValue heldValue(const AttributeSpec& attribute) const;
+    PlugValue animatedValue(const AttributeSpec& attribute) const;
     Driver* driver(const AttributeSpec& attribute) const;
     std::optional<double> curveNumber(const AttributeSpec& attribute, double ticks, bool heedsAhead) const;
     /// What this curve drives has its value from now on, until it is set again.

@@ -49,6 +49,15 @@ std::optional<double> Node::curveNumber(const AttributeSpec& attribute, double t
     return asHeld(attribute, driven->curve->m_curve->valueAt(ticks));
 }
 
+/// The value of a node that has to do with curves.
+PlugValue Node::animatedValue(const AttributeSpec& attribute) const
+{
+    if (!m_scene)
+        return heldValue(attribute);
+    const std::optional<double> number = curveNumber(attribute, m_scene->currentTime().ticks(), true);
+    return number ? PlugValue(*number) : heldValue(attribute);
+}
+
 PlugValue Node::valueAt(const AttributeSpec& attribute, const Time& time) const
 {
     const std::optional<double> number = curveNumber(attribute, time.ticks(), false);
