@@ -101,17 +101,9 @@ TEST_F(CompositeTest, AGenerationStandsForOnePictureOnly)
         const QImage& shown = *drawing.composite(camera);
         return pictures.emplace(drawing.compositeGeneration(camera), shown.copy()).first->second == shown;
     };
-    const std::function<void()> changes[] = {
-        [] {},
-        [this] { goTo(5); },
-        [this] { drawing.takeAllLayers("persp"); },
-        [this] { addLayer("persp", "C", {2}); },
-        [this] {
-            drawing.beginStroke("persp", false)->points << StrokePoint{9, 1, 1, {50, 50}};
-        },
-        [this] { drawing.stroke("persp")->changed = true; },
-        [this] { drawing.dropStroke(); },
-        [this] { drawing.setLayerVisible("persp", 0, false); }};
+    const std::function<void()> changes[] = {[] {}, [this] { goTo(5); }, [this] { drawing.takeAllLayers("persp"); },
+                                             [this] { addLayer("persp", "C", {2}); },
+                                             [this] { drawing.setLayerVisible("persp", 0, false); }};
     for (const auto& change : changes) {
         change();
         for (const char* camera : {"persp", "top", "persp"}) {
