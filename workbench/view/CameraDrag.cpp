@@ -59,7 +59,6 @@ void CameraDrag::moveTo(const QPoint& at, kernel::Scene& scene, kernel::Node& ca
     const Lens lens = lensOf(camera);
     const CameraPose pose = poseOf(camera);
     const double units = unitsPerPixel(frustumOf(lens, view.width(), view.height()), view.height(), pose.interest);
-    const auto panZoom = [&] { return panZoomOf(camera); };
     switch (*m_move) {
     case Move::Orbit:
         if (!lens.orthographic) {
@@ -70,10 +69,10 @@ void CameraDrag::moveTo(const QPoint& at, kernel::Scene& scene, kernel::Node& ca
     case Move::Dolly: applyPose(scene, camera, dollied(pose, factorOf(by), lens.orthographic)); break;
     case Move::Pan: {
         const double inches = inchesPerPixel(lens, view.width(), view.height());
-        applyPanZoom(scene, camera, panned(panZoom(), -by.x() * inches, by.y() * inches));
+        applyPanZoom(scene, camera, panned(panZoomOf(camera), -by.x() * inches, by.y() * inches));
         break;
     }
-    case Move::Zoom: applyPanZoom(scene, camera, zoomed(panZoom(), factorOf(by))); break;
+    case Move::Zoom: applyPanZoom(scene, camera, zoomed(panZoomOf(camera), factorOf(by))); break;
     }
 }
 
