@@ -241,13 +241,21 @@ const Rows kImplicitCone = {
 const Rows kMesh = {{"inMesh", "i", kCustom, 0, kHidden, nullptr, {}, {}, "mesh"}};
 
 // A picture on the film back of the camera it stands under: sizes and offsets are inches there. A number in the file's
-// name follows the current time, moved by the frame offset, when the frame extension is used.
+// name follows the current time, or a frame extension that is animated, moved by the frame offset, when the frame
+// extension is used. Kept for the scenes that hold them, without effect here: depth, frames in, out and to cache, and
+// being shown by the current camera only, as every plane is.
 const Rows kImagePlane = {
     {"imageName", "in", kString, 0, kPlain, nullptr, {}, {}, ""},
     {"useFrameExtension", "ufe", kBool},
+    {"frameExtension", "fe", kInt, 1, kKeyable},
     {"frameOffset", "fo", kInt, 0, kKeyable},
+    {"frameIn", "fin", kInt},
+    {"frameOut", "fot", kInt},
+    {"frameCache", "fc", kInt, 50, kPlain, nullptr, 0.0},
     {"displayMode", "dm", kEnum, 3, kPlain, nullptr, {}, {}, "None:Outline:RGB:RGBA"},
     {"alphaGain", "ag", kDouble, 1, kKeyable, nullptr, 0.0, 1.0},
+    {"depth", "d", kDistance, 100, kKeyable, nullptr, 0.0},
+    {"displayOnlyIfCurrent", "dic", kBool},
     {"fit", "f", kEnum, 1, kPlain, nullptr, {}, {}, "Fill:Best:Horizontal:Vertical:To Size"},
     {"size", "s", kCompound},
     {"sizeX", "sx", kDouble, 1.41732, kKeyable, "size", 0.0},

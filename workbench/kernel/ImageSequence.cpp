@@ -1,5 +1,7 @@
 #include "kernel/ImageSequence.h"
 
+#include "kernel/Session.h"
+
 #include <algorithm>
 #include <climits>
 #include <cmath>
@@ -38,6 +40,15 @@ std::optional<NumberPlace> numberPlace(const std::string& path)
     return end > start ? std::optional<NumberPlace>({start, end - start}) : std::nullopt;
 }
 
+/// Before the offset: the time's own, or what an animated frame extension says.
+double frameNumber(const Node& imagePlane, double time)
+{
+    const AttributePtr extension = imagePlane.attribute("frameExtension");
+    if (!imagePlane.isAnimated(*extension))
+        return std::floor(time + kTolerance);
+    return std::get<double>(imagePlane.valueAt(*extension, {time, Session::current().scene.timeUnit()}));
+}
+
 std::string padded(int number, std::size_t width)
 {
     const std::string digits = std::to_string(std::abs(static_cast<long long>(number)));
@@ -72,7 +83,7 @@ std::string shownImage(const Node& imagePlane, double time)
     const std::string path = imagePlane.text("imageName");
     if (path.empty() || imagePlane.number("useFrameExtension") == 0)
         return path;
-    const double number = std::floor(time + kTolerance) + imagePlane.number("frameOffset");
+    const double number = frameNumber(imagePlane, time) + imagePlane.number("frameOffset");
     return sequenceFile(path, int(std::clamp(number, double(-INT_MAX), double(INT_MAX))));
 }
 

@@ -1,3 +1,4 @@
+#include "kernel/ImageSequence.h"
 #include "workbench/mel/SceneFolder.h"
 
 using testing::HasSubstr;
@@ -51,10 +52,23 @@ TEST_F(ImagePlane, WhatItCannotStandUnderIsRefused)
     EXPECT_EQ(eval("ls"), nodes) << "a step that fails leaves nothing behind";
 }
 
+TEST_F(ImagePlane, AnAnimatedFrameExtensionNamesThePicture)
+{
+    run("imagePlane -c persp -fn \"a.0001.png\"; setAttr imagePlaneShape1.ufe 1; setAttr imagePlaneShape1.fe 7;"
+        "setAttr imagePlaneShape1.fo 100");
+    const kernel::Node& plane = *session.scene.findOne("imagePlaneShape1");
+    EXPECT_EQ(kernel::shownImage(plane, 5), "a.0105.png");
+    run("setKeyframe -t 1 -v 20 imagePlaneShape1.fe; setKeyframe -t 11 -v 40 imagePlaneShape1.fe");
+    EXPECT_EQ(kernel::shownImage(plane, 6), "a.0130.png");
+    EXPECT_EQ(kernel::shownImage(plane, 11), "a.0140.png") << "another time than the current one";
+}
+
 TEST_F(ImagePlane, IsKeptInScenesOfBothForms)
 {
     run("imagePlane -c front -fn \"/plates/a \\\"b\\\".####.png\"");
     run("setAttr imagePlaneShape1.ufe 1; setAttr imagePlaneShape1.fo -3; setAttr imagePlaneShape1.fit 4;"
+        "setAttr imagePlaneShape1.fe 12; setAttr imagePlaneShape1.d 40; setAttr imagePlaneShape1.frameIn 3;"
+        "setAttr imagePlaneShape1.frameOut 9; setAttr imagePlaneShape1.fc 0; setAttr imagePlaneShape1.dic 1;"
         "setAttr imagePlaneShape1.ag 0.5; setAttr imagePlaneShape1.dm 2; setAttr imagePlaneShape1.offset 0.1 0.2");
     for (const char* const name : {"plates.ma", "plates.mb"}) {
         ASSERT_TRUE(file("-rename", name));
@@ -64,7 +78,8 @@ TEST_F(ImagePlane, IsKeptInScenesOfBothForms)
         EXPECT_EQ(eval("getAttr imagePlaneShape1.imageName"), "/plates/a \"b\".####.png") << name;
         EXPECT_EQ(eval("getAttr -as imagePlaneShape1.fit"), "To Size") << name;
         EXPECT_EQ(eval("getAttr imagePlaneShape1.of"), "0.1 0.2") << name;
-        for (const char* const value : {"ufe 1", "fo -3", "ag 0.5", "dm 2"}) {
+        for (const char* const value :
+             {"ufe 1", "fo -3", "ag 0.5", "dm 2", "fe 12", "d 40", "frameIn 3", "frameOut 9", "fc 0", "dic 1"}) {
             const std::string text = value;
             EXPECT_EQ(eval("getAttr imagePlaneShape1." + text.substr(0, text.find(' '))),
                       text.substr(text.find(' ') + 1))
