@@ -109,13 +109,6 @@ void writeTangents(std::ostream& out, const char* attribute, const std::vector<C
         writeElements(out, attribute, keys.size(), texts);
 }
 
-/// The attribute of "node.attribute"; null when there is none.
-Plug findPlug(const Scene& scene, const std::string& name)
-{
-    const NodePtr node = scene.findOrNull(name.substr(0, name.find('.')));
-    return {node, node ? node->attribute(name.substr(name.rfind('.') + 1)) : nullptr};
-}
-
 /// Does what connectionStatement() says; false when that is not possible, or it is another statement.
 bool connectBy(const Scene& scene, const std::string& statement)
 {
@@ -127,7 +120,7 @@ bool connectBy(const Scene& scene, const std::string& statement)
         return false;
     const Plug source = findPlug(scene, parts[1]);
     const Plug driven = findPlug(scene, parts[3]);
-    if (!isCurveOutput(source) || !driven.attribute || !canBeAnimated(*driven.node, *driven.attribute)
+    if (!isCurveOutput(source) || !driven.node || !canBeAnimated(*driven.node, *driven.attribute)
         || driven.node->isAnimated(*driven.attribute))
         return false;
     driven.node->setCurve(driven.attribute, source.node);
@@ -243,6 +236,16 @@ void readKeys(const Scene& scene, Node& node, const std::string& plug, const Val
     case Content::InTangents: return reading.readTangents(elements, true);
     case Content::OutTangents: return reading.readTangents(elements, false);
     case Content::Kept: node.changeCurve([&](AnimCurve& curve) { curve.statements.push_back(statement); });
+    }
+}
+
+Plug findPlug(const Scene& scene, const std::string& name)
+{
+    try {
+        const auto found = scene.findPlug(name);
+        return {found.first, found.second};
+    } catch (const CommandError&) {
+        return {};
     }
 }
 

@@ -24,6 +24,8 @@ bool isKeyAttribute(const std::string& attribute);
 void readKeys(const Scene& scene, Node& node, const std::string& plug, const ValueList& values,
               const std::string& statement);
 
+/// The attribute of "node.attribute", as statements name it; null when the scene has none of that name.
+Plug findPlug(const Scene& scene, const std::string& name);
 /// The statement that lets a curve drive a plug of the scene.
 std::string connectionStatement(const Scene& scene, const Plug& driven);
 /// Makes those kept statements come true of which both ends are there now; they are kept no longer.

@@ -404,6 +404,7 @@ void SceneReader::readReference(const Statement& statement)
 /// Connects a curve with the attribute it drives; every other link is kept as it stands.
 void SceneReader::connectPlugs(const Statement& statement)
 {
+    const kernel::Scene& scene = m_interpreter.session().scene;
     std::vector<kernel::Plug> ends;
     for (const Value& value : statement.args) {
         const auto* text = std::get_if<std::string>(&value);
@@ -411,7 +412,7 @@ void SceneReader::connectPlugs(const Statement& statement)
             continue;
         const std::size_t dot = std::min(text->find('.'), text->size());
         const NodePtr node = m_intake.find(text->substr(0, dot));
-        ends.push_back({node, node ? node->attribute(text->substr(text->rfind('.') + 1)) : nullptr});
+        ends.push_back(node ? kernel::findPlug(scene, scene.fullPath(*node) + text->substr(dot)) : kernel::Plug());
     }
     if (ends.size() != 2 || !kernel::isCurveOutput(ends[0]) || !ends[1].attribute
         || !kernel::canBeAnimated(*ends[1].node, *ends[1].attribute))
