@@ -146,6 +146,10 @@ std::vector<Plug> Node::drivenPlugs() const
         if (node && node->isInScene() && node->curveOf(*one.attribute).get() == this)
             plugs.push_back({node, one.attribute});
     }
+    // Whatever was undone or read again since they were connected.
+    std::sort(plugs.begin(), plugs.end(), [](const Plug& a, const Plug& b) {
+        return a.node != b.node ? isOlder(a.node, b.node) : a.attribute->longName < b.attribute->longName;
+    });
     return plugs;
 }
 
