@@ -62,7 +62,7 @@ kernel::EditPtr numberEdit(const MPlug& plug, double number)
 {
     const auto node = api::nodeOf(plug);
     const auto attribute = api::attributeOf(plug);
-    if (!node || !attribute || !kernel::isNumber(attribute->kind) || api::isLocked(*node, *attribute))
+    if (!node || !attribute || !kernel::isNumber(attribute->kind) || kernel::isLockedPlug(*node, *attribute))
         return nullptr;
     const auto held = api::toHeldNumber(*attribute, number);
     return held ? kernel::setValueEdit(node, attribute, *held) : nullptr;
@@ -150,7 +150,7 @@ MStatus MDGModifier::newPlugValueString(const MPlug& plug, const MString& value)
 {
     const auto node = api::nodeOf(plug);
     const auto attribute = api::attributeOf(plug);
-    if (!node || !attribute || attribute->kind != kernel::ValueKind::String || api::isLocked(*node, *attribute))
+    if (!node || !attribute || attribute->kind != kernel::ValueKind::String || kernel::isLockedPlug(*node, *attribute))
         return MStatus::kInvalidParameter;
     return m_steps->add(kernel::setValueEdit(node, attribute, api::toKernel(value)));
 }

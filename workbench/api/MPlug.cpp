@@ -3,6 +3,7 @@
 #include "api/Handles.h"
 #include "api/ModuleData.h"
 #include "api/PlugValues.h"
+#include "kernel/Edits.h"
 #include "kernel/Session.h"
 
 #include <maya/MAngle.h>
@@ -27,7 +28,7 @@ struct Target {
         return attribute->parent.empty() ? nullptr : node->attribute(attribute->parent);
     }
 
-    bool isLocked() const { return api::isLocked(*node, *attribute); }
+    bool isLocked() const { return kernel::isLockedPlug(*node, *attribute); }
 };
 
 /// 0 and a failure when the plug is gone or holds no number.

@@ -23,14 +23,6 @@ double rounded(ValueKind kind, double number)
 
 }  // namespace
 
-bool isLocked(const kernel::Node& node, const kernel::AttributeSpec& attribute)
-{
-    if (node.flags(attribute).locked)
-        return true;
-    const auto compound = attribute.parent.empty() ? nullptr : node.attribute(attribute.parent);
-    return compound && node.flags(*compound).locked;
-}
-
 double toApiNumber(const kernel::AttributeSpec& attribute, double held)
 {
     return attribute.kind == ValueKind::Angle ? held / kDegreesPerRadian : held;

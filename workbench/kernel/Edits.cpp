@@ -69,6 +69,15 @@ public:
                         after.end() - static_cast<std::ptrdiff_t>(same));
     }
 
+    SetCurveKeys(NodePtr curve, const CurveKey& key) : m_curve(std::move(curve)), m_others{key}
+    {
+        const std::vector<CurveKey>& keys = m_curve->curve()->keys();
+        const auto place = std::lower_bound(keys.begin(), keys.end(), key.ticks,
+                                            [](const CurveKey& one, double ticks) { return one.ticks < ticks; });
+        m_first = static_cast<std::size_t>(place - keys.begin());
+        m_count = place != keys.end() && place->ticks == key.ticks ? 1 : 0;
+    }
+
     void redo(Scene&) override
     {
         m_driven.clear();
@@ -274,9 +283,7 @@ private:
 
     void refuseLocked() const
     {
-        const AttributePtr compound = m_node->attribute(m_attribute->parent);
-        const bool isLocked = m_node->flags(*m_attribute).locked || (compound && m_node->flags(*compound).locked);
-        if (isLocked || !m_attribute->writable)
+        if (isLockedPlug(*m_node, *m_attribute) || !m_attribute->writable)
             throw CommandError("The attribute '" + plugName() + "' is locked or connected and cannot be modified.");
     }
 
@@ -356,6 +363,12 @@ private:
 
 }  // namespace
 
+bool isLockedPlug(const Node& node, const AttributeSpec& attribute)
+{
+    const AttributePtr compound = node.attribute(attribute.parent);
+    return node.flags(attribute).locked || (compound && node.flags(*compound).locked);
+}
+
 EditPtr createNodeEdit(NodePtr node, NodePtr parent)
 {
     return std::make_unique<CreateNode>(std::move(node), std::move(parent));
@@ -389,6 +402,11 @@ EditPtr setCurveEdit(NodePtr node, AttributePtr attribute, NodePtr curve)
 EditPtr setCurveKeysEdit(NodePtr curve, const AnimCurve& keys)
 {
     return std::make_unique<SetCurveKeys>(std::move(curve), keys);
+}
+
+EditPtr setCurveKeyEdit(NodePtr curve, const CurveKey& key)
+{
+    return std::make_unique<SetCurveKeys>(std::move(curve), key);
 }
 
 EditPtr setFlagsEdit(NodePtr node, AttributePtr attribute, PlugFlags flags)

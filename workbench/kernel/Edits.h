@@ -18,6 +18,9 @@ public:
 };
 using EditPtr = std::unique_ptr<Edit>;
 
+/// Whether an attribute or the compound it is a part of is locked.
+bool isLockedPlug(const Node& node, const AttributeSpec& attribute);
+
 /// The node is made by the caller (Scene::makeNode) and enters the scene on redo, under `parent` (null: world).
 EditPtr createNodeEdit(NodePtr node, NodePtr parent);
 /// Refuses startup, default and referenced nodes. Curves that drive nothing else go too; what a deleted curve drove
@@ -29,6 +32,8 @@ EditPtr setValueEdit(NodePtr node, AttributePtr attribute, PlugValue value);
 /// curve: node of the curve that gives the attribute its value from now on; null: it keeps the value it has now.
 EditPtr setCurveEdit(NodePtr node, AttributePtr attribute, NodePtr curve);
 EditPtr setCurveKeysEdit(NodePtr curve, const AnimCurve& keys);
+/// Puts one key in; it takes the place of one at the same instant.
+EditPtr setCurveKeyEdit(NodePtr curve, const CurveKey& key);
 EditPtr setFlagsEdit(NodePtr node, AttributePtr attribute, PlugFlags flags);
 EditPtr setSelectionEdit(std::vector<NodePtr> nodes);
 EditPtr setTimeEdit(Time time);

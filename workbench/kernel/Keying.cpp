@@ -32,6 +32,20 @@ NodePtr makeCurve(Session& session, const Plug& plug, EditList& edits)
     return curve;
 }
 
+void refuseLocked(const Plug& plug)
+{
+    if (isLockedPlug(*plug.node, *plug.attribute))
+        throw CommandError("The attribute '" + plugName(plug) + "' is locked or connected and cannot be modified.");
+}
+
+void refuseFixedKeys(const Node& curve)
+{
+    if (curve.referenced)
+        throw CommandError("The keys of '" + curve.name() + "' belong to a referenced file and cannot be changed.");
+    for (const Plug& driven : curve.drivenPlugs())
+        refuseLocked(driven);
+}
+
 bool hasNothingBetween(ValueKind kind)
 {
     return kind == ValueKind::Bool || kind == ValueKind::Enum;
@@ -51,14 +65,11 @@ bool canBeAnimated(const Node& node, const AttributeSpec& attribute)
         && node.type().name != "time";
 }
 
-void refuseUnkeyable(const Node& node, const AttributeSpec& attribute)
+void refuseUnkeyable(const Plug& plug)
 {
-    const std::string name = "The attribute '" + node.name() + '.' + attribute.longName + "' ";
-    if (!canBeAnimated(node, attribute))
-        throw CommandError(name + "cannot be animated.");
-    const AttributePtr compound = node.attribute(attribute.parent);
-    if (node.flags(attribute).locked || (compound && node.flags(*compound).locked))
-        throw CommandError(name + "is locked or connected and cannot be modified.");
+    if (!canBeAnimated(*plug.node, *plug.attribute))
+        throw CommandError("The attribute '" + plugName(plug) + "' cannot be animated.");
+    refuseLocked(plug);
 }
 
 const char* curveTypeFor(ValueKind kind)
@@ -73,31 +84,36 @@ const char* curveTypeFor(ValueKind kind)
 
 void setKey(Session& session, const Plug& plug, const KeyRequest& request, EditList& edits)
 {
-    refuseUnkeyable(*plug.node, *plug.attribute);
+    refuseUnkeyable(plug);
     const NodePtr known = plug.node->curveOf(*plug.attribute);
     const NodePtr curve = known ? known : makeCurve(session, plug, edits);
-    AnimCurve keys = *curve->curve();
-    const CurveKey* const before = keys.keyAt(request.ticks);
+    refuseFixedKeys(*curve);
+    const CurveKey* const before = curve->curve()->keyAt(request.ticks);
     const int usualOut = hasNothingBetween(plug.attribute->kind) ? kStepTangent : kLinearTangent;
-    keys.set({request.ticks, request.value, request.inTangent.value_or(before ? before->inTangent : kLinearTangent),
-              request.outTangent.value_or(before ? before->outTangent : usualOut)});
-    changeKeys(session, curve, keys, edits);
+    const CurveKey key{request.ticks, request.value,
+                       request.inTangent.value_or(before ? before->inTangent : kLinearTangent),
+                       request.outTangent.value_or(before ? before->outTangent : usualOut)};
+    apply(session, setCurveKeyEdit(curve, key), edits);
     if (!known)
         connect(session, plug, curve, edits);
 }
 
 void changeKeys(Session& session, const NodePtr& curve, const AnimCurve& keys, EditList& edits)
 {
-    if (curve->referenced)
-        throw CommandError("The keys of '" + curve->name() + "' belong to a referenced file and cannot be changed.");
-    if (keys.isEmpty())
-        apply(session, deleteNodesEdit({curve}), edits);
-    else
-        apply(session, setCurveKeysEdit(curve, keys), edits);
+    refuseFixedKeys(*curve);
+    apply(session, setCurveKeysEdit(curve, keys), edits);
+}
+
+void deleteCurves(Session& session, const std::vector<NodePtr>& curves, EditList& edits)
+{
+    for (const NodePtr& curve : curves)
+        refuseFixedKeys(*curve);
+    apply(session, deleteNodesEdit(curves), edits);
 }
 
 void connect(Session& session, const Plug& plug, const NodePtr& curve, EditList& edits)
 {
+    refuseUnkeyable(plug);
     const NodePtr before = plug.node->curveOf(*plug.attribute);
     if (before && before->referenced && plug.node->referenced)
         throw CommandError("What drives '" + plugName(plug) + "' belongs to a referenced file and cannot be changed.");

@@ -22,7 +22,7 @@ bool isCurveOutput(const Plug& plug);
 /// Whether an attribute can be animated at all.
 bool canBeAnimated(const Node& node, const AttributeSpec& attribute);
 /// Throws CommandError for an attribute that cannot be animated or is locked.
-void refuseUnkeyable(const Node& node, const AttributeSpec& attribute);
+void refuseUnkeyable(const Plug& plug);
 
 /// Type of the curves that drive attributes of a kind.
 const char* curveTypeFor(ValueKind kind);
@@ -31,9 +31,14 @@ const char* curveTypeFor(ValueKind kind);
 
 /// Keys an attribute; the first key makes its curve.
 void setKey(Session& session, const Plug& plug, const KeyRequest& request, EditList& edits);
-/// Gives a curve other keys; one without any is deleted. Refused for a curve of a referenced file.
+// Keys are not changed that belong to a referenced file or drive a locked attribute.
+
+/// Gives a curve other keys.
 void changeKeys(Session& session, const NodePtr& curve, const AnimCurve& keys, EditList& edits);
-/// Lets a curve drive an attribute, or none (null); a curve that did so is left to itself.
+/// Deletes curves; what they drove keeps its value.
+void deleteCurves(Session& session, const std::vector<NodePtr>& curves, EditList& edits);
+/// Lets a curve drive an attribute, or none (null); a curve that did so is left to itself. Refused for an attribute
+/// that cannot be keyed.
 void connect(Session& session, const Plug& plug, const NodePtr& curve, EditList& edits);
 
 }  // namespace kernel

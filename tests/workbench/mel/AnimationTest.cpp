@@ -165,6 +165,50 @@ TEST_F(Animation, EveryCommandIsUndoneExactly)
         expectReversible(text);
 }
 
+TEST_F(Animation, KeysOfALockedAttributeStayAsTheyAre)
+{
+    run("setKeyframe -t 1 -t 9 -v 2 ball.tx ball.ty; connectAttr ball_translateX.o ball.tz; setAttr -l on ball.tx");
+    for (const char* text : {
+             "cutKey ball.tx",
+             "cutKey -t 1 -at tx ball",
+             "cutKey ball_translateX",
+             "keyframe -e -vc 5 ball.tx",
+             "keyTangent -ott step ball.tx",
+             "disconnectAttr ball_translateX.o ball.tx",
+             "setKeyframe -t 1 -v 5 ball.tz",
+         }) {
+        errors.clear();
+        EXPECT_EQ(error(text), "The attribute 'ball.translateX' is locked or connected and cannot be modified.")
+            << text;
+    }
+    EXPECT_EQ(eval("keyframe -q -vc ball.tx"), "2 2");
+    run("disconnectAttr ball_translateX.o ball.tz");
+    EXPECT_EQ(eval("cutKey ball"), "2") << "of a whole node they are passed over";
+    EXPECT_EQ(eval("keyframe -q -tc ball"), "1 9");
+    EXPECT_EQ(eval("listConnections ball"), "ball_translateX");
+}
+
+TEST_F(Animation, AShapeSelectedWithItsTransformIsKeyedOnce)
+{
+    const std::string keys = eval("select ball; setKeyframe");
+    EXPECT_EQ(eval("select ball ballShape; setKeyframe"), keys);
+    EXPECT_EQ(eval("select ballShape ball; setKeyframe"), keys);
+}
+
+TEST_F(Animation, WhatACurveDrivesIsListedAlikeAfterUndoAndReopening)
+{
+    run("createNode transform -n cone; setKeyframe -v 5 cone.tx; connectAttr cone_translateX.o ball.tz;"
+        "connectAttr cone_translateX.o ball.tx; connectAttr cone_translateX.o cone.ty");
+    const std::string driven = "ball.translateX ball.translateZ cone.translateX cone.translateY";
+    EXPECT_EQ(eval("listConnections -p 1 cone_translateX"), driven);
+    run("disconnectAttr cone_translateX.o ball.tx");
+    run("undo");
+    EXPECT_EQ(eval("listConnections -p 1 cone_translateX"), driven);
+    saveAs("a.ma");
+    run("file -f -o \"" + path("a.ma") + "\"");
+    EXPECT_EQ(eval("listConnections -p 1 cone_translateX"), driven);
+}
+
 TEST_F(Animation, TheLastKeyTakesItsCurveAlongInOneStep)
 {
     run("setKeyframe -t 1 -v 4 ball.tx; setKeyframe -t 5 -v 8 ball.tx; currentTime 3");
@@ -379,7 +423,7 @@ TEST_F(AnimationFiles, ReadWhatOtherHostsWrite)
                              "setAttr \".pst\" 3;", "connectAttr \"box_translateX.o\" \"box.tx\";",
                              "connectAttr \"box_translateX.o\" \"absent.tx\";", "connectAttr \"box.msg\" \"other.in\""})
         EXPECT_THAT(content("b.ma"), HasSubstr(kept));
-    run("setKeyframe -t 3 -at ty box; keyframe -e -vc 5 -t 25 box_translateX");
+    run("setAttr -l off box.tx; setKeyframe -t 3 -at ty box; keyframe -e -vc 5 -t 25 box_translateX");
     saveAs("c.ma");
     EXPECT_THAT(content("c.ma"), Not(HasSubstr("kix"))) << "slopes of other keys";
 }
@@ -426,6 +470,18 @@ TEST_F(AnimationFiles, ABadStatementGivesOneErrorAndLosesNothing)
     run("file -f -o \"" + path("twice.ma") + "\"");
     EXPECT_EQ(errors.size(), 2u);
     EXPECT_EQ(eval("getAttr box.t"), "1 2 0");
+}
+
+TEST_F(AnimationFiles, LinksToWhatIsNotThereAreKeptAndDriveNothingElse)
+{
+    write("a.ma", "createNode transform -n \"box\";\ncreateNode animCurveTU -n \"c\";\n\tsetAttr \".ktv[0]\"  1 0.5;\n"
+                  "connectAttr \"c.o\" \"box.w[0].v\";\nconnectAttr \"c.o\" \"box.r.tx\";\n"
+                  "connectAttr \"c.o\" \"box\";\nconnectAttr \"c.o\" \"box.t.ty\";\n");
+    ASSERT_TRUE(run("file -f -o \"" + path("a.ma") + "\"")) << errors.back();
+    EXPECT_EQ(eval("listConnections -p 1 c"), "box.translateY");
+    saveAs("b.ma");
+    for (const char* kept : {"\"box.w[0].v\"", "\"box.r.tx\"", "\"c.o\" \"box\""})
+        EXPECT_THAT(content("b.ma"), HasSubstr(kept));
 }
 
 TEST_F(AnimationFiles, AMillionKeysAreReadAndFound)

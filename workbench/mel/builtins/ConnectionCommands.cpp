@@ -59,7 +59,6 @@ Value runConnectAttr(BuiltinCall& call)
     if (before && !call.args.has("force"))
         throw CommandError("'" + destination + "' already has an incoming connection from '"
                            + nameOf(call, outputOf(before)) + "'.");
-    kernel::refuseUnkeyable(*ends.destination.node, *ends.destination.attribute);
     kernel::connect(call.session, ends.destination, ends.source.node, call.edits());
     return "Connected " + nameOf(call, ends.source) + " to " + destination + '.';
 }

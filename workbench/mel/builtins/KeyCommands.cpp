@@ -111,10 +111,10 @@ Value runSetKeyframe(BuiltinCall& call)
 
 /// Does something for each key that a command is for.
 template <typename Visit>
-void visitKeys(const BuiltinCall& call, const std::vector<NodePtr>& curves, const Visit& visit)
+void visitKeys(const BuiltinCall& call, const Visit& visit)
 {
     const std::vector<TickSpan> spans = spansOf(call);
-    for (const NodePtr& curve : curves) {
+    for (const NodePtr& curve : curvesToRead(call)) {
         for (const CurveKey& key : curve->curve()->keys()) {
             if (isWithin(key, spans))
                 visit(key);
@@ -126,7 +126,7 @@ Value queryKeys(const BuiltinCall& call)
 {
     kernel::DoubleArray times;
     kernel::DoubleArray values;
-    visitKeys(call, curvesToEdit(call), [&](const CurveKey& key) {
+    visitKeys(call, [&](const CurveKey& key) {
         times.push_back(inSceneUnit(call, key.ticks));
         values.push_back(key.value);
     });
@@ -207,16 +207,21 @@ Value runKeyframe(BuiltinCall& call)
 Value runCutKey(BuiltinCall& call)
 {
     const std::vector<TickSpan> spans = spansOf(call);
+    std::vector<NodePtr> emptied;
     int count = 0;
     for (const NodePtr& curve : curvesToEdit(call)) {
         AnimCurve keys = *curve->curve();
         int cut = 0;
         for (const TickSpan& span : spans)
             cut += keys.erase(span.first, span.last);
-        if (cut > 0)
-            kernel::changeKeys(call.session, curve, keys, call.edits());
         count += cut;
+        if (cut > 0 && keys.isEmpty())
+            emptied.push_back(curve);
+        else if (cut > 0)
+            kernel::changeKeys(call.session, curve, keys, call.edits());
     }
+    if (!emptied.empty())
+        kernel::deleteCurves(call.session, emptied, call.edits());
     return count;
 }
 
@@ -225,7 +230,7 @@ Value runCutKey(BuiltinCall& call)
 Value queryTangents(const BuiltinCall& call)
 {
     kernel::StringArray names;
-    visitKeys(call, curvesToEdit(call), [&](const CurveKey& key) {
+    visitKeys(call, [&](const CurveKey& key) {
         if (call.args.has("inTangentType"))
             names.push_back(tangentName(key.inTangent));
         if (call.args.has("outTangentType"))
@@ -263,7 +268,7 @@ Value runKeyTangent(BuiltinCall& call)
 std::vector<double> keyTimes(const BuiltinCall& call)
 {
     std::vector<double> times;
-    for (const NodePtr& curve : curvesToEdit(call)) {
+    for (const NodePtr& curve : curvesToRead(call)) {
         for (const CurveKey& key : curve->curve()->keys())
             times.push_back(key.ticks);
     }

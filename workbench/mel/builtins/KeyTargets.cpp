@@ -1,10 +1,9 @@
 #include "mel/builtins/KeyTargets.h"
 
-#include "mel/builtins/Placement.h"
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <unordered_set>
 
 namespace mel {
 
@@ -18,17 +17,24 @@ namespace {
 /// What a key command is for, as it was named.
 struct Subjects {
     std::vector<Plug> plugs;
-    std::vector<NodePtr> nodes;
+    std::vector<NodePtr> nodes;  ///< each once
+    std::unordered_set<NodePtr> known;
+
+    void add(const NodePtr& node)
+    {
+        if (known.insert(node).second)
+            nodes.push_back(node);
+    }
 };
 
-void addNode(const BuiltinCall& call, const NodePtr& node, std::vector<NodePtr>& nodes)
+void addNode(const BuiltinCall& call, const NodePtr& node, Subjects& subjects)
 {
-    nodes.push_back(node);
+    subjects.add(node);
     if (!call.args.integer("shape", 0, 1))
         return;
     for (const NodePtr& child : node->children()) {
-        if (child->type().isShape() && std::find(nodes.begin(), nodes.end(), child) == nodes.end())
-            nodes.push_back(child);
+        if (child->type().isShape())
+            subjects.add(child);
     }
 }
 
@@ -42,11 +48,11 @@ Subjects subjectsOf(const BuiltinCall& call)
             continue;
         }
         for (const NodePtr& node : nodesOf(call.scene, name))
-            addNode(call, node, subjects.nodes);
+            addNode(call, node, subjects);
     }
     if (call.args.objects.empty()) {
         for (const NodePtr& node : call.scene.selection())
-            addNode(call, node, subjects.nodes);
+            addNode(call, node, subjects);
     }
     if (subjects.plugs.empty() && subjects.nodes.empty())
         throw CommandError("No object was specified");
@@ -92,6 +98,31 @@ std::vector<Plug> namedPlugs(const BuiltinCall& call, const Subjects& subjects)
     return plugs;
 }
 
+/// wanted: which of the attributes that are not named.
+template <typename Wanted>
+std::vector<NodePtr> curvesOf(const BuiltinCall& call, const Wanted& wanted)
+{
+    const Subjects subjects = subjectsOf(call);
+    std::vector<NodePtr> curves;
+    std::unordered_set<NodePtr> known;
+    const auto add = [&](const NodePtr& curve) {
+        if (curve && curve->curve() && known.insert(curve).second)
+            curves.push_back(curve);
+    };
+    for (const Plug& plug : namedPlugs(call, subjects))
+        add(plug.node->curveOf(*plug.attribute));
+    if (call.args.has("attribute"))
+        return curves;
+    for (const NodePtr& node : subjects.nodes) {
+        add(node);
+        for (const AttributePtr& attribute : node->animatedAttributes()) {
+            if (wanted(*node, *attribute))
+                add(node->curveOf(*attribute));
+        }
+    }
+    return curves;
+}
+
 double ticksIn(const BuiltinCall& call, const std::string& text)
 {
     return ticksOf(call.time(kernel::Value(text)));
@@ -108,31 +139,23 @@ std::vector<Plug> plugsToKey(const BuiltinCall& call)
     for (const NodePtr& node : subjects.nodes) {
         for (const AttributePtr& attribute : node->type().allAttributes()) {
             if (node->flags(*attribute).keyable && kernel::canBeAnimated(*node, *attribute)
-                && !isLocked(*node, *attribute))
+                && !kernel::isLockedPlug(*node, *attribute))
                 plugs.push_back({node, attribute});
         }
     }
     return plugs;
 }
 
+std::vector<NodePtr> curvesToRead(const BuiltinCall& call)
+{
+    return curvesOf(call, [](const kernel::Node&, const kernel::AttributeSpec&) { return true; });
+}
+
 std::vector<NodePtr> curvesToEdit(const BuiltinCall& call)
 {
-    const Subjects subjects = subjectsOf(call);
-    std::vector<NodePtr> curves;
-    const auto add = [&curves](const NodePtr& curve) {
-        if (curve && curve->curve() && std::find(curves.begin(), curves.end(), curve) == curves.end())
-            curves.push_back(curve);
-    };
-    for (const Plug& plug : namedPlugs(call, subjects))
-        add(plug.node->curveOf(*plug.attribute));
-    if (call.args.has("attribute"))
-        return curves;
-    for (const NodePtr& node : subjects.nodes) {
-        add(node);
-        for (const AttributePtr& attribute : node->animatedAttributes())
-            add(node->curveOf(*attribute));
-    }
-    return curves;
+    return curvesOf(call, [](const kernel::Node& node, const kernel::AttributeSpec& attribute) {
+        return !kernel::isLockedPlug(node, attribute);
+    });
 }
 
 double ticksOf(const kernel::Time& time)

@@ -21,6 +21,8 @@ struct TickSpan {
 std::vector<kernel::Plug> plugsToKey(const BuiltinCall& call);
 /// The curves of the same attributes, locked ones included, and curves that are named or selected themselves; each
 /// once.
+std::vector<kernel::NodePtr> curvesToRead(const BuiltinCall& call);
+/// The same without those of locked attributes, unless the attributes are named.
 std::vector<kernel::NodePtr> curvesToEdit(const BuiltinCall& call);
 
 /// The spans of the -time flags: "5", "1:10", "1:", ":10" and ":"; all of time without one. Throws CommandError.

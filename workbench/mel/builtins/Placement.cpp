@@ -1,8 +1,9 @@
 #include "mel/builtins/Placement.h"
 
+#include <algorithm>
+
 namespace mel {
 
-using kernel::AttributePtr;
 using kernel::NodePtr;
 
 namespace {
@@ -18,17 +19,9 @@ void setTriple(BuiltinCall& call, const NodePtr& node, const char* name, const d
 
 bool isLocked(const kernel::Node& node, const kernel::AttributeSpec& attribute)
 {
-    const auto locked = [&](const std::string& name) {
-        const AttributePtr other = name.empty() ? nullptr : node.attribute(name);
-        return other && node.flags(*other).locked;
-    };
-    if (node.flags(attribute).locked || locked(attribute.parent))
-        return true;
-    for (const std::string& child : attribute.children) {
-        if (locked(child))
-            return true;
-    }
-    return false;
+    return kernel::isLockedPlug(node, attribute)
+        || std::any_of(attribute.children.begin(), attribute.children.end(),
+                       [&node](const std::string& child) { return node.flags(*node.attribute(child)).locked; });
 }
 
 void setNumber(BuiltinCall& call, const NodePtr& node, const std::string& attribute, double value, const char* command)
