@@ -245,7 +245,7 @@ const Rows kMesh = {{"inMesh", "i", kCustom, 0, kHidden, nullptr, {}, {}, "mesh"
 // extension is used. Kept for the scenes that hold them, without effect here: depth, frames in, out and to cache, and
 // being shown by the current camera only, as every plane is.
 const Rows kImagePlane = {
-    {"imageName", "in", kString, 0, kPlain, nullptr, {}, {}, ""},
+    {"imageName", "imn", kString, 0, kPlain, nullptr, {}, {}, ""},
     {"useFrameExtension", "ufe", kBool},
     {"frameExtension", "fe", kInt, 1, kKeyable},
     {"frameOffset", "fo", kInt, 0, kKeyable},
