@@ -79,8 +79,14 @@ void Playback::runThrough()
     stop();  // what plays already gives way
     {
         const During playing(m_session.events, kCondition);
-        for (double time = beginning(m_forward); isInRange(time) && isPlaying(); time += stride(m_forward))
+        double time = beginning(m_forward);
+        while (isInRange(time) && isPlaying()) {
             goTo(time);
+            const double next = time + stride(m_forward);
+            if (next == time)
+                break;  // among the greatest numbers a step leads nowhere
+            time = next;
+        }
     }
     m_session.scene.tellAnimated();
 }

@@ -93,6 +93,19 @@ TEST_F(PlaybackTest, RunsThroughOnceUnlessStoppedOnTheWay)
     EXPECT_FALSE(session.undo.canUndo());
 }
 
+TEST_F(PlaybackTest, RunningThroughNumbersTooGreatForItsStepsEnds)
+{
+    session.scene.setPlaybackRange({1e17, 2e17});
+    session.events.add("timeChanged", [&] {
+        if (shown.size() > 1000)
+            session.playback.stop();
+    });
+    shown.clear();
+    session.playback.runThrough();
+    EXPECT_EQ(shown, "1e+17 ");
+    EXPECT_FALSE(session.playback.isPlaying());
+}
+
 TEST_F(PlaybackTest, ARangeOfOneFrameKeepsShowingIt)
 {
     session.scene.setPlaybackRange({2, 2});
