@@ -53,9 +53,11 @@ void Scene::setCurrentTime(const Time& time)
     const double value = time.as(m_unit);
     if (!std::isfinite(value))
         return;
+    const bool isOther = time.ticks() != m_time.ticks();
     m_time = Time{value, m_unit};
     storeTimeInNode();
-    followTime();
+    if (isOther)
+        followTime();
     requestRedraw();
     raise("timeChanged");
 }

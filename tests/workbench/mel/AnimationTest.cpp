@@ -135,7 +135,11 @@ TEST_F(Animation, AKeyedAttributeCanBeSetUntilTimeChanges)
     EXPECT_EQ(eval("getAttr ball.tx"), "5");
     run("redo; currentTime 7; currentTime 6");
     EXPECT_EQ(eval("getAttr ball.tx"), "5");
-    run("setAttr ball.tx 9; setKeyframe");
+    run("setAttr ball.tx 9");
+    run("currentUnit -t pal");
+    run("undo");
+    EXPECT_EQ(eval("getAttr ball.tx"), "9") << "the same instant in another unit and back";
+    run("setKeyframe");
     EXPECT_EQ(values("ball.tx", {"1", "6", "11"}), "0 9 10") << "what is set can be keyed";
 }
 
