@@ -119,13 +119,20 @@ void Node::setCurve(const AttributePtr& attribute, const NodePtr& curve)
 
 PlugState Node::plugState(const AttributeSpec& attribute) const
 {
+    // An attribute's default is no value of its own: one of a time means another instant in another unit.
+    const auto held = m_state.values.find(attribute.longName);
     const Driver* const driven = driver(attribute);
-    return {heldValue(attribute), driven && driven->isAhead};
+    return {held == m_state.values.end() ? PlugValue() : held->second, driven && driven->isAhead};
 }
 
 void Node::setPlugState(const AttributeSpec& attribute, PlugState state)
 {
-    setValue(attribute, std::move(state.value));
+    if (!std::holds_alternative<std::monostate>(state.value)) {
+        setValue(attribute, std::move(state.value));
+    } else if (m_state.values.erase(attribute.longName) > 0) {
+        changed();
+        tellChanged(attribute);
+    }
     if (Driver* const driven = driver(attribute))
         driven->isAhead = state.isAhead;
 }

@@ -317,6 +317,19 @@ TEST_F(Animation, KeysStayAtTheirInstantWhenTheTimeUnitChanges)
     EXPECT_EQ(eval("keyframe -q -vc defaultRenderGlobals"), "48");
 }
 
+TEST_F(Animation, UndoGivesATimeItsDefaultBackInWhateverUnit)
+{
+    for (const char* text : {"setKeyframe -t 4 -v 27 ", "setAttr defaultRenderGlobals.startFrame 27; setKeyframe "}) {
+        run("currentUnit -t ntsc");
+        const std::string first = eval("getAttr defaultRenderGlobals.startFrame");
+        run(text + std::string("defaultRenderGlobals.startFrame"));
+        run("undo");
+        EXPECT_EQ(eval("getAttr defaultRenderGlobals.startFrame"), first) << text;
+        run("undo");
+        EXPECT_EQ(eval("getAttr defaultRenderGlobals.startFrame"), "1") << text;
+    }
+}
+
 TEST_F(Animation, TellsOfAnimatedAttributesWhenTimeChangesButNotDuringPlayback)
 {
     session.batch = false;
