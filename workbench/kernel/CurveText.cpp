@@ -273,6 +273,8 @@ std::vector<std::string> connectionStatements(const Scene& scene)
                 statements.push_back(connectionStatement(scene, {node, attribute}));
         }
     }
+    // Nodes come back in another order than they were made: a scene read and written again says the same.
+    std::sort(statements.begin(), statements.end());
     return statements;
 }
 

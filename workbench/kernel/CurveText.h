@@ -30,7 +30,7 @@ Plug findPlug(const Scene& scene, const std::string& name);
 std::string connectionStatement(const Scene& scene, const Plug& driven);
 /// Makes those kept statements come true of which both ends are there now; they are kept no longer.
 void connectKept(Scene& scene);
-/// Those of the scene, without what referenced files say themselves.
+/// Those of the scene, sorted, without what referenced files say themselves.
 std::vector<std::string> connectionStatements(const Scene& scene);
 
 }  // namespace kernel

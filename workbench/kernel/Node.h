@@ -40,7 +40,7 @@ struct PlugFlags {
 
 /// What a plug holds by itself, whatever a curve gives it.
 struct PlugState {
-    PlugValue value;
+    PlugValue value;       ///< none: the attribute's default
     bool isAhead = false;  ///< it was set since its curve last spoke, and counts until time changes
 };
 

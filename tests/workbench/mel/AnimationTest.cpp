@@ -501,6 +501,16 @@ TEST_F(AnimationFiles, LinksToWhatIsNotThereAreKeptAndDriveNothingElse)
         EXPECT_THAT(content("b.ma"), HasSubstr(kept));
 }
 
+TEST_F(AnimationFiles, AreTheSameWhenWrittenAgainAfterReopening)
+{
+    run("createNode transform -n group; parent ball group; setKeyframe ball.tx group.tx ballShape.radius");
+    saveAs("a.ma");
+    const std::string first = content("a.ma");
+    run("file -f -o \"" + path("a.ma") + "\"");
+    saveAs("a.ma");
+    EXPECT_EQ(content("a.ma"), first);
+}
+
 TEST_F(AnimationFiles, AMillionKeysAreReadAndFound)
 {
     std::string keys =
