@@ -167,6 +167,7 @@ QLayout* MainWindow::makeTimeLine()
 {
     const auto run = [this](const std::string& text) { return runAction(text); };
     auto* const slider = new TimeSlider(m_session, run);
+    connect(m_viewports.get(), SIGNAL(SceneTouched()), slider, SLOT(ScheduleKeys()));
     ui::UiObjects& ui = m_host.ui();
     const ui::UiObject& control =
         ui.add(ui::Kind::Control, "timeControl", "timeControl1", ui.mainWindowObject(), slider);
