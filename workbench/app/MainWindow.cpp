@@ -352,7 +352,9 @@ void MainWindow::keyPressEvent(QKeyEvent* event)
         return;
     }
     // A field hands on the keys it has no use for; they are still not meant for the tool.
-    if (isTyping() || !(finishTool(event->key()) || m_hotKeys->press(*event))) {
+    if (event->key() == Qt::Key_Escape && isTyping()) {
+        QApplication::focusWidget()->clearFocus();
+    } else if (isTyping() || !(finishTool(event->key()) || m_hotKeys->press(*event))) {
         QMainWindow::keyPressEvent(event);
     }
 }

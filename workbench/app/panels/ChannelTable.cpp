@@ -2,6 +2,7 @@
 
 #include "app/panels/ChannelModel.h"
 
+#include <QFocusEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 
@@ -73,8 +74,19 @@ QModelIndex ChannelTable::moveCursor(CursorAction action, Qt::KeyboardModifiers 
     return currentIndex();
 }
 
+void ChannelTable::focusInEvent(QFocusEvent* event)
+{
+    QTableView::focusInEvent(event);
+    // As when the current cell changes: on a label the keys are the tool's.
+    setAttribute(Qt::WA_InputMethodEnabled, m_model.flags(currentIndex()) & Qt::ItemIsEditable);
+}
+
 void ChannelTable::keyPressEvent(QKeyEvent* event)
 {
+    if (state() == EditingState) {
+        event->ignore();  // its field had no use for it; it is still not meant for the rows
+        return;
+    }
     if (event->key() == Qt::Key_Escape) {
         Leave();
         return;
