@@ -390,13 +390,18 @@ TEST_F(HotKeys, GoOnFromRowsThatAreNotTypedIn)
     turnEventLoop();
     for (const char* name : {"channels", "outlinerTree"}) {
         auto* const rows = find<QAbstractItemView>(name);
-        rows->setCurrentIndex(rows->model()->index(4, 0));
-        for (const char* time : {" at first", " and coming back"}) {
-            run("setToolTo $gSelect");
-            rows->setFocus();
-            pressKey(rows, Qt::Key_W, Qt::NoModifier, "w");
-            EXPECT_EQ(value("currentCtx"), "moveSuperContext") << name << time;
-            rows->clearFocus();
+        const QModelIndex cells[] = {rows->model()->index(0, 0), rows->model()->index(4, 0),
+                                     rows->model()->index(4, rows->model()->columnCount() - 1)};
+        for (const QModelIndex& cell : cells) {
+            rows->setCurrentIndex(cell);
+            for (const char* time : {" at first", " and coming back"}) {
+                run("setToolTo $gSelect");
+                rows->setFocus();
+                pressKey(rows, Qt::Key_W, Qt::NoModifier, "w");
+                EXPECT_EQ(value("currentCtx"), "moveSuperContext")
+                    << name << time << " at " << cell.row() << ", " << cell.column();
+                rows->clearFocus();
+            }
         }
     }
 }

@@ -548,15 +548,41 @@ TEST_F(Panels, AreShownAndHiddenByCommand)
 
 TEST_F(Panels, LeaveTheKeysThatTypeNothingToTheWindow)
 {
-    QKeyEvent letter(QEvent::KeyPress, Qt::Key_W, Qt::NoModifier, "w");
+    const auto isTaken = [](QWidget& widget, int key, const QString& text, Qt::KeyboardModifiers modifiers = {}) {
+        QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
+        QApplication::sendEvent(&widget, &press);
+        return press.isAccepted();
+    };
     tree().setCurrentIndex(item("ball"));
-    QApplication::sendEvent(&tree(), &letter);
-    EXPECT_FALSE(letter.isAccepted());
-    EXPECT_FALSE(tree().testAttribute(Qt::WA_InputMethodEnabled)) << "no place to type in";
+    EXPECT_FALSE(isTaken(tree(), Qt::Key_W, "w"));
     table().setCurrentIndex(channels().index(rowOf("Scale X"), app::ChannelModel::kLabel));
-    letter.accept();
-    QApplication::sendEvent(&table(), &letter);
-    EXPECT_FALSE(letter.isAccepted());
-    table().setCurrentIndex(field("Scale X"));
-    EXPECT_TRUE(table().testAttribute(Qt::WA_InputMethodEnabled)) << "a field is waiting for a number";
+    EXPECT_FALSE(isTaken(table(), Qt::Key_4, "4")) << "a label";
+    table().setCurrentIndex(channels().index(rowOf("ball"), app::ChannelModel::kLabel));
+    EXPECT_FALSE(isTaken(table(), Qt::Key_4, "4")) << "a name";
+
+    const struct {
+        const char* channel;
+        int key;
+        const char* text;
+        Qt::KeyboardModifiers modifiers;
+        bool isTyped;
+    } cases[] = {
+        {"Scale X", Qt::Key_4, "4", Qt::NoModifier, true},
+        {"Scale X", Qt::Key_4, "4", Qt::KeypadModifier, true},
+        {"Scale X", Qt::Key_Period, ".", Qt::NoModifier, true},
+        {"Scale X", Qt::Key_Period, ".", Qt::AltModifier, false},
+        {"Scale X", Qt::Key_S, "s", Qt::NoModifier, false},
+        {"Scale X", Qt::Key_Space, " ", Qt::NoModifier, false},
+        {"Visibility", Qt::Key_O, "o", Qt::NoModifier, true},
+        {"Visibility", Qt::Key_F, "f", Qt::NoModifier, false},
+    };
+    for (const auto& c : cases) {
+        table().setCurrentIndex(field(c.channel));
+        EXPECT_FALSE(isTaken(table(), c.key, c.text, c.modifiers) && !c.isTyped) << c.channel << ' ' << c.text;
+        auto* const open = qobject_cast<QLineEdit*>(table().indexWidget(field(c.channel)));
+        EXPECT_EQ(open ? open->text() : QString(), c.isTyped ? c.text : "") << c.channel;
+        if (open) {
+            pressKey(open, Qt::Key_Escape);
+        }
+    }
 }
