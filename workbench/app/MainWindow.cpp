@@ -167,6 +167,7 @@ QLayout* MainWindow::makeTimeLine()
 {
     const auto run = [this](const std::string& text) { return runAction(text); };
     auto* const slider = new TimeSlider(m_session, run);
+    connect(m_viewports.get(), SIGNAL(SceneTouched()), slider, SLOT(ScheduleKeys()));
     ui::UiObjects& ui = m_host.ui();
     const ui::UiObject& control =
         ui.add(ui::Kind::Control, "timeControl", "timeControl1", ui.mainWindowObject(), slider);
@@ -351,7 +352,9 @@ void MainWindow::keyPressEvent(QKeyEvent* event)
         return;
     }
     // A field hands on the keys it has no use for; they are still not meant for the tool.
-    if (isTyping() || !(finishTool(event->key()) || m_hotKeys->press(*event))) {
+    if (event->key() == Qt::Key_Escape && isTyping()) {
+        QApplication::focusWidget()->clearFocus();
+    } else if (isTyping() || !(finishTool(event->key()) || m_hotKeys->press(*event))) {
         QMainWindow::keyPressEvent(event);
     }
 }

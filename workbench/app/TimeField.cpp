@@ -1,5 +1,6 @@
 #include "app/TimeField.h"
 
+#include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QTimer>
 
@@ -61,6 +62,14 @@ void TimeField::Apply(int frameNumber)
 {
     m_run(kRows[int(m_what)].command + std::to_string(frameNumber));
     showTime();
+}
+
+void TimeField::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape) {
+        showTime();  // leaving must not take over what was typed
+    }
+    QSpinBox::keyPressEvent(event);
 }
 
 void TimeField::LeaveField()

@@ -20,6 +20,9 @@ public:
               QWidget* parent = nullptr);
     ~TimeField() override;
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private slots:
     void Apply(int frameNumber);
     void LeaveField();

@@ -1,5 +1,7 @@
 #include "app/TimeSlider.h"
 
+#include "app/panels/AttributeScript.h"
+
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -18,13 +20,33 @@ constexpr int kShortTick = 5;           // px
 constexpr int kNumberIndent = 3;        // px right of its tick
 constexpr double kGrip = 6;             // px at each end of a highlighted block
 constexpr int kLeastMarker = 2;         // px
+constexpr int kWidestKey = 3;           // px
 const QColor kBlockColour("#d65a4a");
+const QColor kKeyColour("#e0705f");
 
 const char* const kWholeEvents[] = {"playbackRangeChanged", "timeUnitChanged", "NewSceneOpened", "SceneOpened"};
 
 QString numberOf(double time)
 {
     return QString::fromStdString(kernel::numberText(time));
+}
+
+/// When nodes and the shapes below them have keys, in ascending ticks.
+std::vector<double> keysOf(const std::vector<kernel::NodePtr>& nodes)
+{
+    std::vector<double> ticks;
+    for (const kernel::NodePtr& selected : nodes) {
+        for (const kernel::NodePtr& node : withShapes(selected)) {
+            for (const kernel::AttributePtr& attribute : node->animatedAttributes()) {
+                for (const kernel::CurveKey& key : node->curveOf(*attribute)->curve()->keys()) {
+                    ticks.push_back(key.ticks);
+                }
+            }
+        }
+    }
+    std::sort(ticks.begin(), ticks.end());
+    ticks.erase(std::unique(ticks.begin(), ticks.end()), ticks.end());
+    return ticks;
 }
 
 }  // namespace
@@ -42,6 +64,10 @@ TimeSlider::TimeSlider(kernel::Session& session, std::function<bool(const std::s
         m_callbacks.push_back(m_session.events.add(event, [this] { update(); }));
     }
     m_callbacks.push_back(m_session.events.add("timeChanged", [this] { showTime(); }));
+    m_keysTimer.setSingleShot(true);
+    m_keysTimer.setInterval(0);
+    connect(&m_keysTimer, SIGNAL(timeout()), this, SLOT(FollowKeys()));
+    m_callbacks.push_back(m_session.events.add("SelectionChanged", [this] { m_keysTimer.start(); }));
 }
 
 TimeSlider::~TimeSlider()
@@ -56,6 +82,24 @@ QSize TimeSlider::sizeHint() const
     return QSize(600, kHeight);
 }
 
+// --- keys ----------------------------------------------------------------------------------------------------------
+
+void TimeSlider::ScheduleKeys()
+{
+    if (!m_session.playback.isPlaying()) {
+        m_keysTimer.start();
+    }
+}
+
+void TimeSlider::FollowKeys()
+{
+    std::vector<double> keys = keysOf(m_session.scene.selection());
+    if (keys != m_keys) {
+        m_keys = std::move(keys);
+        update();
+    }
+}
+
 // --- picture -------------------------------------------------------------------------------------------------------
 
 void TimeSlider::paintEvent(QPaintEvent* event)
@@ -65,6 +109,7 @@ void TimeSlider::paintEvent(QPaintEvent* event)
     drawBlock(painter);
     drawFrames(painter, event->rect());
     drawMarker(painter);
+    drawKeys(painter);
     m_marker = markerRect();
 }
 
@@ -89,6 +134,23 @@ void TimeSlider::drawFrames(QPainter& painter, const QRect& shown) const
         painter.fillRect(x, top, 1, bottom - top, palette().color(QPalette::Midlight));
         if (isNumbered) {
             painter.drawText(x + kNumberIndent, metrics.ascent() + 1, QString::number(frame));
+        }
+    }
+}
+
+void TimeSlider::drawKeys(QPainter& painter) const
+{
+    const TimeScale scale = this->scale();
+    const double ticksPerFrame = kernel::ticksPerUnit(m_session.scene.timeUnit());
+    const int top = height() * 2 / 3;
+    const int wide = std::min(kWidestKey, std::max(1, int(scale.cell())));
+    auto key = std::lower_bound(m_keys.begin(), m_keys.end(), scale.range.first * ticksPerFrame);
+    int drawn = -1;
+    for (; key != m_keys.end() && *key < (scale.range.last + 1) * ticksPerFrame; ++key) {
+        const int x = int(std::round(scale.x(*key / ticksPerFrame)));
+        if (x != drawn) {
+            painter.fillRect(x, top, wide, height() - top, kKeyColour);
+            drawn = x;
         }
     }
 }

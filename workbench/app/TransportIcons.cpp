@@ -18,6 +18,15 @@ void addTriangle(QPainterPath& path, double base, double tip, double halfHeight)
     path.closeSubpath();
 }
 
+void addDiamond(QPainterPath& path, const QPointF& centre, double size)
+{
+    path.moveTo(centre.x() - size, centre.y());
+    path.lineTo(centre.x(), centre.y() - size);
+    path.lineTo(centre.x() + size, centre.y());
+    path.lineTo(centre.x(), centre.y() + size);
+    path.closeSubpath();
+}
+
 void addLine(QPainterPath& path, const QPointF& from, const QPointF& to)
 {
     path.moveTo(from);
@@ -45,6 +54,10 @@ Shape shapeOf(TransportIcon which)
     case TransportIcon::StepForward:
         addTriangle(shape.filled, 11, 18, 5);
         addLine(shape.lines, {6, 6}, {6, 18});
+        break;
+    case TransportIcon::NextKey:
+        addTriangle(shape.filled, 4, 11, 5);
+        addDiamond(shape.filled, {17, 12}, 3.5);
         break;
     case TransportIcon::ToEnd:
         addTriangle(shape.filled, 4, 9, 4.5);
@@ -80,6 +93,7 @@ TransportIcon mirrored(TransportIcon which)
     switch (which) {
     case TransportIcon::ToStart: return TransportIcon::ToEnd;
     case TransportIcon::StepBack: return TransportIcon::StepForward;
+    case TransportIcon::PreviousKey: return TransportIcon::NextKey;
     case TransportIcon::PlayBackwards: return TransportIcon::Play;
     default: return which;
     }

@@ -7,9 +7,11 @@ namespace app {
 enum class TransportIcon {
     ToStart,
     StepBack,
+    PreviousKey,
     PlayBackwards,
     Stop,
     Play,
+    NextKey,
     StepForward,
     ToEnd,
     Once,

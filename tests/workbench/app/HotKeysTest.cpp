@@ -9,7 +9,8 @@
 #include <QDockWidget>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QSpinBox>
+#include <QTableView>
+#include <QTreeView>
 
 #include <maya/MPxContext.h>
 
@@ -46,6 +47,22 @@ protected:
         pressKey(view(), key, modifiers);
         pressKey(view(), key, modifiers, {}, true);
         pressKey(view(), key, modifiers, {}, true);
+    }
+
+    template <class T = QWidget>
+    T* find(const char* name)
+    {
+        return window().findChild<T*>(name);
+    }
+    void showUnpainted()
+    {
+        // There is no screen to draw views on.
+        view()->hide();
+        window().setUpdatesEnabled(false);
+        window().resize(1440, 900);
+        window().show();
+        QApplication::setActiveWindow(&window());
+        turnEventLoop();
     }
 
     QTemporaryDir m_prefs;
@@ -308,29 +325,120 @@ TEST_F(HotKeys, ATapOfTheBackslashSwitchesPanAndZoomOfTheViewWorkedIn)
     EXPECT_TRUE(echoed.empty()) << "a drag was made with it";
 }
 
-TEST_F(HotKeys, AreNotForTextFields)
+TEST_F(HotKeys, AreNotForFields)
 {
-    view()->hide();  // there is no screen to draw it on
-    window().show();
-    QApplication::setActiveWindow(&window());
-    auto* const field = window().findChild<QLineEdit*>("commandField");
-    field->setFocus();
-    ASSERT_EQ(QApplication::focusWidget(), field);
-    type(field, "wa 4\\");
-    pressKey(field, Qt::Key_Period, Qt::AltModifier);
-    EXPECT_EQ(field->text(), "wa 4\\");
-    auto* const time = window().findChild<QSpinBox*>("currentTime");
+    showUnpainted();
+    run("createNode transform -n ball; select ball; workbenchPanel -visible 1 outliner;"
+        "workbenchPanel -visible 1 attributeEditor; workbenchPanel -visible 1 renderSettings");
+    turnEventLoop();
+    auto* const channels = find<QTableView>("channels");
+    auto* const tree = find<QTreeView>("outlinerTree");
+    const auto editorOf = [](QAbstractItemView* view, const QModelIndex& index) {
+        view->window()->findChild<QDockWidget*>(view->parentWidget()->parentWidget()->objectName())->raise();
+        turnEventLoop();
+        view->setCurrentIndex(index);
+        view->edit(index);
+        return view->indexWidget(index);
+    };
+    const auto lineOf = [this](const char* dock, const char* field) {
+        find<QDockWidget>(dock)->raise();
+        turnEventLoop();
+        return find(field)->findChild<QLineEdit*>();
+    };
+    const std::function<QWidget*()> fields[] = {
+        [&] { return find("commandField"); },
+        [&] { return find("currentTime"); },
+        [&] { return find("playbackStart"); },
+        [&] { return editorOf(channels, channels->model()->index(1, 1)); },
+        [&] { return editorOf(tree, tree->model()->index(4, 0)); },
+        [&] { return lineOf("attributeEditor", "translateX"); },
+        [&] { return lineOf("renderSettings", "resolution_width"); },
+    };
+    const std::string before = value("currentTime -q") + value("getAttr ball.t") + value("playbackOptions -q -min");
+    echoed.clear();
+    for (const auto& make : fields) {
+        QWidget* const field = make();
+        ASSERT_TRUE(field);
+        const std::string name = field->metaObject()->className() + (' ' + field->objectName().toStdString());
+        field->setFocus();
+        ASSERT_EQ(QApplication::focusWidget(), field) << name;
+        type(field, "was 4.,\\");
+        pressKey(field, Qt::Key_Period, Qt::AltModifier);
+        pressKey(field, Qt::Key_Space, Qt::ControlModifier);
+        EXPECT_THAT(echoed, testing::IsEmpty()) << name;
+        pressKey(QApplication::focusWidget(), Qt::Key_Escape);
+        turnEventLoop();
+        EXPECT_THAT(echoed, testing::IsEmpty()) << name << " takes what was given up";
+        QWidget* const left = QApplication::focusWidget();
+        pressKey(left ? left : &window(), Qt::Key_W);
+        EXPECT_EQ(value("currentCtx"), "moveSuperContext") << name << " keeps the keys";
+        run("setToolTo $gSelect");
+        echoed.clear();
+    }
+    EXPECT_EQ(value("currentTime -q") + value("getAttr ball.t") + value("playbackOptions -q -min"), before);
+    auto* const time = find("currentTime");
     time->setFocus();
-    ASSERT_EQ(QApplication::focusWidget(), time);
-    pressKey(time, Qt::Key_Period, Qt::AltModifier);
-    pressKey(time, Qt::Key_Escape);
-    EXPECT_TRUE(echoed.empty());
     session().playback.start();
     pressKey(time, Qt::Key_Escape);
-    EXPECT_FALSE(session().playback.isPlaying()) << "but this is for everywhere";
-    time->clearFocus();
-    pressKey(&window(), Qt::Key_W);
+    EXPECT_FALSE(session().playback.isPlaying()) << "this key is for everywhere";
+}
+
+TEST_F(HotKeys, GoOnFromRowsThatAreNotTypedIn)
+{
+    showUnpainted();
+    run("createNode transform -n ball; select ball; workbenchPanel -visible 1 outliner");
+    turnEventLoop();
+    for (const char* name : {"channels", "outlinerTree"}) {
+        auto* const rows = find<QAbstractItemView>(name);
+        const QModelIndex cells[] = {rows->model()->index(0, 0), rows->model()->index(4, 0),
+                                     rows->model()->index(4, rows->model()->columnCount() - 1)};
+        for (const QModelIndex& cell : cells) {
+            rows->setCurrentIndex(cell);
+            for (const char* time : {" at first", " and coming back"}) {
+                run("setToolTo $gSelect");
+                rows->setFocus();
+                pressKey(rows, Qt::Key_W, Qt::NoModifier, "w");
+                EXPECT_EQ(value("currentCtx"), "moveSuperContext")
+                    << name << time << " at " << cell.row() << ", " << cell.column();
+                rows->clearFocus();
+            }
+        }
+    }
+}
+
+TEST_F(HotKeys, GoOnFromAPanelThatFloats)
+{
+    showUnpainted();
+    run("createNode transform -n ball; select ball");
+    turnEventLoop();
+    find<QDockWidget>("channelBox")->setFloating(true);
+    auto* const channels = find<QTableView>("channels");
+    pressKey(channels, Qt::Key_W);
     EXPECT_EQ(value("currentCtx"), "moveSuperContext");
+    channels->setCurrentIndex(channels->model()->index(1, 1));
+    channels->edit(channels->currentIndex());
+    QWidget* const field = channels->indexWidget(channels->currentIndex());
+    QApplication::setActiveWindow(field->window());
+    field->setFocus();
+    ASSERT_EQ(QApplication::focusWidget(), field);
+    pressKey(field, Qt::Key_E);
+    EXPECT_EQ(value("currentCtx"), "moveSuperContext") << "but not while typing";
+}
+
+TEST_F(HotKeys, GoToTheToolWhenAPanelIsClosed)
+{
+    showUnpainted();
+    run("createNode transform -n ball; select ball; workbenchPanel -visible 1 outliner");
+    for (const char* close : {"workbenchPanel -visible 0 channelBox", "workbenchView -panels 0",
+                              "workbenchPanel -visible 1 attributeEditor"}) {
+        run("workbenchView -panels 1; workbenchPanel -visible 0 attributeEditor; workbenchPanel -visible 1 channelBox");
+        turnEventLoop();
+        find("channels")->setFocus();
+        ASSERT_EQ(QApplication::focusWidget(), find("channels"));
+        run(close);
+        turnEventLoop();
+        EXPECT_EQ(QApplication::focusWidget(), nullptr) << close;
+    }
 }
 
 TEST_F(HotKeys, LeaveAFilterOnTheWindowTheFirstWord)

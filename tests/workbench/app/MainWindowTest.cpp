@@ -224,6 +224,7 @@ const struct {
 } kPanelEntries[] = {
     {"panelViewMenu", "front", "lookThru -q modelPanel1", "top", "front"},
     {"panelViewMenu", "Camera Attributes...", "ls -sl", "thing", "topShape"},
+    {"panelViewMenu", "Camera Attributes...", "workbenchPanel -q -visible attributeEditor", "0", "1"},
     {"panelViewMenu", "Frame Selection", "getPanel -withFocus", "modelPanel4", "modelPanel1"},
     {"panelViewMenu", "Film Gate", "getAttr topShape.displayFilmGate", "0", "1"},
     {"panelViewMenu", "Resolution Gate", "getAttr topShape.displayResolution", "0", "1"},
@@ -255,7 +256,8 @@ TEST_F(MainWindow, EveryViewHasMenusForItself)
     };
     for (const auto& row : kPanelEntries) {
         host->run("file -force -new; workbenchView -panes 2; lookThru modelPanel1 top; createNode transform -n thing;"
-                  "setAttr topShape.zoom 0.5; modelEditor -e -activeView modelPanel4");
+                  "setAttr topShape.zoom 0.5; workbenchPanel -visible 0 attributeEditor; modelEditor -e -activeView "
+                  "modelPanel4");
         EXPECT_EQ(value(row.query), row.before) << row.entry;
         QAction* const action = entry(row.menu, row.entry);
         ASSERT_NE(action, nullptr) << row.entry;

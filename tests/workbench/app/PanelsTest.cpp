@@ -16,6 +16,8 @@
 #include <QTabBar>
 #include <QTreeView>
 
+#include <set>
+
 namespace {
 
 /// All panels to be seen, in a window without views, which would need a graphics card.
@@ -107,7 +109,21 @@ protected:
         return found.isEmpty() ? QModelIndex() : found.front();
     }
 
+    /// Chooses an entry of the channel box's menu.
+    void choose(const QString& label)
+    {
+        for (QAction* action : table().actions()) {
+            if (action->text() == label) {
+                action->trigger();
+            }
+        }
+        turnEventLoop();
+    }
+    QColor groundOf(const QString& label) { return field(label).data(Qt::BackgroundRole).value<QBrush>().color(); }
+
+    std::function<void()> m_onAction = [] {};
     app::Panels m_panels{window, {session(), *views, [this](const std::string& text) {
+                                      m_onAction();
                                       return session().script().execute(text, true, true).ok;
                                   }}};
 };
@@ -146,6 +162,8 @@ TEST_F(Panels, ChannelsAreThoseOfTheFirstSelectedNodeAndItsShape)
     EXPECT_EQ(text(0, 0), "globe");
     run("file -force -new");
     EXPECT_EQ(channelText(), "");
+    table().setFocus();
+    type(&table(), "1w");
 }
 
 TEST_F(Panels, ChannelsFollowTheSceneWithoutBeingMadeAnew)
@@ -245,14 +263,6 @@ TEST_F(Panels, ChannelsAreLockedAndKeyedByTheirMenu)
     run("select ball box");
     table().selectionModel()->select(field("Rotate X"), QItemSelectionModel::ClearAndSelect);
     table().selectionModel()->select(channels().index(rowOf("Rotate Y"), 0), QItemSelectionModel::Select);
-    const auto choose = [this](const QString& label) {
-        for (QAction* action : table().actions()) {
-            if (action->text() == label) {
-                action->trigger();
-            }
-        }
-        turnEventLoop();
-    };
     choose("Lock Selected");
     const std::string locks = "`getAttr -lock ball.rx` + `getAttr -lock box.rx` + `getAttr -lock ball.ry`"
                               " + `getAttr -lock box.ry`";
@@ -262,6 +272,45 @@ TEST_F(Panels, ChannelsAreLockedAndKeyedByTheirMenu)
     EXPECT_EQ(value(locks), "0");
     run("undo");
     EXPECT_EQ(value(locks), "4") << "one step";
+}
+
+TEST_F(Panels, FieldsTellWhetherTheyAreKeyed)
+{
+    find<QTabBar>("attributeTabs")->setCurrentIndex(0);
+    const auto ground = [this] {
+        const QColor shown = groundOf("Translate X");
+        EXPECT_EQ(line("translateX").palette().color(QPalette::Base), shown) << "in both panels alike";
+        return shown.name().toStdString();
+    };
+    const std::string usual = ground();
+    run("select ball box; currentTime 5");
+    table().selectionModel()->select(field("Translate X"), QItemSelectionModel::ClearAndSelect);
+    choose("Key Selected");
+    EXPECT_EQ(value("keyframe -q -timeChange ball.tx") + ' ' + value("keyframe -q -timeChange box.tx"), "5 5");
+    EXPECT_EQ(value("keyframe -q -keyframeCount ball"), "1") << "the selected channel alone";
+    const std::string keyed = ground();
+    run("currentTime 6");
+    const std::string between = ground();
+    run("setAttr -lock on ball.tx");
+    const std::string locked = ground();
+    EXPECT_EQ((std::set<std::string>{usual, keyed, between, locked}.size()), 4u);
+    EXPECT_EQ(groundOf("Translate Y").name().toStdString(), usual);
+    run("setAttr -lock off ball.tx; currentTime 5");
+    EXPECT_EQ(ground(), keyed);
+    run("undo; undo; undo; undo; undo");
+    EXPECT_EQ(ground(), usual);
+}
+
+TEST_F(Panels, ShowTheFrameAtWhichPlaybackStops)
+{
+    run("playbackOptions -min 1 -max 10; currentTime 1; setKeyframe -attribute tx -time 1 -value 1 ball;"
+        "setKeyframe -attribute tx -time 10 -value 10 ball");
+    session().playback.start();
+    session().playback.advance(3);
+    session().playback.advance(3);
+    session().playback.stop();
+    turnEventLoop();
+    EXPECT_EQ(field("Translate X").data().toString(), "7");
 }
 
 TEST_F(Panels, EnumsAreChosenByName)
@@ -352,6 +401,27 @@ TEST_F(Panels, AttributeEditorShowsEveryNode)
     run("select -clear");
     EXPECT_FALSE(find("nodeState"));
     EXPECT_THAT(errors(), testing::IsEmpty());
+}
+
+// A script that asks the user something turns the event loop, and with it go fields whose node is no longer shown.
+TEST_F(Panels, AFieldIsDoneWithItsKeyBeforeTheActionRuns)
+{
+    find<QTabBar>("attributeTabs")->setCurrentIndex(0);
+    bool isInField = false;
+    int actions = 0;
+    m_onAction = [&] {
+        ++actions;
+        EXPECT_FALSE(isInField);
+        session().script().execute("select box", false, true);
+        turnEventLoop();
+    };
+    isInField = true;
+    line("translateY").selectAll();
+    type(&line("translateY"), "7\n");
+    isInField = false;
+    turnEventLoop();
+    EXPECT_EQ(actions, 1);
+    EXPECT_EQ(value("getAttr ball.ty"), "7");
 }
 
 // --- outliner ------------------------------------------------------------------------------------------------------
@@ -478,15 +548,41 @@ TEST_F(Panels, AreShownAndHiddenByCommand)
 
 TEST_F(Panels, LeaveTheKeysThatTypeNothingToTheWindow)
 {
-    QKeyEvent letter(QEvent::KeyPress, Qt::Key_W, Qt::NoModifier, "w");
+    const auto isTaken = [](QWidget& widget, int key, const QString& text, Qt::KeyboardModifiers modifiers = {}) {
+        QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
+        QApplication::sendEvent(&widget, &press);
+        return press.isAccepted();
+    };
     tree().setCurrentIndex(item("ball"));
-    QApplication::sendEvent(&tree(), &letter);
-    EXPECT_FALSE(letter.isAccepted());
-    EXPECT_FALSE(tree().testAttribute(Qt::WA_InputMethodEnabled)) << "no place to type in";
+    EXPECT_FALSE(isTaken(tree(), Qt::Key_W, "w"));
     table().setCurrentIndex(channels().index(rowOf("Scale X"), app::ChannelModel::kLabel));
-    letter.accept();
-    QApplication::sendEvent(&table(), &letter);
-    EXPECT_FALSE(letter.isAccepted());
-    table().setCurrentIndex(field("Scale X"));
-    EXPECT_TRUE(table().testAttribute(Qt::WA_InputMethodEnabled)) << "a field is waiting for a number";
+    EXPECT_FALSE(isTaken(table(), Qt::Key_4, "4")) << "a label";
+    table().setCurrentIndex(channels().index(rowOf("ball"), app::ChannelModel::kLabel));
+    EXPECT_FALSE(isTaken(table(), Qt::Key_4, "4")) << "a name";
+
+    const struct {
+        const char* channel;
+        int key;
+        const char* text;
+        Qt::KeyboardModifiers modifiers;
+        bool isTyped;
+    } cases[] = {
+        {"Scale X", Qt::Key_4, "4", Qt::NoModifier, true},
+        {"Scale X", Qt::Key_4, "4", Qt::KeypadModifier, true},
+        {"Scale X", Qt::Key_Period, ".", Qt::NoModifier, true},
+        {"Scale X", Qt::Key_Period, ".", Qt::AltModifier, false},
+        {"Scale X", Qt::Key_S, "s", Qt::NoModifier, false},
+        {"Scale X", Qt::Key_Space, " ", Qt::NoModifier, false},
+        {"Visibility", Qt::Key_O, "o", Qt::NoModifier, true},
+        {"Visibility", Qt::Key_F, "f", Qt::NoModifier, false},
+    };
+    for (const auto& c : cases) {
+        table().setCurrentIndex(field(c.channel));
+        EXPECT_FALSE(isTaken(table(), c.key, c.text, c.modifiers) && !c.isTyped) << c.channel << ' ' << c.text;
+        auto* const open = qobject_cast<QLineEdit*>(table().indexWidget(field(c.channel)));
+        EXPECT_EQ(open ? open->text() : QString(), c.isTyped ? c.text : "") << c.channel;
+        if (open) {
+            pressKey(open, Qt::Key_Escape);
+        }
+    }
 }

@@ -7,6 +7,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace {
 
 using app::TimeScale;
@@ -43,6 +45,22 @@ protected:
         letGo(to);
     }
     std::string block() { return kernel::toText(evaluate("timeControl -q -rangeArray x")); }
+    /// The frames with a key's mark.
+    std::vector<int> marked()
+    {
+        slider.ScheduleKeys();
+        QCoreApplication::processEvents();
+        const QImage picture = slider.grab().toImage();
+        const TimeScale scale{session().scene.playbackRange(), slider.width()};
+        std::vector<int> frames;
+        for (int frame = int(scale.range.first); frame <= int(scale.range.last); ++frame) {
+            const QColor seen = picture.pixelColor(int(std::round(scale.x(frame))), slider.height() - 2);
+            if (seen.red() > 200 && seen.blue() < 120) {
+                frames.push_back(frame);
+            }
+        }
+        return frames;
+    }
     bool isBlockVisible() { return session().scene.isSliderRangeVisible(); }
     double time() { return session().scene.currentTime().value; }
 
@@ -167,6 +185,39 @@ TEST_F(TimeSliderTest, TheHighlightedBlockIsMovedAndStretched)
     EXPECT_EQ(block(), "24 41");
     drag(40.9, 3.5);
     EXPECT_EQ(block(), "24 25") << "a frame is left";
+}
+
+TEST_F(TimeSliderTest, MarksTheKeysOfTheSelectionAndItsShapes)
+{
+    using Frames = std::vector<int>;
+    run("currentTime 50; createNode transform -n ball; createNode implicitSphere -n ballShape -p ball;"
+        "createNode transform -n box;"
+        "setKeyframe -attribute tx -attribute ty -time 8 -time 20 -time 200 ball;"
+        "setKeyframe -attribute radius -time 30 ballShape; setKeyframe -attribute tx -time 90 box; select -clear");
+    EXPECT_EQ(marked(), Frames());
+    run("select ball");
+    EXPECT_EQ(marked(), (Frames{8, 20, 30}));
+    run("currentTime 20");
+    EXPECT_EQ(marked(), (Frames{8, 20, 30})) << "on the current frame, too";
+    run("select -add box; cutKey -clear -time 20 ball");
+    EXPECT_EQ(marked(), (Frames{8, 30, 90}));
+    run("undo; playbackOptions -min 15 -max 64");
+    EXPECT_EQ(marked(), (Frames{20, 30}));
+    run("currentUnit -time show; playbackOptions -min 1 -max 200; select box");
+    EXPECT_EQ(marked(), (Frames{180})) << "twice the rate";
+    run("delete box");
+    EXPECT_EQ(marked(), Frames());
+}
+
+TEST_F(TimeSliderTest, LooksForKeysWhenPlaybackHasEnded)
+{
+    run("currentTime 50; createNode transform -n ball; select ball");
+    marked();
+    session().playback.start();
+    run("setKeyframe -attribute tx -time 20 ball");
+    EXPECT_TRUE(marked().empty()) << "it would be asked with every frame";
+    session().playback.stop();
+    EXPECT_EQ(marked(), (std::vector<int>{20}));
 }
 
 TEST_F(TimeSliderTest, OtherButtonsAreForOthers)

@@ -45,6 +45,15 @@ TEST_F(TransportBarTest, ButtonsStepAndGoToTheEnds)
     EXPECT_EQ(session().scene.currentTime().value, 5) << "each press is a step";
 }
 
+TEST_F(TransportBarTest, ButtonsGoFromKeyToKeyOfTheSelection)
+{
+    EXPECT_EQ(timeAfter("nextKey"), 10) << "nothing is selected";
+    run("createNode transform -n ball; setKeyframe -attribute tx -time 8 -time 20 ball; select ball");
+    EXPECT_EQ(timeAfter("nextKey"), 20);
+    EXPECT_EQ(timeAfter("previousKey"), 8);
+    EXPECT_EQ(timeAfter("previousKey"), 20) << "round and round";
+}
+
 TEST_F(TransportBarTest, ThePlayButtonInUseStops)
 {
     click("playForwards");

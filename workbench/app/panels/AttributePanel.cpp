@@ -1,7 +1,6 @@
 #include "app/panels/AttributePanel.h"
 
 #include "app/panels/AttributeText.h"
-#include "mel/builtins/Placement.h"
 #include "ui/FrameLayout.h"
 
 #include <QGridLayout>
@@ -236,7 +235,8 @@ ValueField* AttributePanel::makeField(AttributePtr attribute, SliderRange range,
     // A derived number is of no attribute's kind.
     auto* const field = new ValueField(derived ? std::make_shared<kernel::AttributeSpec>() : attribute, range);
     field->setObjectName(QString::fromStdString(attribute->longName) + (derived ? "Derived" : ""));
-    connect(field, SIGNAL(Typed(QString)), this, SLOT(Apply(QString)));
+    // Queued: a script may ask the user something, and by its end the field it came from may be gone.
+    connect(field, SIGNAL(Typed(QString)), this, SLOT(Apply(QString)), Qt::QueuedConnection);
     connect(field, SIGNAL(Dragged(double)), this, SLOT(Drag(double)));
     connect(field, SIGNAL(Left()), this, SLOT(ScheduleRefresh()));
     return field;
@@ -257,9 +257,8 @@ void AttributePanel::showValues()
         return;
     }
     for (const Row& row : m_rows) {
-        const bool isReadOnly = !row.attribute->writable || mel::isLocked(*node, *row.attribute);
         row.field->show(row.derived ? kernel::PlugValue(row.derived->read(*node)) : node->value(*row.attribute),
-                        isReadOnly);
+                        stateOf(*node, *row.attribute));
     }
 }
 

@@ -3,6 +3,7 @@
 #include "mel/builtins/Quoting.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace app {
 
@@ -28,6 +29,7 @@ std::vector<kernel::NodePtr> nodesMeant(const kernel::Scene& scene, const kernel
                                         const kernel::AttributeSpec& attribute)
 {
     std::vector<kernel::NodePtr> meant{shown};
+    std::unordered_set<const kernel::Node*> added{shown.get()};
     for (const kernel::NodePtr& selected : scene.selection()) {
         if (selected.get() == shown->parent()) {
             continue;  // its other shapes are not meant
@@ -35,7 +37,7 @@ std::vector<kernel::NodePtr> nodesMeant(const kernel::Scene& scene, const kernel
         for (const kernel::NodePtr& node : withShapes(selected)) {
             const kernel::AttributePtr same = node->attribute(attribute.longName);
             if (same && same->kind == attribute.kind && node->type().role == shown->type().role
-                && std::find(meant.begin(), meant.end(), node) == meant.end()) {
+                && added.insert(node.get()).second) {
                 meant.push_back(node);
             }
         }

@@ -1,9 +1,7 @@
 #include "app/panels/ChannelModel.h"
 
 #include "app/panels/AttributeText.h"
-#include "mel/builtins/Placement.h"
 
-#include <QBrush>
 #include <QGuiApplication>
 #include <QPalette>
 
@@ -60,14 +58,16 @@ std::vector<ChannelModel::Row> ChannelModel::rowsOf(const kernel::Scene& scene)
 void ChannelModel::addRows(std::vector<Row>& rows, const kernel::NodePtr& node, bool isOneOfMany)
 {
     const QString name = QString::fromStdString(node->name());
-    rows.push_back({{node, nullptr}, isOneOfMany ? name + QChar(0x2026) : name, name, node->isReadOnly()});
+    rows.push_back({{node, nullptr},
+                    isOneOfMany ? name + QChar(0x2026) : name,
+                    name,
+                    node->isReadOnly() ? AttributeState::ReadOnly : AttributeState::Free});
     for (const kernel::AttributePtr& attribute : node->type().allAttributes()) {
         if (isChannel(*node, *attribute)) {
-            const bool isReadOnly = !attribute->writable || mel::isLocked(*node, *attribute);
             rows.push_back({{node, attribute},
                             niceName(attribute->longName),
                             shownText(node->value(*attribute), *attribute),
-                            isReadOnly});
+                            stateOf(*node, *attribute)});
         }
     }
 }
@@ -80,12 +80,12 @@ bool ChannelModel::isSameThing(const Row& a, const Row& b)
 
 bool ChannelModel::looksSame(const Row& a, const Row& b)
 {
-    return a.label == b.label && a.value == b.value && a.isReadOnly == b.isReadOnly;
+    return a.label == b.label && a.value == b.value && a.state == b.state;
 }
 
 bool ChannelModel::isEditable(int row) const
 {
-    return !m_rows[std::size_t(row)].isReadOnly && node(row);
+    return m_rows[std::size_t(row)].state != AttributeState::ReadOnly && node(row);
 }
 
 int ChannelModel::rowCount(const QModelIndex& parent) const
@@ -114,21 +114,13 @@ QVariant ChannelModel::data(const QModelIndex& index, int role) const
         const bool isRight = index.column() == kLabel && !isName;
         return int((isRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     }
-    case Qt::BackgroundRole: return isName ? QVariant() : ground(row, index.column());
+    case Qt::BackgroundRole: return isName || index.column() == kLabel ? QVariant() : groundOf(row.state);
     case Qt::ForegroundRole:
-        return row.isReadOnly && !isName ? QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text)
-                                         : QVariant();
+        return row.state == AttributeState::ReadOnly && !isName
+                 ? QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text)
+                 : QVariant();
     default: return QVariant();
     }
-}
-
-/// The one place that says what a channel's ground tells of its state.
-QVariant ChannelModel::ground(const Row& row, int column) const
-{
-    if (column == kLabel) {
-        return QVariant();
-    }
-    return QGuiApplication::palette().brush(row.isReadOnly ? QPalette::Mid : QPalette::Base);
 }
 
 bool ChannelModel::setData(const QModelIndex& index, const QVariant& value, int role)
@@ -142,6 +134,9 @@ bool ChannelModel::setData(const QModelIndex& index, const QVariant& value, int 
 
 Qt::ItemFlags ChannelModel::flags(const QModelIndex& index) const
 {
+    if (!index.isValid()) {
+        return Qt::NoItemFlags;
+    }
     const Qt::ItemFlags usual = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
     const int column = attribute(index.row()) ? kValue : kLabel;
     return index.column() == column && isEditable(index.row()) ? usual | Qt::ItemIsEditable : usual;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/panels/AttributeScript.h"
+#include "app/panels/AttributeState.h"
 
 #include <QAbstractTableModel>
 
@@ -42,13 +43,12 @@ private:
         Plug plug;
         QString label;
         QString value;
-        bool isReadOnly;  ///< a locked attribute, a node that keeps its name
+        AttributeState state;  ///< read-only also for a node that keeps its name
     };
     static std::vector<Row> rowsOf(const kernel::Scene& scene);
     static void addRows(std::vector<Row>& rows, const kernel::NodePtr& node, bool isOneOfMany);
     static bool isSameThing(const Row& a, const Row& b);
     static bool looksSame(const Row& a, const Row& b);
-    QVariant ground(const Row& row, int column) const;
 
     std::vector<Row> m_rows;
 };

@@ -2,6 +2,7 @@
 
 #include "app/panels/ChannelModel.h"
 
+#include <QFocusEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 
@@ -73,15 +74,50 @@ QModelIndex ChannelTable::moveCursor(CursorAction action, Qt::KeyboardModifiers 
     return currentIndex();
 }
 
+void ChannelTable::focusInEvent(QFocusEvent* event)
+{
+    QTableView::focusInEvent(event);
+    leaveKeysToTool();
+}
+
+void ChannelTable::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTableView::currentChanged(current, previous);
+    leaveKeysToTool();
+}
+
+/// A row that can be edited would make the whole table a place to type in.
+void ChannelTable::leaveKeysToTool()
+{
+    setAttribute(Qt::WA_InputMethodEnabled, false);
+}
+
+/// Whether a value of the current row can begin with what a key writes. "s" keys the selection: it is no number.
+bool ChannelTable::beginsValue(const QKeyEvent& event) const
+{
+    const QModelIndex cell = currentIndex();
+    const bool isEditable = m_model.flags(cell) & Qt::ItemIsEditable;
+    const kernel::AttributePtr attribute = isEditable ? m_model.attribute(cell.row()) : nullptr;
+    if (!attribute || attribute->kind == kernel::ValueKind::Enum
+        || (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier))) {
+        return false;
+    }
+    return QString(attribute->kind == kernel::ValueKind::Bool ? "01oO" : "0123456789+-.").contains(event.text());
+}
+
 void ChannelTable::keyPressEvent(QKeyEvent* event)
 {
+    if (state() == EditingState) {
+        event->ignore();  // its field had no use for it; it is still not meant for the rows
+        return;
+    }
     if (event->key() == Qt::Key_Escape) {
         Leave();
         return;
     }
     // The table would search its labels for what is typed, where hot keys are meant.
     const bool isText = !event->text().isEmpty() && event->text().front().isPrint();
-    if (isText && !(m_model.flags(currentIndex()) & Qt::ItemIsEditable)) {
+    if (event->key() == Qt::Key_Space || (isText && !beginsValue(*event))) {
         event->ignore();
         return;
     }

@@ -19,6 +19,8 @@ public:
 protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private slots:
     /// The keys that follow are not for the table.
@@ -26,6 +28,9 @@ private slots:
     void ArrangeNames();
 
 private:
+    void leaveKeysToTool();
+    bool beginsValue(const QKeyEvent& event) const;
+
     ChannelModel& m_model;
 };
 

@@ -1,5 +1,6 @@
 #include "app/panels/OutlinerView.h"
 
+#include <QFocusEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 
@@ -42,7 +43,18 @@ void OutlinerView::keyPressEvent(QKeyEvent* event)
 void OutlinerView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QTreeView::currentChanged(current, previous);
-    // A row that can be renamed would make the whole tree a place to type in.
+    leaveKeysToTool();
+}
+
+void OutlinerView::focusInEvent(QFocusEvent* event)
+{
+    QTreeView::focusInEvent(event);
+    leaveKeysToTool();
+}
+
+/// A row that can be renamed would make the whole tree a place to type in.
+void OutlinerView::leaveKeysToTool()
+{
     setAttribute(Qt::WA_InputMethodEnabled, false);
 }
 

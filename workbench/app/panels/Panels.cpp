@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <QDockWidget>
+#include <QKeyEvent>
 #include <QMainWindow>
 
 #include <algorithm>
@@ -17,6 +18,25 @@ namespace app {
 using kernel::CommandError;
 
 namespace {
+
+/// Hands the keys it has no use for to the main window, also while it floats as a window of its own.
+class Dock : public QDockWidget {
+public:
+    using QDockWidget::QDockWidget;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override { pass(*event); }
+    void keyReleaseEvent(QKeyEvent* event) override { pass(*event); }
+
+private:
+    void pass(QKeyEvent& event)
+    {
+        event.ignore();
+        if (isWindow()) {
+            QCoreApplication::sendEvent(parentWidget(), &event);
+        }
+    }
+};
 
 template <class Panel>
 QWidget* make(const PanelContext& context)
@@ -46,9 +66,10 @@ Panels::Panels(QMainWindow& window, const PanelContext& context) : m_session(con
 {
     QDockWidget* atSide = nullptr;
     for (const auto& row : kPanels) {
-        auto* const dock = new QDockWidget(QCoreApplication::translate("Panels", row.title), &window);
+        auto* const dock = new Dock(QCoreApplication::translate("Panels", row.title), &window);
         dock->setObjectName(row.name);
         dock->setWidget(row.make(context));
+        QObject::connect(dock, SIGNAL(visibilityChanged(bool)), dock->widget(), SLOT(LeaveUnlessSeen(bool)));
         window.addDockWidget(row.side, dock);
         if (atSide && window.dockWidgetArea(atSide) == row.side) {
             window.tabifyDockWidget(atSide, dock);
@@ -92,19 +113,24 @@ kernel::Value Panels::workbenchPanel(const kernel::ValueList& args)
     if (parsed.has("toggle")) {
         toggle(dock);
     } else {
-        dock.setVisible(parsed.integer("visible") != 0);
+        show(dock, parsed.integer("visible") != 0);
     }
     return {};
+}
+
+void Panels::show(QDockWidget& dock, bool isVisible)
+{
+    dock.setVisible(isVisible);
+    if (isVisible) {
+        dock.raise();  // it may lie behind another
+    }
 }
 
 /// One that lies behind another comes to the front.
 void Panels::toggle(QDockWidget& dock)
 {
     const bool isBehind = dock.isVisible() && dock.visibleRegion().isEmpty();
-    dock.setVisible(dock.isHidden() || isBehind);
-    if (!dock.isHidden()) {
-        dock.raise();
-    }
+    show(dock, dock.isHidden() || isBehind);
 }
 
 }  // namespace app

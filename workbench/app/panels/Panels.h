@@ -20,7 +20,8 @@ public:
 private:
     kernel::Value workbenchPanel(const kernel::ValueList& args);
     QDockWidget& find(const std::string& name) const;
-    void toggle(QDockWidget& dock);
+    static void show(QDockWidget& dock, bool isVisible);
+    static void toggle(QDockWidget& dock);
 
     kernel::Session& m_session;
     std::vector<QDockWidget*> m_docks;  ///< the window's

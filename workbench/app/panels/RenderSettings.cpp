@@ -43,6 +43,7 @@ RenderSettings::RenderSettings(const PanelContext& context, QWidget* parent)
     form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
     m_presets->setObjectName("resolutionPresets");
     m_presets->setMinimumHeight(22);
+    m_presets->setFocusPolicy(Qt::TabFocus);  // after a choice the keys stay with the tool
     for (const auto& preset : kPresets) {
         m_presets->addItem(tr(preset.name));
     }
@@ -82,8 +83,8 @@ void RenderSettings::refresh()
     const double width = node->number("width");
     const double height = node->number("height");
     const double aspect = node->number("deviceAspectRatio");
-    m_width->show(width, false);
-    m_height->show(height, false);
+    m_width->show(width, AttributeState::Free);
+    m_height->show(height, AttributeState::Free);
     m_deviceAspect->setText(aspectText(aspect));
     m_pixelAspect->setText(aspectText(aspect * height / width));
     int index = 0;

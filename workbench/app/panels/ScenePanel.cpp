@@ -2,12 +2,19 @@
 
 #include "view/Viewports.h"
 
+#include <QApplication>
+
 namespace app {
+
+namespace {
+
+constexpr int kWhilePlaying = 250;  // ms; numbers that change faster cannot be read
+
+}  // namespace
 
 ScenePanel::ScenePanel(const PanelContext& context, QWidget* parent) : QWidget(parent), m_context(context)
 {
     m_timer.setSingleShot(true);
-    m_timer.setInterval(0);
     connect(&m_timer, SIGNAL(timeout()), this, SLOT(RefreshIfSeen()));
     connect(&context.viewports, SIGNAL(SceneTouched()), this, SLOT(ScheduleRefresh()));
 }
@@ -16,6 +23,15 @@ void ScenePanel::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     refresh();
+}
+
+// Left to itself the focus would stay in a field that cannot be seen, or go on to one of the next panel.
+void ScenePanel::LeaveUnlessSeen(bool isSeen)
+{
+    QWidget* const focus = QApplication::focusWidget();
+    if (!isSeen && isAncestorOf(focus)) {
+        focus->clearFocus();
+    }
 }
 
 bool ScenePanel::run(const std::string& text)
@@ -27,8 +43,9 @@ bool ScenePanel::run(const std::string& text)
 
 void ScenePanel::ScheduleRefresh()
 {
-    if (!m_timer.isActive()) {
-        m_timer.start();
+    const int wait = m_context.session.playback.isPlaying() ? kWhilePlaying : 0;
+    if (!m_timer.isActive() || m_timer.interval() > wait) {
+        m_timer.start(wait);
     }
 }
 

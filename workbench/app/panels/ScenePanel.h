@@ -20,13 +20,18 @@ struct PanelContext {
     std::function<bool(const std::string&)> run;  ///< executes a text as a user's action; false when it failed
 };
 
-/// A panel that shows something of the scene and follows it: once for all that changed in a turn of the event loop, and
-/// only while it is to be seen.
+/// A panel that shows something of the scene and follows it: once for all that changed in a turn of the event loop, a
+/// few times a second while the scene plays, and only while it is to be seen.
 class ScenePanel : public QWidget {
     Q_OBJECT
 
 public:
     explicit ScenePanel(const PanelContext& context, QWidget* parent = nullptr);
+
+public slots:
+    /// To be called when it comes into sight or goes out of it, behind another panel for one: then the keys are no
+    /// longer for it.
+    void LeaveUnlessSeen(bool isSeen);
 
 protected:
     /// Shows the scene as it is now. Called often: what has not changed is to be left alone.

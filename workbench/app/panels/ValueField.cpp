@@ -39,6 +39,7 @@ ValueField::ValueField(kernel::AttributePtr attribute, SliderRange range, QWidge
     row->setSpacing(4);
     if (m_attribute->kind == ValueKind::Bool) {
         m_check = new QCheckBox;
+        m_check->setFocusPolicy(Qt::TabFocus);  // after a click the keys stay with the tool
         connect(m_check, SIGNAL(clicked(bool)), this, SLOT(TakeCheck(bool)));
         row->addWidget(m_check);
     } else if (m_attribute->kind == ValueKind::Enum) {
@@ -46,6 +47,7 @@ ValueField::ValueField(kernel::AttributePtr attribute, SliderRange range, QWidge
         for (const std::string& name : m_attribute->enumNames) {
             m_names->addItem(niceName(name));
         }
+        m_names->setFocusPolicy(Qt::TabFocus);
         m_names->installEventFilter(this);
         connect(m_names, SIGNAL(activated(int)), this, SLOT(TakeChoice(int)));
         row->addWidget(m_names);
@@ -86,9 +88,9 @@ QSlider* ValueField::makeSlider()
     return m_slider;
 }
 
-void ValueField::show(const kernel::PlugValue& value, bool isReadOnly)
+void ValueField::show(const kernel::PlugValue& value, AttributeState state)
 {
-    setEnabled(!isReadOnly);
+    showState(state);
     if (m_check) {
         m_check->setChecked(numberOf(value) != 0);
     } else if (m_names) {
@@ -102,6 +104,18 @@ void ValueField::show(const kernel::PlugValue& value, bool isReadOnly)
             showNumber(numberOf(value));
         }
     }
+}
+
+void ValueField::showState(AttributeState state)
+{
+    if (state == m_state) {
+        return;
+    }
+    m_state = state;
+    setEnabled(state != AttributeState::ReadOnly);
+    QPalette colours;
+    colours.setBrush(QPalette::Base, groundOf(state));
+    setPalette(colours);
 }
 
 void ValueField::showNumber(double number)

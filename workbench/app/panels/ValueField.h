@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kernel/Node.h"
+#include "app/panels/AttributeState.h"
 
 #include <QWidget>
 
@@ -26,7 +26,7 @@ public:
     ValueField(kernel::AttributePtr attribute, SliderRange range, QWidget* parent = nullptr);
 
     /// What is being typed or dragged stays.
-    void show(const kernel::PlugValue& value, bool isReadOnly);
+    void show(const kernel::PlugValue& value, AttributeState state);
 
 signals:
     /// The user wants another value: a number, an enum's index, a text, or something that is none of that.
@@ -50,9 +50,11 @@ private:
     QWidget* makeLine();
     QSlider* makeSlider();
     void showNumber(double number);
+    void showState(AttributeState state);
 
     const kernel::AttributePtr m_attribute;
     const SliderRange m_range;
+    AttributeState m_state = AttributeState::Free;
     QCheckBox* m_check = nullptr;
     QComboBox* m_names = nullptr;
     QLineEdit* m_line = nullptr;
