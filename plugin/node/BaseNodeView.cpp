@@ -34,6 +34,22 @@ void endGl(M3dView& view)
 #pragma GCC diagnostic pop
 #endif
 
+bool findView(const QWidget* widget, M3dView& view)
+{
+    for (unsigned int i = 0; widget && i < M3dView::numberOf3dViews(); ++i) {
+        if (M3dView::get3dView(i, view) && view.widget() == widget) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool looksThrough(M3dView& view, const QString& camera)
+{
+    MDagPath path;
+    return view.getCamera(path) && script::cameraKey(path) == camera;
+}
+
 }  // namespace
 
 // The metrics come first, for they bring the current frames.
@@ -99,6 +115,12 @@ bool BaseNode::prepareToolView(M3dView& view)
     const QWidget* widget = view.widget();
     m_toolPixelRatio = widget && widget->width() > 0 ? double(m_metrics.width) / widget->width() : 1.0;
     return true;
+}
+
+bool BaseNode::followToolView(const QWidget* widget, const QString& camera)
+{
+    M3dView view;
+    return findView(widget, view) && looksThrough(view, camera) && prepareToolView(view);
 }
 
 QPoint BaseNode::viewToCanvas(const QPoint& point) const
