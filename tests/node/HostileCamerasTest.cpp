@@ -90,7 +90,8 @@ TEST_F(HostileCameras, NonsenseIsSurvivedAndForgotten)
         for (const char* panZoom : {"0", "1"}) {
             for (const char* nonsense : kNonsense) {
                 SCOPED_TRACE(std::string(nonsense) + ", fit " + fit + ", pan and zoom " + panZoom);
-                run(std::string("setAttr perspShape.filmFit ") + fit + "; setAttr perspShape.panZoomEnabled " + panZoom);
+                run(std::string("setAttr perspShape.filmFit ") + fit + "; setAttr perspShape.panZoomEnabled "
+                    + panZoom);
                 const double sane = show(400, 300);
                 EXPECT_GT(sane, 100.0);
                 const bool accepted = run(std::string("setAttr ") + nonsense);
@@ -129,9 +130,9 @@ TEST_F(HostileCameras, ASceneFileWithNonsenseOpensAndItsDrawingIsWhole)
         ASSERT_TRUE(run("file -rename \"" + path + "\"; file -type \"mayaAscii\"; file -save"));
         const std::string text = nonsense;
         const std::size_t dot = text.find('.');
-        std::ofstream(path, std::ios::app) << "select -ne " << text.substr(0, dot) << ";\n"
-                                           << "setAttr \"" << text.substr(dot, text.find(' ') - dot) << "\""
-                                           << text.substr(text.find(' ')) << ";\n";
+        std::ofstream(path, std::ios::app)
+            << "select -ne " << text.substr(0, dot) << ";\n"
+            << "setAttr \"" << text.substr(dot, text.find(' ') - dot) << "\"" << text.substr(text.find(' ')) << ";\n";
         run("file -force -open \"" + path + "\"");
         EXPECT_GE(show(400, 300), 0.0);
         EXPECT_EQ(describeDrawing(), before);
