@@ -173,6 +173,7 @@ TEST_F(ThreadManagerTest, AStrokeStaysUnderThePointerInAViewThatChangesUnderIt)
     for (const auto& c : cases) {
         ActiveStroke* stroke = begin(ToolType::Line);
         manager.start(&view, &node(), "persp");
+        sample(100, 413);
         sample(101, 413);
         view.setGeometry(c.place);
         run(std::string("setAttr perspShape.overscan ") + c.overscan);
