@@ -8,7 +8,7 @@ namespace {
 
 class CompositeTest : public DrawingFixture {
 protected:
-    const QImage& picture() { return *drawing.composite("persp"); }
+    QImage picture() { return pixels::seen(*drawing.composite("persp")); }
 
     // Images over one another, the first at the bottom.
     static QImage over(std::initializer_list<QImage> images)
