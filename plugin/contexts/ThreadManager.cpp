@@ -7,7 +7,6 @@
 #include <QCoreApplication>
 #include <QCursor>
 #include <QThread>
-#include <QWidget>
 
 namespace {
 
@@ -20,13 +19,17 @@ QPoint realPointer()
     return QCursor::pos();
 }
 
+QRect placeOnScreen(const QWidget& view)
+{
+    return QRect(view.mapToGlobal(QPoint(0, 0)), view.size());
+}
+
 /// Read once, on the main thread: the preferences may change while a stroke is drawn, and belong to this thread.
 SamplingOptions samplingOptions(const QWidget& view, ToolType tool)
 {
     const Preferences& preferences = Preferences::instance();
-    return {QRect(view.mapToGlobal(QPoint(0, 0)), view.size()), preferences.toolSize(tool),
-            float(preferences.toolOpacity(tool)) / 100.0f, float(preferences.toolHardness(tool)) / 100.0f,
-            preferences.isTabletEnabled(tool)};
+    return {placeOnScreen(view), preferences.toolSize(tool), float(preferences.toolOpacity(tool)) / 100.0f,
+            float(preferences.toolHardness(tool)) / 100.0f, preferences.isTabletEnabled(tool)};
 }
 
 /// A shape is spanned by two points: where the pointer went down, and where it is now.
@@ -81,6 +84,7 @@ void ThreadManager::start(QWidget* view, BaseNode* node, const QString& camera, 
     }
     m_node = node->thisMObject();
     m_camera = camera;
+    m_view = view;
     m_pressed = pressed;
     const ActiveStroke* stroke = findTarget().stroke;
     if (!stroke) {
@@ -126,6 +130,7 @@ void ThreadManager::stop()
     m_timerResolution.restore();
     m_node = MObject();
     m_camera.clear();
+    m_view.clear();
 }
 
 void ThreadManager::endThread()
@@ -151,6 +156,16 @@ ThreadManager::Target ThreadManager::findTarget() const
     return {node, manager, manager ? manager->stroke(m_camera) : nullptr};
 }
 
+// A worker counts from where the view was when the stroke began.
+QPoint ThreadManager::inViewNow(const QPoint& position) const
+{
+    if (!m_view) {
+        return position;
+    }
+    const QRect now = placeOnScreen(*m_view);
+    return position + QPoint(m_options.view.left() - now.left(), now.bottom() - m_options.view.bottom());
+}
+
 void ThreadManager::OnMousePositionChanged(const QPoint& position, int width, float opacity, float hardness)
 {
     const Target target = m_running ? findTarget() : Target();
@@ -158,7 +173,8 @@ void ThreadManager::OnMousePositionChanged(const QPoint& position, int width, fl
         return;
     }
     ActiveStroke& stroke = *target.stroke;
-    const StrokePoint point = {width, opacity, hardness, target.node->viewToCanvas(position)};
+    target.node->followToolView(m_view, m_camera);
+    const StrokePoint point = {width, opacity, hardness, target.node->viewToCanvas(inViewNow(position))};
     if (isFreehand(stroke.tool)) {
         if (!addFreehandPoint(stroke, point)) {
             return;

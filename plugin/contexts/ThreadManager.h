@@ -11,13 +11,13 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QWidget>
 
 #include <memory>
 
 class BaseNode;
 class LayerManager;
 class QThread;
-class QWidget;
 
 /// Fills the stroke that is being drawn with what the pointer does. Lives on the main thread; the sampling itself is
 /// done by a worker on a thread of its own, both made anew for every stroke.
@@ -59,6 +59,7 @@ private:
     bool addFreehandPoint(ActiveStroke& stroke, StrokePoint point);
     void connectSamples(InputWorker& worker);
     void endThread();
+    QPoint inViewNow(const QPoint& position) const;
 
     const PointerSource m_pointer;
     TimerResolution m_timerResolution;
@@ -68,7 +69,8 @@ private:
     bool m_running = false;
     MObjectHandle m_node;
     QString m_camera;
+    QPointer<QWidget> m_view;
     QPoint m_pressed;
-    SamplingOptions m_options;
+    SamplingOptions m_options;  // of the stroke's start
     StrokeSmoother m_smoother;
 };

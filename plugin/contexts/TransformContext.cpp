@@ -69,6 +69,9 @@ MStatus TransformContext::doPress(MEvent& event)
         return MStatus::kSuccess;
     }
     m_inputHandler.watchActiveView();
+    MStatus status;
+    M3dView view = M3dView::active3dView(&status);
+    m_view = status ? view.widget() : nullptr;
     letGoOfWhatIsGone();
     const QPoint position = positionOf(event);
     if (isTransforming()) {
@@ -96,7 +99,7 @@ void TransformContext::pressTransforming(const MEvent& event, const QPoint& posi
         m_failed = true;
         return;
     }
-    if (!followView()) {
+    if (!followView(position)) {
         return;
     }
     m_anchor = anchorOf(position, m_transform);
@@ -107,21 +110,27 @@ void TransformContext::pressTransforming(const MEvent& event, const QPoint& posi
     }
 }
 
-// The view may have been resized or zoomed since the region was taken. In a view as it was nothing is worked out anew,
-// for the move in view pixels is the exact one.
-bool TransformContext::followView()
+// The view may have been resized, zoomed or panned: what was begun stays where it is on the canvas, and a drag goes on
+// from there. In a view as it was nothing is worked out anew, for the move in view pixels is the exact one.
+bool TransformContext::followView(const QPoint& pointer)
 {
-    MStatus status;
-    M3dView view = M3dView::active3dView(&status);
     BaseNode& node = *m_floating.node();
-    const QRect region = m_floating.record()->region;
-    if (!status || !node.prepareToolView(view)) {
+    const QPoint start = node.portToCanvas(m_span.start);
+    const QPoint startBefore = node.canvasToPort(start);
+    if (!node.followToolView(m_view, m_floating.camera())) {
         return false;
     }
-    const ViewSpan span = spanOf(region);
+    const ActiveStroke* const record = m_floating.record();
+    if (!record) {
+        m_span.start += node.canvasToPort(start) - startBefore;
+        return true;
+    }
+    const ViewSpan span = spanOf(record->region);
     if (span.start != m_span.start || span.end != m_span.end) {
         m_span = span;
-        m_transform.viewTranslation = node.canvasToPort(region.topLeft() + m_transform.translation) - span.start;
+        const QPoint moved = record->region.topLeft() + m_transform.translation;
+        m_transform.viewTranslation = node.canvasToPort(moved) - span.start;
+        m_anchor = anchorOf(pointer, m_transform);
     }
     return true;
 }
@@ -130,7 +139,9 @@ MStatus TransformContext::doDrag(MEvent& event)
 {
     letGoOfWhatIsGone();
     if (m_drag != Drag::None) {
-        dragTo(positionOf(event), event.isModifierShift());
+        const QPoint position = positionOf(event);
+        followView(position);
+        dragTo(position, event.isModifierShift());
         showChange();
     }
     return MStatus::kSuccess;

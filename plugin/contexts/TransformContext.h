@@ -4,6 +4,9 @@
 #include "contexts/TransformContextInputHandler.h"
 #include "contexts/TransformGeometry.h"
 
+#include <QPointer>
+#include <QWidget>
+
 #include <maya/MPxContext.h>
 
 /// The transform tool: a region of the drawing is selected, moved, turned, scaled and flipped, and put back as one undo
@@ -59,13 +62,14 @@ private:
 
     void letGoOfWhatIsGone();
     void pressTransforming(const MEvent& event, const QPoint& position);
-    bool followView();  // false: the view shows no canvas to work on
+    bool followView(const QPoint& pointer);  // false: the view shows no canvas to work on
     void dragTo(const QPoint& position, bool shift);
     void showChange();
     MStatus showHelp();
 
     TransformContextInputHandler m_inputHandler;
     MHWRender::MUIDrawManager* m_drawManager = nullptr;  // during an event in Viewport 2.0
+    QPointer<QWidget> m_view;                            // of the last press
     FloatingRegion m_floating;
     State m_state = State::Selecting;
     bool m_failed = false;  // nothing more is begun until the tool is set up again

@@ -124,7 +124,8 @@ public:
     void markForRedraw(const QString& camera);
     bool needsRedraw(const QString& camera) const;
     /// The camera's picture, made anew when something changed: ghosts, layers, the stroke. Null without layers. Owned
-    /// by the manager; good until the camera loses its last layer.
+    /// by the manager; good until the camera loses its last layer. Beside ink its transparent pixels have the ink's
+    /// colour; of the others the colour means nothing.
     const QImage* composite(const QString& camera);
     /// Tells the pictures that composite() gave apart, those of other cameras and drawings too: who has seen this one
     /// knows every byte of it. 0 without layers, and before the first.

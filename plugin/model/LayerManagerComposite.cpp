@@ -5,6 +5,7 @@
 #include "model/Canvas.h"
 #include "model/DrawingPainter.h"
 #include "model/Id.h"
+#include "model/InkRim.h"
 #include "model/PixelBudget.h"
 #include "settings/Preferences.h"
 
@@ -98,6 +99,7 @@ void LayerManager::rebuild(const QString& camera, CameraDrawing& drawing)
         floatSelection(drawing.picture);
     }
     layOver(drawing.picture, plies);
+    colourRim(drawing.picture, drawing.picture.image.rect());
     if (stroke(camera)) {
         m_stroke.takeTouched();
     }
@@ -160,7 +162,9 @@ void LayerManager::refreshStroke(CameraDrawing& drawing, const QRect& area)
     prepareDrawingPainter(painter);
     paintStroke(painter, *drawing.layer(index), area);
     paintLayers(painter, drawing, index + 1, drawing.layerCount(), area);
+    painter.end();
     drawing.picture.ink.add(area);
+    colourRim(drawing.picture, area);
 }
 
 void LayerManager::paintLayers(QPainter& painter, const CameraDrawing& drawing, int first, int end, const QRect& area)

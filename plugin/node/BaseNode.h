@@ -116,6 +116,9 @@ public:
     /// From now on viewToCanvas maps points of this view; drawing other views does not change that. False, and the
     /// mapping stays as it was, when the view is gone or shows no canvas that points could be told on.
     bool prepareToolView(M3dView& view);
+    /// Prepares the view of a widget again as it is now: it may have been resized, zoomed or panned. False, and the
+    /// mapping stays, when it is gone, looks through another camera or shows no canvas.
+    bool followToolView(const QWidget* widget, const QString& camera);
     /// Canvas pixel under a point of the tool's view (its widget's pixels, but y pointing up).
     QPoint viewToCanvas(const QPoint& point) const;
     /// The same for a point as the tools' events give it: port pixels, y pointing up.

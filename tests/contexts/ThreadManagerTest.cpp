@@ -155,6 +155,39 @@ TEST_F(ThreadManagerTest, TextStandsAtTheLatestPositionInTheChosenFont)
     EXPECT_EQ(stroke->fontFamily, "Nimbus");
 }
 
+TEST_F(ThreadManagerTest, AStrokeStaysUnderThePointerInAViewThatChangesUnderIt)
+{
+    QWidget& view = *views.persp().widget();
+    const struct {
+        const char* what;
+        QRect place;
+        const char* overscan;
+        QPoint canvas;  // under the screen's point (340, 260)
+    } cases[] = {
+        {"as it was", {40, 60, 512, 512}, "1", {602, 398}},
+        {"moved", {20, 30, 512, 512}, "1", {642, 458}},
+        {"moved and resized", {20, 30, 1024, 1024}, "1", {321, 229}},
+        {"drawn smaller", {40, 60, 512, 512}, "2", {692, 284}},
+        {"without a canvas to be seen", {40, 60, 512, 512}, "1000000", {602, 398}},
+    };
+    for (const auto& c : cases) {
+        ActiveStroke* stroke = begin(ToolType::Line);
+        manager.start(&view, &node(), "persp");
+        sample(100, 413);
+        sample(101, 413);
+        view.setGeometry(c.place);
+        run(std::string("setAttr perspShape.overscan ") + c.overscan);
+        sample(301, 313);
+        ASSERT_EQ(stroke->points.size(), 2);
+        EXPECT_EQ(stroke->points[0].position, QPoint(202, 198)) << c.what;
+        EXPECT_EQ(stroke->points[1].position, c.canvas) << c.what;
+        drawing().dropStroke();
+        manager.stop();
+        view.setGeometry(40, 60, 512, 512);
+        run("setAttr perspShape.overscan 1");
+    }
+}
+
 TEST_F(ThreadManagerTest, SamplesWithoutAStrokeAreIgnored)
 {
     sample(10, 10);

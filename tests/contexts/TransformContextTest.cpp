@@ -371,6 +371,42 @@ TEST_F(TransformContextTest, ARegionFollowsThePointerInAViewThatWasResizedWhileI
     EXPECT_EQ(node().regionOutline().corners[2], QPointF(171, 1024 - 226));
 }
 
+TEST_F(TransformContextTest, ADragGoesOnFromWhereTheRegionIsWhenTheViewIsResizedUnderIt)
+{
+    const auto left = api::ToolEvent::Button::Left;
+    floatInk();
+    send(api::ToolEvent::Kind::Press, {300, 300}, left, false);
+    send(api::ToolEvent::Kind::Drag, {310, 300}, left, false);
+    views.persp().widget()->resize(1024, 1024);
+    const struct {
+        QPoint pointer, translation;
+    } moves[] = {{{620, 600}, {20, 0}}, {{625, 590}, {25, 10}}};
+    for (const auto& move : moves) {
+        send(api::ToolEvent::Kind::Drag, move.pointer, left, false);
+        EXPECT_EQ(record()->translation, move.translation);
+        EXPECT_EQ(node().regionOutline().corners[0],
+                  QPointF(100 + move.translation.x(), 1024 - 200 - move.translation.y()));
+    }
+
+    send(api::ToolEvent::Kind::Press, {300, 300}, left, true);
+    send(api::ToolEvent::Kind::Drag, {310, 300}, left, true);
+    views.persp().widget()->resize(512, 512);
+    for (const int turn : {0, 5}) {
+        send(api::ToolEvent::Kind::Drag, {155 + turn, 150}, left, true);
+        EXPECT_FLOAT_EQ(record()->angle, float(10 + turn));
+    }
+}
+
+TEST_F(TransformContextTest, ASelectionBeginsWhereItWasPressedWhenTheViewIsResizedUnderIt)
+{
+    const auto left = api::ToolEvent::Button::Left;
+    send(api::ToolEvent::Kind::Press, kInkLowerRight, left, false);
+    views.persp().widget()->resize(1024, 1024);
+    send(api::ToolEvent::Kind::Drag, {100, 1024 - 200}, left, false);
+    enter();
+    EXPECT_EQ(record()->region, kRegion);
+}
+
 TEST_F(TransformContextTest, APressInAViewThatShowsNoCanvasIsIgnored)
 {
     run("setAttr perspShape.overscan 1000000");

@@ -2,11 +2,13 @@
 #include "model/DrawingPainter.h"
 #include "support/DrawingFixture.h"
 
+#include <set>
+
 namespace {
 
 class CompositeTest : public DrawingFixture {
 protected:
-    const QImage& picture() { return *drawing.composite("persp"); }
+    QImage picture() { return pixels::seen(*drawing.composite("persp")); }
 
     // Images over one another, the first at the bottom.
     static QImage over(std::initializer_list<QImage> images)
@@ -116,6 +118,30 @@ TEST_F(CompositeTest, AGenerationStandsForOnePictureOnly)
     const quint64 last = drawing.compositeGeneration("persp");
     drawing.composite("persp");
     EXPECT_EQ(drawing.compositeGeneration("persp"), last) << "nothing changed";
+}
+
+TEST_F(CompositeTest, AStrokesPictureHasAnotherGenerationWheneverItGrowsAndOnlyThen)
+{
+    addLayer("persp", "A", {1});
+    goTo(1);
+    for (const ToolType tool : {ToolType::Pencil, ToolType::Eraser}) {
+        Preferences::instance().setActiveTool(tool);
+        ActiveStroke* stroke = drawing.beginStroke("persp", false);
+        ASSERT_NE(stroke, nullptr);
+        std::set<quint64> seen;
+        for (const QPoint& to : {QPoint(450, 450), QPoint(550, 500), QPoint(560, 700)}) {
+            stroke->points << StrokePoint{9, 1, 1, to};
+            stroke->changed = true;
+            drawing.composite("persp");
+            const quint64 grown = drawing.compositeGeneration("persp");
+            EXPECT_TRUE(seen.insert(grown).second) << "the stroke has grown";
+            drawing.composite("persp");
+            EXPECT_EQ(drawing.compositeGeneration("persp"), grown) << "nothing changed";
+        }
+        drawing.dropStroke();
+        drawing.composite("persp");
+        EXPECT_FALSE(seen.count(drawing.compositeGeneration("persp"))) << "the stroke has gone";
+    }
 }
 
 TEST_F(CompositeTest, GhostsFadeByKeysAndNotByTime)

@@ -122,14 +122,15 @@ QImage alphasOf(const QImage& image)
     return image.convertToFormat(QImage::Format_Alpha8);
 }
 
-// Whether a picture is byte for byte the wanted one wherever the ink of the stroke has changed. Elsewhere the plain one
-// paints no ink over everything, which rounds faint colours anew.
+// Whether a picture is byte for byte the wanted one wherever the ink of the stroke has changed and is seen. Elsewhere
+// the plain one paints no ink over everything, which rounds faint colours anew.
 bool sameUnderNewInk(const QImage& inkBefore, const QImage& ink, const QImage& wanted, const QImage& made)
 {
     for (int y = 0; y < ink.height(); ++y) {
         const auto row = [y](const QImage& image) { return reinterpret_cast<const QRgb*>(image.constScanLine(y)); };
         for (int x = 0; x < ink.width(); ++x) {
-            if (row(ink)[x] != row(inkBefore)[x] && row(made)[x] != row(wanted)[x]) {
+            const bool isSeen = qAlpha(row(made)[x] | row(wanted)[x]) > 0;
+            if (isSeen && row(ink)[x] != row(inkBefore)[x] && row(made)[x] != row(wanted)[x]) {
                 return false;
             }
         }

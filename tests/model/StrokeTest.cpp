@@ -171,14 +171,14 @@ TEST_F(StrokeTest, IsDroppedWhenItsFrameIsGone)
 TEST_F(StrokeTest, DroppingLeavesNoTraceInThePicture)
 {
     addLayer("persp", "A", {1});
-    const QImage before = drawing.composite("persp")->copy();
+    const QImage before = pixels::seen(*drawing.composite("persp"));
     ActiveStroke* record = drawing.beginStroke("persp", false);
     record->points = drawings::line({400, 500}, {600, 500});
     record->changed = true;
-    EXPECT_NE(*drawing.composite("persp"), before);
+    EXPECT_NE(pixels::seen(*drawing.composite("persp")), before);
     drawing.dropStroke();
     EXPECT_TRUE(drawing.needsRedraw("persp"));
-    EXPECT_EQ(*drawing.composite("persp"), before);
+    EXPECT_EQ(pixels::seen(*drawing.composite("persp")), before);
 }
 
 // Pictures from elsewhere decode to other formats and sizes; the eraser writes other.

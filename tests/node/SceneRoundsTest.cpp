@@ -77,7 +77,7 @@ QString pixelHash(LayerManager& drawing)
             }
         }
         if (const QImage* picture = drawing.composite(camera)) {
-            pixels += pixels::hash(*picture).toUtf8();
+            pixels += pixels::hash(pixels::seen(*picture)).toUtf8();
         }
     }
     return shortHash(pixels);

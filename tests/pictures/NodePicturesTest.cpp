@@ -2,6 +2,8 @@
 
 #include "support/NodeFixture.h"
 
+#include "model/Canvas.h"
+
 #include "view/Viewport.h"
 #include "view/Viewports.h"
 
@@ -9,6 +11,7 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <QScreen>
+#include <QTemporaryDir>
 #include <QWidget>
 
 #include <maya/M3dView.h>
@@ -144,6 +147,37 @@ TEST_F(NodePictures, BothRenderersShowEachChangeOfTheDrawing)
         EXPECT_EQ(middle(red), QColor(Qt::red)) << legacy;
         EXPECT_EQ(middle(green), QColor(Qt::green)) << legacy;
         EXPECT_EQ(picture(legacy), green) << "nothing changed";
+    }
+}
+
+// Over a light ground white ink can only lighten, however the canvas is scaled.
+TEST_F(NodePictures, WhiteInkHasNoDarkRim)
+{
+    QTemporaryDir folder;
+    QImage ground(16, 16, QImage::Format_RGB32);
+    ground.fill(QColor(240, 240, 240));
+    const QString path = folder.filePath("ground.png");
+    ASSERT_TRUE(ground.save(path));
+    ASSERT_TRUE(run("imagePlane -camera perspShape -fileName \"" + path.toStdString() + "\""));
+    QImage dots = blankCanvas();
+    for (int i = 0; i < 400; ++i) {
+        dots.setPixelColor(300 + 20 * (i % 20), 350 + 16 * (i / 20), QColor(255, 255, 255, 55 + i / 2));
+    }
+    show(dots);
+    for (const char* overscan : {"0.37", "1", "1.3"}) {
+        run(std::string("setAttr perspShape.overscan ") + overscan);
+        const QImage bare = withoutDrawing();
+        for (const bool legacy : {false, true}) {
+            const QImage shown = picture(legacy);
+            int darker = 0;
+            for (int y = 0; y < bare.height(); ++y) {
+                for (int x = 0; x < bare.width(); ++x) {
+                    darker += qRed(shown.pixel(x, y)) < qRed(bare.pixel(x, y)) - 1;
+                }
+            }
+            EXPECT_NE(shown, bare);
+            EXPECT_EQ(darker, 0) << "overscan " << overscan << (legacy ? ", legacy" : "");
+        }
     }
 }
 

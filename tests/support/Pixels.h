@@ -24,6 +24,18 @@ inline bool same(const QImage& a, const QImage& b)
     return a.isNull() == b.isNull() && plain(a) == plain(b);
 }
 
+/// What is seen of an image: the colour of its transparent pixels is taken away.
+inline QImage seen(const QImage& image)
+{
+    QImage result = plain(image);
+    for (int y = 0; y < result.height(); ++y) {
+        auto* const row = reinterpret_cast<QRgb*>(result.scanLine(y));
+        std::replace_if(
+            row, row + result.width(), [](QRgb pixel) { return qAlpha(pixel) == 0; }, 0u);
+    }
+    return result;
+}
+
 inline int alpha(const QImage& image, int x, int y)
 {
     return qAlpha(image.pixel(x, y));
