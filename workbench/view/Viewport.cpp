@@ -65,19 +65,13 @@ Viewport::~Viewport()
 {
     endLostDrag(Qt::NoButton);
     if (context()) {
-        disconnect(context(), nullptr, this, nullptr);
-        ReleaseGl();
+        makeCurrent();
+        m_smoothTarget.clear();
+        m_text.clear();
+        m_sceneRenderer.clear();
+        TextureCache::instance().collect();
+        doneCurrent();
     }
-}
-
-void Viewport::ReleaseGl()
-{
-    makeCurrent();
-    m_smoothTarget.clear();
-    m_text.clear();
-    m_sceneRenderer.clear();
-    TextureCache::instance().collect();
-    doneCurrent();
 }
 
 kernel::NodePtr Viewport::camera() const
@@ -174,8 +168,6 @@ api::FrameState Viewport::frameState() const
 
 void Viewport::initializeGL()
 {
-    // A view that comes into another window gets another context.
-    connect(context(), SIGNAL(aboutToBeDestroyed()), this, SLOT(ReleaseGl()));
     m_isSoftware = isSoftwareRenderer();
     // The same state must give the same bytes.
     glDisable(GL_DITHER);

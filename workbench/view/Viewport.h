@@ -65,9 +65,6 @@ protected:
     void leaveEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
 
-private slots:
-    void ReleaseGl();
-
 private:
     api::FrameState frameState() const;
     /// What draw overrides and the tool show in Viewport 2.0.

@@ -122,7 +122,7 @@ TEST_F(PlaybackPaintTest, OnlyTheActiveViewFollowsUnlessAllAreAskedFor)
     playToTheEnd();
     turnUntil([&] { return *idle > 0; });
     EXPECT_GE(*active, 11);
-    EXPECT_LE(*idle, 1) << "when playback has ended";
+    EXPECT_EQ(*idle, 1) << "when playback has ended";
     run("playbackOptions -view all");
     playToTheEnd();
     EXPECT_GE(*idle, 11);
@@ -139,18 +139,4 @@ TEST_F(PlaybackPaintTest, APictureThatStandsIsAsSmoothAfterPlaybackAsBefore)
     EXPECT_EQ(session().scene.currentTime().value, 12);
     turnUntil([&] { return *paints >= 12; });
     EXPECT_EQ(onScreen(), before);
-}
-
-TEST_F(PlaybackPaintTest, AViewThatComesIntoAnotherWindowShowsTheSame)
-{
-    run("createNode implicitSphere");
-    const QImage before = view->grabFramebuffer();
-    QMainWindow other;
-    other.setCentralWidget(view);
-    other.resize(window.size());
-    other.show();
-    turnUntil([&] { return other.windowHandle()->isExposed(); });
-    EXPECT_EQ(view->grabFramebuffer(), before);
-    window.setCentralWidget(view);
-    EXPECT_EQ(view->grabFramebuffer(), before);
 }
