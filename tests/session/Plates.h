@@ -12,17 +12,36 @@ namespace session {
 
 constexpr int kPlateCount = 48;
 
-/// The plate of a frame, 1 to kPlateCount. The ball lands on frame 12, and every 24 frames.
+/// How high the ball is, as a part of its bounce. It lands on frame 12, and every 24 frames.
+inline double ballHeight(int frameNumber)
+{
+    const double bounce = (frameNumber + 12) % 24 / 24.0;
+    return 4 * bounce * (1 - bounce);
+}
+
+/// 1 for a ball in the air, less where it touches the ground.
+inline double ballSquash(int frameNumber)
+{
+    const double above = ballHeight(frameNumber);
+    return above < 0.1 ? 0.75 + 2.5 * above : 1;
+}
+
+constexpr double kBallRadius = 70;
+constexpr double kGround = 560;
+
+/// The ball's middle in the plate of a frame.
+inline QPointF ballAt(int frameNumber)
+{
+    constexpr double kBounce = 360;
+    return QPointF(160 + (frameNumber - 1) * 960.0 / (kPlateCount - 1),
+                   kGround - kBallRadius * ballSquash(frameNumber) - kBounce * ballHeight(frameNumber));
+}
+
+/// The plate of a frame, 1 to kPlateCount.
 inline QImage plate(int frameNumber)
 {
-    constexpr double kRadius = 70;
-    constexpr double kGround = 560;
-    constexpr double kHeight = 360;  // of a bounce
-    const double bounce = (frameNumber + 12) % 24 / 24.0;
-    const double above = 4 * bounce * (1 - bounce);
-    const double squash = above < 0.1 ? 0.75 + 2.5 * above : 1;
-    const QPointF ball(160 + (frameNumber - 1) * 960.0 / (kPlateCount - 1),
-                       kGround - kRadius * squash - kHeight * above);
+    const double above = ballHeight(frameNumber), squash = ballSquash(frameNumber);
+    const QPointF ball = ballAt(frameNumber);
 
     QImage image(1280, 720, QImage::Format_RGB32);
     QPainter painter(&image);
@@ -34,9 +53,9 @@ inline QImage plate(int frameNumber)
     painter.fillRect(image.rect(), sky);
     painter.fillRect(QRectF(0, kGround, image.width(), image.height() - kGround), QColor(0x7a, 0x72, 0x64));
     painter.setBrush(QColor(0, 0, 0, int(110 - 70 * above)));
-    painter.drawEllipse(QPointF(ball.x(), kGround + 12), kRadius * (1 + above / 2), 12.0);
+    painter.drawEllipse(QPointF(ball.x(), kGround + 12), kBallRadius * (1 + above / 2), 12.0);
     painter.setBrush(QColor(0xc2, 0x55, 0x3a));
-    painter.drawEllipse(ball, kRadius / squash, kRadius * squash);
+    painter.drawEllipse(ball, kBallRadius / squash, kBallRadius * squash);
     painter.setBrush(QColor(255, 255, 255, 70));
     painter.drawEllipse(ball - QPointF(24, 28 * squash), 18.0, 14 * squash);
     QFont font("DejaVu Sans");

@@ -196,7 +196,7 @@ void FileActions::CreateImagePlane()
     const std::string path = chooseFile(tr("Image Plane"), pictureFilter());
     if (!path.empty()) {
         m_run("createImagePlane " + mel::quoted(name) + ' ' + mel::quoted(path)
-              + (kernel::isOfSequence(path) ? " true" : " false"));
+              + (kernel::isOfSequence(path) ? " 1" : " 0"));
     }
 }
 

@@ -1,8 +1,11 @@
 #include "view/GlState.h"
 
+#include <QOpenGLContext>
 #include <QOpenGLFunctions>
 
 #include <algorithm>
+#include <cstring>
+#include <iterator>
 
 namespace view {
 
@@ -37,6 +40,27 @@ kernel::Matrix4 pixelProjection(int width, int height)
 void setGlColour(const QColor& colour)
 {
     glColor4d(colour.redF(), colour.greenF(), colour.blueF(), colour.alphaF());
+}
+
+unsigned boundFramebuffer()
+{
+    int name = 0;
+    glGetIntegerv(GL_FRAMEBUFFER_BINDING, &name);
+    return unsigned(name);
+}
+
+void bindFramebuffer(unsigned name)
+{
+    QOpenGLContext::currentContext()->functions()->glBindFramebuffer(GL_FRAMEBUFFER, name);
+}
+
+bool isSoftwareRenderer()
+{
+    const auto* const renderer = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
+    const char* const software[] = {"llvmpipe", "softpipe", "swrast", "SWR", "Software Rasterizer", "GDI Generic"};
+    return renderer && std::any_of(std::begin(software), std::end(software), [renderer](const char* name) {
+               return std::strstr(renderer, name) != nullptr;
+           });
 }
 
 }  // namespace view

@@ -21,4 +21,10 @@ kernel::Matrix4 pixelProjection(int width, int height);
 
 void setGlColour(const QColor& colour);
 
+/// The buffer that is drawn into.
+unsigned boundFramebuffer();
+void bindFramebuffer(unsigned name);
+/// Whether the processor draws, for want of graphics hardware. With a context current.
+bool isSoftwareRenderer();
+
 }  // namespace view

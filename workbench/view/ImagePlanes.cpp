@@ -117,16 +117,14 @@ void complain(const Node& plane, const std::string& path, PictureStore::State st
     kernel::Session::current().output.warning(plane.name() + ": The image \"" + path + '"' + what);
 }
 
-void upload(const QImage& image, bool hasAlpha, int portWidth)
+void upload(const QImage& image, bool hasAlpha, bool hasMipmaps)
 {
     int largest = 0;
     glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);
     const bool fits = std::max(image.width(), image.height()) <= largest;
     const QImage held = fits ? image : image.scaled(largest, largest, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    // Much larger than the view it would flicker without smaller versions of it.
-    const bool isLarge = held.width() > 2 * portWidth;
-    glTexParameteri(GL_TEXTURE_2D, GL_GENERATE_MIPMAP, isLarge);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, isLarge ? GL_LINEAR_MIPMAP_LINEAR : GL_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_GENERATE_MIPMAP, hasMipmaps);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, hasMipmaps ? GL_LINEAR_MIPMAP_LINEAR : GL_LINEAR);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
@@ -268,8 +266,11 @@ bool ImagePlanes::update(Texture& texture, const Node& plane, const kernel::Scen
         complain(plane, path, picture.state);
         return false;
     }
-    if (texture.picture != picture.image.cacheKey()) {
-        upload(picture.image, texture.hasAlpha, portWidth);
+    // Much larger than the view it would flicker without smaller versions of it.
+    const bool isLarge = picture.image.width() > 2 * portWidth;
+    if (texture.picture != picture.image.cacheKey() || texture.hasMipmaps != isLarge) {
+        upload(picture.image, texture.hasAlpha, isLarge);
+        texture.hasMipmaps = isLarge;
         texture.picture = picture.image.cacheKey();
         texture.size = picture.image.size();
     }

@@ -38,6 +38,7 @@ private:
         long long picture = 0;  ///< which one it shows, 0 for none
         QSize size;             ///< of the picture as it was decoded
         bool hasAlpha = true;
+        bool hasMipmaps = false;
     };
 
     void drawPlane(const kernel::NodePtr& plane, const Lens& lens, const kernel::Scene& scene, int portWidth);

@@ -1,6 +1,7 @@
 #include "view/LegacyRenderer.h"
 
 #include "api/LegacyNodes.h"
+#include "view/GlState.h"
 
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
@@ -22,7 +23,7 @@ int depthOf(unsigned stack)
 class GuardedState {
 public:
     GuardedState(const kernel::Matrix4& modelView, const kernel::Matrix4& projection)
-        : m_modelView(modelView), m_projection(projection)
+        : m_modelView(modelView), m_projection(projection), m_framebuffer(boundFramebuffer())
     {
         for (Stack& stack : m_stacks) {
             stack.depth = depthOf(stack.name);
@@ -35,9 +36,8 @@ public:
     ~GuardedState()
     {
         glEnd();  // of a shape that a module did not come to finish
-        QOpenGLContext& context = *QOpenGLContext::currentContext();
-        QOpenGLFunctions& gl = *context.functions();
-        gl.glBindFramebuffer(GL_FRAMEBUFFER, context.defaultFramebufferObject());
+        bindFramebuffer(m_framebuffer);
+        QOpenGLFunctions& gl = *QOpenGLContext::currentContext()->functions();
         gl.glUseProgram(0);
         gl.glBindBuffer(GL_ARRAY_BUFFER, 0);
         gl.glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, 0);
@@ -79,6 +79,7 @@ private:
 
     const kernel::Matrix4 m_modelView;
     const kernel::Matrix4 m_projection;
+    const unsigned m_framebuffer;
     Stack m_stacks[5] = {
         {GL_CLIENT_ATTRIB_STACK_DEPTH, [] { glPopClientAttrib(); }},
         {GL_ATTRIB_STACK_DEPTH, [] { glPopAttrib(); }},

@@ -32,7 +32,6 @@ QSurfaceFormat viewFormat()
     format.setVersion(2, 1);
     format.setProfile(QSurfaceFormat::CompatibilityProfile);
     format.setDepthBufferSize(24);
-    format.setSamples(4);
     format.setSwapInterval(0);  // a refresh during a stroke must not wait for the screen
     return format;
 }
@@ -67,6 +66,7 @@ Viewport::~Viewport()
     endLostDrag(Qt::NoButton);
     if (context()) {
         makeCurrent();
+        m_smoothTarget.clear();
         m_text.clear();
         m_sceneRenderer.clear();
         TextureCache::instance().collect();
@@ -168,6 +168,7 @@ api::FrameState Viewport::frameState() const
 
 void Viewport::initializeGL()
 {
+    m_isSoftware = isSoftwareRenderer();
     // The same state must give the same bytes.
     glDisable(GL_DITHER);
     // Colours are straight, the picture itself is opaque: its alpha stays 1.
@@ -188,6 +189,22 @@ void Viewport::paintGL()
     m_outdated = false;
     m_hasInvertedLines = false;
     const api::FrameState frame = frameState();
+    // Without graphics hardware smoothing takes most of a frame's time, which what moves has more need of.
+    const bool isSmooth = !(m_isSoftware && m_session.playback.isPlaying());
+    if (isSmooth) {
+        m_smoothTarget.begin(QSize(frame.width, frame.height));
+    }
+    drawPicture(frame);
+    if (isSmooth) {
+        m_smoothTarget.end();
+    }
+    if (!m_keepToolShapes) {
+        m_toolShapes.items.clear();
+    }
+}
+
+void Viewport::drawPicture(const api::FrameState& frame)
+{
     glViewport(0, 0, frame.width, frame.height);
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
     glClearColor(0, 0, 0, 1);
@@ -208,9 +225,6 @@ void Viewport::paintGL()
         drawCameraName(frame);
     }
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
-    if (!m_keepToolShapes) {
-        m_toolShapes.items.clear();
-    }
 }
 
 api::DrawList Viewport::collectShapes(const api::FrameState& frame)
@@ -243,7 +257,9 @@ void Viewport::drawCameraName(const api::FrameState& frame)
 
 bool Viewport::beginGl()
 {
-    makeCurrent();
+    if (!m_painting) {
+        makeCurrent();
+    }
     return isValid();
 }
 

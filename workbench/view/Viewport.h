@@ -9,6 +9,7 @@
 #include "view/LegacyRenderer.h"
 #include "view/ListRenderer.h"
 #include "view/SceneRenderer.h"
+#include "view/SmoothTarget.h"
 
 #include <QOpenGLWidget>
 
@@ -68,6 +69,7 @@ private:
     api::FrameState frameState() const;
     /// What draw overrides and the tool show in Viewport 2.0.
     api::DrawList collectShapes(const api::FrameState& frame);
+    void drawPicture(const api::FrameState& frame);
     void drawCameraName(const api::FrameState& frame);
     QPoint portPoint(const QPointF& widgetPoint) const;
     void sendToTool(api::ToolEvent::Kind kind, const QPointF& at, Qt::KeyboardModifiers modifiers);
@@ -85,6 +87,8 @@ private:
     LegacyRenderer m_legacyRenderer;
     ListRenderer m_listRenderer;
     GlText m_text;
+    SmoothTarget m_smoothTarget;
+    bool m_isSoftware = false;  ///< the processor draws
     bool m_legacy = false;
     bool m_painting = false;
 

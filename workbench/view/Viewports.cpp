@@ -149,8 +149,10 @@ api::View* Viewports::activeView() const
 
 void Viewports::touched()
 {
+    const kernel::Playback& playback = m_session.playback;
+    Viewport* const only = playback.isPlaying() && playback.options.view == "active" ? active() : nullptr;
     for (const QPointer<Viewport>& view : m_views) {
-        if (view) {
+        if (view && (!only || view == only)) {
             view->scheduleRefresh();
         }
     }

@@ -146,6 +146,25 @@ std::string text(const QRect& r)
 
 }  // namespace
 
+TEST_F(ImagePlanes, FineDetailStaysEvenInAViewThatGetsSmall)
+{
+    QImage stripes(500, 330, QImage::Format_RGB32);
+    stripes.fill(Qt::black);
+    for (int x = 2; x < stripes.width(); x += 5) {
+        for (int y = 0; y < stripes.height(); ++y) {
+            stripes.setPixelColor(x, y, Qt::white);
+        }
+    }
+    ASSERT_TRUE(stripes.save(folder.filePath("stripes.png")));
+    set(plane, "imageName", path("stripes.png"));
+    picture();
+    viewport->resize(90, 60);
+    const QImage small = picture();
+    for (int x = 20; x < 70; ++x) {
+        EXPECT_LT(small.pixelColor(x, 30).red(), 130) << x;
+    }
+}
+
 TEST_F(ImagePlanes, FillTheFilmGateWhateverTheViewShowsOfIt)
 {
     set(plane, "imageName", write("plate.png", kPlate, QSize(1500, 1000)));  // as the film gate

@@ -3,6 +3,8 @@
 #include "view/Viewport.h"
 
 #include <QDeadlineTimer>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QTimer>
 #include <QWindow>
 
@@ -28,6 +30,18 @@ public:
 private:
     QWidget& m_window;
     int m_asked = 0;
+};
+
+class PaintCounter : public QObject {
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        *count += event->type() == QEvent::Paint;
+        return false;
+    }
+
+    const std::shared_ptr<int> count = std::make_shared<int>(0);
 };
 
 class PlaybackPaintTest : public WindowFixture {
@@ -58,6 +72,18 @@ protected:
         run("play");
         turnUntil([this] { return !session().playback.isPlaying(); });
     }
+    /// How often the widget is painted from now on.
+    static std::shared_ptr<int> countPaints(QWidget& widget)
+    {
+        auto* const counter = new PaintCounter(&widget);
+        widget.installEventFilter(counter);
+        return counter->count;
+    }
+    QImage onScreen()
+    {
+        QCoreApplication::processEvents();
+        return QGuiApplication::primaryScreen()->grabWindow(window.winId()).toImage();
+    }
     long framesTaken() const { return long(std::count(log.begin(), log.end(), 't')); }
 
     view::Viewport* view = nullptr;
@@ -82,4 +108,35 @@ TEST_F(PlaybackPaintTest, AWindowOutOfSightPlaysOn)
     window.hide();
     playToTheEnd();
     EXPECT_EQ(framesTaken(), 11);
+}
+
+TEST_F(PlaybackPaintTest, OnlyTheActiveViewFollowsUnlessAllAreAskedFor)
+{
+    const app::PlaybackRunner runner(session(), views.get());
+    view::Viewport* const other = views->add("modelPanel1", session().scene.findOrNull("topShape"), &window);
+    other->resize(80, 60);
+    other->show();
+    views->setActive(view);
+    QCoreApplication::processEvents();
+    const auto active = countPaints(*view), idle = countPaints(*other);
+    playToTheEnd();
+    turnUntil([&] { return *idle > 0; });
+    EXPECT_GE(*active, 11);
+    EXPECT_EQ(*idle, 1) << "when playback has ended";
+    run("playbackOptions -view all");
+    playToTheEnd();
+    EXPECT_GE(*idle, 11);
+}
+
+TEST_F(PlaybackPaintTest, APictureThatStandsIsAsSmoothAfterPlaybackAsBefore)
+{
+    const app::PlaybackRunner runner(session(), views.get());
+    run("createNode implicitSphere; currentTime 12; refresh");
+    const QImage before = onScreen();
+    run("currentTime 1");
+    const auto paints = countPaints(*view);
+    playToTheEnd();
+    EXPECT_EQ(session().scene.currentTime().value, 12);
+    turnUntil([&] { return *paints >= 12; });
+    EXPECT_EQ(onScreen(), before);
 }
