@@ -81,6 +81,7 @@ protected:
         ASSERT_TRUE(m_host->isRunning()) << m_host->output().toStdString();
         m_menu.reset(new PointedMenu(*m_host, "$gTqLmMainMenu"));
         ASSERT_TRUE(menu().exists()) << m_host->output().toStdString();
+        m_host->run("window -e -widthHeight 640 480 $gMainWindow");  // quick to paint
     }
 
     LiveWorkbench& host() { return *m_host; }
