@@ -1,5 +1,6 @@
 // Where a stroke of the real pointer lands on the canvas, view by view.
 
+#include "support/QtPrint.h"
 #include "support/SceneText.h"
 #include "support/ViewStage.h"
 
