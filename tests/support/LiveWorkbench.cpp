@@ -122,8 +122,7 @@ void LiveWorkbench::pointer(const QStringList& arguments)
 
 void LiveWorkbench::pressAt(const QPoint& point)
 {
-    pointer(movement(point));
-    pointer({"mousedown", "1"});
+    pointer(movement(point) + QStringList{"mousedown", "1"});
 }
 
 void LiveWorkbench::drag(const QVector<QPoint>& path, int stepMs, int restMs)
@@ -149,8 +148,7 @@ void LiveWorkbench::click(const QPoint& point)
 
 void LiveWorkbench::clickControl(const QPoint& point)
 {
-    pointer(movement(point));
-    pointer({"click", "1"});
+    pointer(movement(point) + QStringList{"click", "1"});
 }
 
 void LiveWorkbench::hold(const QPoint& from, const QPoint& to)
