@@ -23,6 +23,8 @@ protected:
         m_host.reset(new LiveWorkbench(kProgram, {"-prefs", m_folder.path(), "-command", "setToolTo `tqLmDrawCtx`"}));
         ASSERT_TRUE(m_host->isRunning()) << m_host->output().toStdString();
         ASSERT_TRUE(exists());
+        m_host->run("window -e -widthHeight 640 480 $gMainWindow");  // quick to paint
+        ASSERT_GT(m_host->viewRect().height(), 100);
     }
     void TearDown() override
     {
@@ -40,7 +42,7 @@ protected:
     }
 
     QPoint centre() { return host().viewRect().center(); }
-    void press() { host().hold(centre() - QPoint(60, 40), centre()); }
+    void press() { host().hold(centre() - QPoint(50, 30), centre()); }
     void moveOn() { host().moveTo(centre() + QPoint(50, 30)); }
     void stroke()
     {

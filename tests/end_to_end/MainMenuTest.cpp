@@ -81,6 +81,7 @@ protected:
         ASSERT_TRUE(m_host->isRunning()) << m_host->output().toStdString();
         m_menu.reset(new PointedMenu(*m_host, "$gTqLmMainMenu"));
         ASSERT_TRUE(menu().exists()) << m_host->output().toStdString();
+        m_host->run("window -e -widthHeight 640 480 $gMainWindow");  // quick to paint
     }
 
     LiveWorkbench& host() { return *m_host; }
@@ -198,19 +199,21 @@ TEST_F(MainMenu, EntriesOfATornOffCopyWorkWhenTheMenuIsClosed)
 TEST_F(MainMenu, IsShownByTheAnimationSetAloneWhenThatIsPreferred)
 {
     start({{"preferences/showMainMenuInAnimationSet", true}});
-    const auto chooseSet = [this](const char* letter) {
+    const auto chooseSet = [this](const QStringList& keys) {
         host().click(host().controlRect("menuSetBox").center());
-        host().key(letter);
+        for (const QString& key : keys) {
+            host().key(key);
+        }
         host().key("Return");
     };
     EXPECT_TRUE(host().controlRect(menu().name()).isNull());
     EXPECT_EQ(host().run("menuSet -q -currentMenuSet"), "modelingMenuSet");
     for (int round = 0; round < 2; ++round) {
-        chooseSet("a");
+        chooseSet({"Home", "Down", "Down"});
         EXPECT_EQ(host().run("menuSet -q -currentMenuSet"), "animationMenuSet");
         EXPECT_TRUE(menu().choose({"Draw Tool", round ? "Text" : "Line"}));
         EXPECT_EQ(menu().marked().value(0), round ? "Text" : "Line");
-        chooseSet("m");
+        chooseSet({"Home"});
         EXPECT_EQ(host().run("menuSet -q -currentMenuSet"), "modelingMenuSet");
         EXPECT_TRUE(host().controlRect(menu().name()).isNull());
     }

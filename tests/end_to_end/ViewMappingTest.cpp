@@ -115,6 +115,19 @@ QPointF centroid(const QImage& picture, const QRect& box)
 
 // --- the cells ------------------------------------------------------------------------------------------------------
 
+/// Every film fit. Without perspective none of them asks how wide the view is for its height, so that one is looked at
+/// in wide views only.
+std::vector<CameraSetting> camerasThatTell(const QSize& view)
+{
+    std::vector<CameraSetting> cameras = support::everyFilmFit();
+    if (view.height() > view.width()) {
+        cameras.erase(std::remove_if(cameras.begin(), cameras.end(),
+                                     [](const CameraSetting& camera) { return camera.isOrthographic(); }),
+                      cameras.end());
+    }
+    return cameras;
+}
+
 std::string described(const CameraSetting& camera, const QSize& view)
 {
     return QString("%1, fit %2, view %3 x %4, overscan %5, film %6, resolution %7 x %8, zoom %9")
@@ -218,7 +231,7 @@ TEST_F(ViewMapping, FollowsOverscanFilmAndResolutionToTheirExtremes)
     for (const QSize& size : {kWide, kTall}) {
         stage().openSingle(size);
         for (const auto& extreme : extremes) {
-            for (CameraSetting camera : support::everyFilmFit()) {
+            for (CameraSetting camera : camerasThatTell(size)) {
                 camera.overscan = extreme.overscan;
                 camera.horizontalAperture = extreme.filmWidth;
                 camera.resolution = extreme.resolution;
@@ -237,7 +250,7 @@ TEST_F(ViewMapping, FollowsTwoDimensionalPanAndZoom)
     for (const QSize& size : {kWide, kTall}) {
         stage().openSingle(size);
         for (const auto& move : moves) {
-            for (CameraSetting camera : support::everyFilmFit()) {
+            for (CameraSetting camera : camerasThatTell(size)) {
                 camera.panZoom = true;
                 camera.zoom = move.zoom;
                 camera.pan = move.pan;
@@ -251,6 +264,7 @@ TEST_F(ViewMapping, IsTheSameInTheLegacyRenderer)
 {
     stage().openSingle(kWide);
     stage().useRenderer("base_OpenGL_Renderer");
+    ASSERT_EQ(stage().renderer(), "base_OpenGL_Renderer");
     for (CameraSetting camera : support::everyFilmFit()) {
         expectInPlace(camera, kWide);
         camera.panZoom = true;

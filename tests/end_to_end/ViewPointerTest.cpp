@@ -1,5 +1,6 @@
 // Where a stroke of the real pointer lands on the canvas, view by view.
 
+#include "support/QtPrint.h"
 #include "support/SceneText.h"
 #include "support/ViewStage.h"
 
@@ -51,7 +52,7 @@ double distanceToSegment(const QPointF& p, const QPointF& a, const QPointF& b)
     return distance(p, a + along * std::min(1.0, std::max(0.0, share)));
 }
 
-/// A program with a pencil one pixel wide, and one window to draw in.
+/// A program with a pencil one pixel wide.
 class PointerSession {
 public:
     PointerSession()
@@ -62,11 +63,9 @@ public:
         }
         preferences.close();
         m_host.reset(new LiveWorkbench(kProgram, {"-prefs", m_folder.path(), "-command", "setToolTo `tqLmDrawCtx`"}));
-        m_stage.reset(new ViewStage(*m_host));
     }
 
     LiveWorkbench& host() { return *m_host; }
-    ViewStage& stage() { return *m_stage; }
 
     /// The ink that a stroke leaves; the drawing is empty again afterwards. corner: of the view, on the screen.
     QVector<QPointF> inkOfStroke(QVector<QPoint> path, const QPoint& corner)
@@ -86,7 +85,6 @@ public:
 private:
     QTemporaryDir m_folder;
     std::unique_ptr<LiveWorkbench> m_host;
-    std::unique_ptr<ViewStage> m_stage;
 };
 
 /// A straight drag across the part of the canvas that a view shows, in the view's pixels. All steps are alike, so every
@@ -124,7 +122,7 @@ InkOnLine inkOnLine(const QVector<QPointF>& ink, const QPointF& beforeStart, con
 /// Draws across a view and looks for the ink. ratio: view pixels for each of the pointer's.
 void expectInkUnderPointer(PointerSession& session, const QString& panel, const CameraSetting& camera, double ratio = 1)
 {
-    SCOPED_TRACE(QString("%1 fit %2").arg(camera.camera).arg(int(camera.fit)).toStdString());
+    SCOPED_TRACE(QString("%1 through %2, fit %3").arg(panel, camera.camera).arg(int(camera.fit)).toStdString());
     const QRect view = session.host().viewRect(panel);
     ASSERT_FALSE(view.isEmpty()) << session.host().output().toStdString();
     const QRectF canvas = support::literalCanvasRect(camera, view.size());
@@ -146,74 +144,126 @@ void expectInkUnderPointer(PointerSession& session, const QString& panel, const 
     EXPECT_GT(ink.length, distance(start, end) * 0.6);
 }
 
+class ViewPointer : public testing::Test {
+protected:
+    // Starting the program takes longer than a stroke, so all share one.
+    static void SetUpTestSuite()
+    {
+        s_session = std::make_unique<PointerSession>();
+        ASSERT_TRUE(session().host().isRunning()) << session().host().output().toStdString();
+    }
+    static void TearDownTestSuite() { s_session.reset(); }
+
+    static PointerSession& session() { return *s_session; }
+
+private:
+    static std::unique_ptr<PointerSession> s_session;
+};
+
+std::unique_ptr<PointerSession> ViewPointer::s_session;
+
 }  // namespace
 
-TEST(ViewPointer, DrawsWhereItPointsInWideAndTallViewsOfEveryFilmFit)
+TEST_F(ViewPointer, DrawsWhereItPointsInEachViewOfTheMainWindowAndInTheOneShownAlone)
 {
-    PointerSession session;
-    for (const QSize& size : {QSize(601, 301), QSize(301, 501)}) {
-        session.stage().openSingle(size);
+    LiveWorkbench& host = session().host();
+    const auto expectInView = [&](const QString& panel) {
+        CameraSetting camera;
+        camera.camera = host.run("modelPanel -q -camera " + panel);
+        camera.fit = FilmFit::Horizontal;
+        expectInkUnderPointer(session(), panel, camera);
+    };
+    host.run("workbenchView -panes 4; for ($camera in {\"persp\", \"top\", \"front\", \"side\"}) "
+             "setAttr ($camera + \"Shape.filmFit\") 1;"
+             "setAttr defaultResolution.width 1920; setAttr defaultResolution.height 1080");
+    const QStringList panels{"modelPanel1", "modelPanel2", "modelPanel3", "modelPanel4"};
+    for (const QString& panel : panels) {
+        expectInView(panel);
+        const QRect amongFour = host.viewRect(panel);
+        host.moveTo(amongFour.center());
+        host.key("space");
+        EXPECT_GT(host.viewRect(panel).width(), amongFour.width());
+        expectInView(panel);
+        host.key("space");
+        EXPECT_EQ(host.viewRect(panel), amongFour);
+    }
+    host.run("workbenchView -panes 1");
+}
+
+TEST_F(ViewPointer, DrawsWhereItPointsInWideAndTallViewsOfEveryFilmFit)
+{
+    ViewStage stage(session().host());
+    const struct {
+        QSize size;
+        bool withoutPerspective;  // where the view's proportions change nothing
+    } views[] = {{QSize(601, 301), true}, {QSize(301, 501), false}};
+    for (const auto& view : views) {
+        stage.openSingle(view.size);
         for (const CameraSetting& camera : support::everyFilmFit()) {
-            session.stage().lookThrough(camera);
-            expectInkUnderPointer(session, session.stage().panel(), camera);
+            if (view.withoutPerspective || !camera.isOrthographic()) {
+                stage.lookThrough(camera);
+                expectInkUnderPointer(session(), stage.panel(), camera);
+            }
         }
     }
 }
 
-TEST(ViewPointer, DrawsWhereItPointsInPannedAndZoomedViews)
+TEST_F(ViewPointer, DrawsWhereItPointsInPannedAndZoomedViews)
 {
-    PointerSession session;
-    session.stage().openSingle(QSize(601, 301));
+    ViewStage stage(session().host());
+    stage.openSingle(QSize(601, 301));
     for (CameraSetting camera : support::everyFilmFit()) {
         camera.panZoom = true;
         camera.zoom = camera.isOrthographic() ? 0.5 : 2;
         camera.pan = QPointF(0.1, -0.06);
-        session.stage().lookThrough(camera);
-        expectInkUnderPointer(session, session.stage().panel(), camera);
+        stage.lookThrough(camera);
+        expectInkUnderPointer(session(), stage.panel(), camera);
     }
 }
 
-TEST(ViewPointer, DrawsWhereItPointsInTheLegacyRenderer)
+TEST_F(ViewPointer, DrawsWhereItPointsInTheLegacyRenderer)
 {
-    PointerSession session;
-    session.stage().openSingle(QSize(601, 301));
-    session.stage().useRenderer("base_OpenGL_Renderer");
+    ViewStage stage(session().host());
+    stage.openSingle(QSize(601, 301));
+    stage.useRenderer("base_OpenGL_Renderer");
+    ASSERT_EQ(stage.renderer(), "base_OpenGL_Renderer");
     CameraSetting camera;
     for (const bool isPanned : {false, true}) {
         camera.panZoom = isPanned;
         camera.zoom = 0.6;
         camera.pan = QPointF(-0.1, 0.04);
-        session.stage().lookThrough(camera);
-        expectInkUnderPointer(session, session.stage().panel(), camera);
+        stage.lookThrough(camera);
+        expectInkUnderPointer(session(), stage.panel(), camera);
     }
 }
 
-TEST(ViewPointer, DrawsWhereItPointsInEachOfFourViews)
+TEST_F(ViewPointer, DrawsWhereItPointsInEachOfFourViewsOfAWindow)
 {
-    PointerSession session;
-    session.stage().openFour(QSize(901, 701));
+    ViewStage stage(session().host());
+    stage.openFour(QSize(901, 701));
     CameraSetting camera;
-    for (const QString& panel : session.stage().panels()) {
-        session.stage().lookThrough(panel, camera);
+    for (const QString& panel : stage.panels()) {
+        stage.lookThrough(panel, camera);
     }
-    for (const QString& panel : session.stage().panels()) {
-        expectInkUnderPointer(session, panel, camera);
+    for (const QString& panel : stage.panels()) {
+        expectInkUnderPointer(session(), panel, camera);
     }
 }
 
-TEST(ViewPointer, DrawsWhereItPointsOnAScreenWhosePixelsAreScaled)
+TEST(DenseScreen, IsDrawnOnWhereThePointerIs)
 {
     for (const double ratio : {1.5, 2.0}) {
         SCOPED_TRACE(ratio);
         qputenv("QT_SCALE_FACTOR", QByteArray::number(ratio));
         PointerSession session;
         qunsetenv("QT_SCALE_FACTOR");
-        session.stage().openSingle(QSize(301, 201));
+        ViewStage stage(session.host());
+        stage.openSingle(QSize(301, 201));
         for (const FilmFit fit : {FilmFit::Fill, FilmFit::Overscan}) {
             CameraSetting camera;
             camera.fit = fit;
-            session.stage().lookThrough(camera);
-            expectInkUnderPointer(session, session.stage().panel(), camera, ratio);
+            stage.lookThrough(camera);
+            expectInkUnderPointer(session, stage.panel(), camera, ratio);
         }
     }
 }

@@ -21,7 +21,7 @@ const char* const kSubmenus[] = {"Draw Tool", "Layer",     "Ghosting", "Display 
                                  "View",      "Utilities", "Cleanup"};
 constexpr int kGap = 12;
 constexpr int kHeading = 24;
-constexpr QSize kWindowPart(1060, 780);
+constexpr QSize kWindowPart(1060, 760);
 const QColor kGround("#444444");
 const QColor kText("#d8d8d8");
 

@@ -23,7 +23,8 @@ using support::ViewStage;
 namespace {
 
 constexpr int kWidth = 1536;
-constexpr double kOverscan = 1.15;  // so that the gate's edge is in the view
+constexpr double kOverscan = 1.15;         // so that the gate's edge is in the view
+constexpr double kOverscanForNames = 1.4;  // and the camera's name below it
 
 /// The width of each of so many equal views in a row of the page.
 constexpr int share(int count)
@@ -77,7 +78,8 @@ public:
         m_page.section("Film fit", "The film is 3:2, the picture 16:9.");
         m_page.row("Perspective", Ground::None, fits("persp", kWideCell));
         m_page.row("Orthographic", Ground::None, fits("front", kWideCell));
-        m_page.row("The same in tall views", Ground::None, fits("persp", kTallCell) + fits("front", kTallCell));
+        m_page.row("Tall views: perspective, then orthographic", Ground::None,
+                   fits("persp", kTallCell) + fits("front", kTallCell));
     }
 
     void addPanAndZoom()
@@ -132,12 +134,16 @@ public:
         const char* const cameras[] = {"top", "persp", "side", "front"};
         QRect window;
         for (int i = 0; i < 4; ++i) {
-            m_stage.lookThrough(m_stage.panels()[i], cameraOf(cameras[i], FilmFit::Vertical));
-            window |= m_host.viewRect(m_stage.panels()[i]);
+            const QString panel = m_stage.panels()[i];
+            CameraSetting camera = cameraOf(cameras[i], FilmFit::Vertical);
+            camera.overscan = kOverscanForNames;
+            m_stage.lookThrough(panel, camera);
+            m_host.run("modelEditor -edit -headsUpDisplay 1 " + panel);  // has the camera's name
+            window |= m_host.viewRect(panel);
         }
         m_host.moveTo(QPoint(2, 2));
         m_page.section("Four views", "Each camera has a drawing of its own.");
-        m_page.row("Top, perspective, front and side", Ground::None, {{m_host.screenshot(window)}});
+        m_page.row("Top, perspective, front, side", Ground::None, {{m_host.screenshot(window)}});
     }
 
     QImage finished() const { return m_page.finished(); }

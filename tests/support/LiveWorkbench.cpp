@@ -5,9 +5,17 @@
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QScreen>
-#include <QThread>
 
 namespace support {
+
+namespace {
+
+QStringList movement(const QPoint& to)
+{
+    return {"mousemove", QString::number(to.x()), QString::number(to.y())};
+}
+
+}  // namespace
 
 LiveWorkbench::LiveWorkbench(const QString& program, const QStringList& arguments)
 {
@@ -71,19 +79,19 @@ bool LiveWorkbench::waitForEnd(int timeoutMs)
 
 void LiveWorkbench::settle()
 {
-    turn("refresh -force");
+    letTurn();
+    run("refresh -force");
 }
 
-void LiveWorkbench::turn(const QString& text)
+void LiveWorkbench::letTurn()
 {
     if (!isRunning()) {
         return;
     }
-    // Pointer and key events come by way of the X server, the port's lines do not: a first answer says that the
-    // program turned its loop, a second that what the first turn queued is done too.
-    for (int turns = 0; turns < 3; ++turns) {
-        run(text);
-        QThread::msleep(15);
+    // Pointer and key events come by way of the X server, the port's lines do not. Asking that server for the pointer
+    // brings in all events before the answer; the next line follows their handling, the last one what that queued.
+    for (const char* turn : {"getPanel -underPointer", "", ""}) {
+        run(turn);
     }
 }
 
@@ -109,31 +117,26 @@ QRect LiveWorkbench::askRect(const QString& query)
 void LiveWorkbench::pointer(const QStringList& arguments)
 {
     QProcess::execute("xdotool", arguments);
+    letTurn();
 }
 
-void LiveWorkbench::drag(const QVector<QPoint>& path, int stepMs, int holdMs)
+void LiveWorkbench::pressAt(const QPoint& point)
+{
+    pointer(movement(point) + QStringList{"mousedown", "1"});
+}
+
+void LiveWorkbench::drag(const QVector<QPoint>& path, int stepMs, int restMs)
 {
     if (path.isEmpty()) {
         return;
     }
-    const QString pause = QString::number(stepMs / 1000.0);
-    const QString hold = QString::number(holdMs / 1000.0);
-    QStringList steps;
-    for (int i = 0; i < path.size(); ++i) {
-        steps << "mousemove" << QString::number(path[i].x()) << QString::number(path[i].y());
-        if (i == 0) {
-            steps << "sleep"
-                  << "0.05"
-                  << "mousedown"
-                  << "1"
-                  << "sleep"
-                  << "0.03";
-        }
-        steps << "sleep" << pause;
+    pressAt(path.first());
+    const QStringList pause{"sleep", QString::number(stepMs / 1000.0)};
+    QStringList steps = pause;
+    for (int i = 1; i < path.size(); ++i) {
+        steps += movement(path[i]) + pause;
     }
-    steps << "sleep" << hold << "mouseup"
-          << "1";
-    pointer(steps);
+    pointer(steps + QStringList{"sleep", QString::number(restMs / 1000.0), "mouseup", "1"});
     settle();
 }
 
@@ -145,15 +148,13 @@ void LiveWorkbench::click(const QPoint& point)
 
 void LiveWorkbench::clickControl(const QPoint& point)
 {
-    pointer({"mousemove", QString::number(point.x()), QString::number(point.y()), "sleep", "0.05", "click", "1"});
-    letTurn();
+    pointer(movement(point) + QStringList{"click", "1"});
 }
 
 void LiveWorkbench::hold(const QPoint& from, const QPoint& to)
 {
-    pointer({"mousemove", QString::number(from.x()), QString::number(from.y()), "sleep", "0.05", "mousedown", "1",
-             "sleep", "0.03", "mousemove", QString::number(to.x()), QString::number(to.y()), "sleep", "0.05"});
-    settle();
+    pressAt(from);
+    moveTo(to);
 }
 
 void LiveWorkbench::letGo()
@@ -164,7 +165,7 @@ void LiveWorkbench::letGo()
 
 void LiveWorkbench::moveTo(const QPoint& point)
 {
-    pointer({"mousemove", QString::number(point.x()), QString::number(point.y())});
+    pointer(movement(point));
     settle();
 }
 

@@ -30,17 +30,17 @@ public:
     bool waitForEnd(int timeoutMs = 30000);
     /// Returns when the program has handled everything before and its views are painted.
     void settle();
-    /// Returns when the program's loop has turned a few times since the pointer or a key was last used.
-    void letTurn() { turn(QString()); }
+    /// Returns when the program has handled the pointer's and the keys' events before, and what they queued.
+    void letTurn();
 
     /// The view's drawing area on the screen; the first view when no panel is named.
     QRect viewRect(const QString& panel = QString());
     /// A named control, menu or menu item on the screen; null when it is not to be seen.
     QRect controlRect(const QString& name);
 
-    /// Moves the real pointer along `path` (screen pixels) with the left button down; `stepMs` between points.
-    /// holdMs: how long it rests at either end with the button down.
-    void drag(const QVector<QPoint>& path, int stepMs = 8, int holdMs = 30);
+    /// Moves the real pointer along `path` (screen pixels) with the left button down; `stepMs` between points, which
+    /// is a hand's pace. It moves off when the press has been handled, and rests for `restMs` at the end.
+    void drag(const QVector<QPoint>& path, int stepMs = 8, int restMs = 30);
     void click(const QPoint& point);
     /// The same without waiting for the views, which is most of the time a click takes.
     void clickControl(const QPoint& point);
@@ -56,9 +56,10 @@ public:
     QString output();
 
 private:
-    void turn(const QString& text);
     QRect askRect(const QString& query);
+    /// Returns when the program has handled what the pointer or the keyboard did.
     void pointer(const QStringList& arguments);
+    void pressAt(const QPoint& point);
 
     QProcess m_process;
     QLocalSocket m_socket;

@@ -32,7 +32,11 @@ QString setCamera(const CameraSetting& setting)
 
 }  // namespace
 
-ViewStage::ViewStage(LiveWorkbench& host) : m_host(host) {}
+ViewStage::ViewStage(LiveWorkbench& host) : m_host(host)
+{
+    // The main window's view is painted whenever the stage's are: the smaller, the sooner.
+    m_host.run("window -e -widthHeight 640 480 $gMainWindow");
+}
 
 void ViewStage::openSingle(const QSize& size)
 {
@@ -82,9 +86,14 @@ void ViewStage::useRenderer(const QString& name)
     m_host.run(QString("modelEditor -edit -rendererName %1 %2").arg(name, panel()));
 }
 
+QString ViewStage::renderer()
+{
+    return m_host.run(QString("modelEditor -query -rendererName %1").arg(panel()));
+}
+
 QImage ViewStage::picture(const QString& panel)
 {
-    const QString path = m_folder.filePath("view.png");
+    const QString path = m_folder.filePath("view.bmp");
     m_host.run(QString("workbenchView -panel %1 -capture \"%2\"").arg(panel, path));
     return QImage(path).convertToFormat(QImage::Format_RGB32);
 }

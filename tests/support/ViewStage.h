@@ -13,6 +13,8 @@ namespace support {
 class ViewStage {
 public:
     explicit ViewStage(LiveWorkbench& host);
+    ViewStage(const ViewStage&) = delete;
+    ~ViewStage() { close(); }
 
     /// One view; `size` is its own, at least 160 x 90.
     void openSingle(const QSize& size);
@@ -27,6 +29,7 @@ public:
     void lookThrough(const QString& panel, const CameraSetting& setting);
     /// The single view's, by the host's name for it.
     void useRenderer(const QString& name);
+    QString renderer();
     /// The view as the graphics card has it, one image pixel for each of the view's.
     QImage picture() { return picture(panel()); }
     QImage picture(const QString& panel);
