@@ -3,6 +3,8 @@
 #include "api/Handles.h"
 #include "kernel/Session.h"
 
+#include <algorithm>
+
 namespace {
 
 /// A number of a default node, or the fallback when there is no such node or attribute.
@@ -27,8 +29,8 @@ void MRenderUtil::getCommonRenderSettings(MCommonRenderSettingsData& data)
 {
     const MCommonRenderSettingsData defaults;
     data = defaults;
-    data.width = unsigned(number("defaultResolution", "width", defaults.width));
-    data.height = unsigned(number("defaultResolution", "height", defaults.height));
+    data.width = unsigned(std::max(0.0, number("defaultResolution", "width", defaults.width)));
+    data.height = unsigned(std::max(0.0, number("defaultResolution", "height", defaults.height)));
     data.deviceAspectRatio = float(number("defaultResolution", "deviceAspectRatio", defaults.deviceAspectRatio));
     if (data.width > 0)
         data.pixelAspectRatio = data.deviceAspectRatio * float(data.height) / float(data.width);

@@ -23,6 +23,15 @@ Value component(const Value& value, int which)
     return which == 0 ? vector.x : which == 1 ? vector.y : vector.z;
 }
 
+/// A bare word stays a word on its way into a procedure, where a number is made of it: 1 for "true", "on" and "yes".
+Value withBooleanWord(Value value, Type type)
+{
+    double number = 0;
+    const bool wantsNumber = !type.array && (type.base == BaseType::Int || type.base == BaseType::Float);
+    const bool isNumber = wantsNumber && std::holds_alternative<std::string>(value) && kernel::toDouble(value, number);
+    return isNumber ? Value(number) : value;
+}
+
 }  // namespace
 
 Evaluator::Evaluator(Interpreter& interpreter, std::shared_ptr<const Unit> unit, int frameSize)
@@ -68,7 +77,8 @@ Value Evaluator::runProcedure(const ProcedureStmt& procedure, std::vector<Argume
                 continue;
             }
             m_locals[i].type = type;
-            m_locals[i].value = convert(args[i].variable ? args[i].variable->value : std::move(args[i].own), type);
+            Value value = args[i].variable ? args[i].variable->value : std::move(args[i].own);
+            m_locals[i].value = convert(withBooleanWord(std::move(value), type), type);
         }
         executeAll(procedure.body);
         if (procedure.result.base == BaseType::None)

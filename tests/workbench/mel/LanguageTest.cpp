@@ -182,6 +182,7 @@ TEST(Language, ProceduresAreBoundWhenTheyAreCalled)
         {"global proc int f() { if (0) return 1; } print(f());", "0"},
         {"int $g = 1; global proc f() { int $g = 2; print $g; } f; print $g;", "21"},
         {"global proc f(int $n) { print $n; } $l = {1, 2}; for ($i in $l) f $i;", "12"},
+        {"global proc f(int $n, string $t) { print ($n + $t); } f true true; f off off;", "1true0off"},
     });
     expectErrors({
         {"global proc f(int $n) { } f;", "Wrong number of arguments on call to f."},
