@@ -108,6 +108,7 @@ void TransformContext::pressTransforming(const MEvent& event, const QPoint& posi
     } else {
         m_drag = event.isModifierShift() ? Drag::Rotate : Drag::Translate;
     }
+    showChange();
 }
 
 // The view may have been resized, zoomed or panned: what was begun stays where it is on the canvas, and a drag goes on
@@ -248,7 +249,7 @@ bool TransformContext::paste(const QPoint& position)
     if (m_failed || isTransforming() || !canPaste() || !begin(&FloatingRegion::aimAtPasteTarget)) {
         return false;
     }
-    const QPoint corner = m_floating.node()->viewToCanvas(position);
+    const QPoint corner = withinReach(m_floating.node()->viewToCanvas(position));
     return floatRegion(QRect(corner, m_floating.clipboardSize()), {false, false, true});
 }
 

@@ -23,12 +23,16 @@ double signedScale(float scale, bool flipped)
 
 }  // namespace
 
+QPoint withinReach(const QPoint& pixel)
+{
+    return QPoint(withinReach(pixel.x()), withinReach(pixel.y()));
+}
+
 QRect canvasRegion(const QPoint& corner, const QPoint& opposite)
 {
     const QPoint topLeft(std::min(corner.x(), opposite.x()), std::min(corner.y(), opposite.y()));
     const QPoint bottomRight(std::max(corner.x(), opposite.x()), std::max(corner.y(), opposite.y()));
-    return QRect(QPoint(withinReach(topLeft.x()), withinReach(topLeft.y())),
-                 QPoint(withinReach(bottomRight.x()), withinReach(bottomRight.y())));
+    return QRect(withinReach(topLeft), withinReach(bottomRight));
 }
 
 QRect wholeCanvas()

@@ -14,6 +14,8 @@ struct ViewSpan {
     QPoint end;
 };
 
+/// The nearest pixel not further away from the canvas than its side.
+QPoint withinReach(const QPoint& pixel);
 /// The canvas pixels from one corner to the other, both included, in whichever order. May reach over the canvas, but by
 /// no more than its side: what a tiny canvas in a large view selects still fits into memory.
 QRect canvasRegion(const QPoint& corner, const QPoint& opposite);

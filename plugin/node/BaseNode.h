@@ -129,8 +129,8 @@ public:
     /// Shown in Viewport 2.0 from the next redraw on.
     void setRegionOutline(const RegionOutline& outline) { m_regionOutline = outline; }
     const RegionOutline& regionOutline() const { return m_regionOutline; }
-    /// The outline belongs into a view of this camera whose metrics were worked out last: its corners fit views of the
-    /// size of the tool's.
+    /// The outline belongs into a view of this camera whose metrics were worked out last: its corners fit views that
+    /// show the canvas where the tool's view did.
     bool showsRegionOutline(const QString& camera) const;
 
     /// Has the views draw the node anew at their next refresh.

@@ -122,11 +122,13 @@ bool BaseNodeDrawOverride::upload(const QImage& image, quint64 generation)
     }
     if (!m_texture) {
         m_texture = textures->acquireTexture(m_textureName, canvasDescription(), image.constBits(), true);
-    } else if (generation != m_shown && !m_texture->update(image.constBits(), true)) {
+        m_shown = 0;  // one of this name may have been there already, with another picture
+    }
+    if (!m_texture || (generation != m_shown && !m_texture->update(image.constBits(), true))) {
         return false;
     }
     m_shown = generation;
-    return m_texture != nullptr;
+    return true;
 }
 
 void BaseNodeDrawOverride::addUIDrawables(const MDagPath&, MHWRender::MUIDrawManager& drawManager,

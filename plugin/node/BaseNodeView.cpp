@@ -9,6 +9,8 @@
 
 #include <maya/MViewport2Renderer.h>
 
+#include <cmath>
+
 namespace {
 
 // The host calls these two obsolete and has nothing else for its legacy viewport.
@@ -42,6 +44,14 @@ bool findView(const QWidget* widget, M3dView& view)
         }
     }
     return false;
+}
+
+/// Points of one view are the same points of the other. The two kinds of views work their pan out in different ways.
+bool showAlike(const ViewportMetrics& a, const ViewportMetrics& b)
+{
+    const double kSame = 0.5;  // pixels
+    return a.width == b.width && a.height == b.height && std::abs(double(a.drawnSize) - double(b.drawnSize)) < kSame
+        && a.panOffset.isEquivalent(b.panOffset, kSame);
 }
 
 bool looksThrough(M3dView& view, const QString& camera)
@@ -141,8 +151,7 @@ QPoint BaseNode::canvasToPort(const QPoint& pixel) const
 
 bool BaseNode::showsRegionOutline(const QString& camera) const
 {
-    return !camera.isEmpty() && m_regionOutline.camera == camera && m_metrics.width == m_toolMetrics.width
-        && m_metrics.height == m_toolMetrics.height;
+    return !camera.isEmpty() && m_regionOutline.camera == camera && showAlike(m_metrics, m_toolMetrics);
 }
 
 void BaseNode::requestRedraw()

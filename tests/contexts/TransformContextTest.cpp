@@ -273,7 +273,7 @@ TEST_F(TransformContextTest, InALegacyViewTheOutlineIsInvertedOnceForEachRefresh
     view.refreshes = 0;
     floatInk();
     drag({300, 300}, {310, 300});
-    EXPECT_EQ(view.invertedOutlines, 4) << "press and drag, start, drag";
+    EXPECT_EQ(view.invertedOutlines, 5) << "press and drag, start, press and drag";
     EXPECT_EQ(view.refreshes, view.invertedOutlines) << "a second one would erase the first";
     EXPECT_TRUE(lines.items.empty());
 }

@@ -136,7 +136,11 @@ TEST_F(BaseNodeDrawOverrideTest, OutlinesTheTransformedRegionOnlyInViewsLikeTheO
         prepare(*view);
         paint(*view);
     }
-    for (View* other : {&top, &wider, &higher}) {
+    run("setAttr perspShape.panZoomEnabled 1; setAttr perspShape.zoom 0.5");
+    View zoomed("persp", 400, 300);
+    prepare(zoomed);
+    paint(zoomed);
+    for (View* other : {&top, &wider, &higher, &zoomed}) {
         EXPECT_EQ(other->list.items.size(), 1u);
     }
     ASSERT_EQ(persp.list.items.size(), 5u);

@@ -42,6 +42,9 @@ LiveWorkbench::LiveWorkbench(const QString& program, const QStringList& argument
 
 LiveWorkbench::~LiveWorkbench()
 {
+    if (m_isHeld) {
+        QProcess::execute("xdotool", {"mouseup", "1"});  // the button outlives this program
+    }
     m_socket.abort();
     m_process.kill();
     m_process.waitForFinished();
@@ -122,6 +125,7 @@ void LiveWorkbench::pointer(const QStringList& arguments)
 
 void LiveWorkbench::pressAt(const QPoint& point)
 {
+    m_isHeld = true;
     pointer(movement(point) + QStringList{"mousedown", "1"});
 }
 
@@ -137,6 +141,7 @@ void LiveWorkbench::drag(const QVector<QPoint>& path, int stepMs, int restMs)
         steps += movement(path[i]) + pause;
     }
     pointer(steps + QStringList{"sleep", QString::number(restMs / 1000.0), "mouseup", "1"});
+    m_isHeld = false;
     settle();
 }
 
@@ -160,6 +165,7 @@ void LiveWorkbench::hold(const QPoint& from, const QPoint& to)
 void LiveWorkbench::letGo()
 {
     pointer({"mouseup", "1"});
+    m_isHeld = false;
     settle();
 }
 

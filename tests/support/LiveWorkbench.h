@@ -64,6 +64,7 @@ private:
     QProcess m_process;
     QLocalSocket m_socket;
     QByteArray m_output;
+    bool m_isHeld = false;  ///< the left button
 };
 
 }  // namespace support

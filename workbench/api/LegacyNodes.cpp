@@ -22,7 +22,11 @@ int rankOf(const kernel::Node& node)
 {
     const ModuleScope scope(node.type().plugin);
     const MPxLocatorNode& locator = *locatorOf(node);
-    return locator.drawLast() ? 2 : locator.isTransparent() ? 1 : 0;
+    try {
+        return locator.drawLast() ? 2 : locator.isTransparent() ? 1 : 0;
+    } catch (...) {
+        return 0;  // drawing it is where failures are told
+    }
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace kernel {
@@ -176,15 +177,18 @@ private:
     std::vector<NodePtr> curvesOfThese() const
     {
         std::unordered_map<NodePtr, std::size_t> driven;
+        std::unordered_set<const Node*> counted;  // one may be given together with what is above it
         for (const NodePtr& top : m_nodes) {
-            walk(*top, [&driven](const Node& node) {
+            walk(*top, [&](const Node& node) {
+                if (!counted.insert(&node).second)
+                    return;
                 for (const AttributePtr& attribute : node.animatedAttributes())
                     ++driven[node.curveOf(*attribute)];
             });
         }
         std::vector<NodePtr> curves;
         for (const auto& row : driven) {
-            if (!row.first->isReadOnly() && row.second >= row.first->drivenPlugs().size())
+            if (!row.first->isReadOnly() && row.second == row.first->drivenPlugs().size())
                 curves.push_back(row.first);
         }
         std::sort(curves.begin(), curves.end(), isOlder);
@@ -347,18 +351,44 @@ private:
 class SetTime : public Edit {
 public:
     explicit SetTime(Time time) : m_time(time) {}
-    void redo(Scene& scene) override { exchange(scene); }
-    void undo(Scene& scene) override { exchange(scene); }
 
-private:
-    void exchange(Scene& scene)
+    void redo(Scene& scene) override
     {
-        const Time before = scene.currentTime();
+        m_before = scene.currentTime();
+        rememberAhead(scene);
         scene.setCurrentTime(m_time);
-        m_time = before;
     }
 
-    Time m_time;
+    // What was set and not keyed shows again.
+    void undo(Scene& scene) override
+    {
+        scene.setCurrentTime(m_before);
+        for (const Ahead& ahead : m_ahead)
+            ahead.node->setPlugState(*ahead.attribute, ahead.state);
+    }
+
+private:
+    struct Ahead {
+        NodePtr node;
+        AttributePtr attribute;
+        PlugState state;
+    };
+
+    void rememberAhead(const Scene& scene)
+    {
+        m_ahead.clear();
+        for (const NodePtr& node : scene.nodes()) {
+            for (const AttributePtr& attribute : node->animatedAttributes()) {
+                const PlugState state = node->plugState(*attribute);
+                if (state.isAhead)
+                    m_ahead.push_back({node, attribute, state});
+            }
+        }
+    }
+
+    const Time m_time;
+    Time m_before;
+    std::vector<Ahead> m_ahead;
 };
 
 }  // namespace

@@ -56,20 +56,24 @@ PictureStore::Entry PictureStore::decoded(const std::string& path)
 
 PictureStore::Picture PictureStore::picture(const std::string& path, double moment)
 {
+    if (m_moment != moment) {
+        m_moment = moment;
+        ++m_moments;
+    }
     {
         const std::lock_guard<std::mutex> guard(m_lock);
         const auto found = m_entries.find(path);
         if (found != m_entries.end()) {
             Entry& entry = found->second;
-            const bool isCurrent = entry.moment == moment || entry.written == timeWritten(path);
+            const bool isCurrent = entry.lookedAt == m_moments || entry.written == timeWritten(path);
             if (isCurrent) {
-                entry.moment = moment;
+                entry.lookedAt = m_moments;
                 return taken(entry);
             }
         }
     }
     Entry entry = decoded(path);
-    entry.moment = moment;
+    entry.lookedAt = m_moments;
     const std::lock_guard<std::mutex> guard(m_lock);
     return taken(keep(path, std::move(entry)));
 }

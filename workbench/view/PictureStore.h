@@ -34,8 +34,8 @@ public:
         State state = State::Missing;
         QImage image;  ///< RGBA8888, upright; null unless ready
     };
-    /// The picture, decoded now if it has to be. moment: anything that changes when the file may have been written
-    /// anew; it is looked at again only then.
+    /// The picture, decoded now if it has to be. moment: anything that changes when files may have been written anew;
+    /// whenever it does, each is looked at again when it is asked for.
     Picture picture(const std::string& path, double moment);
     /// The picture if it is there; pending otherwise.
     Picture readyPicture(const std::string& path);
@@ -55,7 +55,7 @@ private:
     struct Entry {
         Picture picture;
         std::filesystem::file_time_type written;  ///< the file's time
-        std::optional<double> moment;
+        unsigned long long lookedAt = 0;  ///< at which moment, as they are counted, the file's time was looked at
         unsigned long long lastAsked = 0;
     };
     struct Order {
@@ -80,7 +80,9 @@ private:
     std::vector<Order> m_orders;  ///< the first is next
     std::size_t m_bytes = 0;
     unsigned long long m_asked = 0;
-    bool m_isWorking = false;  ///< the thread will look at the orders again
+    std::optional<double> m_moment;    ///< the last one
+    unsigned long long m_moments = 0;  ///< how often it changed
+    bool m_isWorking = false;          ///< the thread will look at the orders again
     std::thread m_worker;
 };
 

@@ -241,6 +241,28 @@ TEST_F(Animation, CurvesGoWithTheNodeTheyDrive)
     EXPECT_EQ(eval("listConnections other.ty"), "");
 }
 
+TEST_F(Animation, ACurveStaysForWhatElseItDrives)
+{
+    run("createNode transform -n grp; parent ball grp; createNode transform -n other");
+    run("setKeyframe -at tx -t 1 -v 3 ball; connectAttr ball_translateX.o other.tx; select grp ball");
+    ASSERT_TRUE(run("delete"));
+    EXPECT_EQ(eval("getAttr other.tx"), "3");
+    EXPECT_EQ(eval("objExists ball_translateX"), "1");
+}
+
+TEST_F(Animation, GoingToATimeIsUndoneAndRedoneExactly)
+{
+    run("setKeyframe -at tx -t 1 -v 0 ball; setKeyframe -at tx -t 11 -v 10 ball; currentTime 6; setAttr ball.tx 99");
+    run("currentTime 8");
+    EXPECT_EQ(eval("getAttr ball.tx"), "7");
+    session.scene.setCurrentTime({3, session.scene.timeUnit()});  // as playback does
+    run("undo");
+    EXPECT_EQ(eval("currentTime -q; getAttr ball.tx"), "99");
+    run("redo");
+    EXPECT_EQ(eval("currentTime -q"), "8");
+    EXPECT_EQ(eval("getAttr ball.tx"), "7");
+}
+
 TEST_F(Animation, CopiesHaveTheValuesButNotTheCurves)
 {
     run("setKeyframe -t 1 -v 0 ball.tx; setKeyframe -t 11 -v 10 ball.tx; currentTime 6; duplicate ball");

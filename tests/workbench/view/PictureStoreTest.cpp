@@ -98,6 +98,11 @@ TEST_F(PictureStoreTest, AFileWrittenAnewIsReadAgainAtAnotherMoment)
     EXPECT_EQ(store.bytes(), 0u);
     write("a.png", Qt::green);
     EXPECT_EQ(store.picture(name, 4).image.pixelColor(0, 0), QColor(Qt::green));
+    // As one frame of a sequence is asked for, whenever its time comes again.
+    write("a.png", Qt::red);
+    setWritten(name, 120);
+    store.picture(write("b.png", Qt::red), 5);
+    EXPECT_EQ(store.picture(name, 4).image.pixelColor(0, 0), QColor(Qt::red));
 }
 
 TEST_F(PictureStoreTest, DecodesAheadWhatIsStillWanted)
