@@ -336,6 +336,13 @@ TEST_F(Panels, EnumsAreChosenByName)
     turnEventLoop();
     EXPECT_EQ(value("getAttr ball.rotateOrder"), "2");
     EXPECT_EQ(field("Rotate Order").data().toString(), "zxy");
+
+    auto* const none = qobject_cast<QComboBox*>(edit("Rotate Order"));
+    none->setCurrentIndex(-1);
+    pressKey(none, Qt::Key_Return);
+    turnEventLoop();
+    EXPECT_EQ(value("getAttr ball.rotateOrder"), "2");
+    EXPECT_THAT(errors(), testing::IsEmpty());
 }
 
 // --- attribute editor ----------------------------------------------------------------------------------------------
@@ -560,6 +567,22 @@ TEST_F(Panels, OutlinerHoldsLargeAndDeepScenes)
     EXPECT_EQ(treeText(), "persp top front side");
 }
 
+// A script that asks the user something turns the event loop, and with it goes the editor of the name.
+TEST_F(Panels, OutlinerIsDoneWithItsRowBeforeTheActionRuns)
+{
+    bool isInView = true;
+    int actions = 0;
+    m_onAction = [&] {
+        ++actions;
+        EXPECT_FALSE(isInView);
+    };
+    tree().model()->setData(item("box"), "crate");
+    tree().model()->dropMimeData(nullptr, Qt::MoveAction, -1, -1, item("box"));
+    isInView = false;
+    turnEventLoop();
+    EXPECT_EQ(actions, 2);
+}
+
 // --- render settings -----------------------------------------------------------------------------------------------
 
 TEST_F(Panels, RenderSettingsSetTheSizeAsOneStep)
@@ -586,6 +609,12 @@ TEST_F(Panels, RenderSettingsSetTheSizeAsOneStep)
         EXPECT_EQ(value(size), "640 480 1.333333373") << bad;
         EXPECT_EQ(line("resolution_height").text(), "480") << bad;
     }
+    enterIn(line("resolution_width"), "1e3");
+    enterIn(line("resolution_height"), "500.7");
+    EXPECT_EQ(value(size), "1000 500 2");
+    run("setAttr defaultResolution.width 12345678");
+    enterIn(line("resolution_height"), "1000.0");
+    EXPECT_EQ(value(size), "12345678 1000 12345.67773");
 }
 
 // --- docks ---------------------------------------------------------------------------------------------------------
@@ -603,6 +632,8 @@ TEST_F(Panels, AreShownAndHiddenByCommand)
     run("workbenchPanel -toggle attributeEditor");
     EXPECT_EQ(value("workbenchPanel -q -visible attributeEditor"), "0");
     EXPECT_FALSE(run("workbenchPanel -toggle nothing"));
+    EXPECT_EQ(errorOf("workbenchPanel outliner"), "workbenchPanel: -visible or -toggle is needed");
+    EXPECT_EQ(value("workbenchPanel -q -visible outliner"), "1");
 }
 
 TEST_F(Panels, LeaveTheKeysThatTypeNothingToTheWindow)
