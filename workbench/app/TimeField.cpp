@@ -1,6 +1,7 @@
 #include "app/TimeField.h"
 
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QSignalBlocker>
 #include <QTimer>
 
@@ -60,20 +61,26 @@ TimeField::~TimeField()
 
 void TimeField::Apply(int frameNumber)
 {
+    lineEdit()->setModified(false);
     m_run(kRows[int(m_what)].command + std::to_string(frameNumber));
     showTime();
 }
 
 void TimeField::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Escape) {
-        showTime();  // leaving must not take over what was typed
+    const int key = event->key();
+    if (key == Qt::Key_Escape) {
+        dropTyped();  // leaving must not take it over
+    } else if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        takeTyped();
     }
     QSpinBox::keyPressEvent(event);
 }
 
 void TimeField::LeaveField()
 {
+    takeTyped();
+    dropTyped();
     // The next keys are the tool's, but not the Return that comes past the field right after this.
     QTimer::singleShot(0, this, &QWidget::clearFocus);
 }
@@ -88,10 +95,35 @@ double TimeField::time() const
     }
 }
 
+int TimeField::frameNumber() const
+{
+    return int(std::floor(std::min<double>(std::max<double>(time(), -kFarthest), kFarthest)));
+}
+
 void TimeField::showTime()
 {
+    if (hasFocus() && lineEdit()->isModified()) {
+        return;
+    }
     const QSignalBlocker quiet(this);
-    setValue(int(std::floor(std::min<double>(std::max<double>(time(), -kFarthest), kFarthest))));
+    setValue(frameNumber());
+}
+
+void TimeField::takeTyped()
+{
+    if (lineEdit()->isModified()) {
+        interpretText();
+    }
+    // It may be what the field held before the time went on: to the field that is no change.
+    if (lineEdit()->isModified() && value() != frameNumber()) {
+        Apply(value());
+    }
+}
+
+void TimeField::dropTyped()
+{
+    lineEdit()->setModified(false);
+    showTime();
 }
 
 }  // namespace app

@@ -29,7 +29,11 @@ private slots:
 
 private:
     double time() const;
+    int frameNumber() const;
+    /// Leaves what is being typed.
     void showTime();
+    void takeTyped();
+    void dropTyped();
 
     kernel::Session& m_session;
     const Shows m_what;

@@ -214,7 +214,8 @@ QRect TimeSlider::markerRect() const
     const TimeScale scale = this->scale();
     const double now = m_session.scene.currentTime().value;
     const double number = fontMetrics().horizontalAdvance(numberOf(std::floor(now))) + 10;
-    return QRectF(scale.x(now) - number, 0, scale.cell() + 2 * number, height()).toAlignedRect() & rect();
+    const QRectF marker(scale.x(now) - number, 0, scale.cell() + 2 * number, height());
+    return (marker & QRectF(rect())).toAlignedRect();  // far away it has no whole pixels to count in
 }
 
 void TimeSlider::showTime()

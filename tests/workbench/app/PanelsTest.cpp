@@ -12,6 +12,7 @@
 #include <QComboBox>
 #include <QDockWidget>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QSlider>
 #include <QTabBar>
 #include <QTreeView>
@@ -88,6 +89,17 @@ protected:
     {
         line.selectAll();
         type(&line, text + '\n');
+        turnEventLoop();
+    }
+    /// Chooses what the attribute editor shows.
+    void clickTab(int index)
+    {
+        QTabBar& tabs = *find<QTabBar>("attributeTabs");
+        const QPointF at = tabs.tabRect(index).center();
+        for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            QMouseEvent event(type, at, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(&tabs, &event);
+        }
         turnEventLoop();
     }
     QTreeView& tree() { return *find<QTreeView>("outlinerTree"); }
@@ -276,7 +288,7 @@ TEST_F(Panels, ChannelsAreLockedAndKeyedByTheirMenu)
 
 TEST_F(Panels, FieldsTellWhetherTheyAreKeyed)
 {
-    find<QTabBar>("attributeTabs")->setCurrentIndex(0);
+    clickTab(0);
     const auto ground = [this] {
         const QColor shown = groundOf("Translate X");
         EXPECT_EQ(line("translateX").palette().color(QPalette::Base), shown) << "in both panels alike";
@@ -324,6 +336,13 @@ TEST_F(Panels, EnumsAreChosenByName)
     turnEventLoop();
     EXPECT_EQ(value("getAttr ball.rotateOrder"), "2");
     EXPECT_EQ(field("Rotate Order").data().toString(), "zxy");
+
+    auto* const none = qobject_cast<QComboBox*>(edit("Rotate Order"));
+    none->setCurrentIndex(-1);
+    pressKey(none, Qt::Key_Return);
+    turnEventLoop();
+    EXPECT_EQ(value("getAttr ball.rotateOrder"), "2");
+    EXPECT_THAT(errors(), testing::IsEmpty());
 }
 
 // --- attribute editor ----------------------------------------------------------------------------------------------
@@ -382,9 +401,44 @@ TEST_F(Panels, ASliderMovesTheSceneAndLeavesOneStep)
     EXPECT_EQ(value("undo; " + opacity), "0.6999999881") << "a drag that came to nothing";
 }
 
+TEST_F(Panels, ASliderLeavesAnExactStepWhateverIsUndoneMeanwhile)
+{
+    run("camera; select camera1");
+    auto* const slider = valueField("displayGateMaskOpacity").findChild<QSlider*>();
+    const auto drag = [&](const std::function<void()>& meanwhile) {
+        slider->setSliderDown(true);
+        slider->setValue(200);
+        meanwhile();
+        slider->setValue(500);
+        slider->setSliderDown(false);
+        turnEventLoop();
+    };
+    const kernel::NodePtr shape = session().scene.findOrNull("cameraShape1");
+    const auto held = [&] { return shape->plugState(*shape->attribute("displayGateMaskOpacity")); };
+    drag([] {});
+    run("undo");
+    EXPECT_TRUE(std::holds_alternative<std::monostate>(held().value)) << "the default, not a value like it";
+
+    run("setAttr cameraShape1.displayGateMaskOpacity 0.75");
+    drag([this] { run("undo"); });
+    run("undo");
+    EXPECT_TRUE(std::holds_alternative<std::monostate>(held().value)) << "the value was undone";
+    run("setAttr cameraShape1.displayGateMaskOpacity 0.75");
+    run("select -add persp");
+    drag([this] { run("undo"); });
+    run("undo");
+    EXPECT_EQ(value("getAttr cameraShape1.displayGateMaskOpacity"), "0.75") << "the selection was undone";
+
+    run("setKeyframe -attribute displayGateMaskOpacity -time 1 -value 0.5 cameraShape1; currentTime 1");
+    drag([] {});
+    EXPECT_TRUE(held().isAhead);
+    run("undo");
+    EXPECT_FALSE(held().isAhead) << "the curve's again";
+}
+
 TEST_F(Panels, AttributeEditorShowsEveryNode)
 {
-    find<QTabBar>("attributeTabs")->setCurrentIndex(0);
+    clickTab(0);
     enterIn(line("translateY"), "7");
     enterIn(line("shearXY"), "0.5");
     EXPECT_EQ(value("getAttr ball.ty") + ' ' + value("getAttr ball.shearXY"), "7 0.5");
@@ -403,10 +457,22 @@ TEST_F(Panels, AttributeEditorShowsEveryNode)
     EXPECT_THAT(errors(), testing::IsEmpty());
 }
 
+TEST_F(Panels, ATabThatIsClickedTakesOverWhatIsTyped)
+{
+    QApplication::setActiveWindow(&window);
+    line("radius").setFocus();
+    line("radius").selectAll();
+    type(&line("radius"), "4");
+    clickTab(0);
+    EXPECT_EQ(value("getAttr ballShape.radius"), "4");
+    EXPECT_TRUE(find("translateY"));
+    EXPECT_FALSE(find("radius"));
+}
+
 // A script that asks the user something turns the event loop, and with it go fields whose node is no longer shown.
 TEST_F(Panels, AFieldIsDoneWithItsKeyBeforeTheActionRuns)
 {
-    find<QTabBar>("attributeTabs")->setCurrentIndex(0);
+    clickTab(0);
     bool isInField = false;
     int actions = 0;
     m_onAction = [&] {
@@ -501,6 +567,22 @@ TEST_F(Panels, OutlinerHoldsLargeAndDeepScenes)
     EXPECT_EQ(treeText(), "persp top front side");
 }
 
+// A script that asks the user something turns the event loop, and with it goes the editor of the name.
+TEST_F(Panels, OutlinerIsDoneWithItsRowBeforeTheActionRuns)
+{
+    bool isInView = true;
+    int actions = 0;
+    m_onAction = [&] {
+        ++actions;
+        EXPECT_FALSE(isInView);
+    };
+    tree().model()->setData(item("box"), "crate");
+    tree().model()->dropMimeData(nullptr, Qt::MoveAction, -1, -1, item("box"));
+    isInView = false;
+    turnEventLoop();
+    EXPECT_EQ(actions, 2);
+}
+
 // --- render settings -----------------------------------------------------------------------------------------------
 
 TEST_F(Panels, RenderSettingsSetTheSizeAsOneStep)
@@ -527,6 +609,12 @@ TEST_F(Panels, RenderSettingsSetTheSizeAsOneStep)
         EXPECT_EQ(value(size), "640 480 1.333333373") << bad;
         EXPECT_EQ(line("resolution_height").text(), "480") << bad;
     }
+    enterIn(line("resolution_width"), "1e3");
+    enterIn(line("resolution_height"), "500.7");
+    EXPECT_EQ(value(size), "1000 500 2");
+    run("setAttr defaultResolution.width 12345678");
+    enterIn(line("resolution_height"), "1000.0");
+    EXPECT_EQ(value(size), "12345678 1000 12345.67773");
 }
 
 // --- docks ---------------------------------------------------------------------------------------------------------
@@ -544,6 +632,8 @@ TEST_F(Panels, AreShownAndHiddenByCommand)
     run("workbenchPanel -toggle attributeEditor");
     EXPECT_EQ(value("workbenchPanel -q -visible attributeEditor"), "0");
     EXPECT_FALSE(run("workbenchPanel -toggle nothing"));
+    EXPECT_EQ(errorOf("workbenchPanel outliner"), "workbenchPanel: -visible or -toggle is needed");
+    EXPECT_EQ(value("workbenchPanel -q -visible outliner"), "1");
 }
 
 TEST_F(Panels, LeaveTheKeysThatTypeNothingToTheWindow)

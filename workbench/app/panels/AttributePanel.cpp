@@ -55,7 +55,19 @@ AttributePanel::AttributePanel(const PanelContext& context, QWidget* parent)
     m_area->setWidgetResizable(true);
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_area->setFocusPolicy(Qt::NoFocus);
-    connect(m_tabs, SIGNAL(currentChanged(int)), this, SLOT(ShowTab()));
+    connect(m_tabs, SIGNAL(tabBarClicked(int)), this, SLOT(FinishTyping()));
+    // Queued, as what was typed is: it is meant for the rows there are.
+    connect(m_tabs, SIGNAL(currentChanged(int)), this, SLOT(ShowTab()), Qt::QueuedConnection);
+    for (const char* event : {"Undo", "Redo"}) {
+        m_callbacks.push_back(this->context().session.events.add(event, [this] { meetUndo(); }));
+    }
+}
+
+AttributePanel::~AttributePanel()
+{
+    for (const unsigned id : m_callbacks) {
+        context().session.events.remove(id);
+    }
 }
 
 QSize AttributePanel::sizeHint() const
@@ -112,6 +124,12 @@ void AttributePanel::ShowTab()
     const int tab = m_tabs->currentIndex();
     build(tab < 0 ? nullptr : m_nodes[std::size_t(tab)].lock());
     showValues();
+}
+
+// A tab that is clicked does not take the focus, which would end it.
+void AttributePanel::FinishTyping()
+{
+    LeaveUnlessSeen(false);
 }
 
 // --- rows ----------------------------------------------------------------------------------------------------------
@@ -293,18 +311,30 @@ void AttributePanel::Drag(double number)
     }
     if (!m_dragged.attribute) {
         m_dragged = {node, row->attribute};
-        m_valueBeforeDrag = node->value(*row->attribute);
+        m_stateBeforeDrag = node->plugState(*row->attribute);
     }
     node->setValue(*row->attribute, row->derived ? row->derived->solve(*node, number) : number);
+    m_valueOfDrag = node->plugState(*row->attribute).value;
 }
 
 void AttributePanel::endDrag()
 {
     const NodePtr node = m_dragged.node.lock();
     if (node && m_dragged.attribute) {
-        node->setValue(*m_dragged.attribute, m_valueBeforeDrag);
+        node->setPlugState(*m_dragged.attribute, m_stateBeforeDrag);
     }
     m_dragged = {};
+}
+
+/// A step may be undone or redone while a slider is held. What it gave the attribute is then what there was before
+/// the rest of the drag.
+void AttributePanel::meetUndo()
+{
+    const NodePtr node = m_dragged.node.lock();
+    if (node && m_dragged.attribute && node->plugState(*m_dragged.attribute).value != m_valueOfDrag) {
+        m_dragged = {};
+    }
+    endDrag();
 }
 
 }  // namespace app

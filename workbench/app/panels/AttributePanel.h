@@ -20,6 +20,7 @@ class AttributePanel : public ScenePanel {
 
 public:
     explicit AttributePanel(const PanelContext& context, QWidget* parent = nullptr);
+    ~AttributePanel() override;
     QSize sizeHint() const override;
 
 protected:
@@ -27,6 +28,7 @@ protected:
 
 private slots:
     void ShowTab();
+    void FinishTyping();
     void Apply(const QString& text);
     void Drag(double number);
 
@@ -50,6 +52,7 @@ private:
     const Row* rowOf(const QObject* field) const;
     /// Takes back what a drag did to the node so far.
     void endDrag();
+    void meetUndo();
 
     QTabBar* const m_tabs;
     QScrollArea* const m_area;
@@ -58,7 +61,9 @@ private:
     std::vector<kernel::AttributePtr> m_attributes;    ///< all of its attributes, as they were when the rows were made
     QVector<Row> m_rows;
     Plug m_dragged;
-    kernel::PlugValue m_valueBeforeDrag;
+    kernel::PlugState m_stateBeforeDrag;
+    kernel::PlugValue m_valueOfDrag;  ///< what it set last
+    std::vector<unsigned> m_callbacks;
 };
 
 }  // namespace app

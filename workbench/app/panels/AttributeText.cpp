@@ -21,12 +21,6 @@ QString shownNumber(double number)
     return text.endsWith('.') ? text.chopped(1) : text;
 }
 
-double numberOf(const kernel::PlugValue& value)
-{
-    const double* const number = std::get_if<double>(&value);
-    return number ? *number : 0;
-}
-
 QString textOf(const kernel::PlugValue& value)
 {
     const std::string* const text = std::get_if<std::string>(&value);
@@ -34,6 +28,12 @@ QString textOf(const kernel::PlugValue& value)
 }
 
 }  // namespace
+
+double numberOf(const kernel::PlugValue& value)
+{
+    const double* const number = std::get_if<double>(&value);
+    return number ? *number : 0;
+}
 
 QString niceName(const std::string& name)
 {

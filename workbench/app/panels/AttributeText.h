@@ -9,6 +9,9 @@ namespace app {
 /// The words of a name like "horizontalFilmAperture": "Horizontal Film Aperture".
 QString niceName(const std::string& name);
 
+/// 0 for what holds none.
+double numberOf(const kernel::PlugValue& value);
+
 /// A value as a person reads it: numbers to about four places, "on" and "off", the names of an enum.
 /// Empty for what holds neither a number nor a text.
 QString shownText(const kernel::PlugValue& value, const kernel::AttributeSpec& attribute);

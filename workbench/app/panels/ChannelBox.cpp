@@ -7,7 +7,6 @@
 #include "mel/builtins/Quoting.h"
 
 #include <QAction>
-#include <QTimer>
 #include <QVBoxLayout>
 
 namespace app {
@@ -63,14 +62,6 @@ void ChannelBox::rename(int row, const QString& name)
 {
     if (const kernel::NodePtr node = m_model->node(row)) {
         runSoon("rename " + mel::quoted(scene().partialPath(*node)) + ' ' + mel::quoted(name.toStdString()));
-    }
-}
-
-// A script may ask the user something, and by its end the field it came from may be gone with its node.
-void ChannelBox::runSoon(const std::string& script)
-{
-    if (!script.empty()) {
-        QTimer::singleShot(0, this, [this, script] { run(script); });
     }
 }
 

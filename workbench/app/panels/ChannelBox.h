@@ -27,8 +27,6 @@ private slots:
 private:
     void addActions();
     void rename(int row, const QString& name);
-    /// Runs a text when the field it comes from is closed.
-    void runSoon(const std::string& script);
 
     ChannelModel* const m_model;
     ChannelTable* const m_table;

@@ -53,8 +53,9 @@ void ChannelDelegate::setEditorData(QWidget* editor, const QModelIndex& index) c
 void ChannelDelegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const
 {
     if (const auto* const names = qobject_cast<QComboBox*>(editor)) {
-        if (names->currentIndex() != index.data(Qt::EditRole).toInt()) {
-            model->setData(index, QString::number(names->currentIndex()));
+        const int chosen = names->currentIndex();  // -1 while the value has no name
+        if (chosen >= 0 && chosen != index.data(Qt::EditRole).toInt()) {
+            model->setData(index, QString::number(chosen));
         }
         return;
     }

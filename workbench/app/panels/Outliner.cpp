@@ -130,7 +130,7 @@ void Outliner::SelectInScene()
 void Outliner::Rename(const QModelIndex& index, const QString& name)
 {
     if (const NodePtr node = m_tree->node(index)) {
-        run("rename " + mel::quoted(scene().partialPath(*node)) + ' ' + mel::quoted(name.toStdString()));
+        runSoon("rename " + mel::quoted(scene().partialPath(*node)) + ' ' + mel::quoted(name.toStdString()));
     }
 }
 
@@ -144,7 +144,7 @@ void Outliner::Reparent(const QModelIndex& parent)
         }
     }
     if (!nodes.empty()) {
-        run(above ? "parent" + nodes + ' ' + mel::quoted(scene().partialPath(*above)) : "parent -world" + nodes);
+        runSoon(above ? "parent" + nodes + ' ' + mel::quoted(scene().partialPath(*above)) : "parent -world" + nodes);
     }
 }
 

@@ -112,8 +112,10 @@ kernel::Value Panels::workbenchPanel(const kernel::ValueList& args)
     }
     if (parsed.has("toggle")) {
         toggle(dock);
-    } else {
+    } else if (parsed.has("visible")) {
         show(dock, parsed.integer("visible") != 0);
+    } else {
+        throw CommandError("workbenchPanel: -visible or -toggle is needed");
     }
     return {};
 }

@@ -8,6 +8,8 @@
 #include <QFormLayout>
 #include <QLabel>
 
+#include <cmath>
+
 namespace app {
 
 namespace {
@@ -28,6 +30,18 @@ const struct {
 QString aspectText(double aspect)
 {
     return shownText(aspect, kernel::AttributeSpec());
+}
+
+QString sizeText(const kernel::Node& resolution, const char* attribute)
+{
+    return QString::number(int(resolution.number(attribute)));
+}
+
+/// What a whole number becomes when a text is typed for it; 0 for one that is no number.
+double wholeNumber(const QString& text)
+{
+    double number = 0;
+    return kernel::parseDouble(text.toStdString(), number) ? std::trunc(number) : 0;
 }
 
 }  // namespace
@@ -108,14 +122,14 @@ void RenderSettings::ApplyPreset(int index)
 void RenderSettings::ApplyWidth(const QString& text)
 {
     if (const kernel::NodePtr node = resolution()) {
-        apply(text, QString::number(node->number("height")));
+        apply(text, sizeText(*node, "height"));
     }
 }
 
 void RenderSettings::ApplyHeight(const QString& text)
 {
     if (const kernel::NodePtr node = resolution()) {
-        apply(QString::number(node->number("width")), text);
+        apply(sizeText(*node, "width"), text);
     }
 }
 
@@ -125,8 +139,10 @@ void RenderSettings::apply(const QString& width, const QString& height)
     if (!node) {
         return;
     }
-    // Square pixels. For sizes that are none the statements before fail, and this one is not run.
-    const double aspect = height.toInt() > 0 ? width.toDouble() / height.toInt() : 0;
+    // Square pixels, of the numbers as the attributes will hold them. For what can be no size the statements that set
+    // them fail, and the one with the aspect is not run.
+    const double lines = wholeNumber(height);
+    const double aspect = lines > 0 ? wholeNumber(width) / lines : 0;
     const struct {
         const char* attribute;
         QString value;

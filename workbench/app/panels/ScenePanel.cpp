@@ -41,6 +41,14 @@ bool ScenePanel::run(const std::string& text)
     return ok;
 }
 
+// A script may ask the user something, and by its end the field it came from may be gone with its node.
+void ScenePanel::runSoon(const std::string& script)
+{
+    if (!script.empty()) {
+        QTimer::singleShot(0, this, [this, script] { run(script); });
+    }
+}
+
 void ScenePanel::ScheduleRefresh()
 {
     const int wait = m_context.session.playback.isPlaying() ? kWhilePlaying : 0;

@@ -42,6 +42,8 @@ protected:
     const PanelContext& context() const { return m_context; }
     /// Runs a text, then shows what came of it, or that it came to nothing.
     bool run(const std::string& text);
+    /// Runs a text, if there is any, when the field or the drag it comes from has ended.
+    void runSoon(const std::string& script);
 
 protected slots:
     void ScheduleRefresh();

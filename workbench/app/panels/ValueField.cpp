@@ -23,12 +23,6 @@ constexpr int kHeight = 22;
 constexpr int kNumberWidth = 72;
 constexpr int kSliderSteps = 1000;
 
-double numberOf(const kernel::PlugValue& value)
-{
-    const double* const number = std::get_if<double>(&value);
-    return number ? *number : 0;
-}
-
 }  // namespace
 
 ValueField::ValueField(kernel::AttributePtr attribute, SliderRange range, QWidget* parent)
