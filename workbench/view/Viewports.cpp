@@ -38,6 +38,7 @@ Viewports::~Viewports()
     m_session.events.unwatch(m_playbackWatch);
     m_session.scene.setTouchListener(nullptr);
     api::installViewHost(nullptr);
+    api::dropDrawOverrides(true);  // they give their textures back to the renderer
     api::setRendererAvailable(false);
     s_installed = nullptr;
     PictureStore::instance().clear();
