@@ -41,6 +41,9 @@ struct Neighbourhood {
 /// pixels at once; few are changed.
 void colourRow(const Neighbourhood& pixels, int left, int end)
 {
+    if (left >= end) {
+        return;
+    }
     const int count = end - left;
     std::array<quint32, kCanvasSize + 2> columns;  // and one more at either side
     columns[0] = pixels.column(std::max(left - 1, 0));
