@@ -1,6 +1,7 @@
 #include "app/WindowCommands.h"
 
 #include "app/MainWindow.h"
+#include "app/PointerHand.h"
 #include "app/Version.h"
 #include "app/ViewLayouts.h"
 #include "kernel/Syntax.h"
@@ -14,6 +15,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QTabletEvent>
 
 namespace app {
@@ -23,6 +25,11 @@ using kernel::CommandError;
 using kernel::Value;
 
 namespace {
+
+const char kView[] = "workbenchView";
+constexpr int kUsualPace = 8;       // ms, a hand that knows where it goes
+constexpr int kLongestPace = 1000;  // ms
+constexpr std::size_t kMostPoints = 10000;
 
 QRect screenRect(const QWidget& widget)
 {
@@ -56,6 +63,45 @@ QRect screenRect(const ui::UiObject& object)
     return widget ? screenRect(*widget) : QRect();
 }
 
+/// Numbers, arrays of numbers, or both after one another; false when there is anything else.
+bool toNumbers(const kernel::ValueList& values, std::vector<double>& numbers)
+{
+    for (const Value& value : values) {
+        double number = 0;
+        if (const auto* const doubles = std::get_if<kernel::DoubleArray>(&value)) {
+            numbers.insert(numbers.end(), doubles->begin(), doubles->end());
+        } else if (const auto* const ints = std::get_if<kernel::IntArray>(&value)) {
+            numbers.insert(numbers.end(), ints->begin(), ints->end());
+        } else if (kernel::toDouble(value, number)) {
+            numbers.push_back(number);
+        } else {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// What workbenchHand was given as pixels of the view's widget. extent: what the last pixel across and down is called.
+QVector<QPointF> pointsInView(const kernel::ValueList& values, const view::Viewport& view, const QPointF& extent)
+{
+    std::vector<double> numbers;
+    if (!toNumbers(values, numbers) || numbers.empty() || numbers.size() % 2 != 0) {
+        throw CommandError("workbenchHand: pairs of numbers are needed, one for each point");
+    }
+    if (numbers.size() > 2 * kMostPoints) {
+        throw CommandError("workbenchHand: a stroke has at most " + std::to_string(kMostPoints) + " points");
+    }
+    QVector<QPointF> points;
+    for (std::size_t i = 0; i < numbers.size(); i += 2) {
+        const QPointF part(numbers[i] / extent.x(), numbers[i + 1] / extent.y());
+        if (!(part.x() >= 0 && part.x() <= 1 && part.y() >= 0 && part.y() <= 1)) {
+            throw CommandError("workbenchHand: point " + std::to_string(i / 2 + 1) + " is not in the view");
+        }
+        points << QPointF(part.x() * (view.width() - 1), part.y() * (view.height() - 1));
+    }
+    return points;
+}
+
 }  // namespace
 
 WindowCommands::WindowCommands(kernel::Session& session, MainWindow& window, const ui::UiObjects& ui)
@@ -65,6 +111,7 @@ WindowCommands::WindowCommands(kernel::Session& session, MainWindow& window, con
     m_session.commands.add("workbenchControl",
                            [this](const kernel::ValueList& args) { return workbenchControl(args); });
     m_session.commands.add("workbenchPen", [this](const kernel::ValueList& args) { return workbenchPen(args); });
+    m_session.commands.add("workbenchHand", [this](const kernel::ValueList& args) { return workbenchHand(args); });
     m_session.commands.add("workbenchAbout", [this](const kernel::ValueList& args) { return workbenchAbout(args); });
 }
 
@@ -73,17 +120,38 @@ WindowCommands::~WindowCommands()
     m_session.commands.remove("workbenchView");
     m_session.commands.remove("workbenchControl");
     m_session.commands.remove("workbenchPen");
+    m_session.commands.remove("workbenchHand");
     m_session.commands.remove("workbenchAbout");
 }
 
-view::Viewport& WindowCommands::findView(const std::string& panel) const
+view::Viewport& WindowCommands::findView(const char* command, const std::string& panel) const
 {
     view::Viewport* const view = m_window.viewports().find(panel);
     if (!view) {
-        throw CommandError(panel.empty() ? "workbenchView: there is no view"
-                                         : "workbenchView: Object '" + panel + "' not found.");
+        throw CommandError(std::string(command)
+                           + (panel.empty() ? ": there is no view" : ": Object '" + panel + "' not found."));
     }
     return *view;
+}
+
+view::Viewport& WindowCommands::findViewToDrawIn(const std::string& panel) const
+{
+    view::Viewport& view = findView("workbenchHand", panel);
+    const struct {
+        bool holds;
+        const char* text;
+    } refusals[] = {
+        {m_handIsDown, "it is drawing already"},
+        {!view.isVisible(), "the view is not to be seen"},
+        {QApplication::activeModalWidget() || QApplication::activePopupWidget(), "a dialog or a menu is open"},
+        {QApplication::mouseButtons() != Qt::NoButton, "a mouse button is held"},
+    };
+    for (const auto& refusal : refusals) {
+        if (refusal.holds) {
+            throw CommandError(std::string("workbenchHand: ") + refusal.text);
+        }
+    }
+    return view;
 }
 
 Value WindowCommands::workbenchView(const kernel::ValueList& args)
@@ -105,7 +173,7 @@ Value WindowCommands::workbenchView(const kernel::ValueList& args)
         return int(m_window.layouts().showsPanels());
     }
     if (parsed.query && parsed.has("screenRect")) {
-        view::Viewport& view = findView(parsed.text("panel"));
+        view::Viewport& view = findView(kView, parsed.text("panel"));
         const double ratio = view.devicePixelRatioF();
         const QPoint corner = view.mapToGlobal(QPoint(0, 0)) * ratio;
         return kernel::IntArray{corner.x(), corner.y(), view.portWidth(), view.portHeight()};
@@ -121,14 +189,14 @@ Value WindowCommands::workbenchView(const kernel::ValueList& args)
         m_window.setPaneCount(count);
     }
     if (parsed.has("swap")) {
-        m_window.layouts().swap(parsed.has("panel") ? &findView(parsed.text("panel")) : nullptr);
+        m_window.layouts().swap(parsed.has("panel") ? &findView(kView, parsed.text("panel")) : nullptr);
     }
     if (parsed.has("panels")) {
         m_window.layouts().setShowsPanels(parsed.integer("panels") != 0);
     }
     if (parsed.has("capture")) {
         const std::string path = parsed.text("capture");
-        if (!findView(parsed.text("panel")).grabFramebuffer().save(QString::fromStdString(path))) {
+        if (!findView(kView, parsed.text("panel")).grabFramebuffer().save(QString::fromStdString(path))) {
             throw CommandError("workbenchView: Cannot write " + path);
         }
     }
@@ -186,6 +254,32 @@ Value WindowCommands::workbenchPen(const kernel::ValueList& args)
     QApplication::sendEvent(view, &event);
     if (release) {
         m_penIsEraser = false;
+    }
+    return {};
+}
+
+Value WindowCommands::workbenchHand(const kernel::ValueList& args)
+{
+    kernel::Syntax syntax;
+    syntax.addFlag("p", "panel", {ArgType::String});
+    syntax.addFlag("pc", "pace", {ArgType::Int});
+    syntax.addFlag("px", "pixels");
+    syntax.setObjects(kernel::Syntax::Objects::Strings);
+    const kernel::ParsedArgs parsed = kernel::parsedOrThrow(syntax, args, "workbenchHand");
+    const int pace = parsed.integer("pace", 0, kUsualPace);
+    if (pace < 1 || pace > kLongestPace) {
+        throw CommandError("workbenchHand: -pace must be between 1 and " + std::to_string(kLongestPace));
+    }
+    view::Viewport& view = findViewToDrawIn(parsed.text("panel"));
+    const QPointF extent = parsed.has("pixels") ? QPointF(view.portWidth() - 1, view.portHeight() - 1) : QPointF(1, 1);
+    const QVector<QPointF> points = pointsInView(parsed.objects, view, extent);
+    const QScopedValueRollback<bool> down(m_handIsDown, true);
+    switch (PointerHand(view).draw(points, pace)) {
+    case PointerHand::End::Released: break;
+    case PointerHand::End::Immovable:
+        throw CommandError("workbenchHand: this desktop lets no program move the pointer");
+    case PointerHand::End::Taken:
+        throw CommandError("workbenchHand: the pointer was moved away; the stroke ends there");
     }
     return {};
 }
