@@ -4,6 +4,7 @@
 //     first-session WORKBENCH SCENE COMMAND FOLDER
 
 #include "session/BouncingBall.h"
+#include "session/Checks.h"
 #include "support/LiveWorkbench.h"
 
 #include <QApplication>
@@ -13,18 +14,6 @@
 #include <cstdio>
 
 using support::LiveWorkbench;
-
-namespace {
-
-int s_failures = 0;
-
-void check(const char* what, bool holds)
-{
-    std::printf("  %-58s %s\n", what, holds ? "yes" : "NO");
-    s_failures += holds ? 0 : 1;
-}
-
-}  // namespace
 
 int main(int argc, char** argv)
 {
@@ -44,6 +33,7 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "The workbench did not start:\n%s\n", qPrintable(host.output()));
         return 1;
     }
+    session::Checks check;
     int number = 0;
     const auto picture = [&](const char* name) {
         host.moveTo(QPoint(2, 2));
@@ -77,8 +67,8 @@ int main(int argc, char** argv)
     picture("new-scene");
     host.run(QString("file -f -open \"%1\"").arg(scene));
     check("after saving and reopening the drawing is there", picture("reopened") == drawn);
-    if (s_failures > 0) {
+    if (!check.allHold()) {
         std::fprintf(stderr, "%s\n", qPrintable(host.output()));
     }
-    return s_failures == 0 ? 0 : 1;
+    return check.allHold() ? 0 : 1;
 }

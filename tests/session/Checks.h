@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdio>
+
+/// What a session that leaves pictures says about what must hold.
+namespace session {
+
+/// Prints a line for each check, and counts those that fail.
+class Checks {
+public:
+    void operator()(const char* what, bool holds)
+    {
+        std::printf("  %-58s %s\n", what, holds ? "yes" : "NO");
+        m_failures += holds ? 0 : 1;
+    }
+    bool allHold() const { return m_failures == 0; }
+
+private:
+    int m_failures = 0;
+};
+
+}  // namespace session

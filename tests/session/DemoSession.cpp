@@ -1,0 +1,155 @@
+// The demo script as a user sees it: each stage in the real window with the real pointer, with a picture of it, a line
+// for whatever must hold, and a few of the pictures together on one page.
+//
+//     demo-session WORKBENCH SCENE COMMAND SCRIPT FOLDER
+
+#include "session/Checks.h"
+#include "support/LiveWorkbench.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QPainter>
+#include <QTemporaryDir>
+
+#include <cstdio>
+
+using support::LiveWorkbench;
+
+namespace {
+
+constexpr int kStageTimeout = 300000;  // ms; a hand takes its time, also on a busy machine
+const char* const kStages[] = {"block", "path", "rough", "ghosts", "clean", "timing", "copy", "mistake", "undo", "end"};
+
+// --- the page ------------------------------------------------------------------------------------------------------
+
+constexpr int kShotWidth = 404;
+constexpr int kColumns = 3;
+constexpr int kGap = 8;
+constexpr int kCaption = 22;
+const QColor kGround("#444444");
+const QColor kText("#d8d8d8");
+/// Stages, numbered from 1, that tell the story.
+const struct {
+    int stage;
+    const char* caption;
+} kOnPage[] = {{2, "The path of action"},   {4, "Rough keys, with ghosts"}, {5, "Cleaned up on a layer above"},
+               {6, "Timed to the accents"}, {8, "A stroke one regrets"},    {9, "Undo"}};
+
+/// The views of the stages above, in rows with captions below them.
+QImage page(const QVector<QImage>& views)
+{
+    const QSize shot = views.first().size().scaled(kShotWidth, 9999, Qt::KeepAspectRatio);
+    const int rows = (int(std::size(kOnPage)) + kColumns - 1) / kColumns;
+    const QSize cell = shot + QSize(kGap, kCaption + kGap);
+    QImage page(kGap + kColumns * cell.width(), kGap + rows * cell.height(), QImage::Format_RGB32);
+    page.fill(kGround);
+    QPainter painter(&page);
+    painter.setPen(kText);
+    int place = 0;
+    for (const auto& row : kOnPage) {
+        const QPoint corner(kGap + place % kColumns * cell.width(), kGap + place / kColumns * cell.height());
+        painter.drawImage(corner, views[row.stage - 1].scaled(shot, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+        painter.drawText(QRect(corner + QPoint(2, shot.height()), QSize(shot.width(), kCaption)), Qt::AlignVCenter,
+                         row.caption);
+        ++place;
+    }
+    return page;
+}
+
+// --- what must hold ------------------------------------------------------------------------------------------------
+
+/// The frames of a layer by stepping through them, which ends where it began.
+QString framesOf(LiveWorkbench& host, int layer)
+{
+    host.run(QString("catchQuiet(`tqLumisketchLayer -e -active %1 persp`); currentTime 1").arg(layer));
+    QStringList frames;
+    do {
+        frames << host.run("currentTime -q");
+        host.run("tqLumisketchFrame -stepForward");
+    } while (host.run("currentTime -q") != "1" && frames.size() < 99);
+    return frames.join(' ');
+}
+
+void checkDrawing(LiveWorkbench& host, session::Checks& check, int stage)
+{
+    const auto layers = [&] {
+        return host.run("stringArrayToString({`tqLumisketchLayer -qn 0 persp`, `tqLumisketchLayer -qn 1 persp`,"
+                        "`tqLumisketchLayer -qn 2 persp`}, \" \")");
+    };
+    const char kTimed[] = "1 7 9 11 15 19 21 25 29 33";
+    switch (stage) {
+    case 3: check("Rough has its ten drawings on twos", framesOf(host, 1) == "1 3 5 7 9 11 13 15 17 19"); break;
+    case 5:
+        check("there are three layers", host.run("tqLumisketchLayer -count persp") == "3");
+        check("they are Path, Rough and Clean", layers() == "Path Rough Clean");
+        check("Rough is hidden", host.run("tqLumisketchLayer -qv 1 persp") == "0");
+        break;
+    case 6:
+        check("Rough lands on the accents 9, 21 and 29", framesOf(host, 1) == kTimed);
+        check("so does Clean", framesOf(host, 2) == kTimed);
+        break;
+    case 10:
+        check("there is nothing to save", host.run("file -q -modified") == "0");
+        check("the copy is on frame 36", framesOf(host, 2) == QString(kTimed) + " 36");
+        break;
+    default: break;
+    }
+}
+
+void checkManners(LiveWorkbench& host, session::Checks& check, const QString& source)
+{
+    host.run("createNode transform -name work");
+    check("it leaves unsaved work alone",
+          host.run(source + "animatorsSession").contains("save it") && host.run("objExists work") == "1");
+    host.run("file -modified off; " + source + "animatorsSessionStage(1)");
+    check("it can be held again", host.run("tqLumisketchLayer -count persp") == "1");
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    const QStringList arguments = application.arguments();
+    if (arguments.size() != 6) {
+        std::fprintf(stderr, "usage: demo-session WORKBENCH SCENE COMMAND SCRIPT FOLDER\n");
+        return 2;
+    }
+    const auto absolute = [](const QString& path) { return QDir::current().absoluteFilePath(path); };
+    const QDir folder(absolute(arguments[5]));
+    QTemporaryDir work;
+    LiveWorkbench host(absolute(arguments[1]),
+                       {"-prefs", work.path(), "-file", absolute(arguments[2]), "-command", arguments[3]});
+    if (!host.isRunning()) {
+        std::fprintf(stderr, "The workbench did not start:\n%s\n", qPrintable(host.output()));
+        return 1;
+    }
+    const QString source =
+        QString("global int $gAnimatorsSessionByHand = 1; source \"%1\"; ").arg(absolute(arguments[4]));
+    host.run(source);
+    session::Checks check;
+    QVector<QImage> views;
+    for (const char* name : kStages) {
+        const int stage = views.size() + 1;
+        const QString said = host.run(QString("animatorsSessionStage(%1)").arg(stage), kStageTimeout);
+        host.moveTo(QPoint(2, 2));
+        const QImage image = host.screenshot();
+        const QString file = folder.filePath(QString("demo-%1-%2.png").arg(stage, 2, 10, QChar('0')).arg(name));
+        image.save(file);
+        views << image.copy(host.viewRect());
+        std::printf("%s\n  %s\n", qPrintable(file), qPrintable(said));
+        check("the stage shows", stage == 1 || views[stage - 1] != views[stage - 2]);
+        if (stage == 9) {
+            check("undo gives the picture before the mistake, to the byte", views[8] == views[6]);
+        }
+        checkDrawing(host, check, stage);
+    }
+    checkManners(host, check, source);
+    const QString pageFile = folder.filePath("animators-session.png");
+    page(views).save(pageFile);
+    std::printf("%s\n", qPrintable(pageFile));
+    if (!check.allHold()) {
+        std::fprintf(stderr, "%s\n", qPrintable(host.output()));
+    }
+    return check.allHold() ? 0 : 1;
+}
