@@ -3,6 +3,8 @@
 #include "support/LiveWorkbench.h"
 #include "support/SceneText.h"
 
+#include <QCursor>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -96,6 +98,59 @@ QVector<QPoint> arc(const QRect& view)
 }
 
 }  // namespace
+
+TEST_F(FirstStroke, AScriptDrawsLikeAHand)
+{
+    const QRect view = host().viewRect();
+    const QImage empty = viewPicture();
+    ASSERT_EQ(host().run("float $way[] = {0.25, 0.6, 0.4, 0.4, 0.6, 0.7}; workbenchHand $way 0.75 0.5"), "");
+    const auto at = [&](double x, double y) { return QPointF(x * (view.width() - 1), y * (view.height() - 1)); };
+    const QVector<QPoint> way = support::curve({at(0.25, 0.6), at(0.4, 0.4), at(0.6, 0.7), at(0.75, 0.5)}, 2);
+    const QVector<QPoint> ink = changedPixels(empty, viewPicture());
+    EXPECT_LE(largestDistance(way.mid(0, way.size() - 8), ink), 3.0);
+    EXPECT_LE(largestDistance(ink, way), 3.0 + 4.0);
+    host().key("ctrl+z");
+    EXPECT_EQ(viewPicture(), empty) << "one step";
+
+    const struct {
+        const char* text;
+        const char* message;
+    } refusals[] = {{"workbenchHand", "pairs of numbers"},
+                    {"workbenchHand 0.5 0.5 0.5", "pairs of numbers"},
+                    {"workbenchHand 0.5 \"up\"", "pairs of numbers"},
+                    {"workbenchHand 0.5 0.5 0.5 1.5", "point 2 is not in the view"},
+                    {"workbenchHand -pixels 0 100000", "point 1 is not in the view"},
+                    {"workbenchHand -pace 0 0.5 0.5", "-pace must be between"},
+                    {"workbenchHand -panel nowhere 0.5 0.5", "workbenchHand: Object 'nowhere' not found"}};
+    for (const auto& refusal : refusals) {
+        EXPECT_TRUE(host().run(refusal.text).contains(refusal.message)) << refusal.text;
+    }
+    host().hold(view.center(), view.center() + QPoint(30, 0));
+    EXPECT_TRUE(host().run("workbenchHand 0.5 0.5").contains("a mouse button is held"));
+    host().letGo();
+    host().key("ctrl+z");
+    EXPECT_EQ(viewPicture(), empty);
+}
+
+TEST_F(FirstStroke, WhoTakesTheMouseFromAScriptHasIt)
+{
+    const QRect view = host().viewRect();
+    const QImage empty = viewPicture();
+    host().post("workbenchHand -pace 1000 0.3 0.5 0.7 0.5");
+    // The hand rests for a second after each place, on whose first one this waits.
+    const QPoint beginning(view.left() + int(0.3 * view.width()), view.center().y());
+    const QDeadlineTimer patience(20000);
+    while ((QCursor::pos() - beginning).manhattanLength() > 8 && !patience.hasExpired()) {
+    }
+    host().click(view.center() + QPoint(0, 60));
+    EXPECT_TRUE(host().run("getLastError").contains("the pointer was moved away"));
+    EXPECT_NE(viewPicture(), empty) << "what was drawn stays";
+    host().key("ctrl+z");
+    host().key("ctrl+z");
+    EXPECT_EQ(viewPicture(), empty) << "the stroke and the click are a step each";
+    host().drag(arc(view));
+    EXPECT_NE(viewPicture(), empty);
+}
 
 TEST_F(FirstStroke, LeavesInkAlongTheDraggedPathAndUndoAndRedoGiveTheSamePicturesBack)
 {

@@ -53,18 +53,19 @@ LiveWorkbench::~LiveWorkbench()
 QString LiveWorkbench::run(const QString& text, int timeoutMs)
 {
     post(text);
-    QByteArray reply;
+    QByteArray replies;
     QElapsedTimer waited;
     waited.start();
-    while (!reply.endsWith('\0')) {
+    while (replies.count('\0') < m_unanswered) {
         const int left = timeoutMs - int(waited.elapsed());
         if (left <= 0 || !m_socket.waitForReadyRead(left)) {
             return QString("Error: no answer to: %1").arg(text);
         }
-        reply += m_socket.readAll();
+        replies += m_socket.readAll();
     }
-    reply.chop(1);
-    return QString::fromUtf8(reply).trimmed();
+    m_unanswered = 0;
+    replies.chop(1);
+    return QString::fromUtf8(replies.mid(replies.lastIndexOf('\0') + 1)).trimmed();
 }
 
 void LiveWorkbench::post(const QString& text)
@@ -73,6 +74,7 @@ void LiveWorkbench::post(const QString& text)
     lineText.replace('\n', ' ');
     m_socket.write(lineText + '\n');
     m_socket.flush();
+    ++m_unanswered;
 }
 
 bool LiveWorkbench::waitForEnd(int timeoutMs)

@@ -64,6 +64,7 @@ private:
     QProcess m_process;
     QLocalSocket m_socket;
     QByteArray m_output;
+    int m_unanswered = 0;   ///< texts sent
     bool m_isHeld = false;  ///< the left button
 };
 

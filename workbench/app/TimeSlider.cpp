@@ -24,7 +24,7 @@ constexpr int kWidestKey = 3;           // px
 const QColor kBlockColour("#d65a4a");
 const QColor kKeyColour("#e0705f");
 
-const char* const kWholeEvents[] = {"playbackRangeChanged", "timeUnitChanged", "NewSceneOpened", "SceneOpened"};
+const char* const kWholeEvents[] = {"timeUnitChanged", "NewSceneOpened", "SceneOpened"};
 
 QString numberOf(double time)
 {
@@ -60,9 +60,11 @@ TimeSlider::TimeSlider(kernel::Session& session, std::function<bool(const std::s
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setToolTip(tr("Click or drag: current time. Shift and drag: highlight frames."));
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::ClickFocus);  // the next keys are no longer a field's
     for (const char* event : kWholeEvents) {
         m_callbacks.push_back(m_session.events.add(event, [this] { update(); }));
     }
+    m_callbacks.push_back(m_session.events.add("playbackRangeChanged", [this] { followRange(); }));
     m_callbacks.push_back(m_session.events.add("timeChanged", [this] { showTime(); }));
     m_keysTimer.setSingleShot(true);
     m_keysTimer.setInterval(0);
@@ -133,7 +135,10 @@ void TimeSlider::drawFrames(QPainter& painter, const QRect& shown) const
         const int top = isNumbered ? 3 : bottom - kShortTick;
         painter.fillRect(x, top, 1, bottom - top, palette().color(QPalette::Midlight));
         if (isNumbered) {
-            painter.drawText(x + kNumberIndent, metrics.ascent() + 1, QString::number(frame));
+            const QString number = QString::number(frame);
+            const int wide = metrics.horizontalAdvance(number);
+            const bool fits = x + kNumberIndent + wide <= width();
+            painter.drawText(fits ? x + kNumberIndent : x - kNumberIndent - wide, metrics.ascent() + 1, number);
         }
     }
 }
@@ -216,6 +221,17 @@ QRect TimeSlider::markerRect() const
     const double number = fontMetrics().horizontalAdvance(numberOf(std::floor(now))) + 10;
     const QRectF marker(scale.x(now) - number, 0, scale.cell() + 2 * number, height());
     return (marker & QRectF(rect())).toAlignedRect();  // far away it has no whole pixels to count in
+}
+
+void TimeSlider::followRange()
+{
+    // What is done to highlighted frames must not be done to frames that nobody sees.
+    const kernel::Scene::Range shown = m_session.scene.playbackRange();
+    const kernel::Scene::Range block = m_session.scene.sliderRange();
+    if (block.first > shown.last || block.last <= shown.first) {
+        m_session.scene.clearSliderRange();
+    }
+    update();
 }
 
 void TimeSlider::showTime()

@@ -14,8 +14,8 @@ namespace app {
 
 /// The playback range as a row of frames. The left button sets the current time; with Shift it highlights frames, which
 /// can then be moved, or stretched at either end, by dragging. A double click highlights all of them, a click beside
-/// them none. The lower third has marks of the selection's keys, and is left to widgets laid over this one: see
-/// TimeScale.
+/// them none, and so does a range that shows none of them. The lower third has marks of the selection's keys, and is
+/// left to widgets laid over this one: see TimeScale.
 class TimeSlider : public QWidget {
     Q_OBJECT
 
@@ -47,6 +47,7 @@ private:
     Drag dragAt(const QPointF& at, Qt::KeyboardModifiers modifiers) const;
     void dragTo(int frameNumber);
     void endDrag();
+    void followRange();
     void showTime();
     QRect markerRect() const;
     void drawFrames(QPainter& painter, const QRect& shown) const;

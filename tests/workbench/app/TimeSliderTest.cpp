@@ -163,6 +163,15 @@ TEST_F(TimeSliderTest, ShiftHighlightsFramesAndLeavesTheTime)
     EXPECT_EQ(block(), "50 51");
     send(QEvent::MouseButtonDblClick, 50.5, Qt::LeftButton);
     EXPECT_EQ(block(), "1 101");
+
+    drag(40.5, 44.5, Qt::ShiftModifier);
+    run("playbackOptions -min 44");
+    EXPECT_EQ(block(), "40 45") << "as long as there is something of it to see";
+    run("playbackOptions -min 45");
+    EXPECT_FALSE(isBlockVisible());
+    drag(60.5, 62.5, Qt::ShiftModifier);
+    run("playbackOptions -max 59");
+    EXPECT_FALSE(isBlockVisible());
 }
 
 TEST_F(TimeSliderTest, TheHighlightedBlockIsMovedAndStretched)
