@@ -134,8 +134,7 @@ MStatus FrameCommand::duplicate(const MArgDatabase&, BaseNode&)
 
 MStatus FrameCommand::deleteFrames(const MArgDatabase&, BaseNode&)
 {
-    return execute(std::unique_ptr<Edit>(
-        new DeleteFrames(m_camera, script::highlightedSpan(), "Cannot remove frames from a locked layer")));
+    return execute(std::unique_ptr<Edit>(new DeleteFrames(m_camera, script::highlightedSpan())));
 }
 
 MStatus FrameCommand::cut(const MArgDatabase&, BaseNode&)
@@ -145,18 +144,21 @@ MStatus FrameCommand::cut(const MArgDatabase&, BaseNode&)
 
 MStatus FrameCommand::copy(const MArgDatabase&, BaseNode& node)
 {
-    copyToClipboard(node, m_camera, script::highlightedSpan());
+    const std::shared_ptr<LayerManager> manager = node.layerManager();
+    const Layer* layer = manager ? manager->activeLayer(m_camera) : nullptr;
+    Frames copies;
+    if (layer && !copyFrames(*layer, script::highlightedSpan(), copies)) {
+        return MStatus::kFailure;
+    }
+    node.frameClipboard() = std::move(copies);
     nudgeSelection(node.thisMObject());
     return MStatus::kSuccess;
 }
 
 MStatus FrameCommand::paste(const MArgDatabase&, BaseNode& node)
 {
-    Frames frames;
-    if (!copyFromClipboard(node, script::highlightedSpan().first, frames)) {
-        return failure(kFrameNumberOutOfRange);
-    }
-    return execute(std::unique_ptr<Edit>(new PasteFrames(m_camera, std::move(frames))));
+    const int start = script::highlightedSpan().first;
+    return execute(std::unique_ptr<Edit>(new PasteFrames(m_camera, node.frameClipboard(), start)));
 }
 
 MStatus FrameCommand::clear(const MArgDatabase&, BaseNode&)

@@ -4,6 +4,8 @@
 #include "model/LayerManager.h"
 #include "settings/Messages.h"
 
+#include <algorithm>
+
 FrameEdit::FrameEdit(const QString& camera, const char* whenLocked) : m_camera(camera), m_whenLocked(whenLocked) {}
 
 bool FrameEdit::prepare(LayerManager& manager)
@@ -47,18 +49,54 @@ bool FrameEdit::run(LayerManager& manager, bool (FrameEdit::*step)(Layer&))
     return true;
 }
 
-void takeFrames(Layer& layer, int frameNumber, Frames& taken)
+bool areTooMany(const FrameSpan& span)
 {
-    while (std::unique_ptr<Frame> frame = layer.takeFrame(timeOfFrame(frameNumber))) {
-        frame->pack();
-        taken.push_back(std::move(frame));
-    }
+    constexpr qint64 kMostFrames = 1000000;
+    return qint64(span.end) - span.first > kMostFrames;
 }
 
-void putBack(Layer& layer, Frames& frames)
+Times timesOf(const Frames& frames)
 {
-    for (std::unique_ptr<Frame>& frame : frames) {
-        layer.restoreFrame(std::move(frame));
+    Times times;
+    for (const std::unique_ptr<Frame>& frame : frames) {
+        times.push_back(frame->time());
     }
-    frames.clear();
+    return times;
+}
+
+Frames takePacked(Layer& layer, const std::function<bool(const Frame&)>& isTaken)
+{
+    Frames taken = layer.takeFrames(isTaken);
+    for (const std::unique_ptr<Frame>& frame : taken) {
+        frame->pack();
+    }
+    return taken;
+}
+
+Frames takeAt(Layer& layer, const Times& times)
+{
+    return takePacked(
+        layer, [&times](const Frame& frame) { return std::binary_search(times.begin(), times.end(), frame.time()); });
+}
+
+Times addBlank(Layer& layer, const QList<int>& frameNumbers)
+{
+    Frames blank;
+    for (int frameNumber : frameNumbers) {
+        blank.emplace_back(new Frame(timeOfFrame(frameNumber)));
+    }
+    const Times times = timesOf(blank);
+    layer.restoreFrames(std::move(blank));
+    return times;
+}
+
+Times addMissing(Layer& layer, const FrameSpan& span)
+{
+    QList<int> missing;
+    for (int frameNumber = span.first; frameNumber < span.end; ++frameNumber) {
+        if (!layer.hasFrame(frameNumber)) {
+            missing.append(frameNumber);
+        }
+    }
+    return addBlank(layer, missing);
 }

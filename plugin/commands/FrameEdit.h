@@ -2,13 +2,14 @@
 
 #include "commands/DrawingChange.h"
 #include "model/Layer.h"
+#include "settings/FrameSpan.h"
+
+#include <maya/MTime.h>
 
 #include <QString>
 
-#include <memory>
+#include <functional>
 #include <vector>
-
-using Frames = std::vector<std::unique_ptr<Frame>>;
 
 /// A change of the frames of one layer: the one that was active when the edit ran first. On a camera that had no
 /// active layer it changes nothing.
@@ -36,7 +37,18 @@ private:
     int m_layerIndex = -1;
 };
 
-/// Takes every frame of a number out, packed, and appends it: there are several when the time unit made them share it.
-void takeFrames(Layer& layer, int frameNumber, Frames& taken);
-/// Puts frames back at the very times they were taken from; the list is empty afterwards.
-void putBack(Layer& layer, Frames& frames);
+using Times = std::vector<MTime>;  ///< ascending
+
+/// Said when a span holds more frames than may be made at once: a range typed by accident must not cost the drawing.
+constexpr char kTooManyFrames[] = "Cannot add more than 1000000 frames at a time";
+bool areTooMany(const FrameSpan& span);
+
+Times timesOf(const Frames& frames);
+/// Takes frames out, packed and in their order.
+Frames takePacked(Layer& layer, const std::function<bool(const Frame&)>& isTaken);
+/// The same for the frames at exactly these times: what an edit put there, whatever the time unit is by now.
+Frames takeAt(Layer& layer, const Times& times);
+/// Puts blank frames at numbers that no frame has, ascending; gives their times.
+Times addBlank(Layer& layer, const QList<int>& frameNumbers);
+/// The same at all numbers of a span that no frame has.
+Times addMissing(Layer& layer, const FrameSpan& span);

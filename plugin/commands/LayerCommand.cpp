@@ -5,7 +5,6 @@
 #include "commands/Flags.h"
 #include "commands/LayerListEdits.h"
 #include "commands/LayerMoveEdits.h"
-#include "commands/LayerPropertyEdit.h"
 #include "model/LayerManager.h"
 #include "node/MasterDrawing.h"
 #include "settings/Messages.h"
@@ -58,15 +57,14 @@ MStatus invalidParameter(const char* message)
     return MStatus::kInvalidParameter;
 }
 
-// number: what is shown as the layer's index.
-bool hasLayer(const LayerManager& manager, const QString& camera, int index, int number)
-{
-    if (manager.isValidLayer(camera, index)) {
-        return true;
-    }
-    messages::error(QString("Layer does not exist for camera (index): %1 (%2)").arg(camera, QString::number(number)));
-    return false;
-}
+const LayerProperty<QString, const QString&> kName = {&LayerManager::layerName, &LayerManager::renameLayer,
+                                                      &LayerManager::restoreLayerName};
+const LayerProperty<bool, bool> kVisibility = {&LayerManager::layerVisible, &LayerManager::setLayerVisible,
+                                               &LayerManager::setLayerVisible};
+const LayerProperty<float, float> kOpacity = {&LayerManager::layerOpacity, &LayerManager::setLayerOpacity,
+                                              &LayerManager::setLayerOpacity};
+const LayerProperty<int, int> kState = {&LayerManager::layerState, &LayerManager::setLayerState,
+                                        &LayerManager::setLayerState};
 
 }  // namespace
 
@@ -249,19 +247,17 @@ MStatus LayerCommand::moveAll(const MArgDatabase& args, LayerManager&)
 // Properties ----------------------------------------------------------------------------------------------------------
 
 template <class Value, class Argument>
-MStatus LayerCommand::editProperty(int index, Value (LayerManager::*get)(const QString&, int) const,
-                                   void (LayerManager::*set)(const QString&, int, Argument), const Value& value)
+MStatus LayerCommand::editProperty(const LayerProperty<Value, Argument>& property, int index, int shownIndex,
+                                   const Value& value)
 {
-    return execute(std::unique_ptr<Edit>(new LayerPropertyEdit<Value, Argument>(m_camera, index, get, set, value)));
+    return execute(
+        std::unique_ptr<Edit>(new LayerPropertyEdit<Value, Argument>(property, m_camera, index, shownIndex, value)));
 }
 
-MStatus LayerCommand::editName(const MArgDatabase& args, LayerManager& manager)
+MStatus LayerCommand::editName(const MArgDatabase& args, LayerManager&)
 {
     const int index = numberArgument(args, "-editName", 1);
-    if (!hasLayer(manager, m_camera, index, index)) {
-        return MStatus::kFailure;
-    }
-    return editProperty(index, &LayerManager::layerName, &LayerManager::renameLayer, textArgument(args, "-editName"));
+    return editProperty(kName, index, index, textArgument(args, "-editName"));
 }
 
 MStatus LayerCommand::queryName(const MArgDatabase& args, LayerManager& manager)
@@ -274,14 +270,10 @@ MStatus LayerCommand::queryName(const MArgDatabase& args, LayerManager& manager)
     return MStatus::kSuccess;
 }
 
-MStatus LayerCommand::editVisibility(const MArgDatabase& args, LayerManager& manager)
+MStatus LayerCommand::editVisibility(const MArgDatabase& args, LayerManager&)
 {
     const int index = numberArgument(args, "-editVis", 1);
-    if (!hasLayer(manager, m_camera, index, index)) {
-        return MStatus::kFailure;
-    }
-    const bool visible = args.flagArgumentBool("-editVis", 0);
-    return editProperty(index, &LayerManager::layerVisible, &LayerManager::setLayerVisible, visible);
+    return editProperty(kVisibility, index, index, args.flagArgumentBool("-editVis", 0));
 }
 
 MStatus LayerCommand::queryVisibility(const MArgDatabase& args, LayerManager& manager)
@@ -294,16 +286,12 @@ MStatus LayerCommand::queryVisibility(const MArgDatabase& args, LayerManager& ma
     return MStatus::kSuccess;
 }
 
-MStatus LayerCommand::editOpacity(const MArgDatabase& args, LayerManager& manager)
+MStatus LayerCommand::editOpacity(const MArgDatabase& args, LayerManager&)
 {
     const int index = numberArgument(args, "-editOpacity", 1);
-    if (!hasLayer(manager, m_camera, index, index)) {
-        return MStatus::kFailure;
-    }
     double opacity = 0.0;
     args.getFlagArgument("-editOpacity", 0, opacity);
-    return editProperty(index, &LayerManager::layerOpacity, &LayerManager::setLayerOpacity,
-                        static_cast<float>(opacity));
+    return editProperty(kOpacity, index, index, static_cast<float>(opacity));
 }
 
 MStatus LayerCommand::queryOpacity(const MArgDatabase& args, LayerManager& manager)
@@ -316,17 +304,14 @@ MStatus LayerCommand::queryOpacity(const MArgDatabase& args, LayerManager& manag
     return MStatus::kSuccess;
 }
 
-MStatus LayerCommand::editState(const MArgDatabase& args, LayerManager& manager)
+// Of a missing layer the report shows the state and not the index: it is meant.
+MStatus LayerCommand::editState(const MArgDatabase& args, LayerManager&)
 {
     const int state = numberArgument(args, "-editState", 0);
-    const int index = numberArgument(args, "-editState", 1);
     if (state < 0 || state >= kLayerStateCount) {
         return failure(QString("Invalid state value: %1").arg(state));
     }
-    if (!hasLayer(manager, m_camera, index, state)) {  // the state is shown and not the index: it is meant
-        return MStatus::kFailure;
-    }
-    return editProperty(index, &LayerManager::layerState, &LayerManager::setLayerState, state);
+    return editProperty(kState, numberArgument(args, "-editState", 1), state, state);
 }
 
 MStatus LayerCommand::queryState(const MArgDatabase& args, LayerManager& manager)

@@ -4,6 +4,7 @@
 #include "commands/CreateNodeEdit.h"
 #include "commands/Flags.h"
 #include "commands/GhostRefresh.h"
+#include "model/FrameNumber.h"
 #include "model/LayerManager.h"
 #include "node/BaseNode.h"
 #include "node/MasterDrawing.h"
@@ -93,11 +94,17 @@ MStatus NodeCommand::queryExists()
 
 MStatus NodeCommand::refreshLayers()
 {
-    const std::shared_ptr<LayerManager> manager = masterDrawing();
+    BaseNode* node = BaseNode::masterNode();
+    const std::shared_ptr<LayerManager> manager = node ? node->layerManager() : nullptr;
     if (!manager) {
         return MStatus::kFailure;
     }
+    manager->updateCurrentFrames(currentFrameNumber(), false);
+    for (const QString& camera : manager->cameras()) {
+        manager->markForRedraw(camera);
+    }
     manager->publish();
+    node->requestRedraw();
     return MStatus::kSuccess;
 }
 
