@@ -1,6 +1,6 @@
 #include "commands/CreateNodeEdit.h"
 
-#include "commands/FrameEdit.h"
+#include "commands/FrameLists.h"
 #include "commands/SelectionNudge.h"
 #include "model/FrameNumber.h"
 #include "model/LayerManager.h"

@@ -124,22 +124,22 @@ bool FrameCommand::readCamera(const MArgDatabase& args, const Mode* mode)
 
 MStatus FrameCommand::insert(const MArgDatabase&, BaseNode&)
 {
-    return execute(std::unique_ptr<Edit>(new InsertFrames(m_camera, script::highlightedSpan())));
+    return execute<InsertFrames>(m_camera, script::highlightedSpan());
 }
 
 MStatus FrameCommand::duplicate(const MArgDatabase&, BaseNode&)
 {
-    return execute(std::unique_ptr<Edit>(new DuplicateFrame(m_camera)));
+    return execute<DuplicateFrame>(m_camera);
 }
 
 MStatus FrameCommand::deleteFrames(const MArgDatabase&, BaseNode&)
 {
-    return execute(std::unique_ptr<Edit>(new DeleteFrames(m_camera, script::highlightedSpan())));
+    return execute<DeleteFrames>(m_camera, script::highlightedSpan());
 }
 
 MStatus FrameCommand::cut(const MArgDatabase&, BaseNode&)
 {
-    return execute(std::unique_ptr<Edit>(new CutFrames(m_camera, script::highlightedSpan())));
+    return execute<CutFrames>(m_camera, script::highlightedSpan());
 }
 
 MStatus FrameCommand::copy(const MArgDatabase&, BaseNode& node)
@@ -158,31 +158,31 @@ MStatus FrameCommand::copy(const MArgDatabase&, BaseNode& node)
 MStatus FrameCommand::paste(const MArgDatabase&, BaseNode& node)
 {
     const int start = script::highlightedSpan().first;
-    return execute(std::unique_ptr<Edit>(new PasteFrames(m_camera, node.frameClipboard(), start)));
+    return execute<PasteFrames>(m_camera, node.frameClipboard(), start);
 }
 
 MStatus FrameCommand::clear(const MArgDatabase&, BaseNode&)
 {
-    return execute(std::unique_ptr<Edit>(new ClearFrames(m_camera, script::highlightedSpan())));
+    return execute<ClearFrames>(m_camera, script::highlightedSpan());
 }
 
 // Times ---------------------------------------------------------------------------------------------------------------
 
 MStatus FrameCommand::stepForward(const MArgDatabase&, BaseNode& node)
 {
-    return execute(std::unique_ptr<Edit>(new StepTime(currentCamera(node), StepTime::Direction::Forward)));
+    return execute<StepTime>(currentCamera(node), StepTime::Direction::Forward);
 }
 
 MStatus FrameCommand::stepBack(const MArgDatabase&, BaseNode& node)
 {
-    return execute(std::unique_ptr<Edit>(new StepTime(currentCamera(node), StepTime::Direction::Back)));
+    return execute<StepTime>(currentCamera(node), StepTime::Direction::Back);
 }
 
 MStatus FrameCommand::retime(const MArgDatabase& args, BaseNode& node)
 {
     const Retiming retiming = {numberArgument(args, "-retime"), args.isFlagSet("-relative"),
                                args.isFlagSet("-moveToNext")};
-    return execute(std::unique_ptr<Edit>(new RetimeFrames(currentCamera(node), script::highlightedSpan(), retiming)));
+    return execute<RetimeFrames>(currentCamera(node), script::highlightedSpan(), retiming);
 }
 
 MStatus FrameCommand::move(const MArgDatabase& args, BaseNode& node)
@@ -195,5 +195,5 @@ MStatus FrameCommand::move(const MArgDatabase& args, BaseNode& node)
     }
     const int first = numberArgument(args, "-move", 1);
     const int last = numberArgument(args, "-move", 2);
-    return execute(std::unique_ptr<Edit>(new MoveFrames(camera, offset, first, last)));
+    return execute<MoveFrames>(camera, offset, first, last);
 }

@@ -2,6 +2,7 @@
 
 #include "commands/ActiveLayers.h"
 #include "commands/FrameEdit.h"
+#include "commands/FrameLists.h"
 
 /// Puts blank frames wherever a span has none, on a new layer if the camera has no layer.
 class InsertFrames : public FrameEdit {

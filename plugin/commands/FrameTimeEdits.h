@@ -1,6 +1,7 @@
 #pragma once
 
 #include "commands/FrameEdit.h"
+#include "commands/FrameLists.h"
 #include "commands/Retiming.h"
 
 #include <QList>

@@ -45,6 +45,26 @@ public:
     MStatus undo() override { return MStatus::kSuccess; }
 };
 
+MString asResult(const QString& name)
+{
+    return toMString(name);
+}
+
+bool asResult(bool visible)
+{
+    return visible;
+}
+
+double asResult(float opacity)
+{
+    return static_cast<double>(opacity);
+}
+
+unsigned int asResult(int state)
+{
+    return static_cast<unsigned int>(state);
+}
+
 MStatus failure(const QString& message)
 {
     messages::error(message);
@@ -153,7 +173,7 @@ MStatus LayerCommand::doIt(const MArgList& list)
 MStatus LayerCommand::makeActive(const MArgDatabase& args, LayerManager&)
 {
     const int index = numberArgument(args, "-active");
-    const MStatus status = execute(std::unique_ptr<Edit>(new ActivateLayer(m_camera, index)));
+    const MStatus status = execute<ActivateLayer>(m_camera, index);
     if (status) {
         setResult(static_cast<unsigned int>(index));
     }
@@ -200,12 +220,12 @@ MStatus LayerCommand::insertLayer(const MArgDatabase& args, LayerManager& manage
 
 MStatus LayerCommand::deleteLayer(const MArgDatabase& args, LayerManager&)
 {
-    return execute(std::unique_ptr<Edit>(new DeleteLayer(m_camera, numberArgument(args, "-delete"))));
+    return execute<DeleteLayer>(m_camera, numberArgument(args, "-delete"));
 }
 
 MStatus LayerCommand::deleteAll(const MArgDatabase&, LayerManager&)
 {
-    return execute(std::unique_ptr<Edit>(new DeleteAllLayers(m_camera)));
+    return execute<DeleteAllLayers>(m_camera);
 }
 
 // Moves ---------------------------------------------------------------------------------------------------------------
@@ -241,7 +261,7 @@ MStatus LayerCommand::moveAll(const MArgDatabase& args, LayerManager&)
     if (toCamera == m_camera) {
         return MStatus::kFailure;
     }
-    return execute(std::unique_ptr<Edit>(new MoveAllLayers(m_camera, toCamera)));
+    return execute<MoveAllLayers>(m_camera, toCamera);
 }
 
 // Properties ----------------------------------------------------------------------------------------------------------
@@ -254,6 +274,17 @@ MStatus LayerCommand::editProperty(const LayerProperty<Value, Argument>& propert
         std::unique_ptr<Edit>(new LayerPropertyEdit<Value, Argument>(property, m_camera, index, shownIndex, value)));
 }
 
+template <class Value, class Argument>
+MStatus LayerCommand::queryProperty(const LayerProperty<Value, Argument>& property, int index,
+                                    const LayerManager& manager)
+{
+    if (!hasLayer(manager, m_camera, index, index)) {
+        return MStatus::kFailure;
+    }
+    setResult(asResult((manager.*property.get)(m_camera, index)));
+    return MStatus::kSuccess;
+}
+
 MStatus LayerCommand::editName(const MArgDatabase& args, LayerManager&)
 {
     const int index = numberArgument(args, "-editName", 1);
@@ -262,12 +293,7 @@ MStatus LayerCommand::editName(const MArgDatabase& args, LayerManager&)
 
 MStatus LayerCommand::queryName(const MArgDatabase& args, LayerManager& manager)
 {
-    const int index = numberArgument(args, "-queryName");
-    if (!hasLayer(manager, m_camera, index, index)) {
-        return MStatus::kFailure;
-    }
-    setResult(toMString(manager.layerName(m_camera, index)));
-    return MStatus::kSuccess;
+    return queryProperty(kName, numberArgument(args, "-queryName"), manager);
 }
 
 MStatus LayerCommand::editVisibility(const MArgDatabase& args, LayerManager&)
@@ -278,12 +304,7 @@ MStatus LayerCommand::editVisibility(const MArgDatabase& args, LayerManager&)
 
 MStatus LayerCommand::queryVisibility(const MArgDatabase& args, LayerManager& manager)
 {
-    const int index = numberArgument(args, "-queryVis");
-    if (!hasLayer(manager, m_camera, index, index)) {
-        return MStatus::kFailure;
-    }
-    setResult(manager.layerVisible(m_camera, index));
-    return MStatus::kSuccess;
+    return queryProperty(kVisibility, numberArgument(args, "-queryVis"), manager);
 }
 
 MStatus LayerCommand::editOpacity(const MArgDatabase& args, LayerManager&)
@@ -296,12 +317,7 @@ MStatus LayerCommand::editOpacity(const MArgDatabase& args, LayerManager&)
 
 MStatus LayerCommand::queryOpacity(const MArgDatabase& args, LayerManager& manager)
 {
-    const int index = numberArgument(args, "-queryOpacity");
-    if (!hasLayer(manager, m_camera, index, index)) {
-        return MStatus::kFailure;
-    }
-    setResult(static_cast<double>(manager.layerOpacity(m_camera, index)));
-    return MStatus::kSuccess;
+    return queryProperty(kOpacity, numberArgument(args, "-queryOpacity"), manager);
 }
 
 // Of a missing layer the report shows the state and not the index: it is meant.
@@ -316,15 +332,10 @@ MStatus LayerCommand::editState(const MArgDatabase& args, LayerManager&)
 
 MStatus LayerCommand::queryState(const MArgDatabase& args, LayerManager& manager)
 {
-    const int index = numberArgument(args, "-queryState");
-    if (!hasLayer(manager, m_camera, index, index)) {
-        return MStatus::kFailure;
-    }
-    setResult(static_cast<unsigned int>(manager.layerState(m_camera, index)));
-    return MStatus::kSuccess;
+    return queryProperty(kState, numberArgument(args, "-queryState"), manager);
 }
 
 MStatus LayerCommand::importDrawing(const MArgDatabase&, LayerManager&)
 {
-    return execute(std::unique_ptr<Edit>(new ImportNothing));
+    return execute<ImportNothing>();
 }

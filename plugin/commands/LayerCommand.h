@@ -45,6 +45,8 @@ private:
     MStatus executeMove(std::unique_ptr<Move> edit);
     template <class Value, class Argument>
     MStatus editProperty(const LayerProperty<Value, Argument>& property, int index, int shownIndex, const Value& value);
+    template <class Value, class Argument>
+    MStatus queryProperty(const LayerProperty<Value, Argument>& property, int index, const LayerManager& manager);
 
     QString m_camera;
 };

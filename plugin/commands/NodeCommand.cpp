@@ -121,5 +121,5 @@ MStatus NodeCommand::createNode(const MArgDatabase& args)
                                      withLayer ? textArgument(args, "-layerName") : QString(),
                                      withLayer ? layerStateArgument(args, "-layerState") : -1,
                                      args.isFlagSet("-frame")};
-    return execute(std::unique_ptr<Edit>(new CreateNodeEdit(layer)));
+    return execute<CreateNodeEdit>(layer);
 }

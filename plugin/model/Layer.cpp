@@ -125,27 +125,17 @@ Frames Layer::takeFrames(const std::function<bool(const Frame&)>& isTaken)
 
 void Layer::restoreFrames(Frames frames)
 {
-    if (!m_sorted) {
-        for (std::unique_ptr<Frame>& frame : frames) {
-            restoreFrame(std::move(frame));
-        }
-        return;
-    }
     const auto isEarlier = [](const std::unique_ptr<Frame>& a, const std::unique_ptr<Frame>& b) {
         return a->time() < b->time();
     };
     const auto isSimultaneous = [](const std::unique_ptr<Frame>& a, const std::unique_ptr<Frame>& b) {
         return a->time() == b->time();
     };
-    std::stable_sort(frames.begin(), frames.end(), isEarlier);
-    Frames merged;
-    merged.reserve(m_frames.size() + frames.size());
+    m_frames.insert(m_frames.end(), std::make_move_iterator(frames.begin()), std::make_move_iterator(frames.end()));
     // Of two at one time the one that was here comes first, and stays.
-    std::merge(std::make_move_iterator(m_frames.begin()), std::make_move_iterator(m_frames.end()),
-               std::make_move_iterator(frames.begin()), std::make_move_iterator(frames.end()),
-               std::back_inserter(merged), isEarlier);
-    merged.erase(std::unique(merged.begin(), merged.end(), isSimultaneous), merged.end());
-    m_frames = std::move(merged);
+    std::stable_sort(m_frames.begin(), m_frames.end(), isEarlier);
+    m_frames.erase(std::unique(m_frames.begin(), m_frames.end(), isSimultaneous), m_frames.end());
+    m_sorted = true;
     updateCurrentFrame(currentFrameNumber());
 }
 

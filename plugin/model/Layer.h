@@ -62,8 +62,8 @@ public:
     std::unique_ptr<Frame> takeFrameAtCurrentTime();
     void clearFrames();
 
-    // Many frames at once, in a time that grows with their number and the layer's together. The frame shown is then
-    // that of the scene's time.
+    // Many frames at once, in little more time than the layer is long. The frame shown is then that of the scene's
+    // time.
     Frames takeFrames(const std::function<bool(const Frame&)>& isTaken);  ///< in their order
     void restoreFrames(Frames frames);  ///< each as by restoreFrame(), which says what is refused; in any order
 
