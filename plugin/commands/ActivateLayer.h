@@ -12,6 +12,7 @@ public:
     ActivateLayer(const QString& camera, int index);
 
 protected:
+    bool prepare(LayerManager& manager) override;
     bool apply(LayerManager& manager) override;
     bool revert(LayerManager& manager) override;
 

@@ -1,21 +1,23 @@
 #include "commands/ActiveLayers.h"
 
-#include "model/LayerManager.h"
-
 void ActiveLayers::remember(const LayerManager& manager, const QString& camera)
 {
     m_camera = camera;
     m_index = manager.activeLayerIndex(camera);
-    m_currentCamera = manager.currentCamera();
-    m_currentIndex = manager.activeLayerIndex(m_currentCamera);
+    m_cameras = manager.currentCameras();
+    m_currentIndex = manager.activeLayerIndex(m_cameras.current);
 }
 
 void ActiveLayers::restore(LayerManager& manager) const
 {
     restoreActiveLayer(manager, m_camera, m_index);
-    if (manager.isValidLayer(m_currentCamera, m_currentIndex)) {
-        manager.setActiveLayer(m_currentCamera, m_currentIndex, true);
-    }
+    restoreActiveLayer(manager, m_cameras.current, m_currentIndex);
+    manager.restoreCurrentCameras(m_cameras);
+}
+
+bool ActiveLayers::isCurrent(const QString& camera, int index) const
+{
+    return m_cameras.current == camera && m_currentIndex == index;
 }
 
 void restoreActiveLayer(LayerManager& manager, const QString& camera, int index)

@@ -1,23 +1,20 @@
 #pragma once
 
-#include <QString>
-
-class LayerManager;
+#include "model/LayerManager.h"
 
 /// The active layers of a moment: the one of the camera an edit works on, and the one of the camera then current.
 class ActiveLayers {
 public:
     void remember(const LayerManager& manager, const QString& camera);
-    /// Makes them active again, and the current camera current when it has an active layer to be made so.
+    /// Makes them active again, as far as there are such layers, and the same cameras current and previous.
     void restore(LayerManager& manager) const;
-
-    const QString& currentCamera() const { return m_currentCamera; }
-    int currentIndex() const { return m_currentIndex; }  ///< of the current camera; -1 for none
+    /// The layer is the active one of the camera that was current.
+    bool isCurrent(const QString& camera, int index) const;
 
 private:
     QString m_camera;
     int m_index = -1;
-    QString m_currentCamera;
+    CurrentCameras m_cameras;
     int m_currentIndex = -1;
 };
 

@@ -1,6 +1,6 @@
 #include "commands/Arguments.h"
 
-#include "model/Layer.h"
+#include "model/LayerManager.h"
 #include "settings/Messages.h"
 #include "settings/ScriptBridge.h"
 #include "settings/Text.h"
@@ -51,4 +51,14 @@ bool readCameraArgument(const MArgDatabase& args, QString& camera)
         return false;
     }
     return true;
+}
+
+bool hasLayer(const LayerManager& manager, const QString& camera, int index, int shownIndex)
+{
+    if (manager.isValidLayer(camera, index)) {
+        return true;
+    }
+    messages::error(
+        QString("Layer does not exist for camera (index): %1 (%2)").arg(camera, QString::number(shownIndex)));
+    return false;
 }

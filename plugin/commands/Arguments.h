@@ -4,6 +4,8 @@
 
 #include <QString>
 
+class LayerManager;
+
 // What a caller gave a command, as the plug-in's own types.
 
 /// The value of a flag; empty or 0 when the flag is not set.
@@ -15,3 +17,6 @@ int layerStateArgument(const MArgDatabase& args, const char* flag);
 bool hasCameraArgument(const MArgDatabase& args);
 /// The command's one object. False, and reported, when it is missing or is no camera of the scene.
 bool readCameraArgument(const MArgDatabase& args, QString& camera);
+
+/// Whether a camera has a layer. False is reported; shownIndex: what the report gives as the layer's index.
+bool hasLayer(const LayerManager& manager, const QString& camera, int index, int shownIndex);

@@ -1,5 +1,6 @@
 #include "commands/CreateNodeEdit.h"
 
+#include "commands/FrameLists.h"
 #include "commands/SelectionNudge.h"
 #include "model/FrameNumber.h"
 #include "model/LayerManager.h"
@@ -12,7 +13,7 @@
 #include "settings/Names.h"
 #include "settings/ScriptBridge.h"
 
-#include <maya/MFnDependencyNode.h>
+#include <maya/MFnDagNode.h>
 #include <maya/MGlobal.h>
 #include <maya/MPlug.h>
 
@@ -21,45 +22,65 @@ namespace {
 const char* const kLockedPlugs[] = {"translateX", "translateY", "translateZ", "rotateX", "rotateY",
                                     "rotateZ",    "scaleX",     "scaleY",     "scaleZ"};
 
+/// The user can never move, turn or scale the drawing.
+void lockTransform(const MObject& object)
+{
+    const MFnDependencyNode transform(object);
+    for (const char* name : kLockedPlugs) {
+        MPlug plug = transform.findPlug(name, false);
+        if (!plug.isNull()) {
+            plug.setKeyable(false);
+            plug.setLocked(true);
+            plug.setChannelBox(false);
+        }
+    }
+}
+
+bool isThereANode()
+{
+    if (BaseNode::masterNode()) {
+        messages::error("Node already exists");
+        return true;
+    }
+    return false;
+}
+
 }  // namespace
 
 CreateNodeEdit::CreateNodeEdit(const FirstLayerRequest& layer) : m_layer(layer) {}
 
 MStatus CreateNodeEdit::execute()
 {
-    if (BaseNode::masterNode()) {
-        messages::error("Node already exists");
+    if (isThereANode()) {
+        return MStatus::kFailure;
+    }
+    if (m_layer.wanted && m_layer.withFrames && areTooMany(script::highlightedSpan())) {
+        messages::error(kTooManyFrames);
         return MStatus::kFailure;
     }
     MGlobal::getActiveSelectionList(m_previousSelection);
-    MStatus status = recordCreation();
-    if (status) {
-        status = placeInScene();
+    BaseNode* node = recordCreation() ? placeInScene() : nullptr;
+    if (!node) {
+        return MStatus::kFailure;
     }
-    BaseNode* node = status && m_layer.wanted ? BaseNode::fromObject(m_shape) : nullptr;
-    if (node) {
-        addFirstLayer(*node);
+    if (m_layer.wanted) {
+        addFirstLayer(*node->layerManager());
         announce(*node);
     }
-    return status;
+    return MStatus::kSuccess;
 }
 
 MStatus CreateNodeEdit::redo()
 {
-    if (BaseNode::masterNode()) {
-        messages::error("Node already exists");
+    BaseNode* node = isThereANode() ? nullptr : placeInScene();
+    if (!node) {
         return MStatus::kFailure;
     }
-    const MStatus status = placeInScene();
-    BaseNode* node = status ? BaseNode::fromObject(m_shape) : nullptr;
-    const std::shared_ptr<LayerManager> manager = node ? node->layerManager() : nullptr;
-    if (manager) {
-        manager->clear(true);  // the modifier brings the very same node back, with what was in it
-    }
-    if (node && m_layer.wanted) {
+    node->layerManager()->clear(true);  // a host may bring the very same node back, with what was in it
+    if (m_layer.wanted) {
         announce(*node);
     }
-    return status;
+    return MStatus::kSuccess;
 }
 
 MStatus CreateNodeEdit::undo()
@@ -74,72 +95,55 @@ MStatus CreateNodeEdit::undo()
     return status;
 }
 
-MStatus CreateNodeEdit::recordCreation()
+// Reported when it fails.
+bool CreateNodeEdit::recordCreation()
 {
     MStatus status;
-    m_transform = m_modifier.createNode("transform", MObject::kNullObj, &status);
-    if (!status || m_transform.isNull()) {
+    const MObject transform = m_modifier.createNode("transform", MObject::kNullObj, &status);
+    if (!status || transform.isNull()) {
         messages::error("Failed to create transform");
-        return MStatus::kFailure;
+        return false;
     }
-    m_modifier.renameNode(m_transform, names::kTransformNode);
-    m_shape = m_modifier.createNode(MTypeId(names::kNodeTypeId), m_transform, &status);
-    if (!status || m_shape.isNull()) {
+    m_modifier.renameNode(transform, names::kTransformNode);
+    const MObject shape = m_modifier.createNode(MTypeId(names::kNodeTypeId), transform, &status);
+    if (!status || shape.isNull()) {
         messages::error("Failed to create shape");
-        return MStatus::kFailure;
+        return false;
     }
-    m_modifier.renameNode(m_shape, names::kShapeNode);
-    return MStatus::kSuccess;
+    m_modifier.renameNode(shape, names::kShapeNode);
+    return true;
 }
 
-MStatus CreateNodeEdit::placeInScene()
+// Gives the node that is in the scene by then, which a redo may have made anew: it is the scene's master, for there
+// was none. Null when there is still none.
+BaseNode* CreateNodeEdit::placeInScene()
 {
-    const MStatus status = m_modifier.doIt();
-    if (!status) {
-        return status;
+    BaseNode* node = m_modifier.doIt() ? BaseNode::masterNode() : nullptr;
+    if (node) {
+        lockTransform(MFnDagNode(node->thisMObject()).parent(0));
+        MGlobal::clearSelectionList();
     }
-    lockTransform();
-    MGlobal::clearSelectionList();
-    return status;
+    return node;
 }
 
-void CreateNodeEdit::lockTransform() const
+void CreateNodeEdit::addFirstLayer(LayerManager& manager) const
 {
-    const MFnDependencyNode transform(m_transform);
-    for (const char* name : kLockedPlugs) {
-        MPlug plug = transform.findPlug(name, false);
-        if (!plug.isNull()) {
-            plug.setKeyable(false);
-            plug.setLocked(true);
-            plug.setChannelBox(false);
-        }
-    }
-}
-
-void CreateNodeEdit::addFirstLayer(BaseNode& node) const
-{
-    const std::shared_ptr<LayerManager> manager = node.layerManager();
     const QString camera = m_layer.camera.isEmpty() ? HostViews().activeCamera() : recordableName(m_layer.camera);
-    if (!manager || manager->layerCount(camera) > 0) {
-        return;
-    }
-    const int index = manager->insertLayer(camera, -1, m_layer.name);
+    const int index = manager.layerCount(camera) > 0 ? -1 : manager.insertLayer(camera, -1, m_layer.name);
     if (index < 0) {
         return;
     }
     if (m_layer.state >= 0) {
-        manager->setLayerState(camera, index, m_layer.state);
+        manager.setLayerState(camera, index, m_layer.state);
     }
     if (m_layer.withFrames) {
-        const FrameSpan span = script::highlightedSpan();
-        for (int frameNumber = span.first; frameNumber < span.end; ++frameNumber) {
-            manager->addFrame(camera, timeOfFrame(frameNumber));
-        }
+        addMissing(*manager.layer(camera, index), script::highlightedSpan());
     }
 }
 
-void CreateNodeEdit::announce(BaseNode& node) const
+void CreateNodeEdit::announce(const BaseNode& node) const
 {
+    script::refreshLayerManagerDeferred();
     TimelineMarks::refreshInstalled();
     nudgeSelection(node.thisMObject());
 }

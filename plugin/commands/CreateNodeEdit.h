@@ -3,12 +3,12 @@
 #include "commands/Edit.h"
 
 #include <maya/MDagModifier.h>
-#include <maya/MObject.h>
 #include <maya/MSelectionList.h>
 
 #include <QString>
 
 class BaseNode;
+class LayerManager;
 
 /// What a new drawing node starts with.
 struct FirstLayerRequest {
@@ -29,15 +29,12 @@ public:
     MStatus undo() override;
 
 private:
-    MStatus recordCreation();
-    MStatus placeInScene();
-    void lockTransform() const;
-    void addFirstLayer(BaseNode& node) const;
-    void announce(BaseNode& node) const;
+    bool recordCreation();
+    BaseNode* placeInScene();
+    void addFirstLayer(LayerManager& manager) const;
+    void announce(const BaseNode& node) const;
 
     const FirstLayerRequest m_layer;
     MDagModifier m_modifier;
-    MObject m_transform;
-    MObject m_shape;
     MSelectionList m_previousSelection;
 };

@@ -4,23 +4,51 @@
 #include "model/FrameNumber.h"
 #include "model/LayerManager.h"
 #include "node/BaseNode.h"
+#include "node/MadeTarget.h"
 #include "node/TimelineMarks.h"
+
+namespace {
+
+MStatus show(BaseNode& node, LayerManager& manager)
+{
+    manager.updateCurrentFrames(currentFrameNumber(), false);
+    TimelineMarks::refreshInstalled();
+    nudgeSelection(node.thisMObject());
+    return MStatus::kSuccess;
+}
+
+}  // namespace
 
 MStatus DrawingChange::executeOn(BaseNode& node)
 {
-    node.withdrawMadeStroke();  // what was made for it is in no step, and would stay behind
     const std::shared_ptr<LayerManager> manager = node.layerManager();
-    return manager && prepare(*manager) ? redoOn(node) : MStatus(MStatus::kFailure);
+    if (!manager) {
+        return MStatus::kFailure;
+    }
+    MadeTarget made(*manager);
+    if (!prepare(*manager) || !apply(*manager)) {
+        made.putBack();
+        return MStatus::kFailure;
+    }
+    made.drop();
+    applied(node);
+    return show(node, *manager);
 }
 
 MStatus DrawingChange::redoOn(BaseNode& node)
 {
-    return run(node, &DrawingChange::apply);
+    const std::shared_ptr<LayerManager> manager = node.layerManager();
+    if (!manager || !apply(*manager)) {
+        return MStatus::kFailure;
+    }
+    applied(node);
+    return show(node, *manager);
 }
 
 MStatus DrawingChange::undoOn(BaseNode& node)
 {
-    return run(node, &DrawingChange::revert);
+    const std::shared_ptr<LayerManager> manager = node.layerManager();
+    return manager && revert(*manager) ? show(node, *manager) : MStatus(MStatus::kFailure);
 }
 
 bool DrawingChange::prepare(LayerManager&)
@@ -28,14 +56,4 @@ bool DrawingChange::prepare(LayerManager&)
     return true;
 }
 
-MStatus DrawingChange::run(BaseNode& node, bool (DrawingChange::*step)(LayerManager&))
-{
-    const std::shared_ptr<LayerManager> manager = node.layerManager();
-    if (!manager || !(this->*step)(*manager)) {
-        return MStatus::kFailure;
-    }
-    manager->updateCurrentFrames(currentFrameNumber(), false);
-    TimelineMarks::refreshInstalled();
-    nudgeSelection(node.thisMObject());
-    return MStatus::kSuccess;
-}
+void DrawingChange::applied(BaseNode&) {}

@@ -4,8 +4,8 @@
 
 class LayerManager;
 
-/// An edit of layers or frames. Whenever it succeeded, done or undone, every layer shows what it has at the scene's
-/// time and all views and marks are drawn anew.
+/// An edit of layers or frames. A first run that fails leaves a stroke in progress as it was, too. Whenever it
+/// succeeded, done or undone, every layer shows what it has at the scene's time and all views and marks are drawn anew.
 class DrawingChange : public DrawingEdit {
 protected:
     MStatus executeOn(BaseNode& node) override;
@@ -17,7 +17,5 @@ protected:
     // False leaves the drawing as it was.
     virtual bool apply(LayerManager& manager) = 0;
     virtual bool revert(LayerManager& manager) = 0;
-
-private:
-    MStatus run(BaseNode& node, bool (DrawingChange::*step)(LayerManager&));
+    virtual void applied(BaseNode& node);  ///< after every apply() that succeeded
 };

@@ -1,41 +1,46 @@
 #include "commands/FrameClipboard.h"
 
 #include "commands/Retiming.h"
-#include "model/FrameNumber.h"
-#include "model/LayerManager.h"
-#include "node/BaseNode.h"
+#include "settings/Messages.h"
 
-void copyToClipboard(BaseNode& node, const QString& camera, const FrameSpan& span)
+namespace {
+
+// Appends a copy; false when there is no such frame number.
+bool appendCopy(const Frame& frame, qint64 frameNumber, Frames& copies)
 {
-    node.frameClipboard().clear();
-    const std::shared_ptr<LayerManager> manager = node.layerManager();
-    const Layer* layer = manager ? manager->activeLayer(camera) : nullptr;
-    if (!layer) {
-        return;
+    if (!isFrameNumber(frameNumber)) {
+        return false;
     }
-    for (int i = 0; i < layer->frameCount(); ++i) {
-        const int frameNumber = layer->frameAt(i)->frameNumber();
-        const bool isFound = layer->frameNumbered(frameNumber) == layer->frameAt(i);
-        if (frameNumber >= span.first && frameNumber < span.end && isFound) {
-            std::unique_ptr<Frame> copy(new Frame(*layer->frameAt(i)));
-            copy->setFrameNumber(static_cast<int>(qint64(frameNumber) - span.first));
-            node.frameClipboard().push_back(std::move(copy));
-        }
-    }
+    copies.emplace_back(new Frame(frame));
+    copies.back()->setFrameNumber(static_cast<int>(frameNumber));
+    return true;
 }
 
-bool copyFromClipboard(BaseNode& node, int start, std::vector<std::unique_ptr<Frame>>& frames)
+}  // namespace
+
+bool copyFrames(const Layer& layer, const FrameSpan& span, Frames& copies)
 {
-    for (const std::unique_ptr<Frame>& kept : node.frameClipboard()) {
-        const qint64 frameNumber = qint64(kept->frameNumber()) + start;
-        if (!isFrameNumber(frameNumber)) {
-            frames.clear();
+    copies.clear();
+    for (int i = 0; i < layer.frameCount(); ++i) {
+        const Frame* frame = layer.frameAt(i);
+        const int frameNumber = frame->frameNumber();
+        const bool isHidden = layer.frameNumbered(frameNumber) != frame;
+        if (contains(span, frameNumber) && !isHidden && !appendCopy(*frame, qint64(frameNumber) - span.first, copies)) {
+            messages::error(kFrameNumberOutOfRange);
             return false;
         }
-        if (frames.empty() || frames.back()->frameNumber() != frameNumber) {
-            std::unique_ptr<Frame> copy(new Frame(*kept));
-            copy->setFrameNumber(static_cast<int>(frameNumber));
-            frames.push_back(std::move(copy));
+    }
+    return true;
+}
+
+bool movedCopies(const Frames& clipboard, int start, Frames& copies)
+{
+    copies.clear();
+    for (const std::unique_ptr<Frame>& kept : clipboard) {
+        const qint64 frameNumber = qint64(kept->frameNumber()) + start;
+        const bool isTaken = !copies.empty() && copies.back()->frameNumber() == frameNumber;
+        if (!isTaken && !appendCopy(*kept, frameNumber, copies)) {
+            return false;
         }
     }
     return true;

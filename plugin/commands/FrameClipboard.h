@@ -1,18 +1,14 @@
 #pragma once
 
+#include "model/Layer.h"
 #include "settings/FrameSpan.h"
 
-#include <QString>
+// The clipboard holds packed copies of frames, numbered from the start of the span they were copied from. Both give
+// false when a frame would leave the range of frame numbers.
 
-#include <memory>
-#include <vector>
-
-class BaseNode;
-class Frame;
-
-/// Puts copies of the active layer's frames in a span into the node's clipboard, in place of what it held.
-void copyToClipboard(BaseNode& node, const QString& camera, const FrameSpan& span);
+/// Copies, so numbered, of a layer's frames in a span. False is reported.
+bool copyFrames(const Layer& layer, const FrameSpan& span, Frames& copies);
 
 /// Copies of the clipboard's frames as they would lie with their span starting at a frame number; of two that would
-/// get the same number only the first. Empty, and false, when one would leave the range of frame numbers.
-bool copyFromClipboard(BaseNode& node, int start, std::vector<std::unique_ptr<Frame>>& frames);
+/// get the same number only the first.
+bool movedCopies(const Frames& clipboard, int start, Frames& copies);

@@ -124,63 +124,65 @@ bool FrameCommand::readCamera(const MArgDatabase& args, const Mode* mode)
 
 MStatus FrameCommand::insert(const MArgDatabase&, BaseNode&)
 {
-    return execute(std::unique_ptr<Edit>(new InsertFrames(m_camera, script::highlightedSpan())));
+    return execute<InsertFrames>(m_camera, script::highlightedSpan());
 }
 
 MStatus FrameCommand::duplicate(const MArgDatabase&, BaseNode&)
 {
-    return execute(std::unique_ptr<Edit>(new DuplicateFrame(m_camera)));
+    return execute<DuplicateFrame>(m_camera);
 }
 
 MStatus FrameCommand::deleteFrames(const MArgDatabase&, BaseNode&)
 {
-    return execute(std::unique_ptr<Edit>(
-        new DeleteFrames(m_camera, script::highlightedSpan(), "Cannot remove frames from a locked layer")));
+    return execute<DeleteFrames>(m_camera, script::highlightedSpan());
 }
 
 MStatus FrameCommand::cut(const MArgDatabase&, BaseNode&)
 {
-    return execute(std::unique_ptr<Edit>(new CutFrames(m_camera, script::highlightedSpan())));
+    return execute<CutFrames>(m_camera, script::highlightedSpan());
 }
 
 MStatus FrameCommand::copy(const MArgDatabase&, BaseNode& node)
 {
-    copyToClipboard(node, m_camera, script::highlightedSpan());
+    const std::shared_ptr<LayerManager> manager = node.layerManager();
+    const Layer* layer = manager ? manager->activeLayer(m_camera) : nullptr;
+    Frames copies;
+    if (layer && !copyFrames(*layer, script::highlightedSpan(), copies)) {
+        return MStatus::kFailure;
+    }
+    node.frameClipboard() = std::move(copies);
     nudgeSelection(node.thisMObject());
     return MStatus::kSuccess;
 }
 
 MStatus FrameCommand::paste(const MArgDatabase&, BaseNode& node)
 {
-    Frames frames;
-    if (!copyFromClipboard(node, script::highlightedSpan().first, frames)) {
-        return failure(kFrameNumberOutOfRange);
-    }
-    return execute(std::unique_ptr<Edit>(new PasteFrames(m_camera, std::move(frames))));
+    const int start = script::highlightedSpan().first;
+    return execute<PasteFrames>(m_camera, node.frameClipboard(), start);
 }
 
 MStatus FrameCommand::clear(const MArgDatabase&, BaseNode&)
 {
-    return execute(std::unique_ptr<Edit>(new ClearFrames(m_camera, script::highlightedSpan())));
+    return execute<ClearFrames>(m_camera, script::highlightedSpan());
 }
 
 // Times ---------------------------------------------------------------------------------------------------------------
 
 MStatus FrameCommand::stepForward(const MArgDatabase&, BaseNode& node)
 {
-    return execute(std::unique_ptr<Edit>(new StepTime(currentCamera(node), StepTime::Direction::Forward)));
+    return execute<StepTime>(currentCamera(node), StepTime::Direction::Forward);
 }
 
 MStatus FrameCommand::stepBack(const MArgDatabase&, BaseNode& node)
 {
-    return execute(std::unique_ptr<Edit>(new StepTime(currentCamera(node), StepTime::Direction::Back)));
+    return execute<StepTime>(currentCamera(node), StepTime::Direction::Back);
 }
 
 MStatus FrameCommand::retime(const MArgDatabase& args, BaseNode& node)
 {
     const Retiming retiming = {numberArgument(args, "-retime"), args.isFlagSet("-relative"),
                                args.isFlagSet("-moveToNext")};
-    return execute(std::unique_ptr<Edit>(new RetimeFrames(currentCamera(node), script::highlightedSpan(), retiming)));
+    return execute<RetimeFrames>(currentCamera(node), script::highlightedSpan(), retiming);
 }
 
 MStatus FrameCommand::move(const MArgDatabase& args, BaseNode& node)
@@ -193,5 +195,5 @@ MStatus FrameCommand::move(const MArgDatabase& args, BaseNode& node)
     }
     const int first = numberArgument(args, "-move", 1);
     const int last = numberArgument(args, "-move", 2);
-    return execute(std::unique_ptr<Edit>(new MoveFrames(camera, offset, first, last)));
+    return execute<MoveFrames>(camera, offset, first, last);
 }

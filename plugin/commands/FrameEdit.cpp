@@ -1,6 +1,5 @@
 #include "commands/FrameEdit.h"
 
-#include "model/FrameNumber.h"
 #include "model/LayerManager.h"
 #include "settings/Messages.h"
 
@@ -45,20 +44,4 @@ bool FrameEdit::run(LayerManager& manager, bool (FrameEdit::*step)(Layer&))
     manager.dropStrokeUnlessOn(strokeBase);
     manager.markForRedraw(m_camera);  // the ghosts may be other ones although the frame shown is the same
     return true;
-}
-
-void takeFrames(Layer& layer, int frameNumber, Frames& taken)
-{
-    while (std::unique_ptr<Frame> frame = layer.takeFrame(timeOfFrame(frameNumber))) {
-        frame->pack();
-        taken.push_back(std::move(frame));
-    }
-}
-
-void putBack(Layer& layer, Frames& frames)
-{
-    for (std::unique_ptr<Frame>& frame : frames) {
-        layer.restoreFrame(std::move(frame));
-    }
-    frames.clear();
 }

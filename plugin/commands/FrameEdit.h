@@ -5,11 +5,6 @@
 
 #include <QString>
 
-#include <memory>
-#include <vector>
-
-using Frames = std::vector<std::unique_ptr<Frame>>;
-
 /// A change of the frames of one layer: the one that was active when the edit ran first. On a camera that had no
 /// active layer it changes nothing.
 class FrameEdit : public DrawingChange {
@@ -35,8 +30,3 @@ private:
     const char* const m_whenLocked;
     int m_layerIndex = -1;
 };
-
-/// Takes every frame of a number out, packed, and appends it: there are several when the time unit made them share it.
-void takeFrames(Layer& layer, int frameNumber, Frames& taken);
-/// Puts frames back at the very times they were taken from; the list is empty afterwards.
-void putBack(Layer& layer, Frames& frames);

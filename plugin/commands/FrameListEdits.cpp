@@ -1,12 +1,15 @@
 #include "commands/FrameListEdits.h"
 
 #include "commands/FrameClipboard.h"
+#include "commands/Retiming.h"
 #include "model/FrameNumber.h"
 #include "model/LayerManager.h"
 #include "node/BaseNode.h"
 #include "settings/Messages.h"
 
 #include <maya/MAnimControl.h>
+
+#include <algorithm>
 
 // InsertFrames --------------------------------------------------------------------------------------------------------
 
@@ -16,17 +19,24 @@ InsertFrames::InsertFrames(const QString& camera, const FrameSpan& span)
 
 bool InsertFrames::prepare(LayerManager& manager)
 {
+    if (!FrameEdit::prepare(manager)) {
+        return false;
+    }
+    if (areTooMany(m_span)) {
+        messages::error(kTooManyFrames);
+        return false;
+    }
     m_makesLayer = manager.layerCount(camera()) == 0;
     if (m_makesLayer) {
         setLayerIndex(0);
-        return true;
     }
-    return FrameEdit::prepare(manager);
+    return true;
 }
 
 bool InsertFrames::apply(LayerManager& manager)
 {
     if (m_makesLayer) {
+        m_before.remember(manager, camera());
         const int index = m_layer ? manager.insertLayer(camera(), -1, std::move(m_layer))
                                   : manager.insertLayer(camera(), -1, QString());
         if (index < 0) {
@@ -44,27 +54,20 @@ bool InsertFrames::revert(LayerManager& manager)
     }
     if (m_makesLayer) {
         m_layer = manager.takeLayer(camera(), 0);
+        m_before.restore(manager);
     }
     return true;
 }
 
 bool InsertFrames::applyTo(Layer& layer)
 {
-    for (int frameNumber = m_span.first; frameNumber < m_span.end; ++frameNumber) {
-        const MTime time = timeOfFrame(frameNumber);
-        if (layer.addFrame(time) >= 0) {
-            m_inserted.push_back(time);
-        }
-    }
+    m_inserted = addMissing(layer, m_span);
     return true;
 }
 
-// From the end: nothing has to move up then.
 bool InsertFrames::revertOn(Layer& layer)
 {
-    for (; !m_inserted.empty(); m_inserted.pop_back()) {
-        layer.takeFrame(m_inserted.back());
-    }
+    takeAt(layer, m_inserted);
     return true;
 }
 
@@ -106,7 +109,7 @@ bool DuplicateFrame::applyTo(Layer& layer)
 
 bool DuplicateFrame::revertOn(Layer& layer)
 {
-    if (!layer.takeFrame(m_time)) {
+    if (takeAt(layer, {m_time}).empty()) {
         messages::error("Failed to undo duplicate frame operation.");
         return false;
     }
@@ -115,89 +118,99 @@ bool DuplicateFrame::revertOn(Layer& layer)
 
 // DeleteFrames --------------------------------------------------------------------------------------------------------
 
+DeleteFrames::DeleteFrames(const QString& camera, const FrameSpan& span)
+    : DeleteFrames(camera, span, "Cannot remove frames from a locked layer")
+{}
+
 DeleteFrames::DeleteFrames(const QString& camera, const FrameSpan& span, const char* whenLocked)
     : FrameEdit(camera, whenLocked), m_span(span)
 {}
 
 bool DeleteFrames::applyTo(Layer& layer)
 {
-    for (int frameNumber : layer.frameNumbers()) {
-        if (frameNumber >= m_span.first && frameNumber < m_span.end) {
-            takeFrames(layer, frameNumber, m_taken);
-        }
-    }
+    m_taken = takePacked(layer, [this](const Frame& frame) { return contains(m_span, frame.frameNumber()); });
     return true;
 }
 
 bool DeleteFrames::revertOn(Layer& layer)
 {
-    putBack(layer, m_taken);
+    layer.restoreFrames(std::move(m_taken));
     return true;
 }
 
 // CutFrames -----------------------------------------------------------------------------------------------------------
 
 CutFrames::CutFrames(const QString& camera, const FrameSpan& span)
-    : DeleteFrames(camera, span, "Cannot cut frames from a locked layer"), m_span(span)
+    : DeleteFrames(camera, span, "Cannot cut frames from a locked layer")
 {}
 
-MStatus CutFrames::redoOn(BaseNode& node)
+bool CutFrames::applyTo(Layer& layer)
 {
-    copyToClipboard(node, camera(), m_span);
-    return DeleteFrames::redoOn(node);
+    return copyFrames(layer, span(), m_copies) && DeleteFrames::applyTo(layer);
+}
+
+void CutFrames::applied(BaseNode& node)
+{
+    node.frameClipboard() = std::move(m_copies);
 }
 
 // ClearFrames ---------------------------------------------------------------------------------------------------------
 
-ClearFrames::ClearFrames(const QString& camera, const FrameSpan& span)
-    : DeleteFrames(camera, span, "Cannot remove frames from a locked layer")
-{}
+ClearFrames::ClearFrames(const QString& camera, const FrameSpan& span) : DeleteFrames(camera, span) {}
 
 bool ClearFrames::applyTo(Layer& layer)
 {
     DeleteFrames::applyTo(layer);
+    QList<int> numbers;
     for (const std::unique_ptr<Frame>& frame : taken()) {
-        layer.addFrame(frame->time());
+        if (numbers.isEmpty() || numbers.last() != frame->frameNumber()) {
+            numbers.append(frame->frameNumber());
+        }
     }
+    m_blank = addBlank(layer, numbers);
     return true;
 }
 
 bool ClearFrames::revertOn(Layer& layer)
 {
-    for (const std::unique_ptr<Frame>& frame : taken()) {
-        layer.takeFrame(frame->time());
-    }
+    takeAt(layer, m_blank);
     return DeleteFrames::revertOn(layer);
 }
 
 // PasteFrames ---------------------------------------------------------------------------------------------------------
 
-PasteFrames::PasteFrames(const QString& camera, Frames frames)
-    : FrameEdit(camera, "Cannot paste frames to a locked layer"), m_frames(std::move(frames))
+PasteFrames::PasteFrames(const QString& camera, const Frames& clipboard, int start)
+    : FrameEdit(camera, "Cannot paste frames to a locked layer"), m_isInRange(movedCopies(clipboard, start, m_frames)),
+      m_times(timesOf(m_frames))
+{}
+
+bool PasteFrames::prepare(LayerManager& manager)
 {
-    for (const std::unique_ptr<Frame>& frame : m_frames) {
-        m_times.push_back(frame->time());
+    if (!FrameEdit::prepare(manager)) {
+        return false;
     }
+    if (!m_isInRange) {
+        messages::error(kFrameNumberOutOfRange);
+    }
+    return m_isInRange;
 }
 
 bool PasteFrames::applyTo(Layer& layer)
 {
-    for (std::unique_ptr<Frame>& frame : m_frames) {
-        takeFrames(layer, frame->frameNumber(), m_replaced);
-        layer.insertFrame(std::move(frame));
+    QList<int> numbers;
+    for (const std::unique_ptr<Frame>& frame : m_frames) {
+        numbers.append(frame->frameNumber());
     }
-    m_frames.clear();
+    m_replaced = takePacked(layer, [&numbers](const Frame& frame) {
+        return std::binary_search(numbers.begin(), numbers.end(), frame.frameNumber());
+    });
+    layer.restoreFrames(std::move(m_frames));
     return true;
 }
 
 bool PasteFrames::revertOn(Layer& layer)
 {
-    for (const MTime& time : m_times) {
-        if (std::unique_ptr<Frame> frame = layer.takeFrame(time)) {
-            frame->pack();
-            m_frames.push_back(std::move(frame));
-        }
-    }
-    putBack(layer, m_replaced);
+    m_frames = takeAt(layer, m_times);
+    layer.restoreFrames(std::move(m_replaced));
     return true;
 }

@@ -1,9 +1,8 @@
 #pragma once
 
+#include "commands/ActiveLayers.h"
 #include "commands/FrameEdit.h"
-#include "settings/FrameSpan.h"
-
-#include <maya/MTime.h>
+#include "commands/FrameLists.h"
 
 /// Puts blank frames wherever a span has none, on a new layer if the camera has no layer.
 class InsertFrames : public FrameEdit {
@@ -19,8 +18,9 @@ protected:
 
 private:
     const FrameSpan m_span;
-    std::vector<MTime> m_inserted;  // ascending
+    Times m_inserted;
     bool m_makesLayer = false;
+    ActiveLayers m_before;           // a first layer makes itself active
     std::unique_ptr<Layer> m_layer;  // the one that was made, ours only while the edit is undone
 };
 
@@ -43,12 +43,15 @@ private:
 /// Takes the frames of a span away; undo puts the very same ones back.
 class DeleteFrames : public FrameEdit {
 public:
-    DeleteFrames(const QString& camera, const FrameSpan& span, const char* whenLocked);
+    DeleteFrames(const QString& camera, const FrameSpan& span);
 
 protected:
+    DeleteFrames(const QString& camera, const FrameSpan& span, const char* whenLocked);
+
     bool applyTo(Layer& layer) override;
     bool revertOn(Layer& layer) override;
 
+    const FrameSpan& span() const { return m_span; }
     const Frames& taken() const { return m_taken; }
 
 private:
@@ -62,10 +65,11 @@ public:
     CutFrames(const QString& camera, const FrameSpan& span);
 
 protected:
-    MStatus redoOn(BaseNode& node) override;
+    bool applyTo(Layer& layer) override;
+    void applied(BaseNode& node) override;
 
 private:
-    const FrameSpan m_span;
+    Frames m_copies;  // on their way to the clipboard
 };
 
 /// Makes the frames of a span blank.
@@ -76,20 +80,25 @@ public:
 protected:
     bool applyTo(Layer& layer) override;
     bool revertOn(Layer& layer) override;
+
+private:
+    Times m_blank;
 };
 
-/// Puts frames in at their times; what was there gives way until the edit is undone.
+/// Puts copies of the clipboard's frames in; what was there gives way until the edit is undone.
 class PasteFrames : public FrameEdit {
 public:
-    /// No two frames have the same number.
-    PasteFrames(const QString& camera, Frames frames);
+    /// start: the frame number at which the span that was copied begins now.
+    PasteFrames(const QString& camera, const Frames& clipboard, int start);
 
 protected:
+    bool prepare(LayerManager& manager) override;
     bool applyTo(Layer& layer) override;
     bool revertOn(Layer& layer) override;
 
 private:
-    Frames m_frames;             // ours only while the edit is undone
-    std::vector<MTime> m_times;  // of the same frames
-    Frames m_replaced;           // ours only while the edit is applied
+    Frames m_frames;         // ours only while the edit is undone
+    const bool m_isInRange;  // all of them
+    const Times m_times;     // of the same frames
+    Frames m_replaced;       // ours only while the edit is applied
 };

@@ -15,15 +15,16 @@ StepTime::StepTime(const QString& camera, Direction direction) : m_camera(camera
 
 bool StepTime::prepare(LayerManager& manager)
 {
-    m_from = MAnimControl::currentTime();
+    const MTime now = MAnimControl::currentTime();
     const bool forward = m_direction == Direction::Forward;
     const Frame* frame = forward ? manager.nextFrame(m_camera, true) : manager.previousFrame(m_camera, true);
-    m_to = frame ? frame->time() : m_from;
-    return m_to != m_from || !forward;  // only the step back succeeds without a frame to go to: it is meant
+    m_to = frame ? frame->time() : now;
+    return m_to != now || !forward;  // only the step back succeeds without a frame to go to: it is meant
 }
 
 bool StepTime::apply(LayerManager&)
 {
+    m_from = MAnimControl::currentTime();
     MAnimControl::setCurrentTime(m_to);
     return true;
 }
@@ -114,31 +115,31 @@ bool MoveFrames::isObstructed(const Layer& layer) const
 
 bool MoveFrames::applyTo(Layer& layer)
 {
-    const auto isThere = [&](int number) { return layer.frameNumbered(number) != nullptr; };
+    const auto isThere = [&](int number) { return layer.hasFrame(number); };
     if (isObstructed(layer) || !std::all_of(m_moving.begin(), m_moving.end(), isThere)) {
         return false;
     }
     m_oldTimes.clear();
-    m_newTimes.clear();
     for (int number : m_moving) {
-        std::unique_ptr<Frame> frame = layer.takeFrame(timeOfFrame(number));
-        m_oldTimes.push_back(frame->time());
-        frame->setFrameNumber(number + m_offset);
-        m_newTimes.push_back(frame->time());
-        layer.insertFrame(std::move(frame));
+        m_oldTimes.push_back(layer.frameNumbered(number)->time());
     }
+    std::sort(m_oldTimes.begin(), m_oldTimes.end());
+    Frames frames = takeAt(layer, m_oldTimes);
+    for (const std::unique_ptr<Frame>& frame : frames) {
+        frame->setFrameNumber(frame->frameNumber() + m_offset);
+    }
+    m_newTimes = timesOf(frames);
+    layer.restoreFrames(std::move(frames));
     return true;
 }
 
 bool MoveFrames::revertOn(Layer& layer)
 {
-    for (size_t i = m_newTimes.size(); i-- > 0;) {
-        std::unique_ptr<Frame> frame = layer.takeFrame(m_newTimes[i]);
-        if (!frame) {
-            return false;
-        }
-        frame->setTime(m_oldTimes[i]);
-        layer.restoreFrame(std::move(frame));
+    Frames frames = takeAt(layer, m_newTimes);
+    const bool areAllThere = frames.size() == m_oldTimes.size();
+    for (size_t i = 0; areAllThere && i < frames.size(); ++i) {
+        frames[i]->setTime(m_oldTimes[i]);
     }
-    return true;
+    layer.restoreFrames(std::move(frames));
+    return areAllThere;
 }

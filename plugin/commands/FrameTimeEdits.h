@@ -1,9 +1,8 @@
 #pragma once
 
 #include "commands/FrameEdit.h"
+#include "commands/FrameLists.h"
 #include "commands/Retiming.h"
-
-#include <maya/MTime.h>
 
 #include <QList>
 
@@ -39,10 +38,10 @@ protected:
 private:
     const FrameSpan m_span;
     const Retiming m_retiming;
-    QList<int> m_numbers;           // after the retiming
-    std::vector<MTime> m_oldTimes;  // of the same frames
-    int m_landing = 0;              // the frame number to go to
-    MTime m_from;                   // the scene's time before
+    QList<int> m_numbers;  // after the retiming
+    Times m_oldTimes;      // of the same frames
+    int m_landing = 0;     // the frame number to go to
+    MTime m_from;          // the scene's time before
 };
 
 /// Moves the frames from one number to another, both included, by an offset.
@@ -61,7 +60,7 @@ private:
     const int m_offset;
     const int m_first;
     const int m_last;
-    QList<int> m_moving;            // in the order in which they are moved
-    std::vector<MTime> m_oldTimes;  // of the same frames
-    std::vector<MTime> m_newTimes;
+    QList<int> m_moving;  // in the order in which obstacles are looked for
+    Times m_oldTimes;     // of the frames moved
+    Times m_newTimes;
 };

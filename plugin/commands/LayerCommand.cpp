@@ -5,7 +5,6 @@
 #include "commands/Flags.h"
 #include "commands/LayerListEdits.h"
 #include "commands/LayerMoveEdits.h"
-#include "commands/LayerPropertyEdit.h"
 #include "model/LayerManager.h"
 #include "node/MasterDrawing.h"
 #include "settings/Messages.h"
@@ -46,6 +45,26 @@ public:
     MStatus undo() override { return MStatus::kSuccess; }
 };
 
+MString asResult(const QString& name)
+{
+    return toMString(name);
+}
+
+bool asResult(bool visible)
+{
+    return visible;
+}
+
+double asResult(float opacity)
+{
+    return static_cast<double>(opacity);
+}
+
+unsigned int asResult(int state)
+{
+    return static_cast<unsigned int>(state);
+}
+
 MStatus failure(const QString& message)
 {
     messages::error(message);
@@ -58,15 +77,14 @@ MStatus invalidParameter(const char* message)
     return MStatus::kInvalidParameter;
 }
 
-// number: what is shown as the layer's index.
-bool hasLayer(const LayerManager& manager, const QString& camera, int index, int number)
-{
-    if (manager.isValidLayer(camera, index)) {
-        return true;
-    }
-    messages::error(QString("Layer does not exist for camera (index): %1 (%2)").arg(camera, QString::number(number)));
-    return false;
-}
+const LayerProperty<QString, const QString&> kName = {&LayerManager::layerName, &LayerManager::renameLayer,
+                                                      &LayerManager::restoreLayerName};
+const LayerProperty<bool, bool> kVisibility = {&LayerManager::layerVisible, &LayerManager::setLayerVisible,
+                                               &LayerManager::setLayerVisible};
+const LayerProperty<float, float> kOpacity = {&LayerManager::layerOpacity, &LayerManager::setLayerOpacity,
+                                              &LayerManager::setLayerOpacity};
+const LayerProperty<int, int> kState = {&LayerManager::layerState, &LayerManager::setLayerState,
+                                        &LayerManager::setLayerState};
 
 }  // namespace
 
@@ -155,7 +173,7 @@ MStatus LayerCommand::doIt(const MArgList& list)
 MStatus LayerCommand::makeActive(const MArgDatabase& args, LayerManager&)
 {
     const int index = numberArgument(args, "-active");
-    const MStatus status = execute(std::unique_ptr<Edit>(new ActivateLayer(m_camera, index)));
+    const MStatus status = execute<ActivateLayer>(m_camera, index);
     if (status) {
         setResult(static_cast<unsigned int>(index));
     }
@@ -202,12 +220,12 @@ MStatus LayerCommand::insertLayer(const MArgDatabase& args, LayerManager& manage
 
 MStatus LayerCommand::deleteLayer(const MArgDatabase& args, LayerManager&)
 {
-    return execute(std::unique_ptr<Edit>(new DeleteLayer(m_camera, numberArgument(args, "-delete"))));
+    return execute<DeleteLayer>(m_camera, numberArgument(args, "-delete"));
 }
 
 MStatus LayerCommand::deleteAll(const MArgDatabase&, LayerManager&)
 {
-    return execute(std::unique_ptr<Edit>(new DeleteAllLayers(m_camera)));
+    return execute<DeleteAllLayers>(m_camera);
 }
 
 // Moves ---------------------------------------------------------------------------------------------------------------
@@ -243,103 +261,81 @@ MStatus LayerCommand::moveAll(const MArgDatabase& args, LayerManager&)
     if (toCamera == m_camera) {
         return MStatus::kFailure;
     }
-    return execute(std::unique_ptr<Edit>(new MoveAllLayers(m_camera, toCamera)));
+    return execute<MoveAllLayers>(m_camera, toCamera);
 }
 
 // Properties ----------------------------------------------------------------------------------------------------------
 
 template <class Value, class Argument>
-MStatus LayerCommand::editProperty(int index, Value (LayerManager::*get)(const QString&, int) const,
-                                   void (LayerManager::*set)(const QString&, int, Argument), const Value& value)
+MStatus LayerCommand::editProperty(const LayerProperty<Value, Argument>& property, int index, int shownIndex,
+                                   const Value& value)
 {
-    return execute(std::unique_ptr<Edit>(new LayerPropertyEdit<Value, Argument>(m_camera, index, get, set, value)));
+    return execute(
+        std::unique_ptr<Edit>(new LayerPropertyEdit<Value, Argument>(property, m_camera, index, shownIndex, value)));
 }
 
-MStatus LayerCommand::editName(const MArgDatabase& args, LayerManager& manager)
+template <class Value, class Argument>
+MStatus LayerCommand::queryProperty(const LayerProperty<Value, Argument>& property, int index,
+                                    const LayerManager& manager)
 {
-    const int index = numberArgument(args, "-editName", 1);
     if (!hasLayer(manager, m_camera, index, index)) {
         return MStatus::kFailure;
     }
-    return editProperty(index, &LayerManager::layerName, &LayerManager::renameLayer, textArgument(args, "-editName"));
+    setResult(asResult((manager.*property.get)(m_camera, index)));
+    return MStatus::kSuccess;
+}
+
+MStatus LayerCommand::editName(const MArgDatabase& args, LayerManager&)
+{
+    const int index = numberArgument(args, "-editName", 1);
+    return editProperty(kName, index, index, textArgument(args, "-editName"));
 }
 
 MStatus LayerCommand::queryName(const MArgDatabase& args, LayerManager& manager)
 {
-    const int index = numberArgument(args, "-queryName");
-    if (!hasLayer(manager, m_camera, index, index)) {
-        return MStatus::kFailure;
-    }
-    setResult(toMString(manager.layerName(m_camera, index)));
-    return MStatus::kSuccess;
+    return queryProperty(kName, numberArgument(args, "-queryName"), manager);
 }
 
-MStatus LayerCommand::editVisibility(const MArgDatabase& args, LayerManager& manager)
+MStatus LayerCommand::editVisibility(const MArgDatabase& args, LayerManager&)
 {
     const int index = numberArgument(args, "-editVis", 1);
-    if (!hasLayer(manager, m_camera, index, index)) {
-        return MStatus::kFailure;
-    }
-    const bool visible = args.flagArgumentBool("-editVis", 0);
-    return editProperty(index, &LayerManager::layerVisible, &LayerManager::setLayerVisible, visible);
+    return editProperty(kVisibility, index, index, args.flagArgumentBool("-editVis", 0));
 }
 
 MStatus LayerCommand::queryVisibility(const MArgDatabase& args, LayerManager& manager)
 {
-    const int index = numberArgument(args, "-queryVis");
-    if (!hasLayer(manager, m_camera, index, index)) {
-        return MStatus::kFailure;
-    }
-    setResult(manager.layerVisible(m_camera, index));
-    return MStatus::kSuccess;
+    return queryProperty(kVisibility, numberArgument(args, "-queryVis"), manager);
 }
 
-MStatus LayerCommand::editOpacity(const MArgDatabase& args, LayerManager& manager)
+MStatus LayerCommand::editOpacity(const MArgDatabase& args, LayerManager&)
 {
     const int index = numberArgument(args, "-editOpacity", 1);
-    if (!hasLayer(manager, m_camera, index, index)) {
-        return MStatus::kFailure;
-    }
     double opacity = 0.0;
     args.getFlagArgument("-editOpacity", 0, opacity);
-    return editProperty(index, &LayerManager::layerOpacity, &LayerManager::setLayerOpacity,
-                        static_cast<float>(opacity));
+    return editProperty(kOpacity, index, index, static_cast<float>(opacity));
 }
 
 MStatus LayerCommand::queryOpacity(const MArgDatabase& args, LayerManager& manager)
 {
-    const int index = numberArgument(args, "-queryOpacity");
-    if (!hasLayer(manager, m_camera, index, index)) {
-        return MStatus::kFailure;
-    }
-    setResult(static_cast<double>(manager.layerOpacity(m_camera, index)));
-    return MStatus::kSuccess;
+    return queryProperty(kOpacity, numberArgument(args, "-queryOpacity"), manager);
 }
 
-MStatus LayerCommand::editState(const MArgDatabase& args, LayerManager& manager)
+// Of a missing layer the report shows the state and not the index: it is meant.
+MStatus LayerCommand::editState(const MArgDatabase& args, LayerManager&)
 {
     const int state = numberArgument(args, "-editState", 0);
-    const int index = numberArgument(args, "-editState", 1);
     if (state < 0 || state >= kLayerStateCount) {
         return failure(QString("Invalid state value: %1").arg(state));
     }
-    if (!hasLayer(manager, m_camera, index, state)) {  // the state is shown and not the index: it is meant
-        return MStatus::kFailure;
-    }
-    return editProperty(index, &LayerManager::layerState, &LayerManager::setLayerState, state);
+    return editProperty(kState, numberArgument(args, "-editState", 1), state, state);
 }
 
 MStatus LayerCommand::queryState(const MArgDatabase& args, LayerManager& manager)
 {
-    const int index = numberArgument(args, "-queryState");
-    if (!hasLayer(manager, m_camera, index, index)) {
-        return MStatus::kFailure;
-    }
-    setResult(static_cast<unsigned int>(manager.layerState(m_camera, index)));
-    return MStatus::kSuccess;
+    return queryProperty(kState, numberArgument(args, "-queryState"), manager);
 }
 
 MStatus LayerCommand::importDrawing(const MArgDatabase&, LayerManager&)
 {
-    return execute(std::unique_ptr<Edit>(new ImportNothing));
+    return execute<ImportNothing>();
 }

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "commands/EditCommand.h"
+#include "commands/LayerPropertyEdit.h"
 
 #include <maya/MArgDatabase.h>
 #include <maya/MSyntax.h>
 
 #include <QString>
-
-class LayerManager;
 
 /// Everything the user can do with the layers of one camera: each change is one step to undo.
 class LayerCommand : public EditCommand {
@@ -45,8 +44,9 @@ private:
     template <class Move>
     MStatus executeMove(std::unique_ptr<Move> edit);
     template <class Value, class Argument>
-    MStatus editProperty(int index, Value (LayerManager::*get)(const QString&, int) const,
-                         void (LayerManager::*set)(const QString&, int, Argument), const Value& value);
+    MStatus editProperty(const LayerProperty<Value, Argument>& property, int index, int shownIndex, const Value& value);
+    template <class Value, class Argument>
+    MStatus queryProperty(const LayerProperty<Value, Argument>& property, int index, const LayerManager& manager);
 
     QString m_camera;
 };

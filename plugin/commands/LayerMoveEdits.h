@@ -1,8 +1,7 @@
 #pragma once
 
 #include "commands/DrawingChange.h"
-
-#include <QString>
+#include "model/LayerManager.h"
 
 /// Moves a layer up or down among those of its camera.
 class MoveLayer : public DrawingChange {
@@ -38,6 +37,8 @@ private:
     int m_toIndex;
     int m_active = -1;  // of either camera before the move
     int m_toActive = -1;
+    CurrentCameras m_before;
+    bool m_changedCurrent = false;
 };
 
 /// Moves all layers of a camera on top of those of another, in their order.
@@ -55,5 +56,6 @@ private:
     int m_toCount = 0;  // layers that the other camera had
     int m_active = -1;  // of either camera before the move
     int m_toActive = -1;
-    bool m_wasCurrent = false;
+    CurrentCameras m_before;
+    bool m_changedCurrent = false;
 };

@@ -1,20 +1,32 @@
 #pragma once
 
+#include "commands/Arguments.h"
 #include "commands/DrawingChange.h"
 #include "model/LayerManager.h"
+
+/// How a property of a layer is read and written.
+template <class Value, class Argument>
+struct LayerProperty {
+    using Setter = void (LayerManager::*)(const QString&, int, Argument);
+
+    Value (LayerManager::*get)(const QString&, int) const;
+    Setter set;      ///< to what the user asks for
+    Setter restore;  ///< to exactly what get gave before
+};
 
 /// Exchanges one property of a layer with the value held: undo and redo are the same.
 template <class Value, class Argument>
 class LayerPropertyEdit : public DrawingChange {
 public:
-    using Getter = Value (LayerManager::*)(const QString&, int) const;
-    using Setter = void (LayerManager::*)(const QString&, int, Argument);
+    using Property = LayerProperty<Value, Argument>;
 
-    LayerPropertyEdit(const QString& camera, int index, Getter get, Setter set, const Value& value)
-        : m_camera(camera), m_index(index), m_get(get), m_set(set), m_value(value)
+    /// shownIndex: what a report of a missing layer shows as its index.
+    LayerPropertyEdit(const Property& property, const QString& camera, int index, int shownIndex, const Value& value)
+        : m_property(property), m_camera(camera), m_index(index), m_shownIndex(shownIndex), m_value(value)
     {}
 
 protected:
+    bool prepare(LayerManager& manager) override { return hasLayer(manager, m_camera, m_index, m_shownIndex); }
     bool apply(LayerManager& manager) override { return swap(manager); }
     bool revert(LayerManager& manager) override { return swap(manager); }
 
@@ -24,15 +36,16 @@ private:
         if (!manager.isValidLayer(m_camera, m_index)) {
             return false;
         }
-        const Value old = (manager.*m_get)(m_camera, m_index);
-        (manager.*m_set)(m_camera, m_index, m_value);
+        const Value old = (manager.*m_property.get)(m_camera, m_index);
+        (manager.*m_property.set)(m_camera, m_index, m_value);
+        m_property.set = m_property.restore;
         m_value = old;
         return true;
     }
 
+    Property m_property;
     const QString m_camera;
     const int m_index;
-    const Getter m_get;
-    const Setter m_set;
+    const int m_shownIndex;
     Value m_value;
 };

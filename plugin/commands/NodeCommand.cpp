@@ -4,6 +4,7 @@
 #include "commands/CreateNodeEdit.h"
 #include "commands/Flags.h"
 #include "commands/GhostRefresh.h"
+#include "model/FrameNumber.h"
 #include "model/LayerManager.h"
 #include "node/BaseNode.h"
 #include "node/MasterDrawing.h"
@@ -93,11 +94,17 @@ MStatus NodeCommand::queryExists()
 
 MStatus NodeCommand::refreshLayers()
 {
-    const std::shared_ptr<LayerManager> manager = masterDrawing();
+    BaseNode* node = BaseNode::masterNode();
+    const std::shared_ptr<LayerManager> manager = node ? node->layerManager() : nullptr;
     if (!manager) {
         return MStatus::kFailure;
     }
+    manager->updateCurrentFrames(currentFrameNumber(), false);
+    for (const QString& camera : manager->cameras()) {
+        manager->markForRedraw(camera);
+    }
     manager->publish();
+    node->requestRedraw();
     return MStatus::kSuccess;
 }
 
@@ -114,5 +121,5 @@ MStatus NodeCommand::createNode(const MArgDatabase& args)
                                      withLayer ? textArgument(args, "-layerName") : QString(),
                                      withLayer ? layerStateArgument(args, "-layerState") : -1,
                                      args.isFlagSet("-frame")};
-    return execute(std::unique_ptr<Edit>(new CreateNodeEdit(layer)));
+    return execute<CreateNodeEdit>(layer);
 }

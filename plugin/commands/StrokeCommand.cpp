@@ -44,5 +44,5 @@ MStatus StrokeCommand::doIt(const MArgList& list)
     int layerAdded = -1;
     args.getFlagArgument("-layerAdded", 0, layerAdded);
     const StrokeTarget target = {camera, layerAdded, args.isFlagSet("-frameAdded")};
-    return execute(std::unique_ptr<Edit>(new CommitStrokeEdit(target)));
+    return execute<CommitStrokeEdit>(target);
 }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <set>
 
 Layer::Layer() : m_id(nextId()), m_name(QString("New Layer")) {}
@@ -110,6 +111,32 @@ void Layer::clearFrames()
     m_sorted = true;
     m_current = -1;
     m_dirty = true;
+}
+
+Frames Layer::takeFrames(const std::function<bool(const Frame&)>& isTaken)
+{
+    const auto isKept = [&](const std::unique_ptr<Frame>& frame) { return !isTaken(*frame); };
+    const auto firstTaken = std::stable_partition(m_frames.begin(), m_frames.end(), isKept);
+    Frames taken(std::make_move_iterator(firstTaken), std::make_move_iterator(m_frames.end()));
+    m_frames.erase(firstTaken, m_frames.end());
+    updateCurrentFrame(currentFrameNumber());
+    return taken;
+}
+
+void Layer::restoreFrames(Frames frames)
+{
+    const auto isEarlier = [](const std::unique_ptr<Frame>& a, const std::unique_ptr<Frame>& b) {
+        return a->time() < b->time();
+    };
+    const auto isSimultaneous = [](const std::unique_ptr<Frame>& a, const std::unique_ptr<Frame>& b) {
+        return a->time() == b->time();
+    };
+    m_frames.insert(m_frames.end(), std::make_move_iterator(frames.begin()), std::make_move_iterator(frames.end()));
+    // Of two at one time the one that was here comes first, and stays.
+    std::stable_sort(m_frames.begin(), m_frames.end(), isEarlier);
+    m_frames.erase(std::unique(m_frames.begin(), m_frames.end(), isSimultaneous), m_frames.end());
+    m_sorted = true;
+    updateCurrentFrame(currentFrameNumber());
 }
 
 QList<int> Layer::frameNumbers() const
@@ -217,7 +244,7 @@ Frame* Layer::shownFrame(int offset) const
     return m_visible ? frameAt(index) : nullptr;
 }
 
-Layer::Frames::const_iterator Layer::firstAfter(int frameNumber) const
+Frames::const_iterator Layer::firstAfter(int frameNumber) const
 {
     const auto isAfter = [](int number, const std::unique_ptr<Frame>& frame) { return number < frame->frameNumber(); };
     if (m_sorted) {
@@ -227,7 +254,7 @@ Layer::Frames::const_iterator Layer::firstAfter(int frameNumber) const
                         [&](const std::unique_ptr<Frame>& frame) { return isAfter(frameNumber, frame); });
 }
 
-Layer::Frames::const_iterator Layer::numbered(int frameNumber) const
+Frames::const_iterator Layer::numbered(int frameNumber) const
 {
     if (m_sorted) {
         const auto first = std::lower_bound(

@@ -5,6 +5,7 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
 #include <vector>
 
 /// What the drawing tool may do on a layer. Every layer holds: it shows its last frame at or before the time.
@@ -14,6 +15,8 @@ enum LayerState {
     kLayerLocked = 2   ///< nothing may be drawn or keyed
 };
 constexpr int kLayerStateCount = 3;
+
+using Frames = std::vector<std::unique_ptr<Frame>>;
 
 /// A stack entry of one camera: frames sorted by frame number, no two with the same one when they are inserted.
 /// Frame pointers handed out are loans until the next insertion or removal.
@@ -59,6 +62,11 @@ public:
     std::unique_ptr<Frame> takeFrameAtCurrentTime();
     void clearFrames();
 
+    // Many frames at once, in little more time than the layer is long. The frame shown is then that of the scene's
+    // time.
+    Frames takeFrames(const std::function<bool(const Frame&)>& isTaken);  ///< in their order
+    void restoreFrames(Frames frames);  ///< each as by restoreFrame(), which says what is refused; in any order
+
     QList<int> frameNumbers() const;
     /// How many frames have the number of an earlier one. In a slower time unit several frames come to have one: they
     /// all stay, but the first is the one that is found by its number and shown.
@@ -82,8 +90,6 @@ public:
     quint64 pictureIdAtOffset(int offset) const;
 
 private:
-    using Frames = std::vector<std::unique_ptr<Frame>>;
-
     bool isHiddenFrame(int index) const;  // behind one of the same number
     Frame* shownFrame(int offset) const;  // null when there is none or the layer is hidden
     Frames::const_iterator firstAfter(int frameNumber) const;

@@ -55,7 +55,7 @@ void LayerManager::publish() const
             s_listView->addRow(entry.first, i, layer.name(), layer.state(), layer.isVisible());
         }
     }
-    s_listView->select(m_currentCamera, activeLayerIndex(m_currentCamera));
+    s_listView->select(m_current.current, activeLayerIndex(m_current.current));
     s_listView->refresh();
 }
 
@@ -84,11 +84,17 @@ QStringList LayerManager::cameras() const
 
 void LayerManager::setCurrentCamera(const QString& camera)
 {
-    if (camera != m_currentCamera) {
-        m_previousCamera = m_currentCamera;
-        m_currentCamera = camera;
+    if (camera != m_current.current) {
+        m_current.previous = m_current.current;
+        m_current.current = camera;
         publish();
     }
+}
+
+void LayerManager::restoreCurrentCameras(const CurrentCameras& cameras)
+{
+    m_current = cameras;
+    publish();
 }
 
 void LayerManager::syncCurrentCamera()
@@ -112,7 +118,7 @@ void LayerManager::prepareCamera(const QString& camera, CameraDrawing& drawing)
 void LayerManager::dropCamera(const QString& camera)
 {
     m_cameras.erase(camera);
-    if (camera == m_currentCamera) {
+    if (camera == m_current.current) {
         setActiveLayer(camera, -1, false);
     }
 }
@@ -293,9 +299,9 @@ bool LayerManager::setActiveLayer(const QString& camera, int index, bool makeCur
         stack->redraw = stack->redraw || stack->activeIndex() != index;  // the ghosts are the active layer's
         stack->setActive(index);
     }
-    if (makeCurrentCamera && camera != m_currentCamera) {
-        m_previousCamera = m_currentCamera;
-        m_currentCamera = camera;
+    if (makeCurrentCamera && camera != m_current.current) {
+        m_current.previous = m_current.current;
+        m_current.current = camera;
     }
     publish();
     return true;
@@ -310,6 +316,14 @@ void LayerManager::renameLayer(const QString& camera, int index, const QString& 
     publish();
 }
 
+void LayerManager::restoreLayerName(const QString& camera, int index, const QString& name)
+{
+    if (Layer* found = layer(camera, index)) {
+        found->setName(name);
+    }
+    publish();
+}
+
 void LayerManager::setLayerOpacity(const QString& camera, int index, float opacity)
 {
     Layer* found = layer(camera, index);
@@ -317,7 +331,7 @@ void LayerManager::setLayerOpacity(const QString& camera, int index, float opaci
         return;
     }
     found->setOpacity(opacity);
-    if (s_views && camera == m_currentCamera && found->isActive()) {
+    if (s_views && camera == m_current.current && found->isActive()) {
         s_views->activeOpacityChanged();
     }
 }
@@ -349,21 +363,28 @@ void LayerManager::clear(bool publishing)
 
 // Frames of the active layer -----------------------------------------------------------------------------------------
 
+// The ghosts may become other ones although the frame shown stays the same.
+Layer* LayerManager::editedLayer(const QString& camera)
+{
+    markForRedraw(camera);
+    return activeLayer(camera);
+}
+
 int LayerManager::addFrame(const QString& camera, const MTime& time)
 {
-    Layer* active = activeLayer(camera);
+    Layer* active = editedLayer(camera);
     return active ? active->addFrame(time) : -1;
 }
 
 int LayerManager::addFrameAtCurrentTime(const QString& camera)
 {
-    Layer* active = activeLayer(camera);
+    Layer* active = editedLayer(camera);
     return active ? active->addFrameAtCurrentTime() : -1;
 }
 
 int LayerManager::insertFrame(const QString& camera, std::unique_ptr<Frame> frame)
 {
-    Layer* active = activeLayer(camera);
+    Layer* active = editedLayer(camera);
     return active ? active->insertFrame(std::move(frame)) : -1;
 }
 
@@ -375,13 +396,13 @@ std::unique_ptr<Frame> LayerManager::copyFrame(const QString& camera, const MTim
 
 std::unique_ptr<Frame> LayerManager::takeFrame(const QString& camera, const MTime& time)
 {
-    Layer* active = activeLayer(camera);
+    Layer* active = editedLayer(camera);
     return active ? active->takeFrame(time) : nullptr;
 }
 
 std::unique_ptr<Frame> LayerManager::takeFrameAtCurrentTime(const QString& camera)
 {
-    Layer* active = activeLayer(camera);
+    Layer* active = editedLayer(camera);
     return active ? active->takeFrameAtCurrentTime() : nullptr;
 }
 
@@ -405,7 +426,7 @@ QList<int> LayerManager::frameNumbers(const QString& camera) const
 
 void LayerManager::retime(const QString& camera, const QList<int>& numbers)
 {
-    if (Layer* active = activeLayer(camera)) {
+    if (Layer* active = editedLayer(camera)) {
         active->retime(numbers);
     }
 }
@@ -419,7 +440,7 @@ bool LayerManager::hasFrameAtCurrentTime(const QString& camera) const
 void LayerManager::updateCurrentFrames(int frameNumber, bool skipActive)
 {
     const Layer* drawnOn = strokeLayer();
-    const Layer* kept = skipActive ? activeLayer(m_currentCamera) : nullptr;
+    const Layer* kept = skipActive ? activeLayer(m_current.current) : nullptr;
     for (const auto& entry : m_cameras) {
         for (const auto& layer : entry.second.layers) {
             if (layer.get() != drawnOn && layer.get() != kept) {
@@ -429,7 +450,7 @@ void LayerManager::updateCurrentFrames(int frameNumber, bool skipActive)
     }
     const bool playing = MAnimControl::isPlaying();
     if (playing && !m_wasPlaying) {
-        markForRedraw(m_currentCamera);  // its ghosts may have to go
+        markForRedraw(m_current.current);  // its ghosts may have to go
     }
     m_wasPlaying = playing;
     PixelBudget::instance().trim();

@@ -20,6 +20,12 @@ struct FrameAddress {
     int frameNumber;
 };
 
+/// The camera the user works in, and the one before it.
+struct CurrentCameras {
+    QString current;
+    QString previous;
+};
+
 /// One node's whole drawing: for every camera a stack of layers with one active, the picture composed of them, and the
 /// stroke in progress. A camera exists here from its first layer to the removal of its last. Main thread only.
 /// Layer pointers handed out are loans until the next insertion, removal or move.
@@ -41,8 +47,10 @@ public:
 
     // Cameras
     QStringList cameras() const;  ///< those with layers, sorted case-sensitively
-    const QString& currentCamera() const { return m_currentCamera; }
-    const QString& previousCamera() const { return m_previousCamera; }
+    const QString& currentCamera() const { return m_current.current; }
+    const QString& previousCamera() const { return m_current.previous; }
+    const CurrentCameras& currentCameras() const { return m_current; }
+    void restoreCurrentCameras(const CurrentCameras& cameras);  ///< as currentCameras() gave them before
     void setCurrentCamera(const QString& camera);
     void syncCurrentCamera();  ///< makes the active view's camera current; without a view nothing changes
 
@@ -74,6 +82,8 @@ public:
     /// False, reported, for an index that the camera does not have; -1 is accepted on a camera without layers.
     bool setActiveLayer(const QString& camera, int index, bool makeCurrentCamera);
     void renameLayer(const QString& camera, int index, const QString& name);
+    /// The name exactly as it is given, though it may be taken or unrecordable: what undo gives back.
+    void restoreLayerName(const QString& camera, int index, const QString& name);
     void setLayerOpacity(const QString& camera, int index, float opacity);
     void setLayerState(const QString& camera, int index, int state);
     void setLayerVisible(const QString& camera, int index, bool visible);
@@ -136,6 +146,7 @@ private:
     const CameraDrawing* drawing(const QString& camera) const;
     void prepareCamera(const QString& camera, CameraDrawing& drawing);
     void dropCamera(const QString& camera);
+    Layer* editedLayer(const QString& camera);  // the active one, its camera marked for redraw
     static InkedImage strokeStart(Layer& layer, ToolType tool, bool blank);
     Layer* strokeLayer() const;       // null without a stroke and when the layer is gone
     Layer* shownStrokeLayer() const;  // null also when it is hidden, and when the frame drawn on is gone
@@ -161,8 +172,7 @@ private:
     static DrawingViews* s_views;
 
     std::map<QString, CameraDrawing> m_cameras;
-    QString m_currentCamera;
-    QString m_previousCamera;
+    CurrentCameras m_current;
     StrokeInProgress m_stroke;
     bool m_master = false;
     bool m_wasPlaying = false;

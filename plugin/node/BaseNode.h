@@ -86,8 +86,6 @@ public:
     /// nothing to draw on (reported, but for an empty camera or a question put to the user); nothing is left behind
     /// then.
     bool drawingTarget(const QString& camera, int& newLayerIndex, bool& frameCreated);
-    /// Takes back what drawingTarget made for a stroke that came to nothing. frame: the one it was to go to.
-    void withdrawDrawingTarget(const FrameAddress& frame, int newLayerIndex, bool frameCreated);
     /// Has the camera's stroke committed as one undo step, with what was made for it. False when there is none, when
     /// this is not the node that commands work on, and when the host refuses.
     bool commitStroke(const QString& camera);

@@ -4,6 +4,7 @@
 
 #include "model/FrameNumber.h"
 #include "model/LayerManager.h"
+#include "node/MadeTarget.h"
 #include "node/TimelineMarks.h"
 #include "settings/Messages.h"
 #include "settings/Preferences.h"
@@ -83,20 +84,6 @@ bool BaseNode::prepareFrame(LayerManager& manager, const QString& camera, bool& 
     return frameCreated;
 }
 
-void BaseNode::withdrawDrawingTarget(const FrameAddress& frame, int newLayerIndex, bool frameCreated)
-{
-    const std::shared_ptr<LayerManager> manager = layerManager();
-    Layer* layer = manager ? manager->layer(frame.camera, frame.layerIndex) : nullptr;
-    if (layer && frameCreated) {
-        layer->takeFrame(timeOfFrame(frame.frameNumber));
-        layer->updateCurrentFrame(::currentFrameNumber());
-        TimelineMarks::refreshInstalled();
-    }
-    if (layer && newLayerIndex >= 0) {
-        manager->takeLayer(frame.camera, newLayerIndex);
-    }
-}
-
 bool BaseNode::commitStroke(const QString& camera)
 {
     const std::shared_ptr<LayerManager> manager = masterNode() == this ? layerManagerIfAny() : nullptr;
@@ -110,16 +97,7 @@ bool BaseNode::commitStroke(const QString& camera)
 
 void BaseNode::withdrawMadeStroke()
 {
-    const std::shared_ptr<LayerManager> manager = layerManagerIfAny();
-    for (const QString& camera : manager ? manager->cameras() : QStringList()) {
-        const ActiveStroke* stroke = manager->stroke(camera);
-        if (!stroke || !(stroke->layerMade || stroke->frameMade)) {
-            continue;
-        }
-        const FrameAddress frame = manager->strokeFrame(camera);  // where the layer is by now
-        const int layerIndex = stroke->layerMade ? frame.layerIndex : -1;
-        const bool frameMade = stroke->frameMade;
-        manager->dropStroke();
-        withdrawDrawingTarget(frame, layerIndex, frameMade);
+    if (const std::shared_ptr<LayerManager> manager = layerManagerIfAny()) {
+        MadeTarget(*manager).drop();
     }
 }

@@ -5,3 +5,8 @@ struct FrameSpan {
     int first;
     int end;
 };
+
+inline bool contains(const FrameSpan& span, int frameNumber)
+{
+    return frameNumber >= span.first && frameNumber < span.end;
+}

@@ -43,6 +43,11 @@ TEST_F(FrameCommandTest, InsertsOnANewLayerWhenTheCameraHasNone)
     EXPECT_EQ(keys(), Keys{7});
     run("undo");
     EXPECT_EQ(drawing().totalLayerCount(), 0);
+    drawing().setCurrentCamera("top");
+    run("redo");
+    EXPECT_EQ(drawing().currentCamera(), "persp") << "the first layer's";
+    run("undo");
+    EXPECT_EQ(drawing().currentCamera(), "top");
 }
 
 TEST_F(FrameCommandTest, ARedoneNewLayerIsAsItWasWhateverThePreferenceSaysByThen)
@@ -69,14 +74,33 @@ TEST_F(FrameCommandTest, InsertsWhereverTheSpanHasNoFrame)
     EXPECT_EQ(keys(), (Keys{1, 2, 3, 4, 5}));
 }
 
-TEST_F(FrameCommandTest, InsertsALongSpanAndTakesItBack)
+// Each would take minutes if it went frame by frame.
+TEST_F(FrameCommandTest, WorksOnManyFramesAtOnce)
 {
-    keyed("persp", "A", {0});
-    highlight(1, 20001);
-    ASSERT_TRUE(run(frame("-ins persp")));
-    EXPECT_EQ(keys().size(), 20001);
-    run("undo");
-    EXPECT_EQ(keys(), Keys{0});
+    keyed("persp", "A", {});
+    Frames every;
+    for (int frameNumber = 0; frameNumber < 200000; frameNumber += 2) {
+        every.emplace_back(new Frame(timeOfFrame(frameNumber)));
+    }
+    drawing().activeLayer("persp")->restoreFrames(std::move(every));
+    highlight(0, 200000);
+    const struct {
+        const char* arguments;
+        int count;
+    } cases[] = {{"-ins", 200000}, {"-del", 0},      {"-clr", 100000},
+                 {"-cut", 0},      {"-pst", 100000}, {"-mv 1 0 199999", 100000}};
+    for (const auto& c : cases) {
+        const Keys before = keys();
+        ASSERT_TRUE(run(frame(c.arguments)));
+        const Keys after = keys();
+        EXPECT_EQ(after.size(), c.count) << c.arguments;
+        run("undo");
+        EXPECT_TRUE(keys() == before) << c.arguments;
+        run("redo");
+        EXPECT_TRUE(keys() == after) << c.arguments;
+        run("undo");
+    }
+    run("file -f -new");  // what is left would be written as text when the fixture goes
 }
 
 TEST_F(FrameCommandTest, DuplicatesThePreviousDrawingToTheCurrentTime)
@@ -347,20 +371,6 @@ TEST_F(FrameCommandTest, MovesFramesByAnOffset)
     EXPECT_THAT(errors(), IsEmpty());
 }
 
-TEST_F(FrameCommandTest, RefusesNumbersOutsideTheRangeAndChangesNothing)
-{
-    keyed("persp", "A", {1, 2, 4});
-    expectRefused(frame("-retime 2147483647"), "Frame number out of range");
-    expectRefused(frame("-retime 2147483647 -relative"), "Frame number out of range");
-    expectRefused(frame("-move 2147483647 1 2"), "Frame number out of range");
-    run(frame("-copy"));
-    highlight(1, 5);
-    run(frame("-copy"));
-    highlight(2147483646, 2147483647);
-    expectRefused(frame("-paste"), "Frame number out of range");
-    EXPECT_EQ(now(), 1);
-}
-
 TEST_F(FrameCommandTest, FramesBetweenTwoOfASlowerTimeUnitComeBackWhereTheyWere)
 {
     run("currentUnit -t film");
@@ -539,44 +549,6 @@ TEST_F(FrameCommandTest, TheFirstModeInOrderOfPrecedenceIsTaken)
     EXPECT_EQ(keys(), Keys{5});
     EXPECT_TRUE(run(frame("-move 1 5 5 -ret 1 -sb -sf")));
     EXPECT_EQ(now(), 5);
-}
-
-TEST_F(FrameCommandTest, RefusesWhatItCannotDo)
-{
-    keyed("persp", "A", {1, 2, 3});
-    const struct {
-        const char* arguments;
-        const char* message;  // null when it fails silently
-    } cases[] = {
-        {"-ins nowhere", "Camera does not exist: nowhere"},
-        {"-sf nowhere", "Camera does not exist: nowhere"},
-        {"-retime 2 nowhere", "Camera does not exist: nowhere"},
-        {"-move 2 1 1", "Move Failed. A frame already exists at time 3"},
-        {"-move -1 3 3", "Move Failed. A frame already exists at time 2"},
-        {"-move 0 1 3", nullptr},
-        {"", nullptr},
-        {"-relative -moveToNext", nullptr},
-    };
-    for (const auto& c : cases) {
-        if (c.message) {
-            expectRefused(frame(c.arguments), c.message);
-        } else {
-            expectSilentlyRefused(frame(c.arguments));
-        }
-    }
-    for (const char* malformed :
-         {"-retime", "-retime x", "-move 1 2", "-move 1 2 x", "-e -ins", "-q -ins", "-noSuchFlag"}) {
-        expectRefused(frame(malformed));
-    }
-}
-
-TEST_F(FrameCommandTest, SaysWhatIsMissingInASceneWithoutADrawing)
-{
-    run("file -f -new");
-    expectRefused(frame("-ins"), "Failed to insert key. Node does not exist.");
-    for (const char* arguments : {"-dup", "-del", "-cut", "-cp", "-pst", "-clr", "-sf", "-sb", "-ret 1", "-mv 1 1 1"}) {
-        expectRefused(frame(arguments), "Node not found");
-    }
 }
 
 class FrameCommandWithoutViewTest : public CommandFixture {};

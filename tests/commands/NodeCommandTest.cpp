@@ -14,9 +14,34 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+/// Stands in for the command that refreshes the panel.
+struct PanelRefresh : MPxCommand {
+    static void* creator() { return new PanelRefresh; }
+    static MSyntax newSyntax()
+    {
+        MSyntax syntax;
+        syntax.addFlag("-rlm", "-refreshLayerManager");
+        return syntax;
+    }
+    MStatus doIt(const MArgList&) override
+    {
+        ++s_count;
+        return MStatus::kSuccess;
+    }
+
+    static int s_count;
+};
+
+int PanelRefresh::s_count = 0;
+
 class NodeCommandTest : public NodeFixture {
 protected:
-    NodeCommandTest() { addCommand(names::kNodeCommand, NodeCommand::creator, NodeCommand::newSyntax); }
+    NodeCommandTest()
+    {
+        addCommand(names::kNodeCommand, NodeCommand::creator, NodeCommand::newSyntax);
+        addCommand(names::kUtilCommand, PanelRefresh::creator, PanelRefresh::newSyntax);
+        PanelRefresh::s_count = 0;
+    }
 
     bool command(const std::string& arguments) { return run("tqLumisketchNode " + arguments); }
     bool exists(const std::string& name)
@@ -98,6 +123,7 @@ TEST_F(NodeCommandTest, UndoAndRedoRestoreSelectionAndLocksButNotTheFirstLayer)
     EXPECT_EQ(selection(), "");
     EXPECT_EQ(drawing().layerName("persp", 0), "Ink");
     for (int round = 0; round < 2; ++round) {
+        EXPECT_EQ(PanelRefresh::s_count, round + 1) << "on every run, when the host is idle";
         run("undo");
         EXPECT_EQ(BaseNode::masterNode(), nullptr);
         EXPECT_FALSE(exists("lumisketch"));
@@ -203,24 +229,25 @@ TEST_F(NodeCommandTest, TheFirstModeInOrderOfPrecedenceIsTaken)
     EXPECT_EQ(list.cleared, 1);
 }
 
-TEST_F(NodeCommandTest, RefreshingGhostsHasTheCurrentCameraComposedAnew)
+TEST_F(NodeCommandTest, RefreshesHaveTheDrawingComposedAnewAsItIsAtTheScenesTime)
 {
     ASSERT_TRUE(command("-l -c persp"));
-    drawing().composite("persp");
-    ASSERT_FALSE(drawing().needsRedraw("persp"));
-    EXPECT_TRUE(command("-rg"));
-    EXPECT_TRUE(drawing().needsRedraw("persp"));
-}
-
-TEST_F(NodeCommandTest, RefusesOtherEditsAndQueries)
-{
-    EXPECT_FALSE(command("-e -l"));
-    EXPECT_THAT(errors(), testing::Contains("[Lumisketch2] Invalid edit parameter"));
-    EXPECT_FALSE(command("-q -ex"));
-    EXPECT_THAT(errors(), testing::Contains("[Lumisketch2] Invalid query parameter"));
-    EXPECT_FALSE(command("-noSuchFlag"));
-    EXPECT_FALSE(command("-l -ls -1"));
-    EXPECT_EQ(BaseNode::masterNode(), nullptr);
+    drawing().insertLayer("top", -1, "X");
+    drawing().addFrame("top", timeOfFrame(1));
+    const struct {
+        const char* flag;
+        bool redrawsOthers;  // than the current camera
+        int shown;           // index of top's frame afterwards
+    } cases[] = {{"-rg", false, -1}, {"-r", true, 0}};
+    for (const auto& c : cases) {
+        drawing().updateCurrentFrames(0, false);
+        drawing().composite("persp");
+        drawing().composite("top");
+        EXPECT_TRUE(command(c.flag));
+        EXPECT_TRUE(drawing().needsRedraw("persp")) << c.flag;
+        EXPECT_EQ(drawing().needsRedraw("top"), c.redrawsOthers) << c.flag;
+        EXPECT_EQ(drawing().activeLayer("top")->currentFrameIndex(), c.shown) << c.flag;
+    }
 }
 
 }  // namespace

@@ -120,11 +120,18 @@ TEST_F(DrawingTargetTest, AnEmptyCameraIsRefusedSilently)
 
 TEST_F(DrawingTargetTest, WithdrawingTakesBackTheFrameOrTheLayerWhereverTimeHasMoved)
 {
-    goTo(5);
-    Outcome made = resolve();
-    ASSERT_TRUE(made.frameCreated);
-    goTo(8);
-    node().withdrawDrawingTarget({"persp", 0, 5}, made.newLayer, made.frameCreated);
+    const auto withdrawLater = [this] {
+        goTo(5);
+        const Outcome made = resolve();
+        ASSERT_TRUE(made.frameCreated);
+        ActiveStroke* stroke = drawing().beginStroke("persp", false);
+        stroke->layerMade = made.newLayer >= 0;
+        stroke->frameMade = true;
+        goTo(8);
+        node().withdrawMadeStroke();
+        EXPECT_FALSE(drawing().hasStroke());
+    };
+    withdrawLater();
     EXPECT_EQ(drawing().totalLayerCount(), 0);
 
     drawing().insertLayer("persp", -1, "Ink");
@@ -132,11 +139,7 @@ TEST_F(DrawingTargetTest, WithdrawingTakesBackTheFrameOrTheLayerWhereverTimeHasM
     drawing().addFrame("persp", timeOfFrame(8));
     goTo(8);
     const QString before = describeDrawing();
-    goTo(5);
-    made = resolve();
-    ASSERT_TRUE(made.frameCreated);
-    goTo(8);
-    node().withdrawDrawingTarget({"persp", 0, 5}, made.newLayer, made.frameCreated);
+    withdrawLater();
     EXPECT_EQ(describeDrawing(), before);
     EXPECT_EQ(drawing().activeLayer("persp")->currentFrameIndex(), 1);
 }

@@ -1,0 +1,439 @@
+#include "support/CommandFixture.h"
+#include "support/TestView.h"
+
+#include "commands/FrameCommand.h"
+#include "commands/LayerCommand.h"
+#include "commands/NodeCommand.h"
+#include "commands/StrokeCommand.h"
+
+namespace {
+
+constexpr char kNode[] = "tqLumisketchNode ";
+constexpr char kLayer[] = "tqLumisketchLayer ";
+constexpr char kFrame[] = "tqLumisketchFrame ";
+constexpr char kStroke[] = "tqLumisketchStroke ";
+
+/// A flag with the kinds of its values: i for a number, u for one that is not negative, d for one with a fraction,
+/// b for a truth, s for a text.
+struct FlagForms {
+    const char* command;
+    const char* shortForm;
+    const char* longForm;
+    const char* values;
+    const char* rest = "";  ///< what a caller writes beside it
+};
+
+// -addLayer without a state and the layer command's -insert are not among them: they fail and leave a layer, as meant.
+const FlagForms kFlags[] = {
+    {kNode, "-ex", "-exists", ""},
+    {kNode, "-r", "-refresh", ""},
+    {kNode, "-rg", "-refreshGhosting", ""},
+    {kNode, "-l", "-layer", ""},
+    {kNode, "-c", "-camera", "s", "-l"},
+    {kNode, "-ln", "-layerName", "s", "-l"},
+    {kNode, "-ls", "-layerState", "u", "-l"},
+    {kNode, "-f", "-frame", "", "-l"},
+    {kLayer, "-act", "-active", "u", "-e"},
+    {kLayer, "-act", "-active", "u"},
+    {kLayer, "-cnt", "-count", ""},
+    {kLayer, "-add", "-addLayer", "", "-ls 0"},
+    {kLayer, "-del", "-delete", "u"},
+    {kLayer, "-da", "-deleteAll", ""},
+    {kLayer, "-mv", "-move", "ui"},
+    {kLayer, "-mv", "-move", "ui", "-nc top"},
+    {kLayer, "-mva", "-moveAll", "s"},
+    {kLayer, "-n", "-name", "s", "-add -ls 0"},
+    {kLayer, "-nc", "-newCamera", "s", "-mv 0 0"},
+    {kLayer, "-en", "-editName", "su"},
+    {kLayer, "-qn", "-queryName", "u"},
+    {kLayer, "-ev", "-editVis", "bu"},
+    {kLayer, "-qv", "-queryVis", "u"},
+    {kLayer, "-eo", "-editOpacity", "du"},
+    {kLayer, "-qo", "-queryOpacity", "u"},
+    {kLayer, "-es", "-editState", "uu"},
+    {kLayer, "-qs", "-queryState", "u"},
+    {kLayer, "-ls", "-layerState", "u", "-add"},
+    {kLayer, "-ifw", "-importFramewright", "ss"},
+    {kFrame, "-ins", "-insert", ""},
+    {kFrame, "-dup", "-duplicate", ""},
+    {kFrame, "-del", "-delete", ""},
+    {kFrame, "-cut", "-cutFrame", ""},
+    {kFrame, "-cp", "-copy", ""},
+    {kFrame, "-pst", "-paste", ""},
+    {kFrame, "-clr", "-clear", ""},
+    {kFrame, "-sf", "-stepForward", ""},
+    {kFrame, "-sb", "-stepBack", ""},
+    {kFrame, "-ret", "-retime", "i"},
+    {kFrame, "-rel", "-relative", "", "-ret 2"},
+    {kFrame, "-mvn", "-moveToNext", "", "-ret 2"},
+    {kFrame, "-mv", "-move", "iii"},
+    {kStroke, "-la", "-layerAdded", "i"},
+    {kStroke, "-fa", "-frameAdded", ""},
+};
+
+using Texts = std::vector<std::string>;
+
+/// What callers write for a value, good and bad.
+Texts valuesOfKind(char kind)
+{
+    switch (kind) {
+    case 's': return {"persp", "top", "nowhere", "box", "\"\"", "\"q\\\"b\\\\s\\nx\""};
+    case 'b': return {"0", "off", "-1", "2147483647"};
+    default: return {"0", "1", "-1", "2147483647", "-2147483648", "2147483648", "0.5", "x"};
+    }
+}
+
+/// The flag with every combination of values, with each value missing, twice, and by both of its names.
+Texts formsOf(const FlagForms& flag)
+{
+    Texts forms = {std::string(flag.shortForm)};
+    Texts all = forms;
+    for (const char* kind = flag.values; *kind; ++kind) {
+        Texts longer;
+        for (const std::string& form : forms) {
+            for (const std::string& value : valuesOfKind(*kind)) {
+                longer.push_back(form + " " + value);
+            }
+        }
+        all.insert(all.end(), longer.begin(), longer.end());
+        forms = longer;
+    }
+    all.push_back(forms.front() + " " + forms.back());
+    all.push_back(flag.longForm + forms.front().substr(std::string(flag.shortForm).size()));
+    return all;
+}
+
+/// Every form of every flag on every kind of camera, as texts.
+Texts everyText()
+{
+    Texts texts;
+    for (const FlagForms& flag : kFlags) {
+        for (const std::string& form : formsOf(flag)) {
+            const std::string text = flag.command + (flag.rest + (" " + form));
+            const bool isLong = std::string(flag.values).size() > 2;  // enough of it on one camera
+            const Texts cameras = flag.command == kNode ? Texts{""}
+                                : isLong                ? Texts{" persp"}
+                                                        : Texts{" persp", " front", "", " nowhere", " box", " \"\""};
+            for (const std::string& camera : cameras) {
+                texts.push_back(text + camera);
+            }
+        }
+    }
+    return texts;
+}
+
+enum class Pending { Nothing, Stroke, PasteOnMadeFrame, PasteOnMadeLayer };
+
+/// persp: A with frames 1, 2 and 4, B active; top: X. Neither has a frame at the scene's time 3. box is no camera.
+class CommandRefusalsTest : public CommandFixture {
+protected:
+    CommandRefusalsTest()
+    {
+        addCommand(names::kNodeCommand, NodeCommand::creator, NodeCommand::newSyntax);
+        addCommand(names::kLayerCommand, LayerCommand::creator, LayerCommand::newSyntax);
+        addCommand(names::kFrameCommand, FrameCommand::creator, FrameCommand::newSyntax);
+        addCommand(names::kStrokeCommand, StrokeCommand::creator, StrokeCommand::newSyntax);
+        run("createNode transform -n box");
+        goTo(3);
+    }
+
+    void draw()
+    {
+        keyed("persp", "A", {1, 2, 4});
+        keyed("persp", "B", {1, 2, 4});
+        keyed("top", "X", {1});
+        drawing().setActiveLayer("persp", 1, true);
+        goTo(4);
+        run("tqLumisketchFrame -cp");
+        goTo(3);
+        run("select box");
+    }
+
+    void begin(Pending pending)
+    {
+        if (pending == Pending::Stroke) {
+            goTo(4);
+            ASSERT_NE(drawing().beginStroke("persp", false), nullptr);
+        } else if (pending != Pending::Nothing) {
+            floatPaste(pending == Pending::PasteOnMadeFrame ? "persp" : "front");
+        }
+    }
+    void giveUp()
+    {
+        if (BaseNode::masterNode()) {
+            node().withdrawMadeStroke();
+            drawing().dropStroke();
+        }
+        goTo(3);
+    }
+
+    /// All that a command could change but the clipboard; pictures and layers by their identity.
+    QString scene()
+    {
+        QStringList lines = {QString::fromStdString(kernel::toText(evaluate("ls -sl"))),
+                             QString::number(MAnimControl::currentTime().value())};
+        const BaseNode* master = BaseNode::masterNode();
+        const std::shared_ptr<LayerManager> manager = master ? master->layerManager() : nullptr;
+        for (const QString& camera : manager ? manager->cameras() : QStringList()) {
+            for (int i = 0; i < manager->layerCount(camera); ++i) {
+                lines << camera + describeLayer(*manager->layer(camera, i));
+            }
+            lines << (manager->stroke(camera) ? "stroke" : "");
+        }
+        if (manager) {
+            lines << manager->currentCamera() << manager->previousCamera();
+        }
+        return lines.join("\n");
+    }
+    QString clipboard()
+    {
+        QString numbers;
+        if (BaseNode* master = BaseNode::masterNode()) {
+            for (const std::unique_ptr<Frame>& frame : master->frameClipboard()) {
+                numbers += QString("%1:%2 ").arg(frame->frameNumber()).arg(frame->picture().id());
+            }
+        }
+        return numbers;
+    }
+    std::vector<std::string> ownErrors() const
+    {
+        std::vector<std::string> own;
+        for (const std::string& error : errors()) {
+            if (error.find("[Lumisketch2] ") == 0) {
+                own.push_back(error.substr(14));
+            }
+        }
+        return own;
+    }
+
+    /// A text that fails has said at most one thing and changed nothing; one that succeeds is at most one step, whose
+    /// undo gives everything back. Gives whether it succeeded.
+    bool expectAllOrNothing(const std::string& text, Pending pending)
+    {
+        SCOPED_TRACE(text + ", pending " + std::to_string(int(pending)));
+        const QString base = scene();
+        begin(pending);
+        const QString before = scene();
+        const QString clipboardBefore = clipboard();
+        const unsigned steps = session().undo.count();
+        forgetLines();
+        const bool succeeded = run(text);
+        const unsigned made = session().undo.count() - steps;
+        EXPECT_LE(ownErrors().size(), succeeded ? 0u : 1u);
+        if (succeeded) {
+            EXPECT_LE(made, 1u);
+            EXPECT_TRUE(made == 0 || run("undo"));
+        } else {
+            EXPECT_EQ(made, 0u);
+            EXPECT_EQ(scene(), before);
+            EXPECT_EQ(clipboard(), clipboardBefore);
+        }
+        giveUp();
+        EXPECT_EQ(scene(), base);
+        return succeeded;
+    }
+
+    TestViews m_views;
+
+private:
+    static QString describeLayer(const Layer& layer)
+    {
+        QStringList parts = {QString::number(layer.id()),
+                             layer.name(),
+                             QString::number(layer.isActive()),
+                             QString::number(layer.isVisible()),
+                             QString::number(double(layer.opacity())),
+                             QString::number(layer.state()),
+                             QString::number(layer.currentFrameIndex())};
+        for (int i = 0; i < layer.frameCount(); ++i) {
+            const Frame& frame = *layer.frameAt(i);
+            parts << QString("%1:%2").arg(frame.frameNumber()).arg(frame.picture().id());
+        }
+        return parts.join(" ");
+    }
+};
+
+TEST_F(CommandRefusalsTest, WhateverIsTypedIsDoneAndUndoneAsAWholeOrNotDoneAtAll)
+{
+    for (const std::string& text : everyText()) {
+        expectAllOrNothing(text, Pending::Nothing);  // a scene without a drawing
+    }
+    draw();
+    int done = 0;
+    for (const std::string& text : everyText()) {
+        done += expectAllOrNothing(text, Pending::Nothing);
+    }
+    EXPECT_GT(done, 100);
+}
+
+TEST_F(CommandRefusalsTest, WhatFailsDuringAStrokeLeavesTheStrokeAndWhatWasMadeForIt)
+{
+    draw();
+    for (const char* text : {"tqLumisketchNode",
+                             "tqLumisketchNode -e",
+                             "tqLumisketchLayer -e -act 1 persp",
+                             "tqLumisketchLayer -e -act 9 persp",
+                             "tqLumisketchLayer -del 9 persp",
+                             "tqLumisketchLayer -mv 9 0 persp",
+                             "tqLumisketchLayer -nc nowhere -mv 0 0 persp",
+                             "tqLumisketchLayer -mva nowhere persp",
+                             "tqLumisketchLayer -en Sky 9 persp",
+                             "tqLumisketchLayer -en Sky 0 front",
+                             "tqLumisketchLayer -es 7 0 persp",
+                             "tqLumisketchLayer -add -ls 0 persp",
+                             "tqLumisketchLayer -da persp",
+                             "tqLumisketchLayer -mva top persp",
+                             "tqLumisketchFrame -ins",
+                             "tqLumisketchFrame -del",
+                             "tqLumisketchFrame -cut",
+                             "tqLumisketchFrame -pst",
+                             "tqLumisketchFrame -clr",
+                             "tqLumisketchFrame -dup",
+                             "tqLumisketchFrame -dup front",
+                             "tqLumisketchFrame -retime 2147483647",
+                             "tqLumisketchFrame -mv 2 2 2",
+                             "tqLumisketchFrame -mv 1 1 1",
+                             "tqLumisketchFrame -sf",
+                             "tqLumisketchStroke top",
+                             "tqLumisketchStroke nowhere"}) {
+        for (const Pending pending : {Pending::Stroke, Pending::PasteOnMadeFrame, Pending::PasteOnMadeLayer}) {
+            expectAllOrNothing(text, pending);
+        }
+    }
+}
+
+TEST_F(CommandRefusalsTest, SaysWhatIsWrong)
+{
+    draw();
+    const struct {
+        const char* command;
+        const char* arguments;
+        const char* message;  // null when the plug-in fails silently
+    } cases[] = {
+        {kNode, "", "Node already exists"},
+        {kNode, "-l -c persp", "Node already exists"},
+        {kNode, "-e -l", "Invalid edit parameter"},
+        {kNode, "-e -ex", "Invalid edit parameter"},
+        {kNode, "-q -ex", "Invalid query parameter"},
+        {kNode, "-q", "Invalid query parameter"},
+        {kNode, "-noSuchFlag", nullptr},
+        {kLayer, "-cnt", "Camera not specified"},
+        {kLayer, "-add -ls 0", "Camera not specified"},
+        {kLayer, "-cnt nowhere", "Camera does not exist: nowhere"},
+        {kLayer, "-cnt box", "Camera does not exist: box"},
+        {kLayer, "-cnt Persp", "Camera does not exist: Persp"},
+        {kLayer, "-cnt \"\"", "Camera does not exist: "},
+        {kLayer, "-e persp", "Invalid edit parameter"},
+        {kLayer, "-e -en Sky 0 persp", "Invalid edit parameter"},
+        {kLayer, "-e -act 2 persp", "Invalid layer index: 2"},
+        {kLayer, "-e -act 0 front", "Invalid layer index: 0"},
+        {kLayer, "-e -act 1 persp", nullptr},  // it is so already
+        {kLayer, "-q -cnt persp", "Invalid query parameter"},
+        {kLayer, "persp", "Invalid command parameters"},
+        {kLayer, "-n Sky persp", "Invalid command parameters"},
+        {kLayer, "-act 0 persp", "Invalid command parameters"},
+        {kLayer, "-del 2 persp", nullptr},
+        {kLayer, "-del -1 persp", nullptr},
+        {kLayer, "-mv 2 0 persp", "Invalid layer: persp (2)"},
+        {kLayer, "-nc top -mv 2 0 persp", "Invalid layer: persp (2)"},
+        {kLayer, "-nc nowhere -mv 0 0 persp", "Camera does not exist: nowhere"},
+        {kLayer, "-nc persp -mv 0 2 persp", nullptr},
+        {kLayer, "-mva persp persp", nullptr},
+        {kLayer, "-mva top front", nullptr},
+        {kLayer, "-mva box persp", "Camera does not exist: box"},
+        {kLayer, "-en Sky 2 persp", "Layer does not exist for camera (index): persp (2)"},
+        {kLayer, "-qn 2 persp", "Layer does not exist for camera (index): persp (2)"},
+        {kLayer, "-ev 1 4 top", "Layer does not exist for camera (index): top (4)"},
+        {kLayer, "-qv 4 top", "Layer does not exist for camera (index): top (4)"},
+        {kLayer, "-eo 0.5 2147483647 persp", "Layer does not exist for camera (index): persp (2147483647)"},
+        {kLayer, "-qo 0 front", "Layer does not exist for camera (index): front (0)"},
+        {kLayer, "-es 1 9 persp", "Layer does not exist for camera (index): persp (1)"},  // the state for the index
+        {kLayer, "-qs 9 persp", "Layer does not exist for camera (index): persp (9)"},
+        {kLayer, "-es 5 0 persp", "Invalid state value: 5"},
+        {kLayer, "-es 3 9 persp", "Invalid state value: 3"},
+        {kFrame, "-ins nowhere", "Camera does not exist: nowhere"},
+        {kFrame, "-sf box", "Camera does not exist: box"},
+        {kFrame, "-retime 2 nowhere", "Camera does not exist: nowhere"},
+        {kFrame, "-move 2 1 2", "Move Failed. A frame already exists at time 4"},
+        {kFrame, "-move -1 2 2", "Move Failed. A frame already exists at time 1"},
+        {kFrame, "-move 0 1 3", nullptr},
+        {kFrame, "-move 2147483647 1 2", "Frame number out of range"},
+        {kFrame, "-retime 2147483647", "Frame number out of range"},
+        {kFrame, "-retime 2147483647 -relative", "Frame number out of range"},
+        {kFrame, "", nullptr},
+        {kFrame, "-relative -moveToNext", nullptr},
+        {kFrame, "-dup front", nullptr},
+        {kFrame, "-e -ins", nullptr},
+        {kFrame, "-q -ins", nullptr},
+        {kStroke, "", "Camera not specified"},
+        {kStroke, "nowhere", "Camera does not exist: nowhere"},
+        {kStroke, "persp", nullptr},
+        {kStroke, "-fa persp", nullptr},
+    };
+    for (const auto& c : cases) {
+        const std::string text = std::string(c.command) + c.arguments;
+        EXPECT_FALSE(expectAllOrNothing(text, Pending::Nothing)) << text;
+        const std::vector<std::string> expected = c.message ? std::vector<std::string>{c.message} : Texts();
+        EXPECT_EQ(ownErrors(), expected) << text;
+    }
+}
+
+TEST_F(CommandRefusalsTest, SaysWhatIsMissingInASceneWithoutADrawing)
+{
+    const struct {
+        const char* command;
+        const char* arguments;
+        const char* message;
+    } cases[] = {
+        {kNode, "-q -c", nullptr},
+        {kNode, "-refresh", nullptr},
+        {kNode, "-rg", nullptr},
+        {kLayer, "-add -ls 1 persp", "Failed to add layer. Node does not exist."},
+        {kLayer, "-ins 0 persp", "Failed to insert layer. Node does not exist."},
+        {kLayer, "-cnt persp", "Node not found"},
+        {kLayer, "-e -act 0 persp", "Node not found"},
+        {kLayer, "-ifw a b persp", "Node not found"},
+        {kLayer, "persp", "Node not found"},
+        {kLayer, "-cnt nowhere", "Camera does not exist: nowhere"},
+        {kFrame, "-ins", "Failed to insert key. Node does not exist."},
+        {kFrame, "-cp", "Node not found"},
+        {kFrame, "-sf", "Node not found"},
+        {kFrame, "-mv 1 1 1", "Node not found"},
+        {kFrame, "", "Node not found"},
+        {kStroke, "persp", nullptr},
+    };
+    for (const auto& c : cases) {
+        const std::string text = std::string(c.command) + c.arguments;
+        EXPECT_FALSE(expectAllOrNothing(text, Pending::Nothing)) << text;
+        const std::vector<std::string> expected = c.message ? std::vector<std::string>{c.message} : Texts();
+        EXPECT_EQ(ownErrors(), expected) << text;
+    }
+}
+
+TEST_F(CommandRefusalsTest, ARangeTypedByAccidentIsRefusedAndCopiesKeepTheirNumbers)
+{
+    session().scene.highlightSliderRange({1, 400000000});
+    EXPECT_FALSE(expectAllOrNothing("tqLumisketchNode -l -c persp -f", Pending::Nothing));
+    EXPECT_EQ(ownErrors(), Texts{"Cannot add more than 1000000 frames at a time"});
+    draw();
+    session().scene.highlightSliderRange({-2000000000, 2000000000});
+    for (const char* text : {"tqLumisketchFrame -ins", "tqLumisketchFrame -ins front"}) {
+        EXPECT_FALSE(expectAllOrNothing(text, Pending::Nothing)) << text;
+        EXPECT_EQ(ownErrors(), Texts{"Cannot add more than 1000000 frames at a time"}) << text;
+    }
+    for (const char* text : {"tqLumisketchFrame -pst", "tqLumisketchFrame -del", "tqLumisketchFrame -clr"}) {
+        EXPECT_TRUE(expectAllOrNothing(text, Pending::Nothing)) << text;
+    }
+    drawing().activeLayer("persp")->addFrame(timeOfFrame(1000000000));  // 3000000000 from the span's start
+    for (const char* text : {"tqLumisketchFrame -cp", "tqLumisketchFrame -cut"}) {
+        EXPECT_FALSE(expectAllOrNothing(text, Pending::Nothing)) << text;
+        EXPECT_EQ(ownErrors(), Texts{"Frame number out of range"}) << text;
+    }
+    session().scene.highlightSliderRange({1, 5});
+    ASSERT_TRUE(run("tqLumisketchFrame -cp"));
+    session().scene.highlightSliderRange({2147483646, 2147483647});
+    EXPECT_FALSE(expectAllOrNothing("tqLumisketchFrame -pst", Pending::Nothing));
+    EXPECT_EQ(ownErrors(), Texts{"Frame number out of range"});
+}
+
+}  // namespace
