@@ -231,16 +231,18 @@ void measurePenUp(const AimTable& table)
     }
 }
 
-/// Has every picture that is not looked at encoded and packed, as happens sooner or later.
+/// Has every picture that is not looked at encoded and packed, as happens sooner or later: until for a while nothing
+/// more goes.
 void packAll()
 {
     PixelBudget& budget = PixelBudget::instance();
     const qint64 limit = budget.limit();
     budget.setLimit(0);
-    for (qint64 before = -1; before != budget.bytes();) {
-        before = budget.bytes();
+    for (int quiet = 0; quiet < 10; ++quiet) {
+        const qint64 before = budget.bytes();
         budget.trim();
         idle();
+        quiet = budget.bytes() == before ? quiet : 0;
     }
     budget.setLimit(limit);
 }
