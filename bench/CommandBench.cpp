@@ -439,7 +439,9 @@ void measureCrowds(const AimTable& table)
         const char* name;
         const char* node;
         int count;
-    } crowds[] = {{", 1000 cameras", "camera", 1000}, {", 10000 nodes", "transform", 10000}};
+    } crowds[] = {{", 1000 cameras", "camera", 1000},
+                  {", 10000 nodes", "transform", 10000},
+                  {", 100 drawings", names::kNodeType, 100}};
     const Change rename = {"layer: rename", "Layer -editName \"Other\" 0 persp", kLayerCalls, 1, 2};
     for (const auto& crowd : crowds) {
         CommandStage stage;
