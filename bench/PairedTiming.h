@@ -1,22 +1,12 @@
 #pragma once
 
 #include "BenchArguments.h"
+#include "Timing.h"
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <functional>
 #include <string>
 #include <vector>
-
-/// The milliseconds that the work takes.
-template <class Work>
-double millisecondsOf(Work work)
-{
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
 
 /// Times one thing done plainly and done our way, in turns within one run, so that both meet the same machine, and
 /// prints a row for each: medians in milliseconds, the ratio and whether the required one is reached. The ratio is
@@ -74,7 +64,7 @@ private:
             takeTurn(plain, plainSamples);
             takeTurn(ours, ourSamples);
         }
-        return {median(plainSamples.times), median(ourSamples.times)};
+        return {medianOf(plainSamples.times), medianOf(ourSamples.times)};
     }
 
     bool isEnough(const Samples& samples) const
@@ -88,13 +78,6 @@ private:
         do {
             samples.spent += millisecondsOf([&] { samples.times.push_back(side()); });
         } while (samples.spent < end);
-    }
-
-    static double median(std::vector<double> times)
-    {
-        const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-        std::nth_element(times.begin(), middle, times.end());
-        return *middle;
     }
 
     static void print(const std::string& name, const Medians& medians, const std::string& ratio,

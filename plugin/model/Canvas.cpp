@@ -1,5 +1,7 @@
 #include "model/Canvas.h"
 
+#include "model/CanvasMemory.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -18,7 +20,7 @@ void fillRow(uchar* row, int pixels, const uchar (&pixel)[kBytesPerPixel])
 
 QImage blankCanvas()
 {
-    QImage canvas(kCanvasSize, kCanvasSize, QImage::Format_RGBA8888);
+    QImage canvas = canvasMemory::take();
     canvas.fill(Qt::transparent);
     return canvas;
 }
@@ -38,6 +40,17 @@ QImage asCanvas(const QImage& image)
     for (int y = 0; y < rows; ++y) {
         std::memcpy(canvas.scanLine(y), converted.constScanLine(y), bytes);
     }
+    return canvas;
+}
+
+QImage ownCanvas(const QImage& image)
+{
+    const QImage source = asCanvas(image);
+    if (source.isDetached()) {
+        return source;
+    }
+    QImage canvas = canvasMemory::take();
+    copyRect(canvas, source, canvas.rect());
     return canvas;
 }
 

@@ -44,6 +44,20 @@ void forRows(Work work)
     });
 }
 
+/// So many pixels are mixed sooner than other threads have started, on a busy machine much sooner: a stroke's, say.
+constexpr int kFewPixels = kCanvasSize * kCanvasSize / 4;
+
+bool haveFewPixels(const std::vector<Ply>& plies)
+{
+    int columns = 0;
+    for (const Ply& ply : plies) {
+        for (int y = 0; y < kCanvasSize; ++y) {
+            columns += static_cast<int>(qPopulationCount(ply.sheet.ink.row(y)));
+        }
+    }
+    return columns * InkMap::kColumnWidth < kFewPixels;
+}
+
 }  // namespace
 
 InkedImage inkedImage(const Picture& picture)
@@ -62,7 +76,7 @@ void layOver(InkedImage& canvas, const std::vector<Ply>& plies)
 {
     const RowLoops& loops = rowLoops();
     const Rows rows(canvas.image);
-    forRowBands([&](int first, int end) {
+    const auto layBand = [&](int first, int end) {
         for (const Ply& ply : plies) {
             const bool swapped = ply.sheet.image.format() == QImage::Format_ARGB32;
             for (int y = first; y < end; ++y) {
@@ -73,7 +87,12 @@ void layOver(InkedImage& canvas, const std::vector<Ply>& plies)
                 });
             }
         }
-    });
+    };
+    if (haveFewPixels(plies)) {
+        layBand(0, kCanvasSize);
+    } else {
+        forRowBands(layBand);
+    }
     for (const Ply& ply : plies) {
         canvas.ink.add(ply.sheet.ink);
     }

@@ -3,6 +3,7 @@
 #include "model/LayerManager.h"
 
 #include "model/Canvas.h"
+#include "model/CanvasMemory.h"
 #include "model/DrawingViews.h"
 #include "model/FrameNumber.h"
 #include "settings/Preferences.h"
@@ -48,7 +49,7 @@ InkedImage LayerManager::strokeStart(Layer& layer, ToolType tool, bool blank)
         Frame& frame = *layer.currentFrame();
         return {asCanvas(frame.image()), frame.picture().ink()};
     }
-    QImage canvas(kCanvasSize, kCanvasSize, QImage::Format_RGBA8888);
+    QImage canvas = canvasMemory::take();
     fillInvisible(canvas, Preferences::instance().activeColor());
     return {canvas, InkMap()};
 }

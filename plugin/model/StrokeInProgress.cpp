@@ -76,7 +76,7 @@ void StrokeInProgress::takeRegion(const Picture& base)
     const QRect region = m_record->region;
     m_record->takeRegion = false;
     m_regionTaken = true;
-    m_canvas = {asCanvas(base.image()), base.ink()};
+    m_canvas = {ownCanvas(base.image()), base.ink()};
     m_selection = m_record->clearOnly ? QImage() : m_canvas.image.copy(region);
     if (m_record->keepCut) {
         m_cut = m_canvas.image.copy(region);
@@ -118,7 +118,7 @@ Picture StrokeInProgress::committed(const Picture& base)
         return Picture(m_canvas.image, m_canvas.ink);
     }
     if (m_record->tool == ToolType::Transform) {
-        QImage result = m_regionTaken ? m_canvas.image : asCanvas(base.image());
+        QImage result = m_regionTaken ? std::move(m_canvas.image) : ownCanvas(base.image());
         QPainter painter(&result);
         prepareDrawingPainter(painter);
         paintFloating(painter);
@@ -129,7 +129,7 @@ Picture StrokeInProgress::committed(const Picture& base)
         renderShape(m_canvas.image, *m_record, false);
         m_canvas.ink = InkMap::of(m_canvas.image);
     }
-    InkedImage result = {asCanvas(base.image()), base.ink()};
+    InkedImage result = {ownCanvas(base.image()), base.ink()};
     layOver(result, {{m_canvas}});
     return Picture(result.image, result.ink);
 }

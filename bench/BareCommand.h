@@ -1,0 +1,89 @@
+#pragma once
+
+#include "commands/SelectionNudge.h"
+#include "node/BaseNode.h"
+
+#include <maya/MAnimControl.h>
+#include <maya/MArgDatabase.h>
+#include <maya/MDagModifier.h>
+#include <maya/MDoubleArray.h>
+#include <maya/MGlobal.h>
+#include <maya/MPxCommand.h>
+#include <maya/MStringArray.h>
+
+/// What a command has the host do besides reading its text.
+enum HostCall : unsigned {
+    kAsksForCameras = 1,
+    kAsksForSpan = 2,
+    kNudgesSelection = 4,  ///< whenever it runs
+    kSetsTime = 8,         ///< likewise
+    kMakesNode = 16,
+    kIsNoStep = 32,  ///< it cannot be undone
+};
+
+/// A command that makes the host calls of one of ours and nothing else. It stands for what the host takes.
+class BareCommand : public MPxCommand {
+public:
+    static void* creator() { return new BareCommand; }
+
+    static unsigned calls;  ///< of the commands that are run from now on
+
+    MStatus doIt(const MArgList& list) override
+    {
+        const MArgDatabase args(syntax(), list);
+        MStringArray cameras;
+        MDoubleArray span;
+        if (m_calls & kAsksForCameras) {
+            MGlobal::executeCommand("ls -cameras", cameras);
+        }
+        if (m_calls & kAsksForSpan) {
+            MGlobal::executeCommand("timeControl -q -rangeArray $gPlayBackSlider", span);
+        }
+        if (m_calls & kMakesNode) {
+            const MObject transform = m_modifier.createNode("transform");
+            m_modifier.renameNode(transform, "bare");
+            m_modifier.renameNode(m_modifier.createNode("locator", transform), "bareShape");
+        }
+        return redoIt();
+    }
+    MStatus redoIt() override
+    {
+        if (m_calls & kMakesNode) {
+            m_modifier.doIt();
+        }
+        return run(m_from + MTime(1.0, MTime::uiUnit()));
+    }
+    MStatus undoIt() override
+    {
+        if (m_calls & kMakesNode) {
+            m_modifier.undoIt();
+        }
+        return run(m_from);
+    }
+    bool isUndoable() const override { return !(m_calls & kIsNoStep); }
+
+private:
+    MStatus run(const MTime& time) const
+    {
+        if (m_calls & kSetsTime) {
+            MAnimControl::setCurrentTime(time);
+        }
+        if (m_calls & kNudgesSelection) {
+            nudgeSelection(m_node);
+        }
+        return MStatus::kSuccess;
+    }
+
+    static MObject drawingNode()
+    {
+        const BaseNode* node = BaseNode::masterNode();
+        return node ? node->thisMObject() : MObject();
+    }
+
+    const unsigned m_calls = calls;
+    const MTime m_from = MAnimControl::currentTime();
+    const MObject m_node = drawingNode();
+    MDagModifier m_modifier;
+};
+
+inline unsigned BareCommand::calls = 0;
