@@ -15,9 +15,10 @@ const std::vector<LineMode> kModes = {
     {34, LineKind::Step, "sketch %d %c %z %x %x %m %m"},
     {4, LineKind::Step, "sketch 3 %c 24 %x %x 0 0"},
     {5, LineKind::Step, "sketch 8 %c 1 %x %x %m %m"},
+    {3, LineKind::Step, "sketch 8 %c 2 %x %x %m %m"},
     // Layers
     {9, LineKind::Step, "tqLumisketchLayer -add -n \"%n\" -ls %s %c"},
-    {6, LineKind::Step, "tqLumisketchLayer -del %i %c"},
+    {4, LineKind::Step, "tqLumisketchLayer -del %i %c"},
     {1, LineKind::Step, "tqLumisketchLayer -da %c"},
     {4, LineKind::Step, "tqLumisketchLayer -mv %i %p %c"},
     {6, LineKind::Step, "tqLumisketchLayer -mv %i %p -nc %c %c"},
@@ -31,7 +32,7 @@ const std::vector<LineMode> kModes = {
     // Frames
     {6, LineKind::Step, "tqLumisketchFrame -ins %c"},
     {2, LineKind::Step, "tqLumisketchFrame -ins"},
-    {6, LineKind::Step, "tqLumisketchFrame -dup %c"},
+    {10, LineKind::Step, "tqLumisketchFrame -dup %c"},
     {3, LineKind::Step, "tqLumisketchFrame -del %c"},
     {3, LineKind::Step, "tqLumisketchFrame -cut %c"},
     {4, LineKind::Passing, "tqLumisketchFrame -cp %c"},
@@ -52,10 +53,11 @@ const std::vector<LineMode> kModes = {
     {8, LineKind::Passing, "highlight %f %e"},
     {2, LineKind::Step, "select -r persp top"},
     {2, LineKind::Step, "select -cl"},
-    {1, LineKind::Step, "camera -n shot"},
-    {1, LineKind::Step, "rename shot1 shot"},
+    {2, LineKind::Step, "camera -n shot"},
+    {2, LineKind::Step, "rename shot1 shot"},
+    {1, LineKind::Step, "rename take shot"},
     {1, LineKind::Step, "rename shot take"},
-    {1, LineKind::Step, "delete shot"},
+    {3, LineKind::Step, "delete shot"},
     // Questions
     {1, LineKind::Passing, "tqLumisketchNode -ex"},
     {1, LineKind::Passing, "tqLumisketchNode -r"},
@@ -83,7 +85,6 @@ const std::vector<LineMode> kModes = {
     {1, LineKind::Refused, "tqLumisketchFrame %c"},
     {1, LineKind::Refused, "tqLumisketchFrame -ins nowhere"},
     {1, LineKind::Refused, "tqLumisketchFrame -move 0 1 9"},
-    {1, LineKind::Refused, "tqLumisketchFrame -move 2147483647 1 24"},
     {1, LineKind::Refused, "tqLumisketchStroke %c"},
     {1, LineKind::Refused, "tqLumisketchStroke -la 0 -fa %c"},
 };

@@ -12,8 +12,9 @@
 
 namespace {
 
-/// sketch TOOL CAMERA SIZE X Y DX DY: a stroke from a point of the canvas, or a region around it that is cut out and
-/// put down again elsewhere; as the tools do it, and one step as theirs.
+/// sketch TOOL CAMERA SIZE X Y DX DY: what a tool does from the press to the release, and one step as there. A stroke
+/// from a point of the canvas; with the transform tool a region that is moved. Of size 1 it stands in the frame shown,
+/// else a frame is made for it where one is needed, as for a paste.
 class SketchCommand : public MPxCommand {
 public:
     static void* creator() { return new SketchCommand; }
@@ -23,11 +24,12 @@ public:
         BaseNode& node = *BaseNode::masterNode();
         const auto tool = static_cast<ToolType>(args.asInt(0));
         const QString camera = toQString(args.asString(1));
-        ActiveStroke* stroke = script::cameraExists(camera) ? begun(node, camera, tool) : nullptr;
+        const int size = args.asInt(2);
+        ActiveStroke* stroke = script::cameraExists(camera) ? begun(node, camera, tool, size) : nullptr;
         if (stroke) {
             const QPoint from(args.asInt(3), args.asInt(4));
             const QPoint by(args.asInt(5), args.asInt(6));
-            tool == ToolType::Transform ? floatRegion(*stroke, from, by) : drag(*stroke, args.asInt(2), from, by);
+            tool == ToolType::Transform ? floatRegion(*stroke, from, by) : drag(*stroke, size, from, by);
         }
         if (stroke && node.commitStroke(camera)) {
             return MStatus::kSuccess;
@@ -38,10 +40,11 @@ public:
     }
 
 private:
-    static ActiveStroke* begun(BaseNode& node, const QString& camera, ToolType tool)
+    static ActiveStroke* begun(BaseNode& node, const QString& camera, ToolType tool, int size)
     {
         LayerManager& drawing = *node.layerManager();
-        if (tool == ToolType::Transform) {
+        const bool isRegion = tool == ToolType::Transform;
+        if (isRegion && size == 1) {
             ActiveStroke* stroke = node.canEditActiveLayer(camera) ? drawing.beginStroke(camera, true) : nullptr;
             return stroke && drawing.strokeFrame(camera).layerIndex >= 0 ? stroke : nullptr;
         }
@@ -55,8 +58,8 @@ private:
         if (!node.drawingTarget(camera, newLayer, frameMade)) {
             return nullptr;
         }
-        Preferences::instance().setActiveTool(tool);
-        ActiveStroke* stroke = drawing.beginStroke(camera, false);
+        Preferences::instance().setActiveTool(isRegion ? ToolType::Pencil : tool);
+        ActiveStroke* stroke = drawing.beginStroke(camera, isRegion);
         stroke->layerMade = newLayer >= 0;
         stroke->frameMade = frameMade;
         return stroke;
@@ -138,9 +141,10 @@ SessionRunner::~SessionRunner()
     callbacks::remove();
 }
 
+// To look at a frame that was never drawn on gives it an empty canvas.
 QString SessionRunner::pixelsOf(const Frame& frame)
 {
-    const Picture& picture = frame.picture();
+    const Picture picture = frame.isBlank() ? Picture::emptyCanvas() : frame.picture();
     QString& known = m_pixels[picture.id()];
     if (known.isEmpty()) {
         const QImage image = pixels::plain(picture.image());
@@ -155,7 +159,7 @@ QString SessionRunner::pixelsOf(const Frame& frame)
 
 // What a user sees or saves. No part of it: the clipboard and the highlighted span, which are not undone, and the
 // camera of the active view.
-QString SessionRunner::state()
+SessionRunner::State SessionRunner::state()
 {
     const auto told = [this](const Frame& frame) {
         return QString::number(frame.time().as(MTime::k6000FPS), 'g', 12) + "/" + pixelsOf(frame);
@@ -165,20 +169,27 @@ QString SessionRunner::state()
         selected << QString::fromStdString(node->name());
     }
     const kernel::Scene::Range range = m_session.scene.playbackRange();
-    return QString("time %1 %2, range %3 %4, selected %5\n")
-               .arg(m_session.scene.currentTime().ticks())
-               .arg(QString::fromStdString(kernel::timeUnitName(m_session.scene.timeUnit())))
-               .arg(range.first)
-               .arg(range.last)
-               .arg(selected.join(' '))
-         + "current " + drawing().currentCamera() + "\n" + describe(drawing(), told);
+    const QString current = drawing().currentCamera();
+    const QString text = QString("time %1 %2, range %3 %4, selected %5\n")
+                             .arg(m_session.scene.currentTime().ticks())
+                             .arg(QString::fromStdString(kernel::timeUnitName(m_session.scene.timeUnit())))
+                             .arg(range.first)
+                             .arg(range.last)
+                             .arg(selected.join(' '))
+                       + "current " + current + "\n" + describe(drawing(), told);
+    return {text, drawing().layerCount(current) == 0 ? current : QString()};
 }
 
 std::string SessionRunner::compared(const char* when)
 {
-    const QString now = state();
-    const QString& expected = m_states[static_cast<size_t>(steps())];
-    return now == expected ? std::string() : std::string(when) + ":\n" + differenceOf(expected, now);
+    const State& expected = m_states[static_cast<size_t>(steps())];
+    // Only a camera with layers is made current again by undo. Of another one it is done here, as by a press in its
+    // view, so that what follows starts from where it did.
+    if (!expected.emptyCamera.isEmpty()) {
+        drawing().setCurrentCamera(expected.emptyCamera);
+    }
+    const QString now = state().text;
+    return now == expected.text ? std::string() : std::string(when) + ":\n" + differenceOf(expected.text, now);
 }
 
 std::string SessionRunner::afterStep(int stepsBefore)
@@ -200,8 +211,12 @@ std::string SessionRunner::play(const std::string& line)
 {
     const int before = steps();
     const bool canRedo = m_session.undo.canRedo();
+    const kernel::TimeUnit unit = m_session.scene.timeUnit();
     m_succeeded = run(line);
     forgetLines();
+    if (m_session.scene.timeUnit() != unit) {
+        node().setCurrentFrame(currentFrameNumber(), false);  // only a view's next refresh follows the unit
+    }
     if (line != "undo" && line != "redo") {
         return afterStep(before);
     }

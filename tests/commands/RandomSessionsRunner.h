@@ -25,15 +25,20 @@ public:
     static std::string faultOf(const std::vector<std::string>& lines, size_t* played = nullptr);
 
 private:
+    struct State {
+        QString text;
+        QString emptyCamera;  ///< the current one when it has no layers
+    };
+
     void TestBody() override {}
-    QString state();
+    State state();
     QString pixelsOf(const Frame& frame);
     std::string compared(const char* when);
     std::string afterStep(int stepsBefore);
 
     TestViews m_views;
     kernel::Session& m_session;
-    std::vector<QString> m_states;     // after so many steps; those behind the present one can be redone
+    std::vector<State> m_states;       // after so many steps; those behind the present one can be redone
     QHash<quint64, QString> m_pixels;  // by picture: the same picture has the same pixels
     bool m_succeeded = false;
 };

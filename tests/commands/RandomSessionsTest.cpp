@@ -75,7 +75,7 @@ std::string play(const std::vector<GeneratedLine>& session, Census& census, Line
         ++(runner.succeeded() ? census[mode].succeeded : census[mode].failed);
         const bool leavesStep = runner.succeeded() && lineModes()[mode].kind == LineKind::Step;
         if (runner.steps() != before + int(leavesStep)) {
-            return leavesStep ? "a line that is to leave a step left none" : "a line that is to leave no step left one";
+            return line.text + (leavesStep ? " left no step" : " left a step");
         }
     }
     return runner.rewind();
