@@ -147,11 +147,15 @@ int pickedMode(Dice& dice)
     return mode;
 }
 
+// With a frame number: while the scene is elsewhere.
 void addBurst(std::vector<GeneratedLine>& lines, Dice& dice)
 {
     const int undone = dice.between(1, 8);
-    lines.insert(lines.end(), static_cast<size_t>(undone), {"undo", -1});
-    lines.insert(lines.end(), static_cast<size_t>(dice.between(0, undone + 1)), {"redo", -1});
+    const int redone = dice.between(0, undone + 1);
+    for (int i = 0; i < undone + redone; ++i) {
+        const std::string line = i < undone ? "undo" : "redo";
+        lines.push_back({dice.oneIn(3) ? line + " " + argument('f', dice) : line, -1});
+    }
 }
 
 }  // namespace

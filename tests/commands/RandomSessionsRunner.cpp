@@ -120,6 +120,12 @@ std::string differenceOf(const QString& expected, const QString& found)
     return lines.join('\n').toStdString();
 }
 
+/// A step that, redone, notes the time then to go back to, which is meant.
+bool notesTimeAnew(const std::string& step)
+{
+    return step.find("retime") != std::string::npos || step.find("currentTime") != std::string::npos;
+}
+
 }  // namespace
 
 SessionRunner::SessionRunner() : m_session(session())
@@ -177,7 +183,7 @@ SessionRunner::State SessionRunner::state()
                              .arg(range.last)
                              .arg(selected.join(' '))
                        + "current " + current + "\n" + describe(drawing(), told);
-    return {text, drawing().layerCount(current) == 0 ? current : QString()};
+    return {text, m_session.scene.currentTime(), drawing().layerCount(current) == 0 ? current : QString()};
 }
 
 std::string SessionRunner::compared(const char* when)
@@ -209,19 +215,45 @@ std::string SessionRunner::afterStep(int stepsBefore)
 
 std::string SessionRunner::play(const std::string& line)
 {
+    if (line.compare(0, 4, "undo") == 0 || line.compare(0, 4, "redo") == 0) {
+        return playBack(line);
+    }
     const int before = steps();
-    const bool canRedo = m_session.undo.canRedo();
     const kernel::TimeUnit unit = m_session.scene.timeUnit();
     m_succeeded = run(line);
+    followUnit(unit);
+    return afterStep(before);
+}
+
+// "undo" and "redo". With a frame number they run while the scene is there, as after playback, which is no step; then
+// the time is the one before or after the step again.
+std::string SessionRunner::playBack(const std::string& line)
+{
+    const std::string direction = line.substr(0, 4);
+    const bool isUndo = direction == "undo";
+    const int expected = steps() + (isUndo ? -int(m_session.undo.canUndo()) : int(m_session.undo.canRedo()));
+    const bool isElsewhere = line.size() > 4 && (isUndo || !notesTimeAnew(m_session.undo.redoName()));
+    if (isElsewhere) {
+        goTo(std::stoi(line.substr(4)));
+    }
+    const kernel::TimeUnit unit = m_session.scene.timeUnit();
+    run(direction);
+    followUnit(unit);
+    if (steps() != expected) {
+        return line + " failed";
+    }
+    if (isElsewhere) {
+        m_session.scene.setCurrentTime(m_states[static_cast<size_t>(expected)].time);
+    }
+    return compared(("after " + line).c_str());
+}
+
+void SessionRunner::followUnit(kernel::TimeUnit before)
+{
     forgetLines();
-    if (m_session.scene.timeUnit() != unit) {
-        node().setCurrentFrame(currentFrameNumber(), false);  // only a view's next refresh follows the unit
+    if (m_session.scene.timeUnit() != before) {
+        node().setCurrentFrame(currentFrameNumber(), false);  // only a view's next refresh does
     }
-    if (line != "undo" && line != "redo") {
-        return afterStep(before);
-    }
-    const int expected = line == "undo" ? std::max(before - 1, 0) : before + int(canRedo);
-    return steps() == expected ? compared(("after " + line).c_str()) : line + " failed";
 }
 
 // The pixels are read anew on the way, in case a picture's own have changed.
@@ -229,14 +261,14 @@ std::string SessionRunner::rewind()
 {
     const int last = static_cast<int>(m_states.size()) - 1;
     std::string fault;
-    for (const char* direction : {"redo", "undo", "redo"}) {
-        const int end = *direction == 'u' ? 0 : last;
+    for (const std::string direction : {"redo", "undo", "redo"}) {
+        const int end = direction == "undo" ? 0 : last;
         while (fault.empty() && steps() != end) {
-            fault = play(direction);
+            fault = play(steps() % 3 == 0 ? direction + " 9" : direction);
         }
         m_pixels.clear();
         if (fault.empty()) {
-            fault = compared(*direction == 'u' ? "at the start" : "at the end");
+            fault = compared(direction == "undo" ? "at the start" : "at the end");
         }
     }
     return fault;

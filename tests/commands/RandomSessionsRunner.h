@@ -27,6 +27,7 @@ public:
 private:
     struct State {
         QString text;
+        kernel::Time time;
         QString emptyCamera;  ///< the current one when it has no layers
     };
 
@@ -35,6 +36,8 @@ private:
     QString pixelsOf(const Frame& frame);
     std::string compared(const char* when);
     std::string afterStep(int stepsBefore);
+    std::string playBack(const std::string& line);
+    void followUnit(kernel::TimeUnit before);
 
     TestViews m_views;
     kernel::Session& m_session;
