@@ -261,14 +261,14 @@ std::string SessionRunner::rewind()
 {
     const int last = static_cast<int>(m_states.size()) - 1;
     std::string fault;
-    for (const std::string direction : {"redo", "undo", "redo"}) {
-        const int end = direction == "undo" ? 0 : last;
+    for (const std::string line : {"redo", "undo", "redo 9", "undo 9", "redo"}) {
+        const int end = line[0] == 'u' ? 0 : last;
         while (fault.empty() && steps() != end) {
-            fault = play(steps() % 3 == 0 ? direction + " 9" : direction);
+            fault = playBack(line);
         }
         m_pixels.clear();
         if (fault.empty()) {
-            fault = compared(direction == "undo" ? "at the start" : "at the end");
+            fault = compared(end == 0 ? "at the start" : "at the end");
         }
     }
     return fault;
