@@ -123,7 +123,9 @@ std::string differenceOf(const QString& expected, const QString& found)
 /// A step that, redone, notes the time then to go back to, which is meant.
 bool notesTimeAnew(const std::string& step)
 {
-    return step.find("retime") != std::string::npos || step.find("currentTime") != std::string::npos;
+    const auto isIn = [&step](const char* word) { return step.find(word) != std::string::npos; };
+    const char* const kSteps[] = {"currentTime", "-retime", "-sf", "-sb"};
+    return std::any_of(std::begin(kSteps), std::end(kSteps), isIn);
 }
 
 }  // namespace
