@@ -17,7 +17,7 @@ using Lines = std::vector<std::string>;
 #if defined(__SANITIZE_ADDRESS__)
 const int kSessions = 1;
 #else
-const int kSessions = 15;
+const int kSessions = 10;
 #endif
 const int kLines = 500;
 
