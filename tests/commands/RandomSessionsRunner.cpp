@@ -60,8 +60,10 @@ private:
         }
         Preferences::instance().setActiveTool(isRegion ? ToolType::Pencil : tool);
         ActiveStroke* stroke = drawing.beginStroke(camera, isRegion);
-        stroke->layerMade = newLayer >= 0;
-        stroke->frameMade = frameMade;
+        if (stroke) {
+            stroke->layerMade = newLayer >= 0;
+            stroke->frameMade = frameMade;
+        }
         return stroke;
     }
     static void floatRegion(ActiveStroke& stroke, const QPoint& from, const QPoint& by)
@@ -191,8 +193,8 @@ SessionRunner::State SessionRunner::state()
 std::string SessionRunner::compared(const char* when)
 {
     const State& expected = m_states[static_cast<size_t>(steps())];
-    // Only a camera with layers is made current again by undo. Of another one it is done here, as by a press in its
-    // view, so that what follows starts from where it did.
+    // Undo need not make a camera without layers current again: that of its first stroke goes to the camera used
+    // before. It is done here, as by a press in its view, so that what follows starts from where it did.
     if (!expected.emptyCamera.isEmpty()) {
         drawing().setCurrentCamera(expected.emptyCamera);
     }

@@ -104,6 +104,7 @@ TEST(RandomSessions, UndoAndRedoComeToTheSameStatesAgain)
     }
     const int first = setting("LUMISKETCH_FIRST_SESSION", 1);
     const int sessions = setting("LUMISKETCH_SESSIONS", kSessions);
+    ASSERT_GT(sessions, 0) << "LUMISKETCH_SESSIONS is to be a number";
     Census census(lineModes().size());
     for (int seed = first; seed < first + sessions && !testing::Test::HasFailure(); ++seed) {
         Lines lines;
@@ -129,6 +130,7 @@ TEST(RandomSessions, AFailedSessionRunsAgainFromAFile)
     std::ifstream file(name);
     ASSERT_TRUE(file) << name;
     const Lines lines = linesOf(file);
+    ASSERT_FALSE(lines.empty()) << name;
     size_t played = 0;
     const std::string fault = SessionRunner::faultOf(lines, &played);
     EXPECT_EQ(fault, "") << "after line " << played << " of " << lines.size() << ": " << lines[played - 1];
