@@ -30,6 +30,7 @@ ActiveStroke* LayerManager::beginStroke(const QString& camera, bool blank)
     if (!blank && !(frame && active->hasFrameAtCurrentTime())) {
         return nullptr;
     }
+    PixelBudget::instance().catchUp();
     const ToolType tool = Preferences::instance().effectiveTool();
     m_stroke.begin({camera, active->id(), frame != nullptr, frame ? frame->frameNumber() : 0},
                    strokeStart(*active, tool, blank));
