@@ -144,6 +144,9 @@ bool LayerManager::swapImage(const FrameAddress& address, Picture& other)
     }
     const Picture base = strokeBase();
     const Picture own = frame->picture();
+    if (own.isUnpacked()) {
+        other.unpackBeside(own);
+    }
     frame->setPicture(other);
     other = own;
     dropStrokeUnlessOn(base);

@@ -16,7 +16,7 @@ PackedPixels PackedPixels::quick(const QImage& image)
     return packed.isEmpty() ? asPng(image) : packed;
 }
 
-QImage PackedPixels::unpacked() const
+QImage PackedPixels::unpacked(const QImage& similar) const
 {
-    return tiles.isEmpty() ? decodePng(png) : tiles.image();
+    return tiles.isEmpty() ? decodePng(png) : tiles.image(similar);
 }

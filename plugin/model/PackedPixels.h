@@ -13,5 +13,6 @@ struct PackedPixels {
     static PackedPixels asPng(const QImage& image);  ///< empty when the image cannot be encoded
     static PackedPixels quick(const QImage& image);  ///< tiles of a canvas, the PNG of any other
     bool isEmpty() const { return png.isEmpty() && tiles.isEmpty(); }
-    QImage unpacked() const;  ///< null when the PNG does not decode
+    /// Null when the PNG does not decode. similar: pixels that may have parts in common, which saves time.
+    QImage unpacked(const QImage& similar = QImage()) const;
 };

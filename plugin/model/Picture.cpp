@@ -119,12 +119,16 @@ const QImage& Picture::image() const
     if (!m_data) {
         return kNone;
     }
-    if (m_data->image.isNull()) {
-        m_data->setPixels(m_data->packed.unpacked());
-    } else {
-        PixelBudget::instance().touch(*m_data);
-    }
+    unpackBeside(Picture());
+    PixelBudget::instance().touch(*m_data);
     return m_data->image;
+}
+
+void Picture::unpackBeside(const Picture& similar) const
+{
+    if (m_data && m_data->image.isNull()) {
+        m_data->setPixels(m_data->packed.unpacked(similar.isUnpacked() ? similar.m_data->image : QImage()));
+    }
 }
 
 QByteArray Picture::png() const

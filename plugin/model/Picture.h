@@ -28,6 +28,8 @@ public:
     /// The pixels, decoded when they are packed; null when blank or when the PNG does not decode. The reference is good
     /// while the picture is not packed.
     const QImage& image() const;
+    /// Makes the pixels when they are packed, in less time where those of a similar, unpacked drawing are the same.
+    void unpackBeside(const Picture& similar) const;
     /// The drawing as PNG, encoded when that was not done before; empty when blank or when encoding fails.
     QByteArray png() const;
     /// Where the picture has ink, as a canvas. Asked for the first time, it may unpack the picture.

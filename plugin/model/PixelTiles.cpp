@@ -18,25 +18,25 @@ constexpr int kRowBytes = kSide * 4;
 constexpr int kTileBytes = kSide * kRowBytes;
 constexpr int kLevel = 3;  // of zlib: painted canvases get hardly smaller above, and take three times as long
 
-using Tile = std::shared_ptr<const QByteArray>;
+using Tile = PixelTiles::Tile;
 
-/// The compressed tiles that are in use, by the hash of what they hold.
+/// The tiles that are in use, by the hash of what they hold.
 class TileStore {
 public:
-    Tile find(const QByteArray& hash)
+    std::shared_ptr<const Tile> find(const QByteArray& hash)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         return m_tiles.value(hash).lock();
     }
 
-    Tile insert(const QByteArray& hash, const QByteArray& compressed)
+    std::shared_ptr<const Tile> insert(const Tile& made)
     {
-        const Tile tile = std::make_shared<const QByteArray>(compressed);
+        const auto tile = std::make_shared<const Tile>(made);
         const std::lock_guard<std::mutex> lock(m_mutex);
         if (m_tiles.size() >= m_sweepAt) {
             sweep();
         }
-        m_tiles.insert(hash, tile);
+        m_tiles.insert(tile->hash, tile);
         return tile;
     }
 
@@ -50,7 +50,7 @@ private:
     }
 
     std::mutex m_mutex;
-    QHash<QByteArray, std::weak_ptr<const QByteArray>> m_tiles;
+    QHash<QByteArray, std::weak_ptr<const Tile>> m_tiles;
     int m_sweepAt = kTiles;
 };
 
@@ -60,21 +60,22 @@ TileStore& store()
     return tiles;
 }
 
-int left(int tile)
+// A tile's place is its number, row by row.
+int left(int place)
 {
-    return tile % kTilesInRow * kRowBytes;  // in bytes
+    return place % kTilesInRow * kRowBytes;  // in bytes
 }
 
-int top(int tile)
+int top(int place)
 {
-    return tile / kTilesInRow * kSide;
+    return place / kTilesInRow * kSide;
 }
 
-QByteArray cutOut(const QImage& canvas, int tile)
+QByteArray cutOut(const QImage& canvas, int place)
 {
     QByteArray bytes(kTileBytes, Qt::Uninitialized);
     for (int y = 0; y < kSide; ++y) {
-        std::memcpy(bytes.data() + y * kRowBytes, canvas.constScanLine(top(tile) + y) + left(tile), kRowBytes);
+        std::memcpy(bytes.data() + y * kRowBytes, canvas.constScanLine(top(place) + y) + left(place), kRowBytes);
     }
     return bytes;
 }
@@ -89,15 +90,32 @@ QByteArray compressed(QByteArray bytes)
     return qCompress(bytes, kLevel);
 }
 
-void putIn(uchar* canvas, int stride, int tile, const QByteArray& compressed)
+QByteArray uncompressed(const QByteArray& compressed)
 {
     QByteArray bytes = qUncompress(compressed);
     uchar* const rows = reinterpret_cast<uchar*>(bytes.data());
     for (int i = kRowBytes; i < bytes.size(); ++i) {
         rows[i] = static_cast<uchar>(rows[i] + rows[i - kRowBytes]);
     }
+    return bytes;
+}
+
+// Two different tiles with the same hash would be more of an accident than a memory that forgets.
+QByteArray hashOf(const QByteArray& bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
+}
+
+QByteArray bytesOf(const Tile& tile, int place, const QImage& similar)
+{
+    const QByteArray other = similar.isNull() ? QByteArray() : cutOut(similar, place);
+    return !other.isNull() && hashOf(other) == tile.hash ? other : uncompressed(tile.compressed);
+}
+
+void putIn(uchar* canvas, int stride, int place, const QByteArray& bytes)
+{
     for (int y = 0; y < kSide && (y + 1) * kRowBytes <= bytes.size(); ++y) {
-        std::memcpy(canvas + (top(tile) + y) * stride + left(tile), rows + y * kRowBytes, kRowBytes);
+        std::memcpy(canvas + (top(place) + y) * stride + left(place), bytes.constData() + y * kRowBytes, kRowBytes);
     }
 }
 
@@ -113,24 +131,25 @@ PixelTiles PixelTiles::of(const QImage& canvas)
     made.m_tiles.reserve(kTiles);
     for (int i = 0; i < kTiles; ++i) {
         const QByteArray bytes = cutOut(canvas, i);
-        const QByteArray hash = QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
-        const Tile known = store().find(hash);
-        made.m_tiles.push_back(known ? known : store().insert(hash, compressed(bytes)));
+        const QByteArray hash = hashOf(bytes);
+        const std::shared_ptr<const Tile> known = store().find(hash);
+        made.m_tiles.push_back(known ? known : store().insert({hash, compressed(bytes)}));
     }
     return made;
 }
 
-QImage PixelTiles::image() const
+QImage PixelTiles::image(const QImage& similar) const
 {
     if (isEmpty()) {
         return QImage();
     }
+    const QImage source = isMixable(similar) && similar.format() == m_format ? similar : QImage();
     QImage canvas(kCanvasSize, kCanvasSize, m_format);
     uchar* const bits = canvas.bits();
     const int stride = canvas.bytesPerLine();
     forRowBands([&](int first, int end) {
         for (int i = first / kSide * kTilesInRow; i < end / kSide * kTilesInRow; ++i) {
-            putIn(bits, stride, i, *m_tiles[static_cast<size_t>(i)]);
+            putIn(bits, stride, i, bytesOf(*m_tiles[static_cast<size_t>(i)], i, source));
         }
     });
     return canvas;

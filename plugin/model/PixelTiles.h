@@ -14,10 +14,16 @@ public:
     PixelTiles() = default;                      ///< of nothing
     static PixelTiles of(const QImage& canvas);  ///< of nothing unless the image is mixable
     bool isEmpty() const { return m_tiles.empty(); }
-    QImage image() const;  ///< pixel for pixel, in the same format; null when of nothing
+    /// The canvas, byte for byte, in the same format; null when of nothing. similar: one that may have squares in
+    /// common with it, which are then copied.
+    QImage image(const QImage& similar = QImage()) const;
+
+    struct Tile {
+        QByteArray hash;  ///< of its pixels
+        QByteArray compressed;
+    };
 
 private:
-    using Tile = std::shared_ptr<const QByteArray>;
-    std::vector<Tile> m_tiles;  // row by row
+    std::vector<std::shared_ptr<const Tile>> m_tiles;  // row by row
     QImage::Format m_format = QImage::Format_Invalid;
 };

@@ -43,6 +43,10 @@ TEST(PixelTiles, GiveEveryByteBack)
     fillInvisible(invisible, QColor(1, 2, 3));
     for (const QImage& image : {pixels::marked(3), noise(QImage::Format_ARGB32), invisible}) {
         EXPECT_TRUE(sameBytes(PixelTiles::of(image).image(), image));
+        for (const QImage& similar :
+             {pixels::marked(4), noise(QImage::Format_RGBA8888), QImage(8, 8, image.format())}) {
+            EXPECT_TRUE(sameBytes(PixelTiles::of(image).image(similar), image));
+        }
     }
     EXPECT_TRUE(PixelTiles::of(QImage(40, 40, QImage::Format_RGBA8888)).isEmpty());
     EXPECT_TRUE(PixelTiles().image().isNull());
