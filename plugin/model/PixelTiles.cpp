@@ -87,7 +87,9 @@ QByteArray compressed(QByteArray bytes)
     for (int i = kTileBytes - 1; i >= kRowBytes; --i) {
         rows[i] = static_cast<uchar>(rows[i] - rows[i - kRowBytes]);
     }
-    return qCompress(bytes, kLevel);
+    QByteArray result = qCompress(bytes, kLevel);
+    result.squeeze();  // the room it was given for the worst case
+    return result;
 }
 
 QByteArray uncompressed(const QByteArray& compressed)
