@@ -40,6 +40,11 @@ PictureEncoder& PictureEncoder::instance()
     return encoder;
 }
 
+PictureEncoder::PictureEncoder()
+{
+    PixelTiles::prepare();
+}
+
 PictureEncoder::~PictureEncoder()
 {
     stop();

@@ -22,7 +22,7 @@ public:
     using Packing = std::function<PackedPixels(const QImage& image)>;
 
     static PictureEncoder& instance();
-    PictureEncoder() = default;
+    PictureEncoder();
     ~PictureEncoder() override;
 
     /// The picture has pixels. One that is here already keeps its place and its packing.

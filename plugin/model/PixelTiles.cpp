@@ -123,6 +123,11 @@ void putIn(uchar* canvas, int stride, int place, const QByteArray& bytes)
 
 }  // namespace
 
+void PixelTiles::prepare()
+{
+    store();
+}
+
 PixelTiles PixelTiles::of(const QImage& canvas)
 {
     PixelTiles made;

@@ -11,6 +11,8 @@
 /// May be made and read on any thread.
 class PixelTiles {
 public:
+    /// Makes what all tiles share, so that it outlives statics made later whose threads make tiles.
+    static void prepare();
     PixelTiles() = default;                      ///< of nothing
     static PixelTiles of(const QImage& canvas);  ///< of nothing unless the image is mixable
     bool isEmpty() const { return m_tiles.empty(); }
