@@ -25,7 +25,11 @@ MStatus CommitStrokeEdit::executeOn(BaseNode& node)
         }
         m_frameTime = frame->time();
     }
-    return manager->commitStroke(m_target.camera, m_picture) ? MStatus::kSuccess : MStatus::kFailure;
+    if (!manager->commitStroke(m_target.camera, m_picture)) {
+        return MStatus::kFailure;
+    }
+    conclude(*manager);
+    return MStatus::kSuccess;
 }
 
 MStatus CommitStrokeEdit::redoOn(BaseNode& node)
@@ -36,8 +40,10 @@ MStatus CommitStrokeEdit::redoOn(BaseNode& node)
     }
     if (!manager->swapImage(m_frame, m_picture)) {
         removeTarget(*manager);
+        manager->updateCurrentFrames(currentFrameNumber(), false);
         return MStatus::kFailure;
     }
+    conclude(*manager);
     return MStatus::kSuccess;
 }
 
@@ -48,8 +54,17 @@ MStatus CommitStrokeEdit::undoOn(BaseNode& node)
         return MStatus::kFailure;
     }
     removeTarget(*manager);
+    conclude(*manager);
     node.redrawActiveView();
     return MStatus::kSuccess;
+}
+
+// Whichever way it went, every layer shows what it has at the scene's time, and the other picture need not be quick to
+// show.
+void CommitStrokeEdit::conclude(LayerManager& manager) const
+{
+    manager.updateCurrentFrames(currentFrameNumber(), false);
+    m_picture.packSoon();
 }
 
 void CommitStrokeEdit::rememberPreviousCamera(const LayerManager& manager)
@@ -93,7 +108,6 @@ void CommitStrokeEdit::removeFrame(LayerManager& manager) const
     Layer* layer = m_target.frameAdded ? manager.layer(m_target.camera, m_frame.layerIndex) : nullptr;
     if (layer) {
         layer->takeFrame(m_frameTime);
-        layer->updateCurrentFrame(currentFrameNumber());  // taking shows the layer at the frame's own time
     }
 }
 

@@ -31,6 +31,7 @@ private:
     void removeTarget(LayerManager& manager) const;
     void removeFrame(LayerManager& manager) const;
     void removeLayer(LayerManager& manager) const;
+    void conclude(LayerManager& manager) const;
 
     const StrokeTarget m_target;
     Picture m_picture;         // the frame's other one

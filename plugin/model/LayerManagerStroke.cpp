@@ -31,6 +31,7 @@ ActiveStroke* LayerManager::beginStroke(const QString& camera, bool blank)
     if (!blank && !(frame && active->hasFrameAtCurrentTime())) {
         return nullptr;
     }
+    PixelBudget::instance().catchUp();
     const ToolType tool = Preferences::instance().effectiveTool();
     m_stroke.begin({camera, active->id(), frame != nullptr, frame ? frame->frameNumber() : 0},
                    strokeStart(*active, tool, blank));
@@ -144,6 +145,9 @@ bool LayerManager::swapImage(const FrameAddress& address, Picture& other)
     }
     const Picture base = strokeBase();
     const Picture own = frame->picture();
+    if (own.isUnpacked()) {
+        other.unpackBeside(own);
+    }
     frame->setPicture(other);
     other = own;
     dropStrokeUnlessOn(base);

@@ -3,6 +3,7 @@
 #include "model/Canvas.h"
 #include "model/Id.h"
 #include "model/PictureData.h"
+#include "model/PictureEncoder.h"
 #include "model/PixelBudget.h"
 #include "model/PngCodec.h"
 
@@ -11,6 +12,7 @@ Picture::Data::Data() : id(nextId()) {}
 Picture::Data::~Data()
 {
     leaveBudget();
+    leaveEncoder();
 }
 
 void Picture::Data::leaveBudget()
@@ -20,12 +22,32 @@ void Picture::Data::leaveBudget()
     }
 }
 
+void Picture::Data::leaveEncoder()
+{
+    if (isInEncoder) {
+        PictureEncoder::instance().withdraw(*this);
+    }
+}
+
 const QByteArray& Picture::Data::encoded()
 {
-    if (png.isEmpty() && !image.isNull()) {
-        png = encodePng(image);
+    if (packed.png.isEmpty()) {
+        packed.png = encodePng(image.isNull() ? packed.unpacked() : image);
     }
-    return png;
+    if (isPacked()) {
+        leaveEncoder();
+    }
+    return packed.png;
+}
+
+void Picture::Data::packNow()
+{
+    if (!isPacked()) {
+        packed = PackedPixels::quick(image);
+    }
+    if (isPacked()) {
+        leaveEncoder();
+    }
 }
 
 void Picture::Data::setPixels(const QImage& pixels)
@@ -64,7 +86,7 @@ Picture Picture::fromPng(const QByteArray& png)
     Picture picture;
     if (!png.isEmpty()) {
         picture.m_data = std::make_shared<Data>();
-        picture.m_data->png = png;
+        picture.m_data->packed.png = png;
     }
     return picture;
 }
@@ -97,12 +119,16 @@ const QImage& Picture::image() const
     if (!m_data) {
         return kNone;
     }
-    if (m_data->image.isNull()) {
-        m_data->setPixels(decodePng(m_data->png));
-    } else {
-        PixelBudget::instance().touch(*m_data);
-    }
+    unpackBeside(Picture());
+    PixelBudget::instance().touch(*m_data);
     return m_data->image;
+}
+
+void Picture::unpackBeside(const Picture& similar) const
+{
+    if (m_data && m_data->image.isNull()) {
+        m_data->setPixels(m_data->packed.unpacked(similar.isUnpacked() ? similar.m_data->image : QImage()));
+    }
 }
 
 QByteArray Picture::png() const
@@ -125,16 +151,32 @@ InkMap Picture::ink() const
 
 void Picture::pack()
 {
-    // Better unpacked than lost: what does not encode stays.
-    if (isUnpacked() && !m_data->encoded().isEmpty()) {
+    if (!isUnpacked()) {
+        return;
+    }
+    m_data->packNow();
+    if (m_data->isPacked()) {  // better unpacked than lost
         *this = packedCopy();  // others that share it keep its pixels
+    }
+}
+
+void Picture::packSoon() const
+{
+    if (isUnpacked()) {
+        PixelBudget::instance().packSoon(*m_data);
     }
 }
 
 Picture Picture::packedCopy() const
 {
-    Picture copy = fromPng(png());
-    if (copy.m_data) {
+    Picture copy;
+    if (!m_data) {
+        return copy;
+    }
+    m_data->packNow();
+    if (m_data->isPacked()) {
+        copy.m_data = std::make_shared<Data>();
+        copy.m_data->packed = m_data->packed;
         copy.m_data->id = m_data->id;
         copy.m_data->ink = m_data->ink;
         copy.m_data->inkKnown = m_data->inkKnown;

@@ -7,8 +7,9 @@
 
 #include <memory>
 
-/// A drawing as a value: nothing, pixels, PNG bytes, or both of the latter. Its pixels never change; a changed drawing
-/// is another Picture. Copies are cheap and share what is decoded or encoded for one of them. Main thread only.
+/// A drawing as a value: nothing, pixels, a packed form of them, or both of the latter. Its pixels never change; a
+/// changed drawing is another Picture. Copies are cheap and share what is unpacked or packed for one of them. Main
+/// thread only.
 class Picture {
 public:
     Picture();  ///< blank: never drawn
@@ -27,13 +28,17 @@ public:
     /// The pixels, decoded when they are packed; null when blank or when the PNG does not decode. The reference is good
     /// while the picture is not packed.
     const QImage& image() const;
+    /// Makes the pixels when they are packed, in less time where those of a similar, unpacked drawing are the same.
+    void unpackBeside(const Picture& similar) const;
     /// The drawing as PNG, encoded when that was not done before; empty when blank or when encoding fails.
     QByteArray png() const;
     /// Where the picture has ink, as a canvas. Asked for the first time, it may unpack the picture.
     InkMap ink() const;
 
-    /// Lets go of the pixels, which costs nothing when the PNG is at hand already; does nothing when it cannot be made.
+    /// Lets go of the pixels, which costs nothing when a packed form is at hand; does nothing when none can be made.
     void pack();
+    /// The pixels go, of all copies, as soon as another thread has packed them and they are neither shown nor drawn on.
+    void packSoon() const;
     Picture packedCopy() const;  ///< the same drawing, packed, whatever condition this one is in
 
     struct Data;

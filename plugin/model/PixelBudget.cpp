@@ -1,12 +1,19 @@
 #include "model/PixelBudget.h"
 
 #include "model/PictureData.h"
+#include "model/PictureEncoder.h"
 
 #include <maya/MAnimControl.h>
 
 #include <QThread>
 
 #include <algorithm>
+
+namespace {
+
+constexpr int kMostWaiting = 8;  // pictures of undo that wait to be packed when a stroke begins
+
+}  // namespace
 
 PixelBudget& PixelBudget::instance()
 {
@@ -22,9 +29,6 @@ void PixelBudget::addUser(const PictureUser* user)
 void PixelBudget::removeUser(const PictureUser* user)
 {
     m_users.erase(std::remove(m_users.begin(), m_users.end(), user), m_users.end());
-    if (m_users.empty()) {
-        m_nextTurn.stop();
-    }
 }
 
 void PixelBudget::enter(Picture::Data& data)
@@ -55,21 +59,41 @@ void PixelBudget::remove(Picture::Data& data)
 
 void PixelBudget::trim()
 {
-    if (m_bytes <= m_limit) {
-        return;
-    }
+    collect();
     const bool hasEventLoop = QThread::currentThread()->loopLevel() > 0;
-    const Encode encode = !isAtRest() ? Encode::None : hasEventLoop ? Encode::Later : Encode::All;
-    if (pack(encode) && !m_nextTurn.isActive()) {
-        m_nextTurn.start(0, this);
+    while (m_bytes > m_limit && pack() && !hasEventLoop) {
+        PictureEncoder::instance().finish();
+        collect();
     }
 }
 
-// Stopping leaves the rest to the next trim: a stroke's end and every time change ask for one.
-void PixelBudget::timerEvent(QTimerEvent*)
+void PixelBudget::packSoon(Picture::Data& data)
 {
-    if (!isAtRest() || !pack(Encode::One)) {
-        m_nextTurn.stop();
+    collect();
+    if (!data.isPacked()) {
+        PictureEncoder::instance().add(data, PackedPixels::quick);
+    } else if (!picturesInUse().contains(data.id)) {
+        data.dropPixels();
+    }
+}
+
+void PixelBudget::catchUp()
+{
+    PictureEncoder& encoder = PictureEncoder::instance();
+    while (encoder.waiting() > kMostWaiting && encoder.packOldest()) {
+    }
+    collect();
+}
+
+// What the encoder has ready.
+void PixelBudget::collect()
+{
+    const std::vector<Picture::Data*> finished = PictureEncoder::instance().takeFinished();
+    const QSet<quint64> inUse = finished.empty() ? QSet<quint64>() : picturesInUse();
+    for (Picture::Data* data : finished) {
+        if (data->isPacked() && !inUse.contains(data->id)) {
+            data->dropPixels();
+        }
     }
 }
 
@@ -79,29 +103,39 @@ bool PixelBudget::isAtRest() const
         && std::none_of(m_users.begin(), m_users.end(), [](const PictureUser* user) { return user->isDrawnOn(); });
 }
 
-bool PixelBudget::pack(Encode encode)
+QSet<quint64> PixelBudget::picturesInUse() const
 {
     QSet<quint64> inUse;
     for (const PictureUser* user : m_users) {
         user->collectPicturesInUse(inUse);
     }
-    qint64 waiting = 0;  // bytes that go when they are encoded
+    return inUse;
+}
+
+// Of those that must be packed before they go only one is with the encoder at a time, so that undo's are not kept
+// waiting; it becomes a PNG, which the next save wants of it. All of them count as gone already.
+bool PixelBudget::pack()
+{
+    PictureEncoder& encoder = PictureEncoder::instance();
+    const QSet<quint64> inUse = picturesInUse();
+    const bool atRest = isAtRest();
+    qint64 waiting = 0;  // bytes
     for (auto next = m_unpacked.begin(); next != m_unpacked.end() && m_bytes - waiting > m_limit;) {
-        Picture::Data& data = **next++;  // packing takes it off the list
-        if (inUse.contains(data.id) || (!data.isClean() && encode == Encode::None)) {
+        Picture::Data& data = **next++;  // dropping its pixels takes it off the list
+        if (inUse.contains(data.id)) {
             continue;
         }
-        if (!data.isClean() && encode == Encode::Later) {
-            waiting += data.budgeted;
+        if (data.isPacked()) {
+            data.dropPixels();
             continue;
         }
-        if (!data.isClean()) {
-            if (data.encoded().isEmpty()) {
-                continue;  // and it is another one's turn, or this one would hold up all behind it
-            }
-            encode = encode == Encode::One ? Encode::Later : encode;
+        if (!data.isInEncoder && !(atRest && data.isPackable)) {
+            continue;
         }
-        data.dropPixels();
+        if (encoder.waiting() == 0) {
+            encoder.add(data, PackedPixels::asPng);
+        }
+        waiting += data.budgeted;
     }
     return waiting > 0;
 }

@@ -2,8 +2,6 @@
 
 #include "model/Picture.h"
 
-#include <QBasicTimer>
-#include <QObject>
 #include <QSet>
 
 #include <list>
@@ -18,10 +16,10 @@ public:
 };
 
 /// Holds the pixels of all unpacked pictures of the process within a number of bytes, by packing those that were shown
-/// least recently. A picture in use is never packed. Packing a picture whose PNG is at hand costs nothing and happens
-/// at once; encoding takes its time, so it waits for the event loop, one picture a turn, and for the end of a stroke or
-/// of playback. A process without an event loop has nobody who would wait, and encodes at once.
-class PixelBudget : public QObject {
+/// least recently. A picture in use is never packed. Letting go of pixels of which a packed form is at hand costs
+/// nothing and happens at once. What has to be packed first is left to the encoder, one picture after the other, and
+/// begun only while nothing is played or drawn; in a process without an event loop it is waited for.
+class PixelBudget {
 public:
     static PixelBudget& instance();
 
@@ -32,31 +30,27 @@ public:
     void addUser(const PictureUser* user);
     void removeUser(const PictureUser* user);
 
-    /// Called after what may unpack pictures, leave them unused or encode them: time changes, pictures made anew,
-    /// strokes and saves.
+    /// Called after what may unpack pictures, leave them unused or pack them: time changes, pictures made anew,
+    /// strokes, saves, and the encoder's work.
     void trim();
+    /// Packs a picture that will hardly be shown again, whatever the limit: undo holds it. This never waits.
+    void packSoon(Picture::Data& data);
+    /// Comes back when no more pictures wait for the encoder than memory is meant for. Called before more are made.
+    void catchUp();
 
     // For pictures
     void enter(Picture::Data& data);   ///< its pixels are new
     void touch(Picture::Data& data);   ///< they are shown
     void remove(Picture::Data& data);  ///< they go
 
-protected:
-    void timerEvent(QTimerEvent* event) override;
-
 private:
-    enum class Encode {
-        None,
-        Later,  ///< by the event loop; what waits for it counts as gone
-        One,    ///< and the others later
-        All
-    };
-    bool pack(Encode encode);  ///< true when pictures wait for the event loop
-    bool isAtRest() const;     // nothing is played or drawn
+    void collect();
+    bool pack();            // true when pictures wait to be packed before they can go
+    bool isAtRest() const;  // nothing is played or drawn
+    QSet<quint64> picturesInUse() const;
 
     qint64 m_limit = qint64(256) << 20;
     qint64 m_bytes = 0;
     std::list<Picture::Data*> m_unpacked;  // least recently shown first
     std::vector<const PictureUser*> m_users;
-    QBasicTimer m_nextTurn;
 };

@@ -10,6 +10,7 @@
 #include "contexts/TransformContextCommand.h"
 #include "model/BaseNodeLayerData.h"
 #include "model/LayerManager.h"
+#include "model/PictureEncoder.h"
 #include "node/BaseNode.h"
 #include "node/BaseNodeDrawOverride.h"
 #include "node/Callbacks.h"
@@ -141,6 +142,7 @@ void shutDown()
     TimelineMarks::install(nullptr);
     LayerManager::setLayerListView(nullptr);
     Preferences::instance().save();
+    PictureEncoder::instance().stop();
 }
 
 /// Nothing of ours may be under the pointer or at work while the rest goes.
@@ -237,6 +239,34 @@ HostViews& hostViews()
     return views;
 }
 
+MStatus leave(MObject& object)
+{
+    if (s_isInteractive && !script::deleteMainMenu()) {
+        messages::bareError("Failed to delete main menu");
+    }
+    const int job = s_playbackJob;
+    s_playbackJob = -1;  // one that cannot be stopped is gone: the next attempt goes on without it
+    if (job >= 0 && !script::stopPlaybackJob(job)) {
+        messages::bareError("Failed to remove scriptJobs");
+        return MStatus::kFailure;
+    }
+    MStatus status = callbacks::remove();
+    if (!status) {
+        messages::bareError("Failed to remove callbacks");
+        return status;
+    }
+    MFnPlugin plugin(object, kVendor, kVersion, "Any", &status);
+    if (!status) {
+        messages::bareError("Failed to uninitialize plugin: " + toQString(status.errorString()));
+        return status;
+    }
+    status = leaveAll(plugin);
+    if (status) {
+        LayerManager::setDrawingViews(nullptr);  // a module that could not leave goes on drawing
+    }
+    return status;
+}
+
 }  // namespace
 
 MStatus initializePlugin(MObject object)
@@ -268,28 +298,7 @@ MStatus initializePlugin(MObject object)
 MStatus uninitializePlugin(MObject object)
 {
     leaveTools();
-    if (s_isInteractive && !script::deleteMainMenu()) {
-        messages::bareError("Failed to delete main menu");
-    }
-    const int job = s_playbackJob;
-    s_playbackJob = -1;  // one that cannot be stopped is gone: the next attempt goes on without it
-    if (job >= 0 && !script::stopPlaybackJob(job)) {
-        messages::bareError("Failed to remove scriptJobs");
-        return MStatus::kFailure;
-    }
-    MStatus status = callbacks::remove();
-    if (!status) {
-        messages::bareError("Failed to remove callbacks");
-        return status;
-    }
-    MFnPlugin plugin(object, kVendor, kVersion, "Any", &status);
-    if (!status) {
-        messages::bareError("Failed to uninitialize plugin: " + toQString(status.errorString()));
-        return status;
-    }
-    status = leaveAll(plugin);
-    if (status) {
-        LayerManager::setDrawingViews(nullptr);  // a module that could not leave goes on drawing
-    }
+    const MStatus status = leave(object);
+    PictureEncoder::instance().stop();  // the host may let the module go whatever the status says
     return status;
 }

@@ -1,4 +1,6 @@
+#include "model/Canvas.h"
 #include "support/CommandFixture.h"
+#include "support/HeldEncoder.h"
 
 #include "commands/StrokeCommand.h"
 
@@ -24,6 +26,7 @@ protected:
         }
         stroke->changed = true;
     }
+    QImage shown() { return drawing().layer("persp", 0)->frameAt(0)->image(); }
     void keyed(const QString& camera, std::initializer_list<int> frameNumbers)
     {
         drawing().insertLayer(camera, -1, "Ink");
@@ -134,9 +137,11 @@ TEST_F(StrokeCommandTest, UndoAndRedoFindTheStrokesFrameWhereverTheSceneHasMoved
 {
     keyed("persp", {1, 10});
     drawing().insertLayer("persp", -1, "Paint");
-    drag("persp", 300);
     goTo(10);
     const QString before = describeDrawing();
+    goTo(1);
+    drag("persp", 300);
+    goTo(10);
     ASSERT_TRUE(command("persp"));
     drawing().setActiveLayer("persp", 1, true);
     const QString after = describeDrawing();
@@ -194,6 +199,56 @@ TEST_F(StrokeCommandTest, ARedoNeverReplacesAFrameThatWasKeyedMeanwhile)
     const QString meanwhile = describeDrawing();
     run("redo");
     EXPECT_EQ(describeDrawing(), meanwhile);
+}
+
+// Undo may come before the picture it needs is packed, while it is, and afterwards.
+TEST_F(StrokeCommandTest, UndoNeverNeedsToWaitForThePicturesToBePacked)
+{
+    keyed("persp", {1});
+    std::vector<QImage> stages = {shown()};
+    const auto strokes = [&](int count) {
+        for (int i = 0; i < count; ++i) {
+            drag("persp", 100 * static_cast<int>(stages.size()), ToolType::Brush);
+            ASSERT_TRUE(command("persp"));
+            stages.push_back(shown());
+        }
+    };
+    const auto rewind = [&] {
+        for (const char* step : {"undo", "redo"}) {
+            for (std::size_t i = 1; i < stages.size(); ++i) {
+                run(step);
+                const std::size_t at = step == std::string("undo") ? stages.size() - 1 - i : i;
+                ASSERT_TRUE(pixels::same(shown(), stages[at])) << step << " to " << at;
+            }
+        }
+    };
+    {
+        HeldEncoder held;
+        strokes(3);
+        rewind();
+        held.letGo();
+        strokes(2);
+        rewind();
+    }
+    rewind();
+}
+
+TEST_F(StrokeCommandTest, ABurstOfStrokesKeepsFewPicturesWaitingAndAllArePackedInTheEnd)
+{
+    constexpr qint64 kCanvasBytes = qint64(kCanvasSize) * kCanvasSize * 4;
+    const qint64 before = PixelBudget::instance().bytes();
+    keyed("persp", {1});
+    HeldEncoder held;
+    for (int i = 0; i < 12; ++i) {
+        drag("persp", 20 + 80 * i);
+        EXPECT_LE(PictureEncoder::instance().waiting(), 8);
+        ASSERT_TRUE(command("persp"));
+        EXPECT_GE(PictureEncoder::instance().waiting(), std::min(i, 8)) << "nothing is packed at the pen's lifting";
+    }
+    held.letGo();
+    PictureEncoder::instance().finish();
+    PixelBudget::instance().trim();
+    EXPECT_EQ(PixelBudget::instance().bytes(), before + kCanvasBytes) << "the frame's own";
 }
 
 TEST_F(StrokeCommandTest, RefusesWithoutACameraADrawingOrAStroke)

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "model/PixelTiles.h"
+
+#include <QByteArray>
+#include <QImage>
+
+/// A picture in a form that takes little memory: the one that files hold, the one that is made quickly, or both.
+struct PackedPixels {
+    QByteArray png;
+    PixelTiles tiles;
+
+    static PackedPixels asPng(const QImage& image);  ///< empty when the image cannot be encoded
+    static PackedPixels quick(const QImage& image);  ///< tiles of a canvas, the PNG of any other
+    bool isEmpty() const { return png.isEmpty() && tiles.isEmpty(); }
+    /// Null when the PNG does not decode. similar: pixels that may have parts in common, which saves time.
+    QImage unpacked(const QImage& similar = QImage()) const;
+};
