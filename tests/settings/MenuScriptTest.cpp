@@ -260,7 +260,7 @@ TEST_F(MenuScript, OpensTheFloatingViewOnceThroughACameraOfItsOwn)
               std::string(kWindow) + "|tqLumisketchFloatingPaneLayout|" + kPanel);
     EXPECT_EQ(value("ls -sl"), "") << "an empty selection stays empty";
 
-    run("file -f -new");
+    run("file -f -new; lookThru " + kPanel + " persp");
     ASSERT_TRUE(script::openFloatingViewport(""));
     EXPECT_EQ(floating(), "1 lumisketchCam") << "the camera of the new scene";
     EXPECT_THAT(errors(), IsEmpty());
