@@ -163,51 +163,6 @@ TEST_F(CompositeTest, GhostsFadeByKeysAndNotByTime)
     EXPECT_NEAR(alphaOfFrame(3), 255 * 0.4, 1);
 }
 
-TEST_F(CompositeTest, GhostsAreThoseOfTheVisibleActiveLayer)
-{
-    addFlatLayer({1, 2});
-    addLayer("persp", "Other", {2});
-    goTo(2);
-    Preferences::instance().setGhostPrev(true);
-    EXPECT_GT(alphaOfFrame(0), 0);
-    drawing.setActiveLayer("persp", 1, true);
-    EXPECT_EQ(alphaOfFrame(0), 0);
-    drawing.setActiveLayer("persp", 0, true);
-    drawing.setLayerVisible("persp", 0, false);
-    EXPECT_EQ(picture(), over({pixels::marked(2)}));
-}
-
-TEST_F(CompositeTest, GhostsStayAsTheyAreWhileDrawing)
-{
-    addFlatLayer({1, 2});
-    goTo(2);
-    Preferences::instance().setGhostPrev(true);
-    picture();
-    ActiveStroke* record = drawing.beginStroke("persp", false);
-    record->points = drawings::line({500, 500}, {600, 500});
-    record->changed = true;
-    drawing.activeLayer("persp")->frameAt(0)->setImage(blankCanvas());
-    EXPECT_NEAR(alphaOfFrame(0), 255 * 0.4, 1);
-    drawing.dropStroke();
-    EXPECT_EQ(alphaOfFrame(0), 0);
-}
-
-// Earlier ghosts that have been switched off stay behind the later ones as they were last made.
-TEST_F(CompositeTest, StaleEarlierGhostsStayBehindLaterOnes)
-{
-    addFlatLayer({1, 2, 3});
-    goTo(2);
-    Preferences::instance().setGhostPrev(true);
-    picture();
-    Preferences::instance().setGhostPrev(false);
-    Preferences::instance().setGhostNext(true);
-    drawing.markForRedraw("persp");
-    EXPECT_NEAR(alphaOfFrame(0), 255 * 0.4, 1);
-    Preferences::instance().setGhostNext(false);
-    drawing.markForRedraw("persp");
-    EXPECT_EQ(alphaOfFrame(0), 0);
-}
-
 TEST_F(CompositeTest, TintedGhostsHaveTheirSidesColour)
 {
     addFlatLayer({1, 2, 3});
@@ -224,18 +179,6 @@ TEST_F(CompositeTest, TintedGhostsHaveTheirSidesColour)
     EXPECT_NEAR(earlier.blue(), 0, 2);
     EXPECT_NEAR(later.blue(), 200, 2);
     EXPECT_EQ(picture().pixelColor(15, 0), QColor(10, 20, 30));
-}
-
-TEST(Tint, KeepsAlphaAndLeavesTransparentPixels)
-{
-    InkedImage sheet = blankSheet();
-    sheet.image.setPixelColor(40, 7, QColor(1, 2, 3, 7));
-    sheet.image.setPixelColor(41, 7, QColor(1, 2, 3, 255));
-    sheet.ink = InkMap::of(sheet.image);
-    tintImage(sheet, QColor(9, 8, 7));
-    EXPECT_EQ(sheet.image.pixel(39, 7), 0u);
-    EXPECT_EQ(sheet.image.pixelColor(40, 7), QColor(9, 8, 7, 7));
-    EXPECT_EQ(sheet.image.pixelColor(41, 7), QColor(9, 8, 7, 255));
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
 #include "model/DabMask.h"
-#include "model/CpuFeatures.h"
 #include "support/QtPrint.h"
 
 #include <QStringList>
@@ -12,7 +11,6 @@ namespace {
 
 using Mode = DabMask::Mode;
 
-constexpr Mode kModes[] = {Mode::Soft, Mode::Hard, Mode::Flat};
 constexpr int kReach = 51;  // of the largest dab and a pixel beyond
 
 class Dab : public DabMask {
@@ -61,74 +59,6 @@ TEST(DabMask, RadiusOneIsABlockOfFour)
         for (int x = -kReach; x <= kReach; ++x) {
             const bool inBlock = (y == -1 || y == 0) && (x == -1 || x == 0);
             EXPECT_EQ(dab.at(x, y), inBlock ? 127 : 0) << x << " " << y;
-        }
-    }
-}
-
-// For odd and even widths alike, up to the largest.
-TEST(DabMask, IsSymmetricAboutItsCentreAndNeverAboveItsOpacity)
-{
-    for (const Mode mode : kModes) {
-        for (int width = 3; width <= 100; ++width) {
-            Dab dab(static_cast<float>(width) * 0.5f, 0.7f, mode);
-            EXPECT_EQ(dab.at(0, 0), static_cast<int>(0.7f * 255.0f)) << "width " << width;
-            for (int dy = -kReach; dy <= kReach; ++dy) {
-                for (int dx = -kReach; dx <= kReach; ++dx) {
-                    const uchar alpha = dab.at(dx, dy);
-                    ASSERT_LE(alpha, dab.at(0, 0));
-                    ASSERT_EQ(alpha, dab.at(-dx, -dy)) << width << ": " << dx << " " << dy;
-                    ASSERT_EQ(alpha, dab.at(dy, dx)) << width << ": " << dx << " " << dy;
-                }
-            }
-        }
-    }
-}
-
-TEST(DabMask, CoversAboutTheAreaOfItsDisc)
-{
-    for (const float radius : {3.0f, 7.5f, 20.0f, 50.0f}) {
-        Dab dab(radius, 1.0f, Mode::Hard);
-        double area = 0;
-        for (int y = -kReach; y <= kReach; ++y) {
-            for (int x = -kReach; x <= kReach; ++x) {
-                area += dab.at(x, y) / 255.0;
-            }
-        }
-        const double disc = M_PI * (radius + 0.5) * (radius + 0.5);  // the centre is a pixel, not a point
-        EXPECT_NEAR(area / disc, 1.0, 0.12) << radius;
-    }
-}
-
-// How far apart the rows lie in memory, and how they are padded, differs with the width.
-class DabMaskLoops : public testing::Test {
-protected:
-    ~DabMaskLoops() override { allowAvx2(true); }
-};
-
-TEST_F(DabMaskLoops, GiveTheSameAsBytesAndAsWordsWithAndWithoutAvx2)
-{
-    for (const Mode mode : kModes) {
-        for (int width = 2; width <= 100; ++width) {
-            const float radius = static_cast<float>(width) * 0.5f;
-            const float opacity = static_cast<float>(width) / 103.0f;
-            allowAvx2(false);
-            Dab plain(radius, opacity, mode);
-            plain.bytes();
-            for (const bool avx2 : {false, true}) {
-                allowAvx2(avx2);
-                Dab dab(radius, opacity, mode);
-                const ByteRows& bytes = dab.bytes();
-                const WordRows& words = dab.words();
-                for (int row = -1; row <= bytes.count; ++row) {
-                    const int plainRow = plain.bytes().starts[row];
-                    for (int x = 0; x < bytes.columns; ++x) {
-                        const int value = plain.bytes().values[plainRow + x];
-                        ASSERT_EQ(bytes.values[bytes.starts[row] + x], value) << width << ": " << x << " " << row;
-                        ASSERT_EQ(words.values[words.starts[row] + x], value) << width << ": " << x << " " << row;
-                        ASSERT_TRUE(value == 0 || (x < dab.box().width() && row >= 0 && row < bytes.count));
-                    }
-                }
-            }
         }
     }
 }

@@ -168,19 +168,6 @@ TEST_F(StrokeTest, IsDroppedWhenItsFrameIsGone)
     EXPECT_FALSE(drawing.commitStroke("persp", undo));
 }
 
-TEST_F(StrokeTest, DroppingLeavesNoTraceInThePicture)
-{
-    addLayer("persp", "A", {1});
-    const QImage before = pixels::seen(*drawing.composite("persp"));
-    ActiveStroke* record = drawing.beginStroke("persp", false);
-    record->points = drawings::line({400, 500}, {600, 500});
-    record->changed = true;
-    EXPECT_NE(pixels::seen(*drawing.composite("persp")), before);
-    drawing.dropStroke();
-    EXPECT_TRUE(drawing.needsRedraw("persp"));
-    EXPECT_EQ(pixels::seen(*drawing.composite("persp")), before);
-}
-
 // Pictures from elsewhere decode to other formats and sizes; the eraser writes other.
 TEST_F(StrokeTest, ErasesOnWhateverPictureTheFrameHolds)
 {
@@ -207,24 +194,6 @@ TEST_F(StrokeTest, ErasesOnWhateverPictureTheFrameHolds)
         EXPECT_EQ(shown("persp").size(), QSize(kCanvasSize, kCanvasSize));
         EXPECT_EQ(pixels::alpha(shown("persp"), 0, 0), 0);
         EXPECT_TRUE(pixels::same(undo.image(), decodePng(encodePng(picture))));
-    }
-}
-
-TEST_F(StrokeTest, LiveAndCommittedPicturesAreTheSame)
-{
-    for (const ToolType tool : {ToolType::Pencil, ToolType::Brush, ToolType::Eraser, ToolType::Line, ToolType::Arrow,
-                                ToolType::Ellipse, ToolType::Rectangle}) {
-        drawing.clear(false);
-        addLayer("persp", "A", {1});
-        Preferences::instance().setActiveTool(tool);
-        ActiveStroke* record = drawing.beginStroke("persp", false);
-        record->points = drawings::line({0, 0}, {300, 200}, 20, 0.5f);
-        record->changed = true;
-        const QImage live = drawing.composite("persp")->copy();
-        Picture undo;
-        ASSERT_TRUE(drawing.commitStroke("persp", undo));
-        EXPECT_LE(pixels::farthest(*drawing.composite("persp"), live), 1) << static_cast<int>(tool);
-        EXPECT_FALSE(pixels::same(live, base())) << static_cast<int>(tool);
     }
 }
 

@@ -165,23 +165,6 @@ TEST_F(BaseNodeDrawOverrideTest, OutlinesTheTransformedRegionOnlyInViewsLikeTheO
     EXPECT_EQ(persp.list.items.size(), 1u);
 }
 
-TEST_F(BaseNodeDrawOverrideTest, TheTextureIsKeptAndShowsEachChange)
-{
-    draw("persp");
-    View view("persp", 400, 300);
-    prepare(view);
-    paint(view);
-    const std::shared_ptr<api::Texture> texture = view.list.items.at(0).state.texture;
-    QImage red(kCanvasSize, kCanvasSize, QImage::Format_RGBA8888);
-    red.fill(Qt::red);
-    drawing().activeLayer("persp")->setCurrentImage(red);
-    prepare(view);
-    paint(view);
-    EXPECT_EQ(view.list.items.at(1).state.texture, texture);
-    EXPECT_EQ(texture->pixels[0], 255);
-    EXPECT_EQ(texture->pixels[3], 255);
-}
-
 TEST_F(BaseNodeDrawOverrideTest, OnlyAnotherPictureIsSentToTheTexture)
 {
     draw("persp");

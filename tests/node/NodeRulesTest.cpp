@@ -88,6 +88,8 @@ TEST_F(NodeRules, TheFirstNodeThatIsMadeIsThePrimaryOneAndNoOtherTakesItsPlace)
         {"createNode transform -n C; createNode tqLumisketch -n CShape -p C", "BShape CShape**"},
         {"undo; undo; undo", "AShape** BShape"},
         {"duplicate -n D A", "AShape** BShape DShape*"},
+        {"createNode transform -n last; parent A last", "AShape* BShape DShape**"},
+        {"undo", "AShape** BShape DShape*"},
         {"delete A", "BShape DShape**"},
         {"undo; undo", "AShape** BShape"},
         {"file -force -new", ""},

@@ -1,5 +1,5 @@
-// A contact sheet of the drawing model, to be looked at: every tool at many sizes, shapes, text, transforms, ghosts,
-// holds and layers, each drawn with the model as the tools draw.
+// A contact sheet of the drawing model, to be looked at: every tool at many sizes, shapes, text, transforms and
+// ghosts, each drawn with the model as the tools draw.
 //
 //     model-sheet FOLDER
 
@@ -31,8 +31,6 @@ int main(int argc, char** argv)
     sheet::addText(page);
     sheet::addTransforms(page);
     sheet::addGhosts(page);
-    sheet::addHolds(page);
-    sheet::addLayers(page);
     const QString file = QDir(argv[1]).filePath("model.png");
     if (!page.finished().save(file, "PNG", 0)) {
         std::fprintf(stderr, "%s cannot be written.\n", qPrintable(file));

@@ -62,15 +62,6 @@ TEST_F(FileReplacementTest, WritingThatFailsKeepsTheOldContentAndLeavesNothing)
     EXPECT_EQ(entries(), QStringList("a.ini"));
 }
 
-TEST_F(FileReplacementTest, AFolderInTheWayStaysWithAllThatIsInIt)
-{
-    ASSERT_TRUE(QDir().mkpath(path("a.ini")));
-    ASSERT_TRUE(write(path("a.ini/kept"), "kept"));
-    EXPECT_FALSE(replaceBy(path("a.ini"), "new"));
-    EXPECT_EQ(read(path("a.ini/kept")), "kept");
-    EXPECT_EQ(entries(), QStringList("a.ini"));
-}
-
 TEST_F(FileReplacementTest, LinksAreFollowedAndStay)
 {
     ASSERT_TRUE(QDir().mkpath(path("elsewhere")));

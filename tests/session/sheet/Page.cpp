@@ -41,7 +41,6 @@ void paintGround(QPainter& painter, const QRect& rect, Ground ground)
 }  // namespace
 
 const QColor Page::kWindow(0x44, 0x44, 0x44);
-const QColor Page::kWell(0x2b, 0x2b, 0x2b);
 const QColor Page::kSeparator(0x6a, 0x6a, 0x6a);
 const QColor Page::kText(0xd8, 0xd8, 0xd8);
 const QColor Page::kFaintText(0xb4, 0xb4, 0xb4);

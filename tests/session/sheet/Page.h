@@ -26,7 +26,6 @@ public:
     static constexpr int kGap = 8;                  ///< between pictures
 
     static const QColor kWindow;
-    static const QColor kWell;
     static const QColor kSeparator;
     static const QColor kText;
     static const QColor kFaintText;

@@ -11,7 +11,5 @@ void addShapes(Page& page);
 void addText(Page& page);
 void addTransforms(Page& page);
 void addGhosts(Page& page);
-void addHolds(Page& page);
-void addLayers(Page& page);
 
 }  // namespace sheet

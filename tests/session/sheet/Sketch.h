@@ -34,7 +34,6 @@ public:
     void commit();
 
     QImage shown(const QSize& size);  ///< the composite as it is now, from kCorner on
-    LayerManager& drawing() { return m_drawing; }
 
 private:
     void append(ActiveStroke& record, const StrokePoint& point);

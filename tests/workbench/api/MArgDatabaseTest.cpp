@@ -138,13 +138,6 @@ TEST_F(MArgDatabaseTest, TakesNoValuesAfterQuery)
     EXPECT_EQ(edit.flagArgumentString("label", 0), MString("v"));
 }
 
-TEST_F(MArgDatabaseTest, ReadsTimesInTheCurrentUnitUnlessTheyCarryTheirOwn)
-{
-    session().scene.setTimeUnit(kernel::TimeUnit::PalFrame);
-    EXPECT_EQ(parse({text("-at"), 12}).flagArgumentMTime("atTime", 0), MTime(12.0, MTime::kPALFrame));
-    EXPECT_EQ(parse({text("-at"), text("12film")}).flagArgumentMTime("atTime", 0), MTime(12.0, MTime::kFilm));
-}
-
 TEST_F(MArgDatabaseTest, KeepsEveryUseOfAMultiUseFlag)
 {
     const MArgDatabase parsed = parse({text("-tag"), text("a"), text("-tagged"), text("b")});

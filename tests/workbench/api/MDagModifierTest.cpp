@@ -64,16 +64,6 @@ TEST_F(MDagModifierTest, PutsATransformAboveAShapeWithoutParent)
     EXPECT_THAT(paths(), ElementsAre());
 }
 
-TEST_F(MDagModifierTest, TakenNamesGetANumber)
-{
-    createShape("drawing");
-    MDagModifier modifier;
-    const MObject transform = modifier.createNode("transform");
-    modifier.renameNode(transform, "drawing");
-    ASSERT_TRUE(modifier.doIt());
-    EXPECT_EQ(MFnDagNode(transform).name(), "drawing1");
-}
-
 TEST_F(MDagModifierTest, RefusesWhatItCannotMake)
 {
     MDagModifier modifier;

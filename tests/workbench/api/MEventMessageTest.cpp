@@ -55,23 +55,6 @@ TEST_F(MEventMessageTest, CallsBackUntilItIsRemoved)
     EXPECT_EQ(times, 2);
 }
 
-TEST_F(MEventMessageTest, TellsOfTimeAtOnceAndOfTheSelectionWhenTheHostIsIdle)
-{
-    int times = 0;
-    int selections = 0;
-    const MCallbackId ofTime = MEventMessage::addEventCallback("timeChanged", count, &times);
-    const MCallbackId ofSelection = MEventMessage::addEventCallback("SelectionChanged", count, &selections);
-    const auto execute = [this](const char* text) { session().script().execute(text, false, true); };
-    execute("select persp; currentTime 7;");
-    execute("select -cl;");
-    EXPECT_EQ(times, 1);
-    EXPECT_EQ(selections, 0);
-    host().drainIdle();
-    EXPECT_EQ(selections, 1) << "also when nothing is selected, as before";
-    MMessage::removeCallback(ofTime);
-    MMessage::removeCallback(ofSelection);
-}
-
 TEST_F(MEventMessageTest, RefusesUnknownEvents)
 {
     int times = 0;

@@ -100,18 +100,4 @@ TEST_F(MObjectTest, FunctionSetsRefuseWhatTheyCannotServe)
     EXPECT_TRUE(transform.object().isNull());  // a failed one is unusable
 }
 
-TEST_F(MObjectTest, NamesAreMadeUniqueAndPathsShortest)
-{
-    const MObject first = createShape("twin");
-    const MObject second = createShape("twin");
-    MFnDagNode parent(MFnDagNode(second).parent(0));
-    EXPECT_EQ(parent.name(), "twin1");
-    EXPECT_EQ(parent.setName("twin"), "twin1");
-    MStatus status;
-    EXPECT_EQ(parent.setName("", false, &status), "twin1");
-    EXPECT_FALSE(status);
-    EXPECT_EQ(MFnDagNode(first).fullPathName(), "|twin|twinShape");
-    EXPECT_EQ(MFnDagNode(second).partialPathName(), "twinShape1");
-}
-
 }  // namespace

@@ -196,25 +196,4 @@ TEST_F(ModuleLoaderTest, UnloadedNodesComeBackWithTheirDataWhenTheSceneIsReadAga
     EXPECT_THAT(text, HasSubstr("\"kept words\""));
 }
 
-TEST_F(ModuleLoaderTest, BinaryScenesKeepTheDataOfAMissingModule)
-{
-    ASSERT_TRUE(run(m_load));
-    ASSERT_TRUE(run("createNode sampleModulePin -n pinShape; setAttr \"pinShape.depth\" 4.25;"
-                    "setAttr \"pinShape.note\" -type \"sampleModuleNote\" \"kept words\""));
-    kernel::saveScene(session(), path("pins.mb"));
-    ASSERT_TRUE(run("file -new; unloadPlugin SampleModule"));
-    kernel::openScene(session(), path("pins.mb"));
-    EXPECT_THAT(errors(), IsEmpty());
-    EXPECT_THAT(warnings(), Contains(HasSubstr("The node pinShape is kept unread.")));
-    kernel::saveScene(session(), path("again.mb"));
-
-    ASSERT_TRUE(run(m_load));
-    kernel::openScene(session(), path("again.mb"));
-    EXPECT_EQ(evaluate("getAttr pinShape.depth"), kernel::Value(4.25));
-    kernel::saveScene(session(), path("again.ma"), kernel::SceneFileType::Ascii);
-    std::ifstream file(path("again.ma"));
-    const std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-    EXPECT_THAT(text, HasSubstr("\"kept words\""));
-}
-
 }  // namespace

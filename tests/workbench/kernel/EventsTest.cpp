@@ -11,15 +11,6 @@
 
 using namespace kernel;
 
-TEST(Events, OnlyKnownEventsHaveListeners)
-{
-    Events events;
-    EXPECT_EQ(events.add("timechanged", [] {}), 0u);
-    for (const std::string& name : events.names())
-        EXPECT_GT(events.add(name, [] {}), 0u) << name;
-    EXPECT_FALSE(events.remove(0));
-}
-
 TEST(Events, AnEventCausedByItsOwnDeliveryComesAfterIt)
 {
     Events events;
@@ -111,23 +102,6 @@ TEST(Events, EveryWatcherHearsOfTheChangesInTheirOrder)
     const int before = told;
     events.setCondition("busy", !events.condition("busy"));
     EXPECT_GT(told, before);
-}
-
-TEST(IdleQueue, WhatAnEntryPostsWaitsForTheNextPass)
-{
-    IdleQueue queue;
-    std::string log;
-    queue.post([&] {
-        log += 'a';
-        queue.post([&] { log += 'c'; });
-    });
-    queue.post([&] { log += 'b'; });
-    EXPECT_TRUE(queue.runPass());
-    EXPECT_EQ(log, "ab");
-    EXPECT_FALSE(queue.isEmpty());
-    queue.drain();
-    EXPECT_EQ(log, "abc");
-    EXPECT_FALSE(queue.runPass());
 }
 
 TEST(IdleQueue, APassInsideAnEntryKeepsTheOrder)

@@ -345,38 +345,6 @@ TEST_F(SceneFileTest, KeptStatementsGoToTheirSectionsOnce)
     EXPECT_THAT(written, Not(HasSubstr("Other")));
 }
 
-TEST_F(SceneFileTest, NodesOfATypeThatGoesAwayKeepTheirDataAsText)
-{
-    struct Proxy : NodeProxy {
-        explicit Proxy(int& count) : count(++count) {}
-        ~Proxy() override { --count; }
-        int& count;
-    };
-    int proxies = 0;
-    addWobbleModule();
-    const NodePtr node = addWobble();
-    set(node, "template", 1.0);
-    set(node, "speed", 3.0);
-    const NodePtr deleted = scene.makeNode(node->type(), "gone");
-    node->setProxy(std::make_unique<Proxy>(proxies));
-    deleted->setProxy(std::make_unique<Proxy>(proxies));
-
-    scene.orphanNodesOf(*session.nodeTypes.find("wobble"));
-    EXPECT_EQ(proxies, 0) << "also that of a node outside the scene";
-    ASSERT_TRUE(session.nodeTypes.remove("wobble"));
-    EXPECT_EQ(node->typeName(), "wobble");
-    EXPECT_EQ(deleted->type().name, "unknownDag");
-    EXPECT_EQ(node->number("template"), 1);
-    EXPECT_EQ(node->attribute("speed"), nullptr);
-    const std::string written = text();
-    EXPECT_THAT(written,
-                HasSubstr("requires -nodeType \"wobble\" -dataType \"wobbleData\" \"wobblePlugin\" \"1.4\";\n"));
-    EXPECT_THAT(written, HasSubstr("createNode wobble -n \"wobbleShape1\" -p \"wobble1\";\n"));
-    EXPECT_THAT(written, HasSubstr("\tsetAttr \".tmp\" yes;\n"
-                                   "\tsetAttr \".wt\" -type \"wobbleData\" 1 \"a\\b\"\n1 0.5;\n"
-                                   "\tsetAttr \".sp\" 3;\n"));
-}
-
 TEST_F(SceneFileTest, SavingReplacesTheFileAndClearsModified)
 {
     write(path("a.ma"), "old");

@@ -175,39 +175,6 @@ TEST_F(SceneTest, PathsAreAsShortAsTheyCanBe)
     EXPECT_EQ(scene.fullPath(*scene.findOne("time1")), "time1");
 }
 
-TEST_F(SceneTest, MissingAndAmbiguousNamesAreWordedAsTheHostDoes)
-{
-    const NodePtr a = transform("a");
-    transform("arm", a);
-    transform("arm");
-    EXPECT_EQ(failureOf([&] { scene.findOne("foo"); }), "No object matches name: foo");
-    EXPECT_EQ(failureOf([&] { scene.findOne("arm"); }), "More than one object matches name: arm");
-    EXPECT_EQ(failureOf([&] { scene.findPlug("a.bar"); }), "No object matches name: a.bar");
-    EXPECT_EQ(failureOf([&] { scene.findPlug("a"); }), "No object matches name: a");
-    EXPECT_EQ(failureOf([&] { scene.findPlug("a.s.tx"); }), "No object matches name: a.s.tx");
-    EXPECT_EQ(scene.findPlug("a.t.tx").second, a->attribute("translateX"));
-    EXPECT_EQ(scene.findPlug("a|arm.v").second->longName, "visibility");
-    EXPECT_EQ(scene.findOrNull("arm"), nullptr);
-}
-
-TEST_F(SceneTest, NodesComeBackToTheirPlace)
-{
-    const NodePtr a = transform("a");
-    const NodePtr child = transform("child", a);
-    const NodePtr b = transform("b");
-    scene.setSelection({child, b});
-    const std::vector<NodePtr> nodes = scene.nodes();
-    const std::vector<NodePtr> roots = scene.roots();
-    const int index = scene.childIndex(*a);
-    scene.detach(a);
-    EXPECT_FALSE(child->isInScene());
-    EXPECT_EQ(child->parent(), a.get()) << "the part keeps its shape";
-    EXPECT_THAT(scene.selection(), ElementsAre(b));
-    scene.attach(a, nullptr, index);
-    EXPECT_EQ(scene.nodes(), nodes);
-    EXPECT_EQ(scene.roots(), roots);
-}
-
 TEST_F(SceneTest, ParentsMustBeAbleToHaveTheChild)
 {
     const NodePtr a = transform("a");
@@ -344,28 +311,6 @@ TEST_F(SceneTest, TransformsTurnInTheirOrderAboutTheirPivot)
         EXPECT_NEAR(same.m[i / 4][i % 4], i % 5 == 0 ? 1 : 0, 1e-12);
 }
 
-TEST_F(SceneTest, HiddenParentsHideWhatIsBelow)
-{
-    const NodePtr a = transform("a");
-    const NodePtr b = transform("b", a);
-    EXPECT_TRUE(b->isVisible());
-    set(a, "visibility", 0.0);
-    EXPECT_FALSE(b->isVisible());
-}
-
-TEST_F(SceneTest, TheTimeNodeIsTheCurrentTime)
-{
-    int told = 0;
-    session.events.add("timeChanged", [&] { told += scene.currentTime().value == 12; });
-    const NodePtr time1 = scene.findOne("time1");
-    set(time1, "outTime", 12.0);
-    EXPECT_EQ(scene.currentTime().value, 12);
-    EXPECT_EQ(told, 1);
-    scene.setCurrentTime(Time{2, TimeUnit::Seconds});
-    EXPECT_EQ(time1->number("o"), 48);
-    EXPECT_EQ(time1->number("unw"), 48);
-}
-
 TEST_F(SceneTest, AChangeOfUnitKeepsTheInstants)
 {
     scene.setCurrentTime(Time{48, TimeUnit::Film});
@@ -383,63 +328,6 @@ TEST_F(SceneTest, AChangeOfUnitKeepsTheInstants)
     EXPECT_EQ(scene.findOne("time1")->number("o"), 50);
     scene.setTimeUnit(TimeUnit::Invalid);
     EXPECT_EQ(scene.timeUnit(), TimeUnit::PalFrame);
-}
-
-TEST_F(SceneTest, PlaybackStaysInsideTheAnimationRange)
-{
-    scene.setPlaybackRange({-5, 100});
-    EXPECT_EQ(scene.animationRange().first, -5);
-    EXPECT_EQ(scene.animationRange().last, 100);
-    scene.setAnimationRange({10, 20});
-    EXPECT_EQ(scene.playbackRange().first, 10);
-    EXPECT_EQ(scene.playbackRange().last, 20);
-    scene.setAnimationRange({200, 300});
-    EXPECT_EQ(scene.playbackRange().first, 200);
-    EXPECT_EQ(scene.playbackRange().last, 200);
-    scene.setPlaybackRange({250, 240});
-    EXPECT_EQ(scene.playbackRange().last, 251);
-}
-
-TEST_F(SceneTest, WithoutAHighlightTheSliderRangeIsTheCurrentFrame)
-{
-    scene.setCurrentTime(Time{7, TimeUnit::Film});
-    EXPECT_EQ(scene.sliderRange().first, 7);
-    EXPECT_EQ(scene.sliderRange().last, 8);
-    scene.highlightSliderRange({10, 20});
-    EXPECT_EQ(scene.sliderRange().last, 20);
-    EXPECT_TRUE(scene.isSliderRangeVisible());
-    scene.clearSliderRange();
-    EXPECT_EQ(scene.sliderRange().last, 8);
-}
-
-TEST_F(SceneTest, AModulesTypeInheritsFromItsBaseAndIsBuiltOnce)
-{
-    struct Proxy : NodeProxy {
-        explicit Proxy(std::string& log, Node& node) : log(log), node(node) {}
-        ~Proxy() override { log += "~"; }
-        void postConstructor() override { log += node.proxy() == this ? "ready" : "too early"; }
-        std::string& log;
-        Node& node;
-    };
-    std::string log;
-    NodeType type;
-    type.name = "wobble";
-    type.base = session.nodeTypes.find("locator");
-    type.role = NodeRole::Locator;
-    type.id = 0x11a886;
-    type.makeProxy = [&](Node& node) { return std::make_unique<Proxy>(log, node); };
-    ASSERT_TRUE(session.nodeTypes.add(type));
-    EXPECT_FALSE(session.nodeTypes.add(type));
-    EXPECT_FALSE(session.nodeTypes.remove("locator")) << "another type stands on it";
-
-    NodePtr node = make("wobble", "wobbleShape1", transform("wobble1"));
-    EXPECT_EQ(log, "ready");
-    EXPECT_TRUE(node->type().isShape() && node->type().isA("dagNode"));
-    EXPECT_TRUE(node->attribute("localPositionX") && node->attribute("tmp") && node->attribute("lsz"));
-    scene.detach(scene.findOne("wobble1"));
-    node.reset();
-    EXPECT_EQ(log, "ready~");
-    EXPECT_TRUE(session.nodeTypes.remove("wobble"));
 }
 
 TEST_F(SceneTest, HostTypesHaveNoNameTwiceAndWholeCompounds)

@@ -13,7 +13,7 @@ Value word(const char* text)
     return std::string(text);
 }
 
-/// Flags as modules register them: with a dash, without, with values, with several uses.
+/// Flags as modules register them: with a dash, without, with several uses.
 Syntax strokeSyntax()
 {
     Syntax syntax;
@@ -22,11 +22,8 @@ Syntax strokeSyntax()
     syntax.addFlag("-on", "-visible", {ArgType::Bool});
     syntax.addFlag("-t", "-time", {ArgType::Time});
     syntax.addFlag("-n", "-count", {ArgType::Unsigned});
-    syntax.addFlag("-a", "-add");
     syntax.addFlag("-m", "-mark", {ArgType::Double});
     syntax.makeMultiUse("-mark");
-    syntax.enableQuery();
-    syntax.setObjects(Syntax::Objects::Strings);
     return syntax;
 }
 
@@ -48,37 +45,6 @@ ParsedArgs parsed(const Syntax& syntax, const ValueList& args)
 
 }  // namespace
 
-TEST(Syntax, NamesAreTakenOnceWithOrWithoutTheirDash)
-{
-    Syntax syntax = strokeSyntax();
-    EXPECT_FALSE(syntax.addFlag("retime", "other"));
-    EXPECT_FALSE(syntax.addFlag("x", "-camera"));
-    EXPECT_FALSE(syntax.addFlag("", "-"));
-    EXPECT_EQ(syntax.flag("x"), nullptr) << "a refused flag leaves nothing behind";
-    EXPECT_EQ(syntax.flag("-ret"), syntax.flag("retime"));
-    EXPECT_EQ(syntax.flag("Camera"), nullptr);
-}
-
-TEST(Syntax, FlagsTakeTheirValuesAndLeaveTheRestAsObjects)
-{
-    const ParsedArgs args =
-        parsed(strokeSyntax(), {word("one"), word("-retime"), 7.9, word("3"), word("-add"), word("on"), word("-on"),
-                                word("yes"), word("-t"), word("12film"), word("-c"), 5, -2});
-    EXPECT_EQ(args.integer("retime", 0), 7);
-    EXPECT_EQ(args.integer("retime", 1), 3);
-    EXPECT_EQ(args.integer("visible"), 1);
-    EXPECT_EQ(args.text("time"), "12film");
-    EXPECT_EQ(args.text("camera"), "5");
-    EXPECT_EQ(args.objects, (ValueList{word("one"), word("on"), -2}));
-    EXPECT_EQ(args.flagsUsed(), 5u);
-}
-
-TEST(Syntax, AnAwaitedValueMayLookLikeAFlag)
-{
-    const ParsedArgs args = parsed(strokeSyntax(), {word("-camera"), word("-odd")});
-    EXPECT_EQ(args.text("camera"), "-odd");
-}
-
 TEST(Syntax, RepeatedFlagsAddUpOrTheLastWins)
 {
     const ParsedArgs args =
@@ -88,21 +54,6 @@ TEST(Syntax, RepeatedFlagsAddUpOrTheLastWins)
     EXPECT_EQ(args.useCount("camera"), 1u);
     EXPECT_EQ(args.text("camera"), "b");
     EXPECT_EQ(args.values("mark", 2), nullptr);
-}
-
-TEST(Syntax, FlagsBehindQueryTakeNoValuesUnlessDeclaredSo)
-{
-    Syntax syntax = strokeSyntax();
-    ParsedArgs args = parsed(syntax, {word("-on"), 1, word("-q"), word("-c"), word("persp")});
-    EXPECT_TRUE(args.query);
-    EXPECT_TRUE(args.values("camera")->empty());
-    EXPECT_EQ(args.integer("visible"), 1);
-    EXPECT_EQ(args.objects, (ValueList{word("persp")}));
-
-    syntax.makeQueryWithFullArgs("c");
-    args = parsed(syntax, {word("-query"), word("-c"), word("persp")});
-    EXPECT_EQ(args.text("camera"), "persp");
-    EXPECT_TRUE(args.objects.empty());
 }
 
 TEST(Syntax, RefusalsAreWordedAsTheHostDoes)
@@ -117,16 +68,6 @@ TEST(Syntax, RefusalsAreWordedAsTheHostDoes)
     EXPECT_EQ(errorOf(syntax, {word("-c")}), "Flag 'c' must be passed a string argument");
     EXPECT_EQ(errorOf(syntax, {word("-n"), -1}), "Flag 'n' must be passed an unsigned integer argument");
     EXPECT_EQ(errorOf(syntax, {word("-t"), word("12ells")}), "Flag 't' must be passed a time argument");
-}
-
-TEST(Syntax, ObjectsAreCounted)
-{
-    Syntax syntax;
-    EXPECT_EQ(errorOf(syntax, {word("a")}), "Incorrect number of objects specified");
-    syntax.setObjects(Syntax::Objects::Strings, 1, 2);
-    EXPECT_EQ(errorOf(syntax, {}), "No object was specified");
-    EXPECT_EQ(errorOf(syntax, {word("a"), word("b"), word("c")}), "Incorrect number of objects specified");
-    EXPECT_EQ(parsed(syntax, {word("a"), word("b")}).objects.size(), 2u);
 }
 
 TEST(Syntax, TheSelectionStandsInForMissingObjects)

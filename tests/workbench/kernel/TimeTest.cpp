@@ -21,31 +21,3 @@ TEST(Time, EveryUnitHasItsOwnNameAndPlace)
     EXPECT_EQ(timeUnitFromName("frames"), TimeUnit::Invalid);
     EXPECT_EQ(timeUnitName(TimeUnit::Invalid), "");
 }
-
-TEST(Time, EveryUnitIsAWholeNumberOfTicks)
-{
-    for (int i = 1; i < static_cast<int>(TimeUnit::UserDefined); ++i) {
-        const double ticks = ticksPerUnit(static_cast<TimeUnit>(i));
-        EXPECT_EQ(ticks, std::floor(ticks)) << timeUnitName(static_cast<TimeUnit>(i));
-    }
-}
-
-TEST(Time, TextMayNameItsUnit)
-{
-    const struct {
-        const char* text;
-        bool ok;
-        double value;
-        TimeUnit unit;
-    } cases[] = {{"12", true, 12, TimeUnit::PalFrame},       {"12film", true, 12, TimeUnit::Film},
-                 {"-2.5sec", true, -2.5, TimeUnit::Seconds}, {"12frames", false, 0, TimeUnit::Film},
-                 {"film", false, 0, TimeUnit::Film},         {"", false, 0, TimeUnit::Film}};
-    for (const auto& c : cases) {
-        Time time;
-        EXPECT_EQ(parseTime(c.text, TimeUnit::PalFrame, time), c.ok) << c.text;
-        if (c.ok) {
-            EXPECT_EQ(time.value, c.value) << c.text;
-            EXPECT_EQ(time.unit, c.unit) << c.text;
-        }
-    }
-}

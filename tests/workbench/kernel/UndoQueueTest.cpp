@@ -48,27 +48,6 @@ protected:
 
 }  // namespace
 
-TEST_F(UndoQueueTest, AChunkIsOneStepTakenBackInReverse)
-{
-    queue().openChunk("outer");
-    record('a');
-    queue().openChunk("inner");
-    record('b');
-    queue().closeChunk();
-    record('c');
-    queue().closeChunk();
-    queue().openChunk("nothing");
-    queue().closeChunk();
-
-    EXPECT_EQ(queue().count(), 1u);
-    EXPECT_EQ(queue().undoName(), "outer");
-    EXPECT_TRUE(queue().undo());
-    EXPECT_EQ(taken(), "-c-b-a");
-    EXPECT_FALSE(queue().undo());
-    EXPECT_TRUE(queue().redo());
-    EXPECT_EQ(taken(), "+a+b+c");
-}
-
 TEST_F(UndoQueueTest, ANewStepEmptiesTheRedoSide)
 {
     record('a');
@@ -79,21 +58,6 @@ TEST_F(UndoQueueTest, ANewStepEmptiesTheRedoSide)
     EXPECT_FALSE(queue().redo());
     EXPECT_TRUE(session.events.condition("UndoAvailable"));
     EXPECT_FALSE(session.events.condition("RedoAvailable"));
-}
-
-TEST_F(UndoQueueTest, UndoInsideAnOpenChunkTakesItsOwnStepsFirst)
-{
-    record('a');
-    queue().openChunk("script");
-    record('b');
-    EXPECT_TRUE(queue().undo());
-    EXPECT_EQ(taken(), "-b");
-    EXPECT_TRUE(queue().undo());
-    EXPECT_EQ(taken(), "-a");
-    queue().closeChunk();
-    EXPECT_EQ(queue().count(), 0u);
-    EXPECT_TRUE(queue().redo());
-    EXPECT_EQ(taken(), "+a");
 }
 
 TEST_F(UndoQueueTest, NothingIsRecordedWhileSuspendedOffOrUndoing)
@@ -194,18 +158,6 @@ TEST_F(UndoQueueTest, AnUnexpectedErrorInsideUndoDropsTheStepOnly)
     EXPECT_EQ(taken(), "~b-a");
 }
 
-TEST_F(UndoQueueTest, TheOldestStepsFallOff)
-{
-    queue().setLength(2);
-    for (const char name : {'a', 'b', 'c'})
-        record(name);
-    EXPECT_EQ(taken(), "~a");
-    queue().setInfinite(true);
-    record('d');
-    EXPECT_EQ(taken(), "");
-    EXPECT_EQ(queue().count(), 3u);
-}
-
 TEST_F(UndoQueueTest, AStepThatFailsHalfWayIsReportedAndDropped)
 {
     std::vector<std::string> errors;
@@ -241,22 +193,4 @@ TEST_F(UndoQueueTest, FlushReachesTheOpenChunk)
     EXPECT_EQ(queue().count(), 0u);
     record('e');
     EXPECT_FALSE(queue().holdsCommandsOf("wobblePlugin")) << "the tag is for one record";
-}
-
-TEST_F(UndoQueueTest, CommandsRunByNameAreRecordedUnderTheirModule)
-{
-    session.commands.add(
-        "note", [this] { return std::make_unique<Noted>(log, 'n'); }, "notePlugin");
-    session.commands.add("plain", [](const ValueList& args) { return Value(int(args.size())); });
-    runCommand(session, "note", {});
-    EXPECT_EQ(runCommand(session, "plain", {1, 2}), Value(2));
-    EXPECT_EQ(queue().count(), 1u);
-    EXPECT_TRUE(queue().holdsCommandsOf("notePlugin"));
-    EXPECT_FALSE(session.commands.add("note", [](const ValueList&) { return Value(); }));
-    try {
-        runCommand(session, "frobnicate", {});
-        FAIL();
-    } catch (const CommandError& error) {
-        EXPECT_STREQ(error.what(), "Cannot find procedure \"frobnicate\".");
-    }
 }

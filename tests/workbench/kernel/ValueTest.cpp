@@ -6,27 +6,6 @@
 
 using namespace kernel;
 
-TEST(Value, NumbersAreTextAsScriptsSeeThem)
-{
-    EXPECT_EQ(numberText(2.0), "2");
-    EXPECT_EQ(numberText(1.0 / 3), "0.3333333333");
-    EXPECT_EQ(numberText(-0.5), "-0.5");
-    EXPECT_EQ(numberText(1e20), "1e+20");
-    EXPECT_EQ(toText(Value(VectorArray{{1, 2, 3}, {0.5, 0, -1}})), "1 2 3 0.5 0 -1");
-    EXPECT_EQ(toText(Value(StringArray{"a b", "", "c"})), "a b  c");
-    EXPECT_EQ(toText(Value()), "");
-}
-
-TEST(Value, ExactTextReadsBackTheSameDouble)
-{
-    const double numbers[] = {0.1, 34.999999999999993, -5.172681101354183e-14, 1e300, 16777217, 1.0 / 3};
-    for (const double number : numbers) {
-        double back = 0;
-        ASSERT_TRUE(parseDouble(exactNumberText(number), back)) << exactNumberText(number);
-        EXPECT_EQ(back, number);
-    }
-}
-
 TEST(Value, NumbersAreReadWholeOrNotAtAll)
 {
     const struct {

@@ -200,6 +200,8 @@ TEST(TimeCommands, TimeUnitsAndRanges)
                            {"playbackOptions -max 10; playbackOptions -q -min", "9"},
                            {"playbackOptions -ast 1 -aet 100 -min 10 -max 90; playbackOptions -q -aet", "100"},
                            {"playbackOptions -aet 50; playbackOptions -q -max", "50"},
+                           {"playbackOptions -ast 200 -aet 300; playbackOptions -q -min", "200"},
+                           {"playbackOptions -q -max", "200"},
                            {"playbackOptions -by 2 -l once -ps 0; playbackOptions -q -l", "once"},
                            {"playbackOptions -q -fps", "24"},
                            {"currentUnit -q -t", "film"},

@@ -163,14 +163,6 @@ TEST(SceneReader, ReportsEachErrorWithItsLineAndGoesOn)
     }
 }
 
-TEST(SceneReader, AFailedNodeDoesNotLeaveItsSettingsToTheOneBefore)
-{
-    ScriptHost host;
-    EXPECT_FALSE(read(host, "createNode transform -n \"a\";\ncreateNode transform -zz;\n\tsetAttr \".tx\" 3;\n"));
-    EXPECT_EQ(host.eval("getAttr a.tx"), "0");
-    EXPECT_EQ(host.errors.size(), 1u);
-}
-
 TEST(SceneReader, AnyCutIsReportedAndKeepsWhatWasWhole)
 {
     const std::string whole = "createNode transform -n \"a\";\n\tsetAttr \".t\" -type \"double3\" 1 2 3 ;\n"

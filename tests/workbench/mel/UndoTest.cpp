@@ -43,6 +43,8 @@ TEST(ScriptUndo, EveryTextIsOneStepThatGoesBackAndForth)
         "move -r 1 0 0 a b; move 5 5 5 b;",
         "select a b; select -tgl a; select -add a;",
         "rename b ball;",
+        "createNode transform -n leaf; createNode transform -n leaf -p ball;",
+        "parent -w \"|ball|leaf\";",
         "parent a ball;",
         "camera -n shot -fl 50 -p 1 2 3 -ff overscan;",
         "camera -e -fl 80 -lt on shot1;",
@@ -109,6 +111,9 @@ TEST(ScriptUndo, WhatLeavesNoTraceIsNoStep)
     EXPECT_EQ(host.eval("getAttr a.tx"), "0") << "and can be undone";
     EXPECT_FALSE(host.run("setAttr a.t 1 2 x;"));
     EXPECT_EQ(host.eval("getAttr a.t"), "0 0 0") << "a command that fails half way takes its own work back";
+    host.run("setAttr a.tx 5");
+    host.session.script().execute("setAttr -l on a.tx", false, false);
+    EXPECT_EQ(host.eval("undo; getAttr a.tx"), "0") << "undo reaches what was locked later";
 }
 
 TEST(ScriptUndo, TheCommandsSayWhatTheyDo)

@@ -5,6 +5,18 @@ namespace {
 
 class LayoutsTest : public WindowFixture {
 protected:
+    /// A window of as many buttons in panes of any size: a, b, c ...
+    void makePanes(int count, const std::string& flags = "")
+    {
+        run("window w; paneLayout " + flags + " panes");
+        for (int i = 0; i < count; ++i) {
+            const std::string name(1, char('a' + i));
+            run("button " + name);
+            widget(name.c_str())->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+            widget(name.c_str())->setMinimumSize(1, 1);
+        }
+        show("w");
+    }
     /// Shows the window at a fixed size, so that its layouts are laid out.
     void show(const char* name)
     {
@@ -29,12 +41,7 @@ protected:
 
 TEST_F(LayoutsTest, PanesAreCountedClockwiseFromTheUpperLeft)
 {
-    run("window w; paneLayout panes; button a; button b; button c; button d");
-    for (const char* name : {"a", "b", "c", "d"}) {
-        widget(name)->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-        widget(name)->setMinimumSize(1, 1);
-    }
-    show("w");
+    makePanes(4);
     const struct {
         const char* configuration;
         std::vector<const char*> places;
@@ -67,12 +74,7 @@ TEST_F(LayoutsTest, PanesAreCountedClockwiseFromTheUpperLeft)
 
 TEST_F(LayoutsTest, PanesKeepTheSizesTheyWereGivenBeforeTheirChildrenCame)
 {
-    run("window w; paneLayout -configuration vertical2 -paneSize 1 25 100 panes; button a; button b");
-    for (const char* name : {"a", "b"}) {
-        widget(name)->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-        widget(name)->setMinimumSize(1, 1);
-    }
-    show("w");
+    makePanes(2, "-configuration vertical2 -paneSize 1 25 100");
     EXPECT_NEAR(widget("a")->width(), 100, 10);
     run("paneLayout -e -separatorThickness 12 panes");
     QCoreApplication::processEvents();
@@ -106,12 +108,7 @@ TEST_F(LayoutsTest, ChildrenChangePanesAndGo)
 
 TEST_F(LayoutsTest, AnArrangementOfPanesComesBackAsItWasDragged)
 {
-    run("window w; paneLayout -configuration quad panes; button a; button b; button c; button d");
-    for (const char* name : {"a", "b", "c", "d"}) {
-        widget(name)->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-        widget(name)->setMinimumSize(1, 1);
-    }
-    show("w");
+    makePanes(4, "-configuration quad");
     run("paneLayout -e -paneSize 1 30 25 panes");
     QCoreApplication::processEvents();
     const QSize dragged = widget("a")->size();

@@ -9,20 +9,6 @@ protected:
     static void open(QMenu* menu) { QMetaObject::invokeMethod(menu, "aboutToShow"); }
 };
 
-class MenusInBatch : public HostFixture {};
-
-TEST_F(MenusInBatch, NothingIsMadeAndNothingExists)
-{
-    EXPECT_EQ(kernel::toText(evaluate("menu -exists ink")), "0");
-    EXPECT_EQ(kernel::toText(evaluate("menuItem -exists ink")), "0");
-    EXPECT_EQ(kernel::toText(evaluate("menuSet -exists ink")), "0");
-    for (const char* making : {"menu ink", "menuItem -label x", "radioMenuItemCollection", "menuSet -label x mySet"}) {
-        EXPECT_FALSE(run(making)) << making;
-    }
-    EXPECT_FALSE(run("menuSet -q -currentMenuSet"));
-    EXPECT_EQ(errors().back(), "menuSet: There are no menuSets to query");
-}
-
 TEST_F(MenuCommandTest, PutsANamedMenuIntoTheBarOfItsWindow)
 {
     EXPECT_EQ(value("menu -label \"Ink & Co\" -mnemonic \"C\" -parent MayaWindow -tearOff true ink"), "MayaWindow|ink");

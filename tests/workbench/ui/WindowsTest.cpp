@@ -15,11 +15,16 @@ using WindowsTest = WindowFixture;
 
 TEST_F(HostFixture, InBatchNothingIsMadeAndNothingExists)
 {
-    for (const char* text : {"window", "columnLayout", "colorSliderGrp", "button", "modelPanel"}) {
+    for (const char* text : {"window", "columnLayout", "colorSliderGrp", "button", "modelPanel", "menu", "menuItem"}) {
         EXPECT_FALSE(run(text)) << text;
         EXPECT_EQ(kernel::toText(evaluate(std::string(text) + " -exists anything")), "0") << text;
     }
     EXPECT_EQ(errors().front(), "window: cannot be made in batch mode");
+    EXPECT_FALSE(run("radioMenuItemCollection"));
+    EXPECT_FALSE(run("menuSet -label x mySet"));
+    EXPECT_EQ(kernel::toText(evaluate("menuSet -exists mySet")), "0");
+    EXPECT_FALSE(run("menuSet -q -currentMenuSet"));
+    EXPECT_EQ(errors().back(), "menuSet: There are no menuSets to query");
 }
 
 TEST_F(WindowsTest, AWindowIsMadeHiddenAndTakesWhatFollows)
