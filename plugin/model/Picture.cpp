@@ -7,7 +7,9 @@
 #include "model/PixelBudget.h"
 #include "model/PngCodec.h"
 
-Picture::Data::Data() : id(nextId()) {}
+Picture::Data::Data() : Data(std::make_shared<Shared>(Shared{nextId(), PackedPixels(), InkMap(), false})) {}
+
+Picture::Data::Data(const std::shared_ptr<Shared>& drawing) : shared(drawing) {}
 
 Picture::Data::~Data()
 {
@@ -29,21 +31,27 @@ void Picture::Data::leaveEncoder()
     }
 }
 
+// A PNG takes as long to decode as the whole canvas has to be read; of tiles only those that differ are.
+bool Picture::Data::isSlowToUnpack() const
+{
+    return !isPacked() || (shared->packed.tiles.isEmpty() && isMixable(image));
+}
+
 const QByteArray& Picture::Data::encoded()
 {
-    if (packed.png.isEmpty()) {
-        packed.png = encodePng(image.isNull() ? packed.unpacked() : image);
+    if (shared->packed.png.isEmpty()) {
+        shared->packed.png = encodePng(image.isNull() ? shared->packed.unpacked() : image);
     }
     if (isPacked()) {
         leaveEncoder();
     }
-    return packed.png;
+    return shared->packed.png;
 }
 
 void Picture::Data::packNow()
 {
     if (!isPacked()) {
-        packed = PackedPixels::quick(image);
+        shared->packed = PackedPixels::quick(image);
     }
     if (isPacked()) {
         leaveEncoder();
@@ -54,6 +62,19 @@ void Picture::Data::setPixels(const QImage& pixels)
 {
     image = pixels;
     PixelBudget::instance().enter(*this);
+}
+
+void Picture::Data::setInk(const InkMap& ink)
+{
+    shared->ink = ink;
+    shared->inkKnown = true;
+}
+
+void Picture::Data::unpackBeside(const Data* similar)
+{
+    const bool helps = similar && !similar->image.isNull();
+    setPixels(helps ? shared->packed.unpacked(similar->image, similar->shared->packed.tiles)
+                    : shared->packed.unpacked());
 }
 
 void Picture::Data::dropPixels()
@@ -76,8 +97,7 @@ Picture::Picture(const QImage& image)
 Picture::Picture(const QImage& image, const InkMap& ink) : Picture(image)
 {
     if (m_data) {
-        m_data->ink = ink;
-        m_data->inkKnown = true;
+        m_data->setInk(ink);
     }
 }
 
@@ -86,7 +106,7 @@ Picture Picture::fromPng(const QByteArray& png)
     Picture picture;
     if (!png.isEmpty()) {
         picture.m_data = std::make_shared<Data>();
-        picture.m_data->packed.png = png;
+        picture.m_data->shared->packed.png = png;
     }
     return picture;
 }
@@ -97,7 +117,7 @@ Picture Picture::emptyCanvas()
     static const std::shared_ptr<Data> data = [] {
         auto made = std::make_shared<Data>();
         made->image = blankCanvas();
-        made->inkKnown = true;
+        made->setInk(InkMap());
         return made;
     }();
     return Picture(data);
@@ -105,7 +125,7 @@ Picture Picture::emptyCanvas()
 
 quint64 Picture::id() const
 {
-    return m_data ? m_data->id : 0;
+    return m_data ? m_data->id() : 0;
 }
 
 bool Picture::isUnpacked() const
@@ -127,7 +147,7 @@ const QImage& Picture::image() const
 void Picture::unpackBeside(const Picture& similar) const
 {
     if (m_data && m_data->image.isNull()) {
-        m_data->setPixels(m_data->packed.unpacked(similar.isUnpacked() ? similar.m_data->image : QImage()));
+        m_data->unpackBeside(similar.m_data.get());
     }
 }
 
@@ -141,12 +161,11 @@ InkMap Picture::ink() const
     if (!m_data) {
         return InkMap();
     }
-    if (!m_data->inkKnown) {
+    if (!m_data->shared->inkKnown) {
         const QImage& pixels = image();
-        m_data->ink = InkMap::of(isMixable(pixels) ? pixels : asCanvas(pixels));
-        m_data->inkKnown = true;
+        m_data->setInk(InkMap::of(isMixable(pixels) ? pixels : asCanvas(pixels)));
     }
-    return m_data->ink;
+    return m_data->shared->ink;
 }
 
 void Picture::pack()
@@ -169,17 +188,9 @@ void Picture::packSoon() const
 
 Picture Picture::packedCopy() const
 {
-    Picture copy;
     if (!m_data) {
-        return copy;
+        return Picture();
     }
     m_data->packNow();
-    if (m_data->isPacked()) {
-        copy.m_data = std::make_shared<Data>();
-        copy.m_data->packed = m_data->packed;
-        copy.m_data->id = m_data->id;
-        copy.m_data->ink = m_data->ink;
-        copy.m_data->inkKnown = m_data->inkKnown;
-    }
-    return copy;
+    return m_data->isPacked() ? Picture(std::make_shared<Data>(m_data->shared)) : Picture();
 }

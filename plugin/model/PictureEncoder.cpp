@@ -113,7 +113,7 @@ std::vector<Picture::Data*> PictureEncoder::takeFinished()
     for (auto job = next(State::Finished); job != m_jobs.end(); job = next(State::Finished)) {
         job->picture->isInEncoder = false;
         job->picture->isPackable = !job->packed.isEmpty();
-        job->picture->packed = job->packed;
+        job->picture->shared->packed.add(job->packed);
         finished.push_back(job->picture);
         m_jobs.erase(job);
     }
