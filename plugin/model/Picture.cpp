@@ -37,13 +37,18 @@ bool Picture::Data::isSlowToUnpack() const
     return !isPacked() || (shared->packed.tiles.isEmpty() && isMixable(image));
 }
 
+void Picture::Data::leaveEncoderIfPacked()
+{
+    if (isPacked()) {
+        leaveEncoder();
+    }
+}
+
 const QByteArray& Picture::Data::encoded()
 {
     if (shared->packed.png.isEmpty()) {
         shared->packed.png = encodePng(image.isNull() ? shared->packed.unpacked() : image);
-    }
-    if (isPacked()) {
-        leaveEncoder();
+        leaveEncoderIfPacked();
     }
     return shared->packed.png;
 }
@@ -52,9 +57,7 @@ void Picture::Data::packNow()
 {
     if (!isPacked()) {
         shared->packed = PackedPixels::quick(image);
-    }
-    if (isPacked()) {
-        leaveEncoder();
+        leaveEncoderIfPacked();
     }
 }
 
@@ -181,7 +184,7 @@ void Picture::pack()
 
 void Picture::packSoon() const
 {
-    if (isUnpacked()) {
+    if (m_data && m_data->budgeted > 0) {  // not the empty canvas
         PixelBudget::instance().packSoon(*m_data);
     }
 }

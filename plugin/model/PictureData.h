@@ -33,6 +33,7 @@ struct Picture::Data {
 
     void leaveBudget();
     void leaveEncoder();
+    void leaveEncoderIfPacked();
 
     const std::shared_ptr<Shared> shared;
     QImage image;

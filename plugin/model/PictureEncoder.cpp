@@ -55,11 +55,11 @@ void PictureEncoder::add(Picture::Data& picture, const Packing& packing)
     if (picture.isInEncoder) {
         return;
     }
-    picture.isInEncoder = true;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_jobs.push_back({&picture, picture.image, packing, State::Waiting, PackedPixels()});
     }
+    picture.isInEncoder = true;
     startThread();
     m_changed.notify_all();
 }

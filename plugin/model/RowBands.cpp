@@ -7,7 +7,6 @@
 #include <condition_variable>
 #include <exception>
 #include <mutex>
-#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -104,7 +103,7 @@ private:
         m_bands = nullptr;
     }
 
-    // None when the system has no more of them.
+    // As many as the system has left; none will do.
     void start()
     {
         const unsigned wanted = std::min(std::max(std::thread::hardware_concurrency(), 1u), kMostThreads) - 1;
@@ -112,7 +111,7 @@ private:
             while (m_threads.size() < wanted) {
                 m_threads.emplace_back([this] { wait(); });
             }
-        } catch (const std::system_error&) {
+        } catch (const std::exception&) {
         }
     }
 

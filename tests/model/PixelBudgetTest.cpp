@@ -205,6 +205,16 @@ TEST_F(PixelBudgetTest, NothingIsEncodedWhilePlayingOrDrawing)
     EXPECT_EQ(unpacked(), (QList<int>{drawing.layer("persp", 0)->currentFrame()->frameNumber()}));
 }
 
+TEST_F(PixelBudgetTest, TheEmptyCanvasThatAllShareStaysWhatItIs)
+{
+    const qint64 before = budget().bytes();
+    Picture::emptyCanvas().packSoon();
+    PictureEncoder::instance().finish();
+    budget().trim();
+    EXPECT_TRUE(Picture::emptyCanvas().isUnpacked());
+    EXPECT_EQ(budget().bytes(), before);
+}
+
 // It is quicker to unpack then, and yet what is saved again is the very file that it came from.
 TEST_F(PixelBudgetTest, WhatUndoHoldsOfALoadedDrawingIsPackedAgainAndKeepsItsFile)
 {
