@@ -47,7 +47,7 @@ void giveBack(void* object)
 
 }  // namespace
 
-QImage canvasMemory::take()
+QImage canvasMemory::take(QImage::Format format)
 {
     static const std::shared_ptr<Kept> kept = std::make_shared<Kept>();
     std::unique_ptr<Loan> loan(new Loan{takeFrom(*kept), kept});
@@ -55,5 +55,5 @@ QImage canvasMemory::take()
         loan->memory.reset(new Memory);
     }
     uchar* const pixels = loan->memory->data();
-    return QImage(pixels, kCanvasSize, kCanvasSize, kBytesPerRow, QImage::Format_RGBA8888, giveBack, loan.release());
+    return QImage(pixels, kCanvasSize, kCanvasSize, kBytesPerRow, format, giveBack, loan.release());
 }

@@ -6,7 +6,7 @@
 /// it takes. So the memory of the last few that went is kept for those to come. For any thread.
 namespace canvasMemory {
 
-/// A canvas in RGBA8888 whose pixels mean nothing yet.
-QImage take();
+/// A canvas whose pixels mean nothing yet. format: of four bytes a pixel.
+QImage take(QImage::Format format = QImage::Format_RGBA8888);
 
 }  // namespace canvasMemory

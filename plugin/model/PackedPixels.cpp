@@ -16,7 +16,17 @@ PackedPixels PackedPixels::quick(const QImage& image)
     return packed.isEmpty() ? asPng(image) : packed;
 }
 
-QImage PackedPixels::unpacked(const QImage& similar) const
+QImage PackedPixels::unpacked(const QImage& similar, const PixelTiles& tilesOfSimilar) const
 {
-    return tiles.isEmpty() ? decodePng(png) : tiles.image(similar);
+    return tiles.isEmpty() ? decodePng(png) : tiles.image(similar, tilesOfSimilar);
+}
+
+void PackedPixels::add(const PackedPixels& other)
+{
+    if (png.isEmpty()) {
+        png = other.png;
+    }
+    if (tiles.isEmpty()) {
+        tiles = other.tiles;
+    }
 }

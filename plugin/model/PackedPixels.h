@@ -13,6 +13,8 @@ struct PackedPixels {
     static PackedPixels asPng(const QImage& image);  ///< empty when the image cannot be encoded
     static PackedPixels quick(const QImage& image);  ///< tiles of a canvas, the PNG of any other
     bool isEmpty() const { return png.isEmpty() && tiles.isEmpty(); }
-    /// Null when the PNG does not decode. similar: pixels that may have parts in common, which saves time.
-    QImage unpacked(const QImage& similar = QImage()) const;
+    /// Null when the PNG does not decode. similar: pixels that may have parts in common, which saves time; more of it
+    /// when they are packed in tiles as well.
+    QImage unpacked(const QImage& similar = QImage(), const PixelTiles& tilesOfSimilar = PixelTiles()) const;
+    void add(const PackedPixels& other);  ///< another form of the same picture; what is here already stays
 };

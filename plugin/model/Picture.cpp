@@ -7,7 +7,9 @@
 #include "model/PixelBudget.h"
 #include "model/PngCodec.h"
 
-Picture::Data::Data() : id(nextId()) {}
+Picture::Data::Data() : Data(std::make_shared<Shared>(Shared{nextId(), PackedPixels(), InkMap(), false})) {}
+
+Picture::Data::Data(const std::shared_ptr<Shared>& drawing) : shared(drawing) {}
 
 Picture::Data::~Data()
 {
@@ -29,24 +31,33 @@ void Picture::Data::leaveEncoder()
     }
 }
 
-const QByteArray& Picture::Data::encoded()
+// A PNG takes as long to decode as the whole canvas has to be read; of tiles only those that differ are.
+bool Picture::Data::isSlowToUnpack() const
 {
-    if (packed.png.isEmpty()) {
-        packed.png = encodePng(image.isNull() ? packed.unpacked() : image);
-    }
+    return !isPacked() || (shared->packed.tiles.isEmpty() && isMixable(image));
+}
+
+void Picture::Data::leaveEncoderIfPacked()
+{
     if (isPacked()) {
         leaveEncoder();
     }
-    return packed.png;
+}
+
+const QByteArray& Picture::Data::encoded()
+{
+    if (shared->packed.png.isEmpty()) {
+        shared->packed.png = encodePng(image.isNull() ? shared->packed.unpacked() : image);
+        leaveEncoderIfPacked();
+    }
+    return shared->packed.png;
 }
 
 void Picture::Data::packNow()
 {
     if (!isPacked()) {
-        packed = PackedPixels::quick(image);
-    }
-    if (isPacked()) {
-        leaveEncoder();
+        shared->packed = PackedPixels::quick(image);
+        leaveEncoderIfPacked();
     }
 }
 
@@ -54,6 +65,19 @@ void Picture::Data::setPixels(const QImage& pixels)
 {
     image = pixels;
     PixelBudget::instance().enter(*this);
+}
+
+void Picture::Data::setInk(const InkMap& ink)
+{
+    shared->ink = ink;
+    shared->inkKnown = true;
+}
+
+void Picture::Data::unpackBeside(const Data* similar)
+{
+    const bool helps = similar && !similar->image.isNull();
+    setPixels(helps ? shared->packed.unpacked(similar->image, similar->shared->packed.tiles)
+                    : shared->packed.unpacked());
 }
 
 void Picture::Data::dropPixels()
@@ -76,8 +100,7 @@ Picture::Picture(const QImage& image)
 Picture::Picture(const QImage& image, const InkMap& ink) : Picture(image)
 {
     if (m_data) {
-        m_data->ink = ink;
-        m_data->inkKnown = true;
+        m_data->setInk(ink);
     }
 }
 
@@ -86,7 +109,7 @@ Picture Picture::fromPng(const QByteArray& png)
     Picture picture;
     if (!png.isEmpty()) {
         picture.m_data = std::make_shared<Data>();
-        picture.m_data->packed.png = png;
+        picture.m_data->shared->packed.png = png;
     }
     return picture;
 }
@@ -97,7 +120,7 @@ Picture Picture::emptyCanvas()
     static const std::shared_ptr<Data> data = [] {
         auto made = std::make_shared<Data>();
         made->image = blankCanvas();
-        made->inkKnown = true;
+        made->setInk(InkMap());
         return made;
     }();
     return Picture(data);
@@ -105,7 +128,7 @@ Picture Picture::emptyCanvas()
 
 quint64 Picture::id() const
 {
-    return m_data ? m_data->id : 0;
+    return m_data ? m_data->id() : 0;
 }
 
 bool Picture::isUnpacked() const
@@ -127,7 +150,7 @@ const QImage& Picture::image() const
 void Picture::unpackBeside(const Picture& similar) const
 {
     if (m_data && m_data->image.isNull()) {
-        m_data->setPixels(m_data->packed.unpacked(similar.isUnpacked() ? similar.m_data->image : QImage()));
+        m_data->unpackBeside(similar.m_data.get());
     }
 }
 
@@ -141,12 +164,11 @@ InkMap Picture::ink() const
     if (!m_data) {
         return InkMap();
     }
-    if (!m_data->inkKnown) {
+    if (!m_data->shared->inkKnown) {
         const QImage& pixels = image();
-        m_data->ink = InkMap::of(isMixable(pixels) ? pixels : asCanvas(pixels));
-        m_data->inkKnown = true;
+        m_data->setInk(InkMap::of(isMixable(pixels) ? pixels : asCanvas(pixels)));
     }
-    return m_data->ink;
+    return m_data->shared->ink;
 }
 
 void Picture::pack()
@@ -162,24 +184,16 @@ void Picture::pack()
 
 void Picture::packSoon() const
 {
-    if (isUnpacked()) {
+    if (m_data && m_data->budgeted > 0) {  // not the empty canvas
         PixelBudget::instance().packSoon(*m_data);
     }
 }
 
 Picture Picture::packedCopy() const
 {
-    Picture copy;
     if (!m_data) {
-        return copy;
+        return Picture();
     }
     m_data->packNow();
-    if (m_data->isPacked()) {
-        copy.m_data = std::make_shared<Data>();
-        copy.m_data->packed = m_data->packed;
-        copy.m_data->id = m_data->id;
-        copy.m_data->ink = m_data->ink;
-        copy.m_data->inkKnown = m_data->inkKnown;
-    }
-    return copy;
+    return m_data->isPacked() ? Picture(std::make_shared<Data>(m_data->shared)) : Picture();
 }

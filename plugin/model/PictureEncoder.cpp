@@ -55,11 +55,11 @@ void PictureEncoder::add(Picture::Data& picture, const Packing& packing)
     if (picture.isInEncoder) {
         return;
     }
-    picture.isInEncoder = true;
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_jobs.push_back({&picture, picture.image, packing, State::Waiting, PackedPixels()});
     }
+    picture.isInEncoder = true;
     startThread();
     m_changed.notify_all();
 }
@@ -113,7 +113,7 @@ std::vector<Picture::Data*> PictureEncoder::takeFinished()
     for (auto job = next(State::Finished); job != m_jobs.end(); job = next(State::Finished)) {
         job->picture->isInEncoder = false;
         job->picture->isPackable = !job->packed.isEmpty();
-        job->picture->packed = job->packed;
+        job->picture->shared->packed.add(job->packed);
         finished.push_back(job->picture);
         m_jobs.erase(job);
     }

@@ -70,9 +70,9 @@ void PixelBudget::trim()
 void PixelBudget::packSoon(Picture::Data& data)
 {
     collect();
-    if (!data.isPacked()) {
+    if (data.isSlowToUnpack()) {
         PictureEncoder::instance().add(data, PackedPixels::quick);
-    } else if (!picturesInUse().contains(data.id)) {
+    } else if (!picturesInUse().contains(data.id())) {
         data.dropPixels();
     }
 }
@@ -91,7 +91,7 @@ void PixelBudget::collect()
     const std::vector<Picture::Data*> finished = PictureEncoder::instance().takeFinished();
     const QSet<quint64> inUse = finished.empty() ? QSet<quint64>() : picturesInUse();
     for (Picture::Data* data : finished) {
-        if (data->isPacked() && !inUse.contains(data->id)) {
+        if (data->isPacked() && !inUse.contains(data->id())) {
             data->dropPixels();
         }
     }
@@ -122,7 +122,7 @@ bool PixelBudget::pack()
     qint64 waiting = 0;  // bytes
     for (auto next = m_unpacked.begin(); next != m_unpacked.end() && m_bytes - waiting > m_limit;) {
         Picture::Data& data = **next++;  // dropping its pixels takes it off the list
-        if (inUse.contains(data.id)) {
+        if (inUse.contains(data.id())) {
             continue;
         }
         if (data.isPacked()) {

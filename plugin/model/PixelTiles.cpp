@@ -1,6 +1,7 @@
 #include "model/PixelTiles.h"
 
 #include "model/Canvas.h"
+#include "model/CanvasMemory.h"
 #include "model/RowBands.h"
 
 #include <QCryptographicHash>
@@ -8,6 +9,7 @@
 
 #include <cstring>
 #include <mutex>
+#include <new>
 
 namespace {
 
@@ -71,11 +73,37 @@ int top(int place)
     return place / kTilesInRow * kSide;
 }
 
+// Copies a square of bytes from one canvas to another, or to where there is nothing but the square.
+void copySquare(uchar* to, int toStride, const uchar* from, int fromStride)
+{
+    for (int y = 0; y < kSide; ++y) {
+        std::memcpy(to + y * toStride, from + y * fromStride, kRowBytes);
+    }
+}
+
+// From one of the two formats of canvases to the other.
+void swapRedAndBlue(uchar* square)
+{
+    quint32* const pixels = reinterpret_cast<quint32*>(square);
+    for (int i = 0; i < kSide * kSide; ++i) {
+        const quint32 pixel = pixels[i];
+        pixels[i] = (pixel & 0xff00ff00u) | (pixel & 0xffu) << 16 | (pixel >> 16 & 0xffu);
+    }
+}
+
+bool isSwapped(QImage::Format format)
+{
+    return format == QImage::Format_ARGB32;
+}
+
+// In RGBA8888, so that equal tiles of canvases in either format are one.
 QByteArray cutOut(const QImage& canvas, int place)
 {
     QByteArray bytes(kTileBytes, Qt::Uninitialized);
-    for (int y = 0; y < kSide; ++y) {
-        std::memcpy(bytes.data() + y * kRowBytes, canvas.constScanLine(top(place) + y) + left(place), kRowBytes);
+    uchar* const square = reinterpret_cast<uchar*>(bytes.data());
+    copySquare(square, kRowBytes, canvas.constScanLine(top(place)) + left(place), canvas.bytesPerLine());
+    if (isSwapped(canvas.format())) {
+        swapRedAndBlue(square);
     }
     return bytes;
 }
@@ -95,8 +123,11 @@ QByteArray compressed(QByteArray bytes)
 QByteArray uncompressed(const QByteArray& compressed)
 {
     QByteArray bytes = qUncompress(compressed);
+    if (bytes.size() != kTileBytes) {
+        throw std::bad_alloc();  // nothing else can go wrong with bytes that never left memory
+    }
     uchar* const rows = reinterpret_cast<uchar*>(bytes.data());
-    for (int i = kRowBytes; i < bytes.size(); ++i) {
+    for (int i = kRowBytes; i < kTileBytes; ++i) {
         rows[i] = static_cast<uchar>(rows[i] + rows[i - kRowBytes]);
     }
     return bytes;
@@ -108,17 +139,22 @@ QByteArray hashOf(const QByteArray& bytes)
     return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
 }
 
-QByteArray bytesOf(const Tile& tile, int place, const QImage& similar)
-{
-    const QByteArray other = similar.isNull() ? QByteArray() : cutOut(similar, place);
-    return !other.isNull() && hashOf(other) == tile.hash ? other : uncompressed(tile.compressed);
-}
+/// A canvas that another one may have squares in common with; null when there is none.
+struct Similar {
+    QImage image;
+    const std::vector<std::shared_ptr<const Tile>>& tiles;  // none: not known
+};
 
-void putIn(uchar* canvas, int stride, int place, const QByteArray& bytes)
+QByteArray bytesOf(const std::shared_ptr<const Tile>& tile, int place, const Similar& similar)
 {
-    for (int y = 0; y < kSide && (y + 1) * kRowBytes <= bytes.size(); ++y) {
-        std::memcpy(canvas + (top(place) + y) * stride + left(place), bytes.constData() + y * kRowBytes, kRowBytes);
+    const bool isKnown = !similar.tiles.empty();
+    if (!similar.image.isNull() && (!isKnown || similar.tiles[static_cast<size_t>(place)] == tile)) {
+        const QByteArray other = cutOut(similar.image, place);
+        if (isKnown || hashOf(other) == tile->hash) {
+            return other;
+        }
     }
+    return uncompressed(tile->compressed);
 }
 
 }  // namespace
@@ -145,18 +181,28 @@ PixelTiles PixelTiles::of(const QImage& canvas)
     return made;
 }
 
-QImage PixelTiles::image(const QImage& similar) const
+QImage PixelTiles::image() const
+{
+    return image(QImage(), PixelTiles());
+}
+
+QImage PixelTiles::image(const QImage& similar, const PixelTiles& tilesOfSimilar) const
 {
     if (isEmpty()) {
         return QImage();
     }
-    const QImage source = isMixable(similar) && similar.format() == m_format ? similar : QImage();
-    QImage canvas(kCanvasSize, kCanvasSize, m_format);
+    const Similar source = {isMixable(similar) ? similar : QImage(), tilesOfSimilar.m_tiles};
+    QImage canvas = canvasMemory::take(m_format);
     uchar* const bits = canvas.bits();
     const int stride = canvas.bytesPerLine();
     forRowBands([&](int first, int end) {
         for (int i = first / kSide * kTilesInRow; i < end / kSide * kTilesInRow; ++i) {
-            putIn(bits, stride, i, bytesOf(*m_tiles[static_cast<size_t>(i)], i, source));
+            QByteArray bytes = bytesOf(m_tiles[static_cast<size_t>(i)], i, source);
+            uchar* const square = reinterpret_cast<uchar*>(bytes.data());
+            if (isSwapped(m_format)) {
+                swapRedAndBlue(square);
+            }
+            copySquare(bits + top(i) * stride + left(i), stride, square, kRowBytes);
         }
     });
     return canvas;

@@ -3,5 +3,8 @@
 #include <functional>
 
 /// Calls work(first, end) for bands of the canvas's rows, half open, on this thread and on the processors that are
-/// free. Comes back when all of it is done. work must only touch its own rows of what it changes.
+/// free. Comes back when all of it is done, and passes on what a band threw. work must only touch its own rows of what
+/// it changes.
 void forRowBands(const std::function<void(int first, int end)>& work);
+/// Ends the threads that help with that: before the module goes. The next call starts them again.
+void stopRowHelpers();

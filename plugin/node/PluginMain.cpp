@@ -11,6 +11,7 @@
 #include "model/BaseNodeLayerData.h"
 #include "model/LayerManager.h"
 #include "model/PictureEncoder.h"
+#include "model/RowBands.h"
 #include "node/BaseNode.h"
 #include "node/BaseNodeDrawOverride.h"
 #include "node/Callbacks.h"
@@ -128,6 +129,12 @@ Registration whenLeaving(void (*step)())
             QString(), QString(), false};
 }
 
+void stopThreads()
+{
+    PictureEncoder::instance().stop();
+    stopRowHelpers();
+}
+
 /// Takes our windows away and saves the settings: once, when the host quits or when the module is unloaded before.
 void shutDown()
 {
@@ -142,7 +149,7 @@ void shutDown()
     TimelineMarks::install(nullptr);
     LayerManager::setLayerListView(nullptr);
     Preferences::instance().save();
-    PictureEncoder::instance().stop();
+    stopThreads();
 }
 
 /// Nothing of ours may be under the pointer or at work while the rest goes.
@@ -299,6 +306,6 @@ MStatus uninitializePlugin(MObject object)
 {
     leaveTools();
     const MStatus status = leave(object);
-    PictureEncoder::instance().stop();  // the host may let the module go whatever the status says
+    stopThreads();  // the host may let the module go whatever the status says
     return status;
 }

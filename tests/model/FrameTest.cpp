@@ -51,6 +51,7 @@ TEST_F(FrameTest, CopiesArePackedOrBlankAndLeaveTheSourceAsItIs)
     EXPECT_TRUE(pixels::same(copy.image(), pixels::marked(5)));
     EXPECT_TRUE(unpacked.isUnpacked());
     EXPECT_EQ(copy.frameNumber(), 4);
+    EXPECT_EQ(copy.png().constData(), unpacked.png().constData()) << "encoded once for all copies";
 
     unpacked.pack();
     EXPECT_EQ(Frame(unpacked).png(), unpacked.png());

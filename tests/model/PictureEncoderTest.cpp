@@ -43,9 +43,10 @@ TEST(PixelTiles, GiveEveryByteBack)
     fillInvisible(invisible, QColor(1, 2, 3));
     for (const QImage& image : {pixels::marked(3), noise(QImage::Format_ARGB32), invisible}) {
         EXPECT_TRUE(sameBytes(PixelTiles::of(image).image(), image));
-        for (const QImage& similar :
-             {pixels::marked(4), noise(QImage::Format_RGBA8888), QImage(8, 8, image.format())}) {
-            EXPECT_TRUE(sameBytes(PixelTiles::of(image).image(similar), image));
+        for (const QImage& similar : {pixels::marked(4), image.convertToFormat(QImage::Format_ARGB32),
+                                      noise(QImage::Format_RGBA8888), QImage(8, 8, image.format())}) {
+            EXPECT_TRUE(sameBytes(PixelTiles::of(image).image(similar, PixelTiles()), image));
+            EXPECT_TRUE(sameBytes(PixelTiles::of(image).image(similar, PixelTiles::of(similar)), image));
         }
     }
     EXPECT_TRUE(PixelTiles::of(QImage(40, 40, QImage::Format_RGBA8888)).isEmpty());
@@ -71,8 +72,8 @@ TEST(PictureEncoder, PacksWhatIsStillThereAndWasNotSavedMeanwhile)
     }
     EXPECT_EQ(encoder.waiting(), 0);
     encoder.takeFinished();
-    EXPECT_TRUE(sameBytes(kept->packed.tiles.image(), pixels::marked(1)));
-    EXPECT_TRUE(saved->packed.tiles.isEmpty());
+    EXPECT_TRUE(sameBytes(kept->shared->packed.tiles.image(), pixels::marked(1)));
+    EXPECT_TRUE(saved->shared->packed.tiles.isEmpty());
 }
 
 TEST(PictureEncoder, ForgetsAPictureThatGoesWhileItIsPackedOrWhenItIsReady)
@@ -118,7 +119,7 @@ TEST(PictureEncoder, StopsInTheMiddleAndGoesOnWithTheNext)
     encoder.add(*third, PackedPixels::quick);
     encoder.finish();
     EXPECT_EQ(encoder.takeFinished().size(), 3u);
-    EXPECT_TRUE(sameBytes(third->packed.tiles.image(), pixels::marked(3)));
+    EXPECT_TRUE(sameBytes(third->shared->packed.tiles.image(), pixels::marked(3)));
 }
 
 }  // namespace

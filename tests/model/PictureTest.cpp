@@ -10,7 +10,9 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <new>
 #include <random>
+#include <thread>
 
 namespace {
 
@@ -101,6 +103,33 @@ TEST(RowBands, GiveEachRowToOneThreadOnce)
         });
     }
     EXPECT_TRUE(std::all_of(visits.begin(), visits.end(), [](const std::atomic<int>& v) { return v == 50; }));
+}
+
+TEST(RowBands, MayBeCalledBySeveralAtOnceByThemselvesAndAfterTheirThreadsEnded)
+{
+    std::atomic<int> rows{0};
+    const auto call = [&rows] {
+        forRowBands([&rows](int, int) { forRowBands([&rows](int first, int end) { rows += end - first; }); });
+    };
+    for (int round = 1; round <= 20; ++round) {
+        std::thread other(call);
+        call();
+        other.join();
+        stopRowHelpers();
+        EXPECT_EQ(rows, round * 2 * 16 * kCanvasSize);
+    }
+}
+
+TEST(RowBands, PassOnWhatABandThrows)
+{
+    for (const int thrower : {0, 512, 960}) {
+        EXPECT_THROW(forRowBands([thrower](int first, int) {
+                         if (first >= thrower) {
+                             throw std::bad_alloc();
+                         }
+                     }),
+                     std::bad_alloc);
+    }
 }
 
 class RowLoopsTest : public testing::Test {

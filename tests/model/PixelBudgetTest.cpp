@@ -205,6 +205,34 @@ TEST_F(PixelBudgetTest, NothingIsEncodedWhilePlayingOrDrawing)
     EXPECT_EQ(unpacked(), (QList<int>{drawing.layer("persp", 0)->currentFrame()->frameNumber()}));
 }
 
+TEST_F(PixelBudgetTest, TheEmptyCanvasThatAllShareStaysWhatItIs)
+{
+    const qint64 before = budget().bytes();
+    Picture::emptyCanvas().packSoon();
+    PictureEncoder::instance().finish();
+    budget().trim();
+    EXPECT_TRUE(Picture::emptyCanvas().isUnpacked());
+    EXPECT_EQ(budget().bytes(), before);
+}
+
+// It is quicker to unpack then, and yet what is saved again is the very file that it came from.
+TEST_F(PixelBudgetTest, WhatUndoHoldsOfALoadedDrawingIsPackedAgainAndKeepsItsFile)
+{
+    const QByteArray file = encodePng(pixels::marked(3));
+    const Picture loaded = Picture::fromPng(file);
+    const QImage pixels = loaded.image();
+    loaded.packSoon();
+    EXPECT_EQ(PictureEncoder::instance().waiting(), 1);
+    EXPECT_TRUE(loaded.isUnpacked());
+    PictureEncoder::instance().finish();
+    budget().trim();
+    EXPECT_FALSE(loaded.isUnpacked());
+    EXPECT_EQ(loaded.image(), pixels);
+    EXPECT_EQ(loaded.png().constData(), file.constData());
+    loaded.packSoon();
+    EXPECT_FALSE(loaded.isUnpacked()) << "at once";
+}
+
 // The sanitizers keep freed memory on purpose.
 #if defined(__SANITIZE_ADDRESS__)
 constexpr bool kMeasuresMemory = false;
