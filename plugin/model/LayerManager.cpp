@@ -151,6 +151,12 @@ Layer* LayerManager::layer(const QString& camera, int index) const
     return found ? found->layer(index) : nullptr;
 }
 
+int LayerManager::layerIndex(const QString& camera, quint64 layerId) const
+{
+    const CameraDrawing* found = drawing(camera);
+    return found ? found->indexOf(layerId) : -1;
+}
+
 int LayerManager::activeLayerIndex(const QString& camera) const
 {
     const CameraDrawing* found = drawing(camera);
