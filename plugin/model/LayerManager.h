@@ -53,7 +53,8 @@ public:
     int totalLayerCount() const;
     bool isValidLayer(const QString& camera, int index) const;
     Layer* layer(const QString& camera, int index) const;          ///< null when not valid
-    int layerIndex(const QString& camera, quint64 layerId) const;  ///< -1 when the layer is not the camera's
+    quint64 layerId(const QString& camera, int index) const;       ///< stays with the layer; 0 when not valid
+    int layerIndex(const QString& camera, quint64 layerId) const;  ///< -1 when the camera has no such layer
     int activeLayerIndex(const QString& camera) const;             ///< -1 when none
     Layer* activeLayer(const QString& camera) const;               ///< null when none
     QString layerName(const QString& camera, int index) const;
