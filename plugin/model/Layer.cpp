@@ -36,6 +36,18 @@ Frame* Layer::frameNumbered(int frameNumber) const
     return found == m_frames.end() ? nullptr : found->get();
 }
 
+Frame* Layer::frameAtTime(const MTime& time) const
+{
+    const auto isEarlier = [](const std::unique_ptr<Frame>& frame, const MTime& other) {
+        return frame->time() < other;
+    };
+    const auto first =
+        m_sorted ? std::lower_bound(m_frames.begin(), m_frames.end(), time, isEarlier) : m_frames.begin();
+    const auto found =
+        std::find_if(first, m_frames.end(), [&](const std::unique_ptr<Frame>& frame) { return frame->time() == time; });
+    return found == m_frames.end() ? nullptr : found->get();
+}
+
 bool Layer::hasFrameAtCurrentTime() const
 {
     return (m_state == kLayerStatic && m_current != -1) || hasFrame(currentFrameNumber());

@@ -151,6 +151,18 @@ Layer* LayerManager::layer(const QString& camera, int index) const
     return found ? found->layer(index) : nullptr;
 }
 
+quint64 LayerManager::layerId(const QString& camera, int index) const
+{
+    const Layer* found = layer(camera, index);
+    return found ? found->id() : 0;
+}
+
+int LayerManager::layerIndex(const QString& camera, quint64 layerId) const
+{
+    const CameraDrawing* found = drawing(camera);
+    return found ? found->indexOf(layerId) : -1;
+}
+
 int LayerManager::activeLayerIndex(const QString& camera) const
 {
     const CameraDrawing* found = drawing(camera);

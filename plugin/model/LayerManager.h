@@ -2,6 +2,7 @@
 
 #include "model/ActiveStroke.h"
 #include "model/CameraDrawing.h"
+#include "model/FrameAddress.h"
 #include "model/PixelBudget.h"
 #include "model/StrokeInProgress.h"
 
@@ -12,13 +13,6 @@
 
 class DrawingViews;
 class LayerListView;
-
-/// One frame of one layer, by value: good across undo and redo.
-struct FrameAddress {
-    QString camera;
-    int layerIndex;  ///< -1: no such frame
-    int frameNumber;
-};
 
 /// The camera the user works in, and the one before it.
 struct CurrentCameras {
@@ -58,9 +52,11 @@ public:
     int layerCount(const QString& camera) const;
     int totalLayerCount() const;
     bool isValidLayer(const QString& camera, int index) const;
-    Layer* layer(const QString& camera, int index) const;  ///< null when not valid
-    int activeLayerIndex(const QString& camera) const;     ///< -1 when none
-    Layer* activeLayer(const QString& camera) const;       ///< null when none
+    Layer* layer(const QString& camera, int index) const;          ///< null when not valid
+    quint64 layerId(const QString& camera, int index) const;       ///< stays with the layer; 0 when not valid
+    int layerIndex(const QString& camera, quint64 layerId) const;  ///< -1 when the camera has no such layer
+    int activeLayerIndex(const QString& camera) const;             ///< -1 when none
+    Layer* activeLayer(const QString& camera) const;               ///< null when none
     QString layerName(const QString& camera, int index) const;
     float layerOpacity(const QString& camera, int index) const;
     int layerState(const QString& camera, int index) const;
@@ -112,7 +108,8 @@ public:
     ActiveStroke* beginStroke(const QString& camera, bool blank);
     ActiveStroke* stroke(const QString& camera) const;  ///< null when the camera has none
     bool hasStroke() const { return m_stroke.record() != nullptr; }
-    /// The frame that the camera's stroke goes to; layerIndex -1 when there is no stroke or its frame is gone.
+    int strokeLayerIndex(const QString& camera) const;  ///< -1 when there is no stroke or its layer is gone
+    /// The frame that the camera's stroke goes to; layerId 0 when there is no stroke or its frame is gone.
     FrameAddress strokeFrame(const QString& camera) const;
     /// Draws what the record has gained since the last time into the working images. Nothing is shown yet.
     void advanceStroke(const QString& camera);
@@ -127,7 +124,7 @@ public:
     bool holdsCut() const { return m_stroke.holdsCut(); }  ///< a transform has kept a region, which can be pasted
     /// Exchanges a frame's drawing with the given one: one call undoes a stroke, the next redoes it. False when there
     /// is no such frame.
-    bool swapImage(const FrameAddress& frame, Picture& other);
+    bool swapImage(const FrameAddress& address, Picture& other);
     bool swapActiveImage(const QString& camera, Picture& other);  ///< the active layer's current frame
 
     // What is shown
