@@ -115,16 +115,17 @@ bool MoveFrames::isObstructed(const Layer& layer) const
 
 bool MoveFrames::applyTo(Layer& layer)
 {
-    const auto isThere = [&](int number) { return layer.hasFrame(number); };
-    if (isObstructed(layer) || !std::all_of(m_moving.begin(), m_moving.end(), isThere)) {
+    QList<int> numbers = m_moving;
+    std::sort(numbers.begin(), numbers.end());
+    const std::vector<const Frame*> moving = layer.framesNumbered(numbers);
+    if (isObstructed(layer) || moving.size() != static_cast<size_t>(m_moving.size())) {
         return false;
     }
     m_oldTimes.clear();
-    for (int number : m_moving) {
-        m_oldTimes.push_back(layer.frameNumbered(number)->time());
+    for (const Frame* frame : moving) {
+        m_oldTimes.push_back(frame->time());
     }
-    std::sort(m_oldTimes.begin(), m_oldTimes.end());
-    Frames frames = takeAt(layer, m_oldTimes);
+    Frames frames = layer.takeFramesAt(m_oldTimes);
     for (const std::unique_ptr<Frame>& frame : frames) {
         frame->setFrameNumber(frame->frameNumber() + m_offset);
     }
@@ -135,7 +136,7 @@ bool MoveFrames::applyTo(Layer& layer)
 
 bool MoveFrames::revertOn(Layer& layer)
 {
-    Frames frames = takeAt(layer, m_newTimes);
+    Frames frames = layer.takeFramesAt(m_newTimes);
     const bool areAllThere = frames.size() == m_oldTimes.size();
     for (size_t i = 0; areAllThere && i < frames.size(); ++i) {
         frames[i]->setTime(m_oldTimes[i]);
