@@ -37,17 +37,23 @@ public:
     template <class Value>
     bool contains(const Value& value)
     {
-        if (m_next == m_end || *m_next != value) {
+        if (!isNext(value)) {
             m_next = std::lower_bound(m_begin, m_end, value);
+            if (!isNext(value)) {
+                return false;
+            }
         }
-        const bool isThere = m_next != m_end && *m_next == value;
-        if (isThere) {
-            ++m_next;
-        }
-        return isThere;
+        ++m_next;
+        return true;
     }
 
 private:
+    template <class Value>
+    bool isNext(const Value& value) const
+    {
+        return m_next != m_end && *m_next == value;
+    }
+
     const typename List::const_iterator m_begin;
     const typename List::const_iterator m_end;
     typename List::const_iterator m_next;
