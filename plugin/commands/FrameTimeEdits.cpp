@@ -7,8 +7,6 @@
 
 #include <maya/MAnimControl.h>
 
-#include <algorithm>
-
 // StepTime ------------------------------------------------------------------------------------------------------------
 
 StepTime::StepTime(const QString& camera, Direction direction) : m_camera(camera), m_direction(direction) {}
@@ -95,7 +93,7 @@ MoveFrames::MoveFrames(const QString& camera, int offset, int first, int last)
 
 bool MoveFrames::prepareFor(const Layer& layer)
 {
-    m_moving = numbersInMoveOrder(layer.frameNumbers(), m_offset, m_first, m_last);
+    m_moving = numbersToMove(layer.frameNumbers(), m_first, m_last);
     return true;
 }
 
@@ -115,9 +113,7 @@ bool MoveFrames::isObstructed(const Layer& layer) const
 
 bool MoveFrames::applyTo(Layer& layer)
 {
-    QList<int> numbers = m_moving;
-    std::sort(numbers.begin(), numbers.end());
-    const std::vector<const Frame*> moving = layer.framesNumbered(numbers);
+    const std::vector<const Frame*> moving = layer.framesNumbered(m_moving);
     if (isObstructed(layer) || moving.size() != static_cast<size_t>(m_moving.size())) {
         return false;
     }
