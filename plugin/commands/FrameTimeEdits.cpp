@@ -4,6 +4,7 @@
 #include "model/LayerManager.h"
 #include "node/TimelineMarks.h"
 #include "settings/Messages.h"
+#include "settings/Rounding.h"
 
 #include <maya/MAnimControl.h>
 
@@ -95,14 +96,20 @@ MoveFrames::MoveFrames(const QString& camera, int offset, int first, int last)
 
 bool MoveFrames::prepareFor(const Layer& layer)
 {
-    m_moving = numbersInMoveOrder(layer.frameNumbers(), m_offset, m_first, m_last);
+    m_moving = layer.frameNumbersBetween(m_first, m_last);
+    m_moving.erase(std::unique(m_moving.begin(), m_moving.end()), m_moving.end());  // hidden frames stay
     return true;
 }
 
 bool MoveFrames::isObstructed(const Layer& layer) const
 {
+    if (m_moving.isEmpty()) {
+        return false;
+    }
+    const QList<int> inTheWay = layer.frameNumbersBetween(truncated(double(m_moving.first()) + m_offset),
+                                                          truncated(double(m_moving.last()) + m_offset));
     qint64 at = 0;
-    const MoveObstacle obstacle = obstacleToMove(layer.frameNumbers(), m_moving, m_offset, at);
+    const MoveObstacle obstacle = obstacleToMove(inTheWay, m_moving, m_offset, at);
     if (obstacle == MoveObstacle::None) {
         return false;
     }
@@ -115,16 +122,15 @@ bool MoveFrames::isObstructed(const Layer& layer) const
 
 bool MoveFrames::applyTo(Layer& layer)
 {
-    const auto isThere = [&](int number) { return layer.hasFrame(number); };
-    if (isObstructed(layer) || !std::all_of(m_moving.begin(), m_moving.end(), isThere)) {
+    const std::vector<const Frame*> moving = layer.framesNumbered(m_moving);
+    if (isObstructed(layer) || moving.size() != static_cast<size_t>(m_moving.size())) {
         return false;
     }
     m_oldTimes.clear();
-    for (int number : m_moving) {
-        m_oldTimes.push_back(layer.frameNumbered(number)->time());
+    for (const Frame* frame : moving) {
+        m_oldTimes.push_back(frame->time());
     }
-    std::sort(m_oldTimes.begin(), m_oldTimes.end());
-    Frames frames = takeAt(layer, m_oldTimes);
+    Frames frames = layer.takeFramesAt(m_oldTimes);
     for (const std::unique_ptr<Frame>& frame : frames) {
         frame->setFrameNumber(frame->frameNumber() + m_offset);
     }
@@ -135,7 +141,7 @@ bool MoveFrames::applyTo(Layer& layer)
 
 bool MoveFrames::revertOn(Layer& layer)
 {
-    Frames frames = takeAt(layer, m_newTimes);
+    Frames frames = layer.takeFramesAt(m_newTimes);
     const bool areAllThere = frames.size() == m_oldTimes.size();
     for (size_t i = 0; areAllThere && i < frames.size(); ++i) {
         frames[i]->setTime(m_oldTimes[i]);
