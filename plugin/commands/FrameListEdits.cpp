@@ -25,34 +25,34 @@ bool InsertFrames::prepare(LayerManager& manager)
         return false;
     }
     m_makesLayer = manager.layerCount(camera()) == 0;
-    if (m_makesLayer) {
-        setLayerIndex(0);
-    }
     return true;
 }
 
 bool InsertFrames::apply(LayerManager& manager)
 {
     if (m_makesLayer) {
-        m_before.remember(manager, camera());
+        m_before.remember(manager, {camera()});
         const int index = m_layer ? manager.insertLayer(camera(), -1, std::move(m_layer))
                                   : manager.insertLayer(camera(), -1, QString());
         if (index < 0) {
             messages::error("Failed to create layer for frame");
             return false;
         }
+        m_before.noteChange(manager);
+        setLayerId(manager.layerId(camera(), index));
     }
     return FrameEdit::apply(manager);
 }
 
 bool InsertFrames::revert(LayerManager& manager)
 {
+    const CurrentCameras now = manager.currentCameras();
     if (!FrameEdit::revert(manager)) {
         return false;
     }
     if (m_makesLayer) {
-        m_layer = manager.takeLayer(camera(), 0);
-        m_before.restore(manager);
+        m_layer = manager.takeLayer(camera(), layerIndex(manager));
+        m_before.restore(manager, now);
     }
     return true;
 }

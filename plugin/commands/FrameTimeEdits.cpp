@@ -16,11 +16,11 @@ StepTime::StepTime(const QString& camera, Direction direction) : m_camera(camera
 
 bool StepTime::prepare(LayerManager& manager)
 {
-    const MTime now = MAnimControl::currentTime();
+    m_from = MAnimControl::currentTime();
     const bool forward = m_direction == Direction::Forward;
     const Frame* frame = forward ? manager.nextFrame(m_camera, true) : manager.previousFrame(m_camera, true);
-    m_to = frame ? frame->time() : now;
-    return m_to != now || !forward;  // only the step back succeeds without a frame to go to: it is meant
+    m_to = frame ? frame->time() : m_from;
+    return m_to != m_from || !forward;  // only the step back succeeds without a frame to go to: it is meant
 }
 
 bool StepTime::apply(LayerManager&)

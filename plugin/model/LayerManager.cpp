@@ -43,9 +43,10 @@ void LayerManager::setDrawingViews(DrawingViews* views)
     s_views = views;
 }
 
-void LayerManager::publish() const
+void LayerManager::publish()
 {
-    if (!m_master || !s_listView || (s_views && s_views->isAnotherEdited(*this))) {
+    m_isToPublish = m_publishingLater > 0;
+    if (m_isToPublish || !m_master || !s_listView || (s_views && s_views->isAnotherEdited(*this))) {
         return;
     }
     s_listView->clear();
@@ -57,6 +58,19 @@ void LayerManager::publish() const
     }
     s_listView->select(m_current.current, activeLayerIndex(m_current.current));
     s_listView->refresh();
+}
+
+PublishOnce::PublishOnce(LayerManager& manager) : m_manager(manager)
+{
+    ++m_manager.m_publishingLater;
+}
+
+PublishOnce::~PublishOnce()
+{
+    --m_manager.m_publishingLater;
+    if (m_manager.m_isToPublish) {
+        m_manager.publish();
+    }
 }
 
 // Cameras ------------------------------------------------------------------------------------------------------------
