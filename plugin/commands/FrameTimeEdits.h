@@ -61,7 +61,7 @@ private:
     const int m_offset;
     const int m_first;
     const int m_last;
-    QList<int> m_moving;  // in the order in which obstacles are looked for
-    Times m_oldTimes;     // of the frames moved
+    QList<int> m_moving;
+    Times m_oldTimes;  // of the frames moved
     Times m_newTimes;
 };
