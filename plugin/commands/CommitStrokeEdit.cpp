@@ -2,29 +2,20 @@
 
 #include "model/FrameNumber.h"
 #include "node/BaseNode.h"
-#include "node/TimelineMarks.h"
 
-CommitStrokeEdit::CommitStrokeEdit(const StrokeTarget& target)
-    : m_target(target), m_frame({target.camera, -1, 0}), m_frameTime(timeOfFrame(0))
+#include <utility>
+
+CommitStrokeEdit::CommitStrokeEdit(const StrokeTarget& target) : m_target(target), m_frame({target.camera, 0, MTime()})
 {}
 
 MStatus CommitStrokeEdit::executeOn(BaseNode& node)
 {
     const std::shared_ptr<LayerManager> manager = node.layerManager();
-    if (!manager) {
+    if (!manager || !isOwnTarget(*manager)) {
         return MStatus::kFailure;
     }
     rememberPreviousCamera(*manager);
     m_frame = manager->strokeFrame(m_target.camera);
-    m_layerState = manager->layerState(m_target.camera, m_frame.layerIndex);
-    if (m_target.frameAdded) {
-        const Layer* layer = manager->layer(m_target.camera, m_frame.layerIndex);
-        const Frame* frame = layer ? layer->frameNumbered(m_frame.frameNumber) : nullptr;
-        if (!frame) {
-            return MStatus::kFailure;
-        }
-        m_frameTime = frame->time();
-    }
     if (!manager->commitStroke(m_target.camera, m_picture)) {
         return MStatus::kFailure;
     }
@@ -35,12 +26,7 @@ MStatus CommitStrokeEdit::executeOn(BaseNode& node)
 MStatus CommitStrokeEdit::redoOn(BaseNode& node)
 {
     const std::shared_ptr<LayerManager> manager = node.layerManager();
-    if (!manager || !makeTarget(*manager)) {
-        return MStatus::kFailure;
-    }
-    if (!manager->swapImage(m_frame, m_picture)) {
-        removeTarget(*manager);
-        manager->updateCurrentFrames(currentFrameNumber(), false);
+    if (!manager || !restoreTarget(*manager) || !manager->swapImage(m_frame, m_picture)) {
         return MStatus::kFailure;
     }
     conclude(*manager);
@@ -53,7 +39,7 @@ MStatus CommitStrokeEdit::undoOn(BaseNode& node)
     if (!manager || !manager->swapImage(m_frame, m_picture)) {
         return MStatus::kFailure;
     }
-    removeTarget(*manager);
+    takeTarget(*manager);
     conclude(*manager);
     node.redrawActiveView();
     return MStatus::kSuccess;
@@ -65,6 +51,15 @@ void CommitStrokeEdit::conclude(LayerManager& manager) const
 {
     manager.updateCurrentFrames(currentFrameNumber(), false);
     m_picture.packSoon();
+}
+
+// Undo takes away what is said to be made: it must be, and for this stroke.
+bool CommitStrokeEdit::isOwnTarget(const LayerManager& manager) const
+{
+    const ActiveStroke* stroke = manager.stroke(m_target.camera);
+    const bool isOwnLayer =
+        stroke && stroke->layerMade && manager.strokeLayerIndex(m_target.camera) == m_target.layerAdded;
+    return stroke && (m_target.layerAdded < 0 || isOwnLayer) && (!m_target.frameAdded || stroke->frameMade);
 }
 
 void CommitStrokeEdit::rememberPreviousCamera(const LayerManager& manager)
@@ -79,45 +74,29 @@ void CommitStrokeEdit::rememberPreviousCamera(const LayerManager& manager)
     }
 }
 
-bool CommitStrokeEdit::makeTarget(LayerManager& manager) const
+bool CommitStrokeEdit::restoreTarget(LayerManager& manager)
 {
     if (m_target.layerAdded >= 0) {
-        const int index = manager.insertLayer(m_target.camera, m_target.layerAdded, QString());
-        if (index < 0) {
-            return false;
+        const int index = manager.insertLayer(m_target.camera, m_target.layerAdded, std::move(m_layer));
+        return index >= 0 && manager.setActiveLayer(m_target.camera, index, true);
+    }
+    Layer* layer = targetLayer(manager);
+    return layer && (!m_target.frameAdded || layer->restoreFrame(std::unique_ptr<Frame>(new Frame(m_frame.time))) >= 0);
+}
+
+void CommitStrokeEdit::takeTarget(LayerManager& manager)
+{
+    if (m_target.layerAdded >= 0) {
+        m_layer = manager.takeLayer(m_target.camera, manager.layerIndex(m_target.camera, m_frame.layerId));
+        if (manager.isValidLayer(m_previousCamera, m_previousActiveIndex)) {
+            manager.setActiveLayer(m_previousCamera, m_previousActiveIndex, true);
         }
-        manager.setLayerState(m_target.camera, index, m_layerState);
-        manager.setActiveLayer(m_target.camera, index, true);
-    }
-    Layer* layer = manager.layer(m_target.camera, m_frame.layerIndex);
-    if (m_target.frameAdded && !(layer && layer->addFrame(m_frameTime) >= 0)) {
-        removeLayer(manager);
-        return false;
-    }
-    return true;
-}
-
-void CommitStrokeEdit::removeTarget(LayerManager& manager) const
-{
-    removeFrame(manager);
-    removeLayer(manager);
-}
-
-void CommitStrokeEdit::removeFrame(LayerManager& manager) const
-{
-    Layer* layer = m_target.frameAdded ? manager.layer(m_target.camera, m_frame.layerIndex) : nullptr;
-    if (layer) {
-        layer->takeFrame(m_frameTime);
+    } else if (m_target.frameAdded) {
+        targetLayer(manager)->takeFramesAt({m_frame.time});
     }
 }
 
-void CommitStrokeEdit::removeLayer(LayerManager& manager) const
+Layer* CommitStrokeEdit::targetLayer(const LayerManager& manager) const
 {
-    if (m_target.layerAdded < 0) {
-        return;
-    }
-    manager.takeLayer(m_target.camera, m_target.layerAdded);
-    if (manager.isValidLayer(m_previousCamera, m_previousActiveIndex)) {
-        manager.setActiveLayer(m_previousCamera, m_previousActiveIndex, true);
-    }
+    return manager.layer(m_target.camera, manager.layerIndex(m_target.camera, m_frame.layerId));
 }

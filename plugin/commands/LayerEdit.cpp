@@ -8,7 +8,7 @@ LayerEdit::LayerEdit(const QString& camera, int index) : m_camera(camera), m_ind
 bool LayerEdit::aim(const LayerManager& manager)
 {
     const ActiveStroke* stroke = manager.stroke(m_camera);
-    if (stroke && stroke->layerMade && manager.strokeFrame(m_camera).layerIndex == m_index) {
+    if (stroke && stroke->layerMade && manager.strokeLayerIndex(m_camera) == m_index) {
         messages::error("Apply or cancel the pasted region first");
         return false;
     }

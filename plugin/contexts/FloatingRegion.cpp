@@ -6,6 +6,7 @@
 #include "node/MasterDrawing.h"
 
 #include <maya/M3dView.h>
+#include <maya/MAnimControl.h>
 
 bool FloatingRegion::open()
 {
@@ -70,7 +71,7 @@ bool FloatingRegion::aimAtPasteTarget()
 
 void FloatingRegion::aimAtActiveLayer(LayerManager& manager)
 {
-    m_frameNumber = currentFrameNumber();
+    m_begun = MAnimControl::currentTime();
     if (manager.currentCamera() != m_camera) {
         manager.setActiveLayer(m_camera, manager.activeLayerIndex(m_camera), true);
     }
@@ -81,7 +82,7 @@ bool FloatingRegion::take(const QRect& region, const Taking& taking)
     LayerManager& drawing = *manager();
     drawing.dropStroke();  // of a tool that is no longer in use
     ActiveStroke* const stroke = drawing.beginStroke(m_camera, true);
-    if (!stroke || drawing.strokeFrame(m_camera).layerIndex < 0) {
+    if (!stroke || drawing.strokeFrame(m_camera).layerId == 0) {
         drawing.dropStroke();
         return false;
     }
@@ -120,7 +121,7 @@ bool FloatingRegion::isInActiveView() const
 
 bool FloatingRegion::isWhereItBegan() const
 {
-    return isInActiveView() && currentFrameNumber() == m_frameNumber;
+    return isInActiveView() && currentFrameNumber() == frameNumberOf(m_begun);
 }
 
 void FloatingRegion::commit()
@@ -134,11 +135,11 @@ void FloatingRegion::takeBack(BaseNode& node)
     if (!recordIn(drawing.get())) {
         return;
     }
-    const FrameAddress frame = drawing->strokeFrame(m_camera);  // where the layer is by now
+    const int layerIndex = drawing->strokeLayerIndex(m_camera);  // where it is by now
     node.withdrawMadeStroke();
     drawing->dropStroke();  // of what was no paste, or one that needed nothing made
-    if (!m_layerCreated && frame.layerIndex >= 0 && drawing->activeLayerIndex(m_camera) != frame.layerIndex) {
-        drawing->setActiveLayer(m_camera, frame.layerIndex, false);
+    if (!m_layerCreated && layerIndex >= 0 && drawing->activeLayerIndex(m_camera) != layerIndex) {
+        drawing->setActiveLayer(m_camera, layerIndex, false);
     }
     publishMasterDrawing();
     node.redrawActiveView();

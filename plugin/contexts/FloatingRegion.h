@@ -3,6 +3,7 @@
 #include "model/LayerManager.h"
 
 #include <maya/MObjectHandle.h>
+#include <maya/MTime.h>
 
 #include <QRect>
 #include <QString>
@@ -54,7 +55,7 @@ private:
 
     MObjectHandle m_node;
     QString m_camera;
-    int m_frameNumber = 0;        // the scene's when it began
+    MTime m_begun;                // the scene's time then
     bool m_layerCreated = false;  // for what is pasted
     bool m_frameCreated = false;
     QRect m_clipboard;  // the region that was kept last

@@ -87,6 +87,13 @@ Frame* Layer::frameNumbered(int frameNumber) const
     return found == m_frames.end() ? nullptr : found->get();
 }
 
+Frame* Layer::frameAtTime(const MTime& time) const
+{
+    const auto found = std::find_if(m_frames.begin(), m_frames.end(),
+                                    [&](const std::unique_ptr<Frame>& frame) { return frame->time() == time; });
+    return found == m_frames.end() ? nullptr : found->get();
+}
+
 bool Layer::hasFrameAtCurrentTime() const
 {
     return (m_state == kLayerStatic && m_current != -1) || hasFrame(currentFrameNumber());

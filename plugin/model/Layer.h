@@ -47,6 +47,7 @@ public:
     int frameCount() const { return static_cast<int>(m_frames.size()); }
     Frame* frameAt(int index) const;              ///< null outside the list
     Frame* frameNumbered(int frameNumber) const;  ///< keyed exactly there, or null
+    Frame* frameAtTime(const MTime& time) const;  ///< the same to the tick, so that a hidden frame is found too
     bool hasFrame(int frameNumber) const { return frameNumbered(frameNumber) != nullptr; }
     /// The tool can draw at the current time: a frame is keyed exactly there, or the layer is static and shows one.
     bool hasFrameAtCurrentTime() const;

@@ -2,6 +2,7 @@
 
 #include "model/ActiveStroke.h"
 #include "model/CameraDrawing.h"
+#include "model/FrameAddress.h"
 #include "model/PixelBudget.h"
 #include "model/StrokeInProgress.h"
 
@@ -12,13 +13,6 @@
 
 class DrawingViews;
 class LayerListView;
-
-/// One frame of one layer, by value: good across undo and redo.
-struct FrameAddress {
-    QString camera;
-    int layerIndex;  ///< -1: no such frame
-    int frameNumber;
-};
 
 /// The camera the user works in, and the one before it.
 struct CurrentCameras {
@@ -115,7 +109,8 @@ public:
     ActiveStroke* beginStroke(const QString& camera, bool blank);
     ActiveStroke* stroke(const QString& camera) const;  ///< null when the camera has none
     bool hasStroke() const { return m_stroke.record() != nullptr; }
-    /// The frame that the camera's stroke goes to; layerIndex -1 when there is no stroke or its frame is gone.
+    int strokeLayerIndex(const QString& camera) const;  ///< -1 when there is no stroke or its layer is gone
+    /// The frame that the camera's stroke goes to; layerId 0 when there is no stroke or its frame is gone.
     FrameAddress strokeFrame(const QString& camera) const;
     /// Draws what the record has gained since the last time into the working images. Nothing is shown yet.
     void advanceStroke(const QString& camera);
@@ -130,7 +125,7 @@ public:
     bool holdsCut() const { return m_stroke.holdsCut(); }  ///< a transform has kept a region, which can be pasted
     /// Exchanges a frame's drawing with the given one: one call undoes a stroke, the next redoes it. False when there
     /// is no such frame.
-    bool swapImage(const FrameAddress& frame, Picture& other);
+    bool swapImage(const FrameAddress& address, Picture& other);
     bool swapActiveImage(const QString& camera, Picture& other);  ///< the active layer's current frame
 
     // What is shown

@@ -146,7 +146,7 @@ void LayerManager::refreshStroke(CameraDrawing& drawing, const QRect& area)
     if (area.isEmpty()) {
         return;
     }
-    const int index = drawing.indexOf(m_stroke.target().layerId);
+    const int index = drawing.indexOf(m_stroke.target().frame.layerId);
     const InkedImage* ghosts = shownGhosts(drawing);
     std::vector<quint64> below = {ghosts ? drawing.ghosts.revision() : 0};
     for (int i = 0; i < index; ++i) {

@@ -17,7 +17,7 @@ void LayerManager::redrawDrawing()
 
 ActiveStroke* LayerManager::stroke(const QString& camera) const
 {
-    return m_stroke.record() && m_stroke.target().camera == camera ? m_stroke.record() : nullptr;
+    return m_stroke.record() && m_stroke.target().frame.camera == camera ? m_stroke.record() : nullptr;
 }
 
 ActiveStroke* LayerManager::beginStroke(const QString& camera, bool blank)
@@ -33,7 +33,7 @@ ActiveStroke* LayerManager::beginStroke(const QString& camera, bool blank)
     }
     PixelBudget::instance().catchUp();
     const ToolType tool = Preferences::instance().effectiveTool();
-    m_stroke.begin({camera, active->id(), frame != nullptr, frame ? frame->frameNumber() : 0},
+    m_stroke.begin({{camera, active->id(), frame ? frame->time() : MTime()}, frame != nullptr},
                    strokeStart(*active, tool, blank));
     m_stroke.record()->tool = tool;
     m_stroke.record()->colour = Preferences::instance().activeColor();
@@ -55,10 +55,15 @@ InkedImage LayerManager::strokeStart(Layer& layer, ToolType tool, bool blank)
     return {canvas, InkMap()};
 }
 
+int LayerManager::strokeLayerIndex(const QString& camera) const
+{
+    return stroke(camera) ? layerIndex(camera, m_stroke.target().frame.layerId) : -1;
+}
+
 Layer* LayerManager::strokeLayer() const
 {
-    const CameraDrawing* found = m_stroke.record() ? drawing(m_stroke.target().camera) : nullptr;
-    return found ? found->layer(found->indexOf(m_stroke.target().layerId)) : nullptr;
+    const QString& camera = m_stroke.target().frame.camera;
+    return layer(camera, strokeLayerIndex(camera));
 }
 
 // The frame that the stroke goes to; null when it, or its layer, is gone, and while a transform has none.
@@ -68,7 +73,7 @@ Frame* LayerManager::strokeTargetFrame() const
     if (!layer) {
         return nullptr;
     }
-    return m_stroke.target().hasFrame ? layer->frameNumbered(m_stroke.target().frameNumber) : layer->currentFrame();
+    return m_stroke.target().hasFrame ? layer->frameAtTime(m_stroke.target().frame.time) : layer->currentFrame();
 }
 
 Layer* LayerManager::shownStrokeLayer() const
@@ -81,10 +86,7 @@ Layer* LayerManager::shownStrokeLayer() const
 FrameAddress LayerManager::strokeFrame(const QString& camera) const
 {
     const Frame* frame = stroke(camera) ? strokeTargetFrame() : nullptr;
-    if (!frame) {
-        return {camera, -1, 0};
-    }
-    return {camera, drawing(camera)->indexOf(m_stroke.target().layerId), frame->frameNumber()};
+    return {camera, frame ? m_stroke.target().frame.layerId : 0, frame ? frame->time() : MTime()};
 }
 
 void LayerManager::advanceStroke(const QString& camera)
@@ -130,7 +132,7 @@ bool LayerManager::commitStroke(const QString& camera, Picture& undo)
 void LayerManager::dropStroke()
 {
     if (m_stroke.record()) {
-        markForRedraw(m_stroke.target().camera);
+        markForRedraw(m_stroke.target().frame.camera);
         m_stroke.end();
         PixelBudget::instance().trim();
     }
@@ -138,8 +140,8 @@ void LayerManager::dropStroke()
 
 bool LayerManager::swapImage(const FrameAddress& address, Picture& other)
 {
-    Layer* target = layer(address.camera, address.layerIndex);
-    Frame* frame = target ? target->frameNumbered(address.frameNumber) : nullptr;
+    Layer* target = layer(address.camera, layerIndex(address.camera, address.layerId));
+    Frame* frame = target ? target->frameAtTime(address.time) : nullptr;
     if (!frame) {
         return false;
     }
@@ -160,5 +162,5 @@ bool LayerManager::swapActiveImage(const QString& camera, Picture& other)
 {
     const Layer* active = activeLayer(camera);
     const Frame* frame = active ? active->currentFrame() : nullptr;
-    return frame && swapImage({camera, activeLayerIndex(camera), frame->frameNumber()}, other);
+    return frame && swapImage({camera, active->id(), frame->time()}, other);
 }

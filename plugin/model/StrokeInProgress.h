@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/ActiveStroke.h"
+#include "model/FrameAddress.h"
 #include "model/InkedImage.h"
 #include "model/Picture.h"
 
@@ -16,10 +17,8 @@ public:
 
     /// What the stroke is drawn on, by value: it may be moved or removed meanwhile.
     struct Target {
-        QString camera;
-        quint64 layerId;
+        FrameAddress frame;
         bool hasFrame;  ///< false: whatever frame the layer shows
-        int frameNumber;
     };
 
     ActiveStroke* record() const { return m_record.get(); }  ///< null when nothing is in progress

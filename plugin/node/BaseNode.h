@@ -26,7 +26,6 @@
 class Layer;
 class LayerManager;
 class QImage;
-struct FrameAddress;
 
 /// The scene's drawing: a locator whose layerData attribute carries every camera's layers and frames.
 class BaseNode : public MPxLocatorNode {

@@ -91,7 +91,7 @@ bool BaseNode::commitStroke(const QString& camera)
     if (!stroke) {
         return false;
     }
-    const int layerIndex = stroke->layerMade ? manager->strokeFrame(camera).layerIndex : -1;  // where it is by now
+    const int layerIndex = stroke->layerMade ? manager->strokeLayerIndex(camera) : -1;  // where it is by now
     return script::commitStroke(camera, layerIndex, stroke->frameMade);
 }
 

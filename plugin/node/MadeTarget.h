@@ -3,21 +3,28 @@
 #include "model/LayerManager.h"
 
 /// The layer and the frame that were made for the stroke in progress, out of the drawing from construction on: they
-/// stand in no undo step, and steps must not meet them. Holds nothing when nothing was made.
+/// stand in no undo step, and steps must not meet them. Holds nothing when nothing was made. What has not been dropped
+/// by the end is put back.
 class MadeTarget {
 public:
     explicit MadeTarget(LayerManager& manager);
+    ~MadeTarget();
+    MadeTarget(const MadeTarget&) = delete;
+    MadeTarget& operator=(const MadeTarget&) = delete;
 
     void putBack();  ///< the stroke goes on as if nothing had been
     void drop();     ///< for good, and the stroke with them
 
 private:
     void takeOut(const ActiveStroke& stroke);
+    void putLayerBack();
+    void putFrameBack();
 
     LayerManager& m_manager;
-    FrameAddress m_address = {QString(), -1, 0};
+    FrameAddress m_address = {QString(), 0, MTime()};
+    int m_layerIndex = -1;
     CurrentCameras m_cameras;
     int m_activeIndex = -1;
     std::unique_ptr<Layer> m_layer;  // with the frame, when both were made
-    std::unique_ptr<Frame> m_frame;
+    Frames m_frames;                 // the one
 };

@@ -46,7 +46,7 @@ private:
         const bool isRegion = tool == ToolType::Transform;
         if (isRegion && size == 1) {
             ActiveStroke* stroke = node.canEditActiveLayer(camera) ? drawing.beginStroke(camera, true) : nullptr;
-            return stroke && drawing.strokeFrame(camera).layerIndex >= 0 ? stroke : nullptr;
+            return stroke && drawing.strokeFrame(camera).layerId != 0 ? stroke : nullptr;
         }
         // A press in a view makes its camera current without a step. Where it starts a drawing, undo gives the other
         // camera back; where there is one already, nothing does, so it is done by -active alone here.

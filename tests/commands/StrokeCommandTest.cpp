@@ -27,6 +27,26 @@ protected:
         stroke->changed = true;
     }
     QImage shown() { return drawing().layer("persp", 0)->frameAt(0)->image(); }
+    /// A stroke, not yet in the frame, on what the draw tool finds, or makes, at this time.
+    void press(const QString& camera)
+    {
+        int newLayer = -1;
+        bool frameMade = false;
+        ASSERT_TRUE(node().drawingTarget(camera, newLayer, frameMade));
+        drag(camera, 300);
+        ActiveStroke& stroke = *drawing().stroke(camera);
+        stroke.layerMade = newLayer >= 0;
+        stroke.frameMade = frameMade;
+    }
+    void sketch(const QString& camera, const std::string& arguments)
+    {
+        press(camera);
+        ASSERT_TRUE(command(arguments));
+    }
+    void changeUnitWithoutAStep(const std::string& unit)
+    {
+        run("undoInfo -stateWithoutFlush off; currentUnit -t \"" + unit + "\"; undoInfo -stateWithoutFlush on");
+    }
     void keyed(const QString& camera, std::initializer_list<int> frameNumbers)
     {
         drawing().insertLayer(camera, -1, "Ink");
@@ -61,12 +81,8 @@ TEST_F(StrokeCommandTest, AFirstStrokeOnASecondCameraTakesItsLayerBackAndGivesTh
     drawing().setActiveLayer("persp", 1, true);
     const QString before = describeDrawing();
 
-    int layer = -1;
-    bool frame = false;
     drawing().setCurrentCamera("top");  // as the press in its view does
-    ASSERT_TRUE(node().drawingTarget("top", layer, frame));
-    drag("top", 300);
-    ASSERT_TRUE(command("-la 0 -fa top"));
+    sketch("top", "-la 0 -fa top");
     const QString after = describeDrawing();
     EXPECT_EQ(drawing().currentCamera(), "top");
     expectUndoAndRedo(before, after);
@@ -74,11 +90,7 @@ TEST_F(StrokeCommandTest, AFirstStrokeOnASecondCameraTakesItsLayerBackAndGivesTh
 
 TEST_F(StrokeCommandTest, ARedoneLayerHasTheStateItHadWhateverThePreferenceSaysByThen)
 {
-    int layer = -1;
-    bool frame = false;
-    ASSERT_TRUE(node().drawingTarget("persp", layer, frame));
-    drag("persp", 300);
-    ASSERT_TRUE(command("-la 0 -fa persp"));
+    sketch("persp", "-la 0 -fa persp");
     run("undo");
     Preferences::instance().setDefaultLayerState(kLayerStatic);
     run("redo");
@@ -90,11 +102,7 @@ TEST_F(StrokeCommandTest, AFrameKeyedForTheStrokeGoesWithIt)
     keyed("persp", {1});
     const QString before = describeDrawing();
     goTo(5);
-    int layer = -1;
-    bool frame = false;
-    ASSERT_TRUE(node().drawingTarget("persp", layer, frame));
-    drag("persp", 300);
-    ASSERT_TRUE(command("-fa persp"));
+    sketch("persp", "-fa persp");
     EXPECT_EQ(drawing().frameNumbers("persp"), (QList<int>{1, 5}));
     expectUndoAndRedo(before, describeDrawing());
     run("undo");
@@ -124,11 +132,7 @@ TEST_F(StrokeCommandTest, AStaticLayersFirstFrameIsTakenBackWhereItStands)
     drawing().setLayerState("persp", 0, kLayerStatic);
     const QString before = describeDrawing();
     goTo(12);
-    int layer = -1;
-    bool frame = false;
-    ASSERT_TRUE(node().drawingTarget("persp", layer, frame));
-    drag("persp", 300);
-    ASSERT_TRUE(command("-fa persp"));
+    sketch("persp", "-fa persp");
     EXPECT_EQ(drawing().frameNumbers("persp"), QList<int>{-999});
     expectUndoAndRedo(before, describeDrawing());
 }
@@ -158,10 +162,7 @@ TEST_F(StrokeCommandTest, UndoAndRedoFindTheStrokesFrameWhereverTheSceneHasMoved
 TEST_F(StrokeCommandTest, AStrokeBegunBeforePlaybackMovedOnUndoesItsOwnFrame)
 {
     goTo(1);
-    int layer = -1;
-    bool frame = false;
-    ASSERT_TRUE(node().drawingTarget("persp", layer, frame));
-    drag("persp", 300);
+    press("persp");
     goTo(8);
     ASSERT_TRUE(command("-la 0 -fa persp"));
     EXPECT_EQ(drawing().frameNumbers("persp"), QList<int>{1});
@@ -171,29 +172,104 @@ TEST_F(StrokeCommandTest, AStrokeBegunBeforePlaybackMovedOnUndoesItsOwnFrame)
     EXPECT_EQ(drawing().frameNumbers("persp"), QList<int>{1});
 }
 
-TEST_F(StrokeCommandTest, ARedoThatCannotBeCompletedTakesBackWhatItMade)
+TEST_F(StrokeCommandTest, AUnitChangedBehindTheUndoQueueDoesNotSendTheStrokeToAnotherFrame)
 {
-    // The layer is made again, but without -fa it has no frame for the picture.
-    int layer = -1;
-    bool frame = false;
-    ASSERT_TRUE(node().drawingTarget("persp", layer, frame));
+    for (const char* unit : {"12fps", "show"}) {
+        for (int frameNumber : {10, 11}) {  // frame 11 is made for the stroke
+            run("file -f -new; currentUnit -t film");
+            keyed("persp", {5, 10, 20, 22});
+            goTo(frameNumber);
+            const QString before = describeDrawing();
+            sketch("persp", frameNumber == 11 ? "-fa persp" : "persp");
+            const QString after = describeDrawing();
+            for (const char* step : {"undo", "redo", "undo", "redo"}) {
+                SCOPED_TRACE(std::string(unit) + ", frame " + std::to_string(frameNumber) + ", " + step);
+                changeUnitWithoutAStep(unit);
+                EXPECT_TRUE(run(step));
+                changeUnitWithoutAStep("film");
+                goTo(1);
+                goTo(frameNumber);
+                EXPECT_EQ(describeDrawing(), step == std::string("undo") ? before : after);
+            }
+        }
+    }
+}
+
+TEST_F(StrokeCommandTest, AUnitChangedUnderAStrokeInProgressLeavesItOnItsFrame)
+{
+    run("currentUnit -t film");
+    keyed("persp", {5, 10});
+    goTo(10);
     drag("persp", 300);
-    ASSERT_TRUE(command("-la 0 persp"));
+    run("currentUnit -t show");
+    goTo(10);
+    ASSERT_TRUE(command("persp"));
+    EXPECT_TRUE(drawing().layer("persp", 0)->frameAt(0)->isBlank());
+    EXPECT_FALSE(drawing().layer("persp", 0)->frameAt(1)->isBlank());
+}
+
+TEST_F(StrokeCommandTest, AUnitChangedUnderAFloatingPasteLeavesNothingOfWhatWasMadeForIt)
+{
+    for (bool onALayer : {true, false}) {
+        run("file -f -new; currentUnit -t film");
+        if (onALayer) {
+            keyed("persp", {10});
+        }
+        goTo(12);
+        const QString before = describeDrawing();
+        floatPaste("persp");
+        run("currentUnit -t show");
+        node().withdrawMadeStroke();
+        run("currentUnit -t film");
+        EXPECT_EQ(describeDrawing(), before) << onALayer;
+        floatPaste("persp");
+        run("currentUnit -t \"12fps\"");
+        ASSERT_TRUE(node().commitStroke("persp"));
+        run("undo; currentUnit -t film");
+        EXPECT_EQ(describeDrawing(), before) << onALayer;
+    }
+}
+
+TEST_F(StrokeCommandTest, UndoTakesTheLayerOfTheStrokeWhereverItIsByThen)
+{
+    sketch("persp", "-la 0 -fa persp");
+    drawing().insertLayer("persp", 0, "Lower");  // as -insert does, without a step
+    const QString after = describeDrawing();
     run("undo");
-    ASSERT_EQ(drawing().totalLayerCount(), 0);
+    EXPECT_EQ(stack("persp"), "Lower*");
     run("redo");
-    EXPECT_EQ(drawing().totalLayerCount(), 0);
+    EXPECT_EQ(drawing().layerCount("persp"), 2);
+    run("undo");
+    EXPECT_EQ(stack("persp"), "Lower*");
+}
+
+TEST_F(StrokeCommandTest, OnlyWhatTheToolMadeIsTakenForMade)
+{
+    keyed("persp", {1});
+    keyed("persp", {1});
+    drag("persp", 300);
+    const struct {
+        bool layerMade;
+        bool frameMade;
+        const char* arguments;
+    } refused[] = {{false, false, "-la 0 persp"},   {false, false, "-la 1 persp"},   {false, false, "-fa persp"},
+                   {true, true, "-la 1 persp"},     {true, true, "-la 7 -fa persp"}, {true, false, "-la 0 -fa persp"},
+                   {false, true, "-la 0 -fa persp"}};
+    for (const auto& r : refused) {
+        ActiveStroke* const stroke = drawing().stroke("persp");
+        ASSERT_NE(stroke, nullptr) << r.arguments;
+        stroke->layerMade = r.layerMade;
+        stroke->frameMade = r.frameMade;
+        expectSilentlyRefused(std::string("tqLumisketchStroke ") + r.arguments);
+        EXPECT_EQ(drawing().stroke("persp"), stroke) << r.arguments;
+    }
 }
 
 TEST_F(StrokeCommandTest, ARedoNeverReplacesAFrameThatWasKeyedMeanwhile)
 {
     keyed("persp", {1});
     goTo(5);
-    int layer = -1;
-    bool frame = false;
-    ASSERT_TRUE(node().drawingTarget("persp", layer, frame));
-    drag("persp", 300);
-    ASSERT_TRUE(command("-fa persp"));
+    sketch("persp", "-fa persp");
     run("undo");
     drawing().addFrame("persp", timeOfFrame(5));
     const QString meanwhile = describeDrawing();

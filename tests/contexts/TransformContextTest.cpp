@@ -340,6 +340,22 @@ TEST_F(TransformContextTest, EnterTakesBackWhenTimeOrViewHasChanged)
     EXPECT_THAT(toolSwitches, ElementsAre("-transform", "-transform"));
 }
 
+TEST_F(TransformContextTest, EnterGoesByTheTimeOfTheBeginningInWhicheverUnit)
+{
+    run("currentUnit -t film");
+    goTo(1);
+    floatInk();
+    run("currentUnit -t show");
+    enter();
+    EXPECT_THAT(commits, ElementsAre("persp"));
+    floatInk();
+    run("currentUnit -t film");
+    goTo(2);  // the number that it began at
+    enter();
+    EXPECT_FALSE(drawing().hasStroke());
+    EXPECT_EQ(commits.size(), 1u);
+}
+
 TEST_F(TransformContextTest, APressInAnotherViewStopsTheToolUntilItIsSetUpAgain)
 {
     floatInk();

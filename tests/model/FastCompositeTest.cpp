@@ -263,11 +263,12 @@ protected:
     void commit()
     {
         const FrameAddress address = drawing.strokeFrame(kCamera);
+        const int index = drawing.strokeLayerIndex(kCamera);
         const auto committed = plain.commit(drawing, kCamera);
         Picture undone;
         ASSERT_EQ(drawing.commitStroke(kCamera, undone), committed.has_value()) << steps;
         if (committed) {
-            Frame& frame = *drawing.layer(kCamera, address.layerIndex)->frameNumbered(address.frameNumber);
+            Frame& frame = *drawing.layer(kCamera, index)->frameAtTime(address.time);
             EXPECT_LE(pixels::farthest(frame.image(), committed->image), 1) << steps << "commit";
             EXPECT_TRUE(alphasOf(frame.image()) == alphasOf(committed->image)) << steps << "commit";
             last = LastCommit{address, undone, decodePng(committed->undo), frame.image()};
@@ -281,11 +282,11 @@ protected:
         if (!last) {
             return;
         }
-        drawing.setActiveLayer(kCamera, last->address.layerIndex, false);
-        goTo(last->address.frameNumber);
+        drawing.setActiveLayer(kCamera, drawing.layerIndex(kCamera, last->address.layerId), false);
+        goTo(frameNumberOf(last->address.time));
         const Layer* active = drawing.activeLayer(kCamera);
         const Frame* frame = active->currentFrame();
-        if (!frame || frame->frameNumber() != last->address.frameNumber) {
+        if (!frame || frame->time() != last->address.time) {
             return compare("no undo");
         }
         ASSERT_TRUE(drawing.swapActiveImage(kCamera, last->record)) << steps;

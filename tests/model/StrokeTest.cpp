@@ -63,8 +63,8 @@ TEST_F(StrokeTest, OneSwapUndoesAndTheNextRedoes)
     EXPECT_TRUE(pixels::same(shown("persp"), base()));
     ASSERT_TRUE(drawing.swapActiveImage("persp", other));
     EXPECT_EQ(describe(drawing), after);
-    EXPECT_FALSE(drawing.swapImage({"persp", 0, 2}, other));
-    EXPECT_FALSE(drawing.swapImage({"persp", 1, 1}, other));
+    EXPECT_FALSE(drawing.swapImage({"persp", drawing.layer("persp", 0)->id(), timeOfFrame(2)}, other));
+    EXPECT_FALSE(drawing.swapImage({"persp", 0, timeOfFrame(1)}, other));
     EXPECT_FALSE(drawing.swapActiveImage("none", other));
     EXPECT_EQ(describe(drawing), after);
 }
@@ -92,7 +92,7 @@ TEST_F(StrokeTest, NeedsAnActiveLayerThatCanBeDrawnOnNow)
     EXPECT_EQ(drawing.beginStroke("persp", false), nullptr);
     drawing.setLayerState("persp", 0, kLayerStatic);
     ASSERT_NE(drawing.beginStroke("persp", false), nullptr);
-    EXPECT_EQ(drawing.strokeFrame("persp").frameNumber, 5);
+    EXPECT_EQ(frameNumberOf(drawing.strokeFrame("persp").time), 5);
     drawing.dropStroke();
     drawing.setLayerState("persp", 0, kLayerAnim);
     EXPECT_NE(drawing.beginStroke("persp", true), nullptr);
@@ -141,8 +141,9 @@ TEST_F(StrokeTest, GoesToTheFrameItWasBegunOnWhateverIsShownMeanwhile)
     drawing.moveLayer("persp", 0, 1);
     drawing.setActiveLayer("persp", 0, true);
     const FrameAddress address = drawing.strokeFrame("persp");
-    EXPECT_EQ(address.layerIndex, 1);
-    EXPECT_EQ(address.frameNumber, 1);
+    EXPECT_EQ(drawing.strokeLayerIndex("persp"), 1);
+    EXPECT_EQ(address.layerId, drawing.layer("persp", 1)->id());
+    EXPECT_EQ(frameNumberOf(address.time), 1);
     const QString before = describe(drawing);
     Picture undo;
     ASSERT_TRUE(drawing.commitStroke("persp", undo));
@@ -159,7 +160,7 @@ TEST_F(StrokeTest, IsDroppedWhenItsFrameIsGone)
     record->points = drawings::line({400, 500}, {600, 500});
     drawing.takeFrame("persp", timeOfFrame(1));
     drawing.composite("persp");
-    EXPECT_EQ(drawing.strokeFrame("persp").layerIndex, -1);
+    EXPECT_EQ(drawing.strokeFrame("persp").layerId, 0u);
     Picture undo;
     EXPECT_FALSE(drawing.commitStroke("persp", undo));
     EXPECT_FALSE(drawing.hasStroke());

@@ -144,4 +144,24 @@ TEST_F(DrawingTargetTest, WithdrawingTakesBackTheFrameOrTheLayerWhereverTimeHasM
     EXPECT_EQ(drawing().activeLayer("persp")->currentFrameIndex(), 1);
 }
 
+TEST_F(DrawingTargetTest, WhatWasMadeAndTakenOutComesBackUnlessItIsDropped)
+{
+    goTo(5);
+    for (int framesWithout : {0, 1}) {  // a layer is made, then only a frame
+        const Outcome made = resolve();
+        ActiveStroke* stroke = drawing().beginStroke("persp", false);
+        stroke->layerMade = made.newLayer >= 0;
+        stroke->frameMade = made.frameCreated;
+        const QString before = describeDrawing();
+        {
+            const MadeTarget target(drawing());
+            EXPECT_EQ(drawing().frameNumbers("persp").size(), framesWithout);
+        }
+        EXPECT_EQ(describeDrawing(), before);
+        EXPECT_EQ(drawing().stroke("persp"), stroke);
+        drawing().dropStroke();
+        goTo(9);
+    }
+}
+
 }  // namespace

@@ -195,7 +195,7 @@ private:
             Picture undo;
             ASSERT_TRUE(drawing.commitStroke(camera, undo));
             drawing.composite(camera);
-            ASSERT_TRUE(drawing.swapImage({camera, index, frameNumber}, undo));
+            ASSERT_TRUE(drawing.swapImage({camera, layer.id(), layer.currentFrame()->time()}, undo));
             EXPECT_EQ(pixels::hash(layer.currentFrame()->image()), before);
         }
     }
