@@ -94,7 +94,7 @@ void CommitStrokeEdit::takeTarget(LayerManager& manager)
             manager.setActiveLayer(m_previousCamera, m_previousActiveIndex, true);
         }
     } else if (m_target.frameAdded) {
-        targetLayer(manager)->takeFrames([this](const Frame& frame) { return frame.time() == m_frame.time; });
+        targetLayer(manager)->takeFramesAt({m_frame.time});
     }
 }
 

@@ -141,7 +141,8 @@ void CreateNodeEdit::addFirstLayer(LayerManager& manager) const
         manager.setLayerState(camera, index, m_layer.state);
     }
     if (m_layer.withFrames) {
-        addMissing(*manager.layer(camera, index), script::highlightedSpan());
+        Layer& made = *manager.layer(camera, index);
+        made.restoreFrames(missingFrames(made, script::highlightedSpan()));
     }
 }
 

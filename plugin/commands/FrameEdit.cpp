@@ -31,6 +31,11 @@ bool FrameEdit::apply(LayerManager& manager)
     return run(manager, &FrameEdit::applyTo);
 }
 
+bool FrameEdit::reapply(LayerManager& manager)
+{
+    return run(manager, &FrameEdit::reapplyTo);
+}
+
 bool FrameEdit::revert(LayerManager& manager)
 {
     return run(manager, &FrameEdit::revertOn);

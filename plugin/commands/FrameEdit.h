@@ -14,10 +14,13 @@ protected:
 
     bool prepare(LayerManager& manager) override;
     bool apply(LayerManager& manager) override;
+    bool reapply(LayerManager& manager) override;
     bool revert(LayerManager& manager) override;
     /// prepare() for the layer itself; not called without one.
     virtual bool prepareFor(const Layer& layer);
     virtual bool applyTo(Layer& layer) = 0;
+    /// The redo: the same again by exact times, for the frames may have other numbers by then.
+    virtual bool reapplyTo(Layer& layer) = 0;
     virtual bool revertOn(Layer& layer) = 0;
 
     const QString& camera() const { return m_camera; }

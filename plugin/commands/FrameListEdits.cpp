@@ -30,18 +30,29 @@ bool InsertFrames::prepare(LayerManager& manager)
 
 bool InsertFrames::apply(LayerManager& manager)
 {
-    if (m_makesLayer) {
-        m_before.remember(manager, {camera()});
-        const int index = m_layer ? manager.insertLayer(camera(), -1, std::move(m_layer))
-                                  : manager.insertLayer(camera(), -1, QString());
-        if (index < 0) {
-            messages::error("Failed to create layer for frame");
-            return false;
-        }
-        m_before.noteChange(manager);
-        setLayerId(manager.layerId(camera(), index));
+    return putLayer(manager) && FrameEdit::apply(manager);
+}
+
+bool InsertFrames::reapply(LayerManager& manager)
+{
+    return putLayer(manager) && FrameEdit::reapply(manager);
+}
+
+bool InsertFrames::putLayer(LayerManager& manager)
+{
+    if (!m_makesLayer) {
+        return true;
     }
-    return FrameEdit::apply(manager);
+    m_before.remember(manager, {camera()});
+    const int index =
+        m_layer ? manager.insertLayer(camera(), -1, std::move(m_layer)) : manager.insertLayer(camera(), -1, QString());
+    if (index < 0) {
+        messages::error("Failed to create layer for frame");
+        return false;
+    }
+    m_before.noteChange(manager);
+    setLayerId(manager.layerId(camera(), index));
+    return true;
 }
 
 bool InsertFrames::revert(LayerManager& manager)
@@ -59,13 +70,19 @@ bool InsertFrames::revert(LayerManager& manager)
 
 bool InsertFrames::applyTo(Layer& layer)
 {
-    m_inserted = addMissing(layer, m_span);
+    m_inserted = KeptFrames(missingFrames(layer, m_span));
+    return reapplyTo(layer);
+}
+
+bool InsertFrames::reapplyTo(Layer& layer)
+{
+    m_inserted.putInto(layer);
     return true;
 }
 
 bool InsertFrames::revertOn(Layer& layer)
 {
-    layer.takeFramesAt(m_inserted);
+    m_inserted.takeFrom(layer);
     return true;
 }
 
@@ -91,7 +108,6 @@ bool DuplicateFrame::prepareFor(const Layer& layer)
         return false;
     }
     m_source = previous->frameNumber();
-    m_time = MAnimControl::currentTime();
     return true;
 }
 
@@ -101,13 +117,22 @@ bool DuplicateFrame::applyTo(Layer& layer)
     if (!copy) {
         return false;
     }
-    copy->setTime(m_time);
-    return layer.insertFrame(std::move(copy)) >= 0;
+    copy->setTime(MAnimControl::currentTime());
+    Frames copies;
+    copies.push_back(std::move(copy));
+    m_copy = KeptFrames(std::move(copies));
+    return reapplyTo(layer);
+}
+
+bool DuplicateFrame::reapplyTo(Layer& layer)
+{
+    m_copy.putInto(layer);
+    return true;
 }
 
 bool DuplicateFrame::revertOn(Layer& layer)
 {
-    if (layer.takeFramesAt({m_time}).empty()) {
+    if (!m_copy.takeFrom(layer)) {
         messages::error("Failed to undo duplicate frame operation.");
         return false;
     }
@@ -126,13 +151,19 @@ DeleteFrames::DeleteFrames(const QString& camera, const FrameSpan& span, const c
 
 bool DeleteFrames::applyTo(Layer& layer)
 {
-    m_taken = packed(layer.takeFramesIn(m_span));
+    m_taken = KeptFrames(layer.takeFramesIn(m_span));
+    return true;
+}
+
+bool DeleteFrames::reapplyTo(Layer& layer)
+{
+    m_taken.takeFrom(layer);
     return true;
 }
 
 bool DeleteFrames::revertOn(Layer& layer)
 {
-    layer.restoreFrames(std::move(m_taken));
+    m_taken.putInto(layer);
     return true;
 }
 
@@ -149,7 +180,7 @@ bool CutFrames::applyTo(Layer& layer)
 
 void CutFrames::applied(BaseNode& node)
 {
-    node.frameClipboard() = std::move(m_copies);
+    node.frameClipboard() = copiesOf(m_copies);
 }
 
 // ClearFrames ---------------------------------------------------------------------------------------------------------
@@ -165,21 +196,28 @@ bool ClearFrames::applyTo(Layer& layer)
             numbers.append(frame->frameNumber());
         }
     }
-    m_blank = addBlank(layer, numbers);
+    m_blank = KeptFrames(blankFrames(numbers));
+    m_blank.putInto(layer);
+    return true;
+}
+
+bool ClearFrames::reapplyTo(Layer& layer)
+{
+    DeleteFrames::reapplyTo(layer);
+    m_blank.putInto(layer);
     return true;
 }
 
 bool ClearFrames::revertOn(Layer& layer)
 {
-    layer.takeFramesAt(m_blank);
+    m_blank.takeFrom(layer);
     return DeleteFrames::revertOn(layer);
 }
 
 // PasteFrames ---------------------------------------------------------------------------------------------------------
 
 PasteFrames::PasteFrames(const QString& camera, const Frames& clipboard, int start)
-    : FrameEdit(camera, "Cannot paste frames to a locked layer"), m_isInRange(movedCopies(clipboard, start, m_frames)),
-      m_times(timesOf(m_frames))
+    : FrameEdit(camera, "Cannot paste frames to a locked layer"), m_isInRange(movedCopies(clipboard, start, m_copies))
 {}
 
 bool PasteFrames::prepare(LayerManager& manager)
@@ -196,17 +234,25 @@ bool PasteFrames::prepare(LayerManager& manager)
 bool PasteFrames::applyTo(Layer& layer)
 {
     QList<int> numbers;
-    for (const std::unique_ptr<Frame>& frame : m_frames) {
+    for (const std::unique_ptr<Frame>& frame : m_copies) {
         numbers.append(frame->frameNumber());
     }
-    m_replaced = packed(layer.takeFramesNumbered(numbers));
-    layer.restoreFrames(std::move(m_frames));
+    m_replaced = KeptFrames(layer.takeFramesNumbered(numbers));
+    m_pasted = KeptFrames(std::move(m_copies));
+    m_pasted.putInto(layer);
+    return true;
+}
+
+bool PasteFrames::reapplyTo(Layer& layer)
+{
+    m_replaced.takeFrom(layer);
+    m_pasted.putInto(layer);
     return true;
 }
 
 bool PasteFrames::revertOn(Layer& layer)
 {
-    m_frames = packed(layer.takeFramesAt(m_times));
-    layer.restoreFrames(std::move(m_replaced));
+    m_pasted.takeFrom(layer);
+    m_replaced.putInto(layer);
     return true;
 }

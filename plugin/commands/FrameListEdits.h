@@ -12,13 +12,17 @@ public:
 protected:
     bool prepare(LayerManager& manager) override;
     bool apply(LayerManager& manager) override;
+    bool reapply(LayerManager& manager) override;
     bool revert(LayerManager& manager) override;
     bool applyTo(Layer& layer) override;
+    bool reapplyTo(Layer& layer) override;
     bool revertOn(Layer& layer) override;
 
 private:
+    bool putLayer(LayerManager& manager);
+
     const FrameSpan m_span;
-    Times m_inserted;
+    KeptFrames m_inserted;
     bool m_makesLayer = false;
     ActiveLayers m_before;           // a first layer makes itself active
     std::unique_ptr<Layer> m_layer;  // the one that was made, ours only while the edit is undone
@@ -33,11 +37,12 @@ protected:
     bool prepare(LayerManager& manager) override;
     bool prepareFor(const Layer& layer) override;
     bool applyTo(Layer& layer) override;
+    bool reapplyTo(Layer& layer) override;
     bool revertOn(Layer& layer) override;
 
 private:
     int m_source = 0;
-    MTime m_time;
+    KeptFrames m_copy;
 };
 
 /// Takes the frames of a span away; undo puts the very same ones back.
@@ -49,14 +54,15 @@ protected:
     DeleteFrames(const QString& camera, const FrameSpan& span, const char* whenLocked);
 
     bool applyTo(Layer& layer) override;
+    bool reapplyTo(Layer& layer) override;
     bool revertOn(Layer& layer) override;
 
     const FrameSpan& span() const { return m_span; }
-    const Frames& taken() const { return m_taken; }
+    const Frames& taken() const { return m_taken.frames(); }
 
 private:
     const FrameSpan m_span;
-    Frames m_taken;  // ours only while the edit is applied
+    KeptFrames m_taken;
 };
 
 /// Takes the frames of a span away and into the clipboard.
@@ -69,7 +75,7 @@ protected:
     void applied(BaseNode& node) override;
 
 private:
-    Frames m_copies;  // on their way to the clipboard
+    Frames m_copies;  // for the clipboard, again after each redo
 };
 
 /// Makes the frames of a span blank.
@@ -79,10 +85,11 @@ public:
 
 protected:
     bool applyTo(Layer& layer) override;
+    bool reapplyTo(Layer& layer) override;
     bool revertOn(Layer& layer) override;
 
 private:
-    Times m_blank;
+    KeptFrames m_blank;
 };
 
 /// Puts copies of the clipboard's frames in; what was there gives way until the edit is undone.
@@ -94,11 +101,12 @@ public:
 protected:
     bool prepare(LayerManager& manager) override;
     bool applyTo(Layer& layer) override;
+    bool reapplyTo(Layer& layer) override;
     bool revertOn(Layer& layer) override;
 
 private:
-    Frames m_frames;         // ours only while the edit is undone
+    Frames m_copies;         // on their way into the layer
     const bool m_isInRange;  // all of them
-    const Times m_times;     // of the same frames
-    Frames m_replaced;       // ours only while the edit is applied
+    KeptFrames m_pasted;
+    KeptFrames m_replaced;
 };

@@ -26,19 +26,27 @@ Frames packed(Frames frames)
     return frames;
 }
 
-Times addBlank(Layer& layer, const QList<int>& frameNumbers)
+Frames copiesOf(const Frames& frames)
+{
+    Frames copies;
+    copies.reserve(frames.size());
+    for (const std::unique_ptr<Frame>& frame : frames) {
+        copies.emplace_back(new Frame(*frame));
+    }
+    return copies;
+}
+
+Frames blankFrames(const QList<int>& frameNumbers)
 {
     Frames blank;
     blank.reserve(static_cast<size_t>(frameNumbers.size()));
     for (int frameNumber : frameNumbers) {
         blank.emplace_back(new Frame(timeOfFrame(frameNumber)));
     }
-    const Times times = timesOf(blank);
-    layer.restoreFrames(std::move(blank));
-    return times;
+    return blank;
 }
 
-Times addMissing(Layer& layer, const FrameSpan& span)
+Frames missingFrames(const Layer& layer, const FrameSpan& span)
 {
     QList<int> missing;
     int next = span.first;
@@ -52,5 +60,19 @@ Times addMissing(Layer& layer, const FrameSpan& span)
         ++next;
     }
     appendUpTo(span.end);
-    return addBlank(layer, missing);
+    return blankFrames(missing);
+}
+
+KeptFrames::KeptFrames(Frames frames) : m_times(timesOf(frames)), m_frames(packed(std::move(frames))) {}
+
+void KeptFrames::putInto(Layer& layer)
+{
+    layer.restoreFrames(std::move(m_frames));
+    m_frames.clear();
+}
+
+bool KeptFrames::takeFrom(Layer& layer)
+{
+    m_frames = packed(layer.takeFramesAt(m_times));
+    return m_frames.size() == m_times.size();
 }

@@ -10,6 +10,44 @@
 
 #include <algorithm>
 
+namespace {
+
+Times timesOf(const Layer& layer)
+{
+    Times times;
+    for (int i = 0; i < layer.frameCount(); ++i) {
+        times.push_back(layer.frameAt(i)->time());
+    }
+    return times;
+}
+
+// The times and not their numbers: a time that lies between two frames of the present unit is to stay there.
+bool setTimes(Layer& layer, const Times& times, const MTime& sceneTime)
+{
+    if (layer.frameCount() != static_cast<int>(times.size())) {
+        return false;
+    }
+    for (int i = 0; i < layer.frameCount(); ++i) {
+        layer.frameAt(i)->setTime(times[static_cast<size_t>(i)]);
+    }
+    MAnimControl::setCurrentTime(sceneTime);
+    return true;
+}
+
+// Moves frames from exact times to others; false, and none is moved, when one is missing.
+bool shift(Layer& layer, const Times& from, const Times& to)
+{
+    Frames frames = layer.takeFramesAt(from);
+    const bool areAllThere = frames.size() == from.size();
+    for (size_t i = 0; areAllThere && i < frames.size(); ++i) {
+        frames[i]->setTime(to[i]);
+    }
+    layer.restoreFrames(std::move(frames));
+    return areAllThere;
+}
+
+}  // namespace
+
 // StepTime ------------------------------------------------------------------------------------------------------------
 
 StepTime::StepTime(const QString& camera, Direction direction) : m_camera(camera), m_direction(direction) {}
@@ -66,26 +104,22 @@ bool RetimeFrames::prepareFor(const Layer& layer)
 bool RetimeFrames::applyTo(Layer& layer)
 {
     m_from = MAnimControl::currentTime();
-    m_oldTimes.clear();
-    for (int i = 0; i < layer.frameCount(); ++i) {
-        m_oldTimes.push_back(layer.frameAt(i)->time());
-    }
+    m_to = timeOfFrame(m_landing);
+    m_oldTimes = timesOf(layer);
     layer.retime(m_numbers);
-    MAnimControl::setCurrentTime(timeOfFrame(m_landing));
+    m_newTimes = timesOf(layer);
+    MAnimControl::setCurrentTime(m_to);
     return true;
 }
 
-// The times and not their numbers: a time that lies between two frames of the present unit is to stay there.
+bool RetimeFrames::reapplyTo(Layer& layer)
+{
+    return setTimes(layer, m_newTimes, m_to);
+}
+
 bool RetimeFrames::revertOn(Layer& layer)
 {
-    if (layer.frameCount() != static_cast<int>(m_oldTimes.size())) {
-        return false;
-    }
-    for (int i = 0; i < layer.frameCount(); ++i) {
-        layer.frameAt(i)->setTime(m_oldTimes[static_cast<size_t>(i)]);
-    }
-    MAnimControl::setCurrentTime(m_from);
-    return true;
+    return setTimes(layer, m_oldTimes, m_from);
 }
 
 // MoveFrames ----------------------------------------------------------------------------------------------------------
@@ -139,13 +173,12 @@ bool MoveFrames::applyTo(Layer& layer)
     return true;
 }
 
+bool MoveFrames::reapplyTo(Layer& layer)
+{
+    return shift(layer, m_oldTimes, m_newTimes);
+}
+
 bool MoveFrames::revertOn(Layer& layer)
 {
-    Frames frames = layer.takeFramesAt(m_newTimes);
-    const bool areAllThere = frames.size() == m_oldTimes.size();
-    for (size_t i = 0; areAllThere && i < frames.size(); ++i) {
-        frames[i]->setTime(m_oldTimes[i]);
-    }
-    layer.restoreFrames(std::move(frames));
-    return areAllThere;
+    return shift(layer, m_newTimes, m_oldTimes);
 }

@@ -34,15 +34,18 @@ protected:
     bool prepare(LayerManager& manager) override;
     bool prepareFor(const Layer& layer) override;
     bool applyTo(Layer& layer) override;
+    bool reapplyTo(Layer& layer) override;
     bool revertOn(Layer& layer) override;
 
 private:
     const FrameSpan m_span;
     const Retiming m_retiming;
     QList<int> m_numbers;  // after the retiming
-    Times m_oldTimes;      // of the same frames
     int m_landing = 0;     // the frame number to go to
-    MTime m_from;          // the scene's time before
+    Times m_oldTimes;      // of the same frames
+    Times m_newTimes;
+    MTime m_from;  // the scene's time before
+    MTime m_to;
 };
 
 /// Moves the frames from one number to another, both included, by an offset.
@@ -53,6 +56,7 @@ public:
 protected:
     bool prepareFor(const Layer& layer) override;
     bool applyTo(Layer& layer) override;
+    bool reapplyTo(Layer& layer) override;
     bool revertOn(Layer& layer) override;
 
 private:

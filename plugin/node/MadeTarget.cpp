@@ -39,7 +39,7 @@ void MadeTarget::takeOut(const ActiveStroke& stroke)
     if (stroke.layerMade) {
         m_layer = m_manager.takeLayer(m_address.camera, m_layerIndex);
     } else if (m_address.layerId != 0) {
-        m_frames = layer->takeFrames([this](const Frame& frame) { return frame.time() == m_address.time; });
+        m_frames = layer->takeFramesAt({m_address.time});
     }
     TimelineMarks::refreshInstalled();
 }

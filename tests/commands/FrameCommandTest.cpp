@@ -30,6 +30,21 @@ protected:
         }
         return pixels::hash(decodePng(found->png()));
     }
+    /// The exact times and drawings of a camera's layer, the lowest unless another is named.
+    QString exactly(const QString& camera = "persp", int index = 0)
+    {
+        QStringList frames;
+        const Layer* layer = drawing().layer(camera, index);
+        for (int i = 0; layer && i < layer->frameCount(); ++i) {
+            const Frame& frame = *layer->frameAt(i);
+            frames << QString("%1:%2").arg(frame.time().asUnits(MTime::k6000FPS)).arg(frame.picture().id());
+        }
+        return frames.join(" ");
+    }
+    void changeUnitBehindTheQueue(const std::string& unit)
+    {
+        run("undoInfo -stateWithoutFlush off; currentUnit -t \"" + unit + "\"; undoInfo -stateWithoutFlush on");
+    }
     static int now() { return currentFrameNumber(); }
 
     TestViews m_views;
@@ -309,6 +324,22 @@ TEST_F(FrameCommandTest, WithNowhereToGoOnlyTheStepBackSucceeds)
     EXPECT_EQ(now(), 5);
 }
 
+TEST_F(FrameCommandTest, AStepBackWithNowhereToGoLeavesAFloatingPaste)
+{
+    for (const bool hasLayer : {false, true}) {
+        if (hasLayer) {
+            keyed("persp", "A", {});
+        }
+        drawing().setCurrentCamera("persp");
+        floatPaste("persp");
+        const QString before = describeDrawing();
+        EXPECT_TRUE(run(frame("-sb")));
+        EXPECT_TRUE(drawing().hasStroke());
+        EXPECT_EQ(describeDrawing(), before);
+        node().withdrawMadeStroke();
+    }
+}
+
 TEST_F(FrameCommandTest, RetimesTheCurrentCamerasFramesAndGoesToOneOfThem)
 {
     const struct {
@@ -387,22 +418,81 @@ TEST_F(FrameCommandTest, FramesBetweenTwoOfASlowerTimeUnitComeBackWhereTheyWere)
     }
 }
 
-TEST_F(FrameCommandTest, AUnitChangedBehindTheUndoQueueDoesNotSendTheUndoToOtherFrames)
+TEST_F(FrameCommandTest, AUnitChangedBehindTheUndoQueueSendsNeitherUndoNorRedoToOtherFrames)
 {
-    for (const char* arguments : {"-ins", "-pst", "-mv 5 20 20"}) {
-        run("file -f -new; currentUnit -t film");
-        keyed("persp", "A", {5, 20});
-        const QString pictures[] = {picture(5), picture(20)};
-        goTo(5);
-        run(frame("-copy"));
-        goTo(10);
-        ASSERT_TRUE(run(frame(arguments))) << arguments;
-        run("undoInfo -stateWithoutFlush off; currentUnit -t show; undoInfo -stateWithoutFlush on");
-        run("undo");
-        EXPECT_EQ(keys(), (Keys{10, 40})) << arguments;
-        EXPECT_EQ(picture(10), pictures[0]) << arguments;
-        EXPECT_EQ(picture(40), pictures[1]) << arguments;
+    for (const char* unit : {"show", "12fps"}) {
+        for (const char* arguments : {"-ins", "-dup", "-del", "-cut", "-clr", "-pst", "-retime 3", "-mv 5 20 20"}) {
+            SCOPED_TRACE(arguments + std::string(" and ") + unit);
+            run("file -f -new; currentUnit -t film");
+            keyed("persp", "A", {5, 10, 20, 21, 23});
+            goTo(10);
+            run(frame("-copy"));
+            goTo(std::string(arguments) == "-ins" || std::string(arguments) == "-dup" ? 12 : 20);
+            const QString before = exactly();
+            ASSERT_TRUE(run(frame(arguments)));
+            const QString after = exactly();
+            EXPECT_NE(after, before);
+            changeUnitBehindTheQueue(unit);
+            run("undo");
+            EXPECT_EQ(exactly(), before);
+            run("redo");
+            EXPECT_EQ(exactly(), after);
+            run("undo");
+            EXPECT_EQ(exactly(), before);
+        }
     }
+}
+
+TEST_F(FrameCommandTest, ARedoneCutIsWhatWasCutWhateverTheTimeUnitIsByThen)
+{
+    run("currentUnit -t film");
+    keyed("persp", "A", {10, 20});
+    const QString cut = picture(10);
+    goTo(10);
+    run(frame("-cut"));
+    run("undo");
+    changeUnitBehindTheQueue("12fps");
+    run("redo");
+    goTo(40);
+    run(frame("-paste"));
+    EXPECT_EQ(keys(), (Keys{10, 40}));
+    EXPECT_EQ(picture(40), cut);
+}
+
+TEST_F(FrameCommandTest, StepsFindTheirLayerAgainWhenOneWasInsertedBelowIt)
+{
+    keyed("persp", "A", {1, 5, 9});
+    run(frame("-copy"));
+    for (const char* arguments : {"-ins", "-dup", "-del", "-cut", "-clr", "-pst", "-retime 3", "-mv 2 5 5"}) {
+        goTo(std::string(arguments) == "-ins" || std::string(arguments) == "-dup" ? 7 : 5);
+        const QString before = exactly();
+        ASSERT_TRUE(run(frame(arguments))) << arguments;
+        const QString after = exactly();
+        drawing().insertLayer("persp", 0, QString("Z"));
+        run("undo");
+        EXPECT_EQ(exactly("persp", 1), before) << arguments;
+        run("redo");
+        EXPECT_EQ(exactly("persp", 1), after) << arguments;
+        run("undo");
+        EXPECT_EQ(exactly("persp", 0), QString()) << arguments;
+        drawing().takeLayer("persp", 0);
+    }
+}
+
+TEST_F(FrameCommandTest, UndoOfTheFirstFrameTakesItsOwnLayerAndLeavesTheUserWhereHeHasGoneSince)
+{
+    keyed("persp", "A", {1});
+    keyed("side", "S", {1});
+    ASSERT_EQ(drawing().currentCamera(), "persp");
+    run(frame("-ins top"));
+    const Layer* made = drawing().layer("top", 0);
+    drawing().setCurrentCamera("side");
+    drawing().insertLayer("top", 0, QString("Z"));
+    run("undo");
+    EXPECT_EQ(stack("top").remove('*'), "Z");
+    EXPECT_EQ(drawing().currentCamera(), "side");
+    run("redo");
+    EXPECT_EQ(drawing().layer("top", 1), made);
 }
 
 TEST_F(FrameCommandTest, ATransformIsTakenBackWhenAnotherDrawingTakesThePlaceOfTheOneItCopied)
