@@ -4,8 +4,11 @@
 #include "model/LayerManager.h"
 #include "node/TimelineMarks.h"
 #include "settings/Messages.h"
+#include "settings/Rounding.h"
 
 #include <maya/MAnimControl.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -127,14 +130,20 @@ MoveFrames::MoveFrames(const QString& camera, int offset, int first, int last)
 
 bool MoveFrames::prepareFor(const Layer& layer)
 {
-    m_moving = numbersToMove(layer.frameNumbers(), m_first, m_last);
+    m_moving = layer.frameNumbersBetween(m_first, m_last);
+    m_moving.erase(std::unique(m_moving.begin(), m_moving.end()), m_moving.end());  // hidden frames stay
     return true;
 }
 
 bool MoveFrames::isObstructed(const Layer& layer) const
 {
+    if (m_moving.isEmpty()) {
+        return false;
+    }
+    const QList<int> inTheWay = layer.frameNumbersBetween(truncated(double(m_moving.first()) + m_offset),
+                                                          truncated(double(m_moving.last()) + m_offset));
     qint64 at = 0;
-    const MoveObstacle obstacle = obstacleToMove(layer.frameNumbers(), m_moving, m_offset, at);
+    const MoveObstacle obstacle = obstacleToMove(inTheWay, m_moving, m_offset, at);
     if (obstacle == MoveObstacle::None) {
         return false;
     }

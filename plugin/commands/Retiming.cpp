@@ -64,18 +64,6 @@ int landingIndex(const QList<int>& numbers, const FrameSpan& span, bool moveToNe
     return moveToNext ? std::min(above, last) : std::max(above - 1, 0);
 }
 
-QList<int> numbersToMove(const QList<int>& numbers, int first, int last)
-{
-    QList<int> moving;
-    const auto end = firstAbove(numbers, last);
-    for (auto number = std::lower_bound(numbers.begin(), numbers.end(), first); number < end; ++number) {
-        if (moving.isEmpty() || moving.last() != *number) {
-            moving.append(*number);
-        }
-    }
-    return moving;
-}
-
 MoveObstacle obstacleToMove(const QList<int>& numbers, const QList<int>& moving, int offset, qint64& at)
 {
     std::vector<int> staying;

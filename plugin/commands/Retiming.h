@@ -28,12 +28,10 @@ QList<int> retimedNumbers(const QList<int>& numbers, const FrameSpan& span, cons
 /// there is none. `numbers` is not empty.
 int landingIndex(const QList<int>& numbers, const FrameSpan& span, bool moveToNext);
 
-/// The numbers from first to last, both included, each once.
-QList<int> numbersToMove(const QList<int>& numbers, int first, int last);
-
 enum class MoveObstacle { None, Frame, Range };
 /// Whether something is in the way of moving frames: another that stays, or the end of the 32 bits. at: the number the
-/// foremost of those concerned would have had. `moving` is what numbersToMove gave.
+/// foremost of those concerned would have had. numbers: at least those between where the first and the last would go.
+/// moving: ascending, each once.
 MoveObstacle obstacleToMove(const QList<int>& numbers, const QList<int>& moving, int offset, qint64& at);
 
 bool isFrameNumber(qint64 number);  ///< within 32 bits

@@ -282,10 +282,19 @@ void Layer::merge(Frames frames)
 
 QList<int> Layer::frameNumbers() const
 {
+    return frameNumbersBetween(std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
+}
+
+QList<int> Layer::frameNumbersBetween(int first, int last) const
+{
+    const Part part = partNumbered(first, last);
     QList<int> numbers;
-    numbers.reserve(frameCount());
-    for (const auto& frame : m_frames) {
-        numbers.append(frame->frameNumber());
+    numbers.reserve(static_cast<int>(part.end - part.first));
+    for (Place place = part.first; place != part.end; ++place) {
+        const int frameNumber = (*place)->frameNumber();
+        if (frameNumber >= first && frameNumber <= last) {
+            numbers.append(frameNumber);
+        }
     }
     return numbers;
 }
@@ -404,6 +413,9 @@ Layer::Place Layer::numbered(int frameNumber) const
 
 Layer::Part Layer::partNumbered(int first, int last) const
 {
+    if (first > last) {
+        return {m_frames.end(), m_frames.end()};
+    }
     if (!m_sorted) {
         return {m_frames.begin(), m_frames.end()};
     }

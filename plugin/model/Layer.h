@@ -74,6 +74,7 @@ public:
     void restoreFrames(Frames frames);  ///< each as by restoreFrame(), which says what is refused; in any order
 
     QList<int> frameNumbers() const;
+    QList<int> frameNumbersBetween(int first, int last) const;  ///< both included
     /// How many frames have the number of an earlier one. In a slower time unit several frames come to have one: they
     /// all stay, but the first is the one that is found by its number and shown.
     int hiddenFrameCount() const;

@@ -86,37 +86,29 @@ TEST(Retiming, LandsInTheSpanOrOnTheFrameBehindItsStart)
     }
 }
 
-TEST(Retiming, MovesTheFramesFoundByTheirNumbersBothEndsIncluded)
-{
-    EXPECT_EQ(numbersToMove({1, 2, 3, 9}, 2, 9), (QList<int>{2, 3, 9}));
-    EXPECT_EQ(numbersToMove({1, 2, 3, 9}, 4, 8), QList<int>());
-    EXPECT_EQ(numbersToMove({1, 2, 3, 9}, 3, 1), QList<int>());
-    EXPECT_EQ(numbersToMove({2, 2, 3, kMax}, kMin, kMax), (QList<int>{2, 3, kMax}));
-}
-
 TEST(Retiming, FindsWhatIsInTheWayOfAMove)
 {
     const struct {
         QList<int> numbers;
-        int offset, first, last;
+        QList<int> moving;
+        int offset;
         MoveObstacle obstacle;
         qint64 at;
     } cases[] = {
-        {{1, 2, 3}, 2, 1, 2, MoveObstacle::Frame, 3},
-        {{1, 2, 4}, 1, 1, 2, MoveObstacle::None, 0},
-        {{1, 2, 3}, 1, 1, 3, MoveObstacle::None, 0},
-        {{1, 5, 9}, -4, 5, 9, MoveObstacle::Frame, 1},
-        {{1, 2, 4, 5}, 3, 1, 2, MoveObstacle::Frame, 5},
-        {{4, 5, 7, 8}, -3, 7, 8, MoveObstacle::Frame, 4},
-        {{2, 2, 3}, -1, 3, 3, MoveObstacle::Frame, 2},
-        {{2, 2, 3}, 1, 2, 3, MoveObstacle::None, 0},
-        {{1, 2}, kMax, 1, 2, MoveObstacle::Range, qint64(kMax) + 2},
-        {{-5}, kMin, -5, -5, MoveObstacle::Range, qint64(kMin) - 5},
+        {{1, 2, 3}, {1, 2}, 2, MoveObstacle::Frame, 3},
+        {{1, 2, 4}, {1, 2}, 1, MoveObstacle::None, 0},
+        {{1, 2, 3}, {1, 2, 3}, 1, MoveObstacle::None, 0},
+        {{1, 5, 9}, {5, 9}, -4, MoveObstacle::Frame, 1},
+        {{1, 2, 4, 5}, {1, 2}, 3, MoveObstacle::Frame, 5},
+        {{4, 5, 7, 8}, {7, 8}, -3, MoveObstacle::Frame, 4},
+        {{2, 2, 3}, {3}, -1, MoveObstacle::Frame, 2},
+        {{2, 2, 3}, {2, 3}, 1, MoveObstacle::None, 0},
+        {{1, 2}, {1, 2}, kMax, MoveObstacle::Range, qint64(kMax) + 2},
+        {{-5}, {-5}, kMin, MoveObstacle::Range, qint64(kMin) - 5},
     };
     for (const auto& c : cases) {
         qint64 at = 0;
-        const QList<int> moving = numbersToMove(c.numbers, c.first, c.last);
-        EXPECT_EQ(obstacleToMove(c.numbers, moving, c.offset, at), c.obstacle) << c.offset;
+        EXPECT_EQ(obstacleToMove(c.numbers, c.moving, c.offset, at), c.obstacle) << c.offset;
         if (c.obstacle != MoveObstacle::None) {
             EXPECT_EQ(at, c.at) << c.offset;
         }
