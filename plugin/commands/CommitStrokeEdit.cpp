@@ -57,9 +57,11 @@ void CommitStrokeEdit::conclude(LayerManager& manager) const
 bool CommitStrokeEdit::isOwnTarget(const LayerManager& manager) const
 {
     const ActiveStroke* stroke = manager.stroke(m_target.camera);
-    const bool isOwnLayer =
-        stroke && stroke->layerMade && manager.strokeLayerIndex(m_target.camera) == m_target.layerAdded;
-    return stroke && (m_target.layerAdded < 0 || isOwnLayer) && (!m_target.frameAdded || stroke->frameMade);
+    if (!stroke) {
+        return false;
+    }
+    const bool isItsLayer = stroke->layerMade && manager.strokeLayerIndex(m_target.camera) == m_target.layerAdded;
+    return (m_target.layerAdded < 0 || isItsLayer) && (!m_target.frameAdded || stroke->frameMade);
 }
 
 void CommitStrokeEdit::rememberPreviousCamera(const LayerManager& manager)

@@ -89,8 +89,13 @@ Frame* Layer::frameNumbered(int frameNumber) const
 
 Frame* Layer::frameAtTime(const MTime& time) const
 {
-    const auto found = std::find_if(m_frames.begin(), m_frames.end(),
-                                    [&](const std::unique_ptr<Frame>& frame) { return frame->time() == time; });
+    const auto isEarlier = [](const std::unique_ptr<Frame>& frame, const MTime& other) {
+        return frame->time() < other;
+    };
+    const auto first =
+        m_sorted ? std::lower_bound(m_frames.begin(), m_frames.end(), time, isEarlier) : m_frames.begin();
+    const auto found =
+        std::find_if(first, m_frames.end(), [&](const std::unique_ptr<Frame>& frame) { return frame->time() == time; });
     return found == m_frames.end() ? nullptr : found->get();
 }
 

@@ -63,7 +63,7 @@ TEST_F(StrokeTest, OneSwapUndoesAndTheNextRedoes)
     EXPECT_TRUE(pixels::same(shown("persp"), base()));
     ASSERT_TRUE(drawing.swapActiveImage("persp", other));
     EXPECT_EQ(describe(drawing), after);
-    EXPECT_FALSE(drawing.swapImage({"persp", drawing.layer("persp", 0)->id(), timeOfFrame(2)}, other));
+    EXPECT_FALSE(drawing.swapImage({"persp", drawing.layerId("persp", 0), timeOfFrame(2)}, other));
     EXPECT_FALSE(drawing.swapImage({"persp", 0, timeOfFrame(1)}, other));
     EXPECT_FALSE(drawing.swapActiveImage("none", other));
     EXPECT_EQ(describe(drawing), after);
@@ -142,7 +142,7 @@ TEST_F(StrokeTest, GoesToTheFrameItWasBegunOnWhateverIsShownMeanwhile)
     drawing.setActiveLayer("persp", 0, true);
     const FrameAddress address = drawing.strokeFrame("persp");
     EXPECT_EQ(drawing.strokeLayerIndex("persp"), 1);
-    EXPECT_EQ(address.layerId, drawing.layer("persp", 1)->id());
+    EXPECT_EQ(address.layerId, drawing.layerId("persp", 1));
     EXPECT_EQ(frameNumberOf(address.time), 1);
     const QString before = describe(drawing);
     Picture undo;

@@ -1,3 +1,4 @@
+#include "node/MadeTarget.h"
 #include "support/NodeFixture.h"
 
 namespace {
