@@ -1,14 +1,12 @@
 #pragma once
 
-#include "commands/SelectionNudge.h"
-#include "node/BaseNode.h"
-
 #include <maya/MAnimControl.h>
 #include <maya/MArgDatabase.h>
 #include <maya/MDagModifier.h>
 #include <maya/MDoubleArray.h>
 #include <maya/MGlobal.h>
 #include <maya/MPxCommand.h>
+#include <maya/MSelectionList.h>
 #include <maya/MStringArray.h>
 
 /// What a command has the host do besides reading its text.
@@ -27,6 +25,7 @@ public:
     static void* creator() { return new BareCommand; }
 
     static unsigned calls;  ///< of the commands that are run from now on
+    static MObject node;    ///< what they nudge the selection with
 
     MStatus doIt(const MArgList& list) override
     {
@@ -69,21 +68,29 @@ private:
             MAnimControl::setCurrentTime(time);
         }
         if (m_calls & kNudgesSelection) {
-            nudgeSelection(m_node);
+            nudgeSelection();
         }
         return MStatus::kSuccess;
     }
 
-    static MObject drawingNode()
+    static void nudgeSelection()
     {
-        const BaseNode* node = BaseNode::masterNode();
-        return node ? node->thisMObject() : MObject();
+        MSelectionList selection;
+        MGlobal::getActiveSelectionList(selection);
+        if (selection.isEmpty()) {
+            MSelectionList other;
+            other.add(node);
+            MGlobal::setActiveSelectionList(other);
+        } else {
+            MGlobal::clearSelectionList();
+        }
+        MGlobal::setActiveSelectionList(selection);
     }
 
     const unsigned m_calls = calls;
     const MTime m_from = MAnimControl::currentTime();
-    const MObject m_node = drawingNode();
     MDagModifier m_modifier;
 };
 
 inline unsigned BareCommand::calls = 0;
+inline MObject BareCommand::node;
