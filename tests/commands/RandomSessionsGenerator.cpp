@@ -2,6 +2,9 @@
 
 #include "support/Dice.h"
 
+#include <QRegularExpression>
+#include <QStringList>
+
 #include <numeric>
 
 namespace {
@@ -135,27 +138,50 @@ std::string filled(const char* text, Dice& dice)
     return line;
 }
 
-int pickedMode(Dice& dice)
+const LineMode& pickedMode(Dice& dice)
 {
     static const int kTotal = std::accumulate(kModes.begin(), kModes.end(), 0,
                                               [](int sum, const LineMode& mode) { return sum + mode.weight; });
     int left = dice.between(1, kTotal);
-    int mode = 0;
-    while ((left -= kModes[static_cast<size_t>(mode)].weight) > 0) {
+    auto mode = kModes.begin();
+    while ((left -= mode->weight) > 0) {
         ++mode;
     }
-    return mode;
+    return *mode;
 }
 
 // With a frame number: while the scene is elsewhere.
-void addBurst(std::vector<GeneratedLine>& lines, Dice& dice)
+void addBurst(Words& lines, Dice& dice)
 {
     const int undone = dice.between(1, 8);
     const int redone = dice.between(0, undone + 1);
     for (int i = 0; i < undone + redone; ++i) {
         const std::string line = i < undone ? "undo" : "redo";
-        lines.push_back({dice.oneIn(3) ? line + " " + argument('f', dice) : line, -1});
+        lines.push_back(dice.oneIn(3) ? line + " " + argument('f', dice) : line);
     }
+}
+
+QString patternOfArgument(char letter)
+{
+    for (const auto& row : kWords) {
+        if (row.letter == letter) {
+            QStringList words;
+            for (const std::string& word : row.words) {
+                words << QRegularExpression::escape(QString::fromStdString(word));
+            }
+            return "(?:" + words.join('|') + ")";
+        }
+    }
+    return "-?\\d+";
+}
+
+QRegularExpression patternOf(const char* text)
+{
+    QString pattern;
+    for (const char* at = text; *at; ++at) {
+        pattern += *at == '%' ? patternOfArgument(*++at) : QRegularExpression::escape(QString(QLatin1Char(*at)));
+    }
+    return QRegularExpression("\\A" + pattern + "\\z");
 }
 
 }  // namespace
@@ -165,16 +191,31 @@ const std::vector<LineMode>& lineModes()
     return kModes;
 }
 
-std::vector<GeneratedLine> generateSession(unsigned seed, int lines)
+int lineModeOf(const std::string& line)
+{
+    static const std::vector<QRegularExpression> kPatterns = [] {
+        std::vector<QRegularExpression> patterns;
+        for (const LineMode& mode : kModes) {
+            patterns.push_back(patternOf(mode.text));
+        }
+        return patterns;
+    }();
+    int mode = static_cast<int>(kPatterns.size()) - 1;
+    while (mode >= 0 && !kPatterns[static_cast<size_t>(mode)].match(QString::fromStdString(line)).hasMatch()) {
+        --mode;
+    }
+    return mode;
+}
+
+std::vector<std::string> generateSession(unsigned seed, int lines)
 {
     Dice dice(seed);
-    std::vector<GeneratedLine> session;
+    Words session;
     while (static_cast<int>(session.size()) < lines) {
         if (dice.oneIn(20)) {
             addBurst(session, dice);
         } else {
-            const int mode = pickedMode(dice);
-            session.push_back({filled(kModes[static_cast<size_t>(mode)].text, dice), mode});
+            session.push_back(filled(pickedMode(dice).text, dice));
         }
     }
     session.resize(static_cast<size_t>(lines));
