@@ -237,6 +237,20 @@ protected:
         return succeeded;
     }
 
+    struct Said {
+        const char* command;
+        const char* arguments;
+        const char* message;  ///< null when the plug-in fails silently
+    };
+    void expectSaid(const std::vector<Said>& cases)
+    {
+        for (const Said& c : cases) {
+            const std::string text = std::string(c.command) + c.arguments;
+            EXPECT_FALSE(expectAllOrNothing(text, Pending::Nothing)) << text;
+            EXPECT_EQ(ownErrors(), c.message ? Texts{c.message} : Texts()) << text;
+        }
+    }
+
     TestViews m_views;
 
 private:
@@ -313,9 +327,8 @@ TEST_F(CommandRefusalsTest, DuringAStrokeWhatFailsLeavesTheStrokeAndWhatWasMadeF
         {"tqLumisketchStroke nowhere", "---"},
     };
     for (const auto& row : rows) {
-        const Pending kinds[] = {Pending::Stroke, Pending::PasteOnMadeFrame, Pending::PasteOnMadeLayer};
         std::string done;
-        for (const Pending pending : kinds) {
+        for (const Pending pending : {Pending::Stroke, Pending::PasteOnMadeFrame, Pending::PasteOnMadeLayer}) {
             done += expectAllOrNothing(row.text, pending) ? '+' : '-';
         }
         EXPECT_EQ(done, row.done) << row.text;
@@ -325,11 +338,7 @@ TEST_F(CommandRefusalsTest, DuringAStrokeWhatFailsLeavesTheStrokeAndWhatWasMadeF
 TEST_F(CommandRefusalsTest, SaysWhatIsWrong)
 {
     draw();
-    const struct {
-        const char* command;
-        const char* arguments;
-        const char* message;  // null when the plug-in fails silently
-    } cases[] = {
+    expectSaid({
         {kNode, "", "Node already exists"},
         {kNode, "-l -c persp", "Node already exists"},
         {kNode, "-e -l", "Invalid edit parameter"},
@@ -389,22 +398,12 @@ TEST_F(CommandRefusalsTest, SaysWhatIsWrong)
         {kStroke, "nowhere", "Camera does not exist: nowhere"},
         {kStroke, "persp", nullptr},
         {kStroke, "-fa persp", nullptr},
-    };
-    for (const auto& c : cases) {
-        const std::string text = std::string(c.command) + c.arguments;
-        EXPECT_FALSE(expectAllOrNothing(text, Pending::Nothing)) << text;
-        const std::vector<std::string> expected = c.message ? std::vector<std::string>{c.message} : Texts();
-        EXPECT_EQ(ownErrors(), expected) << text;
-    }
+    });
 }
 
 TEST_F(CommandRefusalsTest, SaysWhatIsMissingInASceneWithoutADrawing)
 {
-    const struct {
-        const char* command;
-        const char* arguments;
-        const char* message;
-    } cases[] = {
+    expectSaid({
         {kNode, "-q -c", nullptr},
         {kNode, "-refresh", nullptr},
         {kNode, "-rg", nullptr},
@@ -421,39 +420,27 @@ TEST_F(CommandRefusalsTest, SaysWhatIsMissingInASceneWithoutADrawing)
         {kFrame, "-mv 1 1 1", "Node not found"},
         {kFrame, "", "Node not found"},
         {kStroke, "persp", nullptr},
-    };
-    for (const auto& c : cases) {
-        const std::string text = std::string(c.command) + c.arguments;
-        EXPECT_FALSE(expectAllOrNothing(text, Pending::Nothing)) << text;
-        const std::vector<std::string> expected = c.message ? std::vector<std::string>{c.message} : Texts();
-        EXPECT_EQ(ownErrors(), expected) << text;
-    }
+    });
 }
 
 TEST_F(CommandRefusalsTest, ARangeTypedByAccidentIsRefusedAndCopiesKeepTheirNumbers)
 {
     session().scene.highlightSliderRange({1, 400000000});
-    EXPECT_FALSE(expectAllOrNothing("tqLumisketchNode -l -c persp -f", Pending::Nothing));
-    EXPECT_EQ(ownErrors(), Texts{"Cannot add more than 1000000 frames at a time"});
+    constexpr char kTooMany[] = "Cannot add more than 1000000 frames at a time";
+    constexpr char kTooFar[] = "Frame number out of range";
+    expectSaid({{kNode, "-l -c persp -f", kTooMany}});
     draw();
     session().scene.highlightSliderRange({-2000000000, 2000000000});
-    for (const char* text : {"tqLumisketchFrame -ins", "tqLumisketchFrame -ins front"}) {
-        EXPECT_FALSE(expectAllOrNothing(text, Pending::Nothing)) << text;
-        EXPECT_EQ(ownErrors(), Texts{"Cannot add more than 1000000 frames at a time"}) << text;
-    }
+    expectSaid({{kFrame, "-ins", kTooMany}, {kFrame, "-ins front", kTooMany}});
     for (const char* text : {"tqLumisketchFrame -pst", "tqLumisketchFrame -del", "tqLumisketchFrame -clr"}) {
         EXPECT_TRUE(expectAllOrNothing(text, Pending::Nothing)) << text;
     }
     drawing().activeLayer("persp")->addFrame(timeOfFrame(1000000000));  // 3000000000 from the span's start
-    for (const char* text : {"tqLumisketchFrame -cp", "tqLumisketchFrame -cut"}) {
-        EXPECT_FALSE(expectAllOrNothing(text, Pending::Nothing)) << text;
-        EXPECT_EQ(ownErrors(), Texts{"Frame number out of range"}) << text;
-    }
+    expectSaid({{kFrame, "-cp", kTooFar}, {kFrame, "-cut", kTooFar}});
     session().scene.highlightSliderRange({1, 5});
     ASSERT_TRUE(run("tqLumisketchFrame -cp"));
     session().scene.highlightSliderRange({2147483646, 2147483647});
-    EXPECT_FALSE(expectAllOrNothing("tqLumisketchFrame -pst", Pending::Nothing));
-    EXPECT_EQ(ownErrors(), Texts{"Frame number out of range"});
+    expectSaid({{kFrame, "-pst", kTooFar}});
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <QRegularExpression>
 #include <QStringList>
 
+#include <functional>
 #include <numeric>
 
 namespace {
@@ -129,11 +130,11 @@ std::string argument(char letter, Dice& dice)
     return {};
 }
 
-std::string filled(const char* text, Dice& dice)
+std::string filled(const char* text, const std::function<std::string(char)>& argument)
 {
     std::string line;
     for (const char* at = text; *at; ++at) {
-        line += *at == '%' ? argument(*++at, dice) : std::string(1, *at);
+        line += *at == '%' ? argument(*++at) : std::string(1, *at);
     }
     return line;
 }
@@ -161,27 +162,15 @@ void addBurst(Words& lines, Dice& dice)
     }
 }
 
-QString patternOfArgument(char letter)
+std::string patternOf(char letter)
 {
+    QStringList words;
     for (const auto& row : kWords) {
-        if (row.letter == letter) {
-            QStringList words;
-            for (const std::string& word : row.words) {
-                words << QRegularExpression::escape(QString::fromStdString(word));
-            }
-            return "(?:" + words.join('|') + ")";
+        for (const std::string& word : row.letter == letter ? row.words : Words()) {
+            words << QRegularExpression::escape(QString::fromStdString(word));
         }
     }
-    return "-?\\d+";
-}
-
-QRegularExpression patternOf(const char* text)
-{
-    QString pattern;
-    for (const char* at = text; *at; ++at) {
-        pattern += *at == '%' ? patternOfArgument(*++at) : QRegularExpression::escape(QString(QLatin1Char(*at)));
-    }
-    return QRegularExpression("\\A" + pattern + "\\z");
+    return words.isEmpty() ? "-?\\d+" : "(?:" + words.join('|').toStdString() + ")";
 }
 
 }  // namespace
@@ -193,18 +182,13 @@ const std::vector<LineMode>& lineModes()
 
 int lineModeOf(const std::string& line)
 {
-    static const std::vector<QRegularExpression> kPatterns = [] {
-        std::vector<QRegularExpression> patterns;
-        for (const LineMode& mode : kModes) {
-            patterns.push_back(patternOf(mode.text));
-        }
-        return patterns;
-    }();
-    int mode = static_cast<int>(kPatterns.size()) - 1;
-    while (mode >= 0 && !kPatterns[static_cast<size_t>(mode)].match(QString::fromStdString(line)).hasMatch()) {
-        --mode;
+    static std::vector<QRegularExpression> patterns;
+    for (size_t i = patterns.size(); i < kModes.size(); ++i) {
+        patterns.emplace_back(QString::fromStdString("\\A" + filled(kModes[i].text, patternOf) + "\\z"));
     }
-    return mode;
+    const QString text = QString::fromStdString(line);
+    const auto isMade = [&text](const QRegularExpression& pattern) { return pattern.match(text).hasMatch(); };
+    return static_cast<int>(patterns.rend() - std::find_if(patterns.rbegin(), patterns.rend(), isMade)) - 1;
 }
 
 std::vector<std::string> generateSession(unsigned seed, int lines)
@@ -215,7 +199,7 @@ std::vector<std::string> generateSession(unsigned seed, int lines)
         if (dice.oneIn(20)) {
             addBurst(session, dice);
         } else {
-            session.push_back(filled(pickedMode(dice).text, dice));
+            session.push_back(filled(pickedMode(dice).text, [&dice](char letter) { return argument(letter, dice); }));
         }
     }
     session.resize(static_cast<size_t>(lines));
