@@ -3,15 +3,15 @@
 #include <maya/MAnimControl.h>
 #include <maya/MArgDatabase.h>
 #include <maya/MDagModifier.h>
+#include <maya/MDagPath.h>
 #include <maya/MDoubleArray.h>
 #include <maya/MGlobal.h>
 #include <maya/MPxCommand.h>
 #include <maya/MSelectionList.h>
-#include <maya/MStringArray.h>
 
 /// What a command has the host do besides reading its text.
 enum HostCall : unsigned {
-    kAsksForCameras = 1,
+    kLooksUpCamera = 1,
     kAsksForSpan = 2,
     kNudgesSelection = 4,  ///< whenever it runs
     kSetsTime = 8,         ///< likewise
@@ -30,10 +30,13 @@ public:
     MStatus doIt(const MArgList& list) override
     {
         const MArgDatabase args(syntax(), list);
-        MStringArray cameras;
         MDoubleArray span;
-        if (m_calls & kAsksForCameras) {
-            MGlobal::executeCommand("ls -cameras", cameras);
+        if (m_calls & kLooksUpCamera) {
+            MSelectionList found;
+            MDagPath path;
+            found.add("persp");
+            found.getDagPath(0, path);
+            path.partialPathName();
         }
         if (m_calls & kAsksForSpan) {
             MGlobal::executeCommand("timeControl -q -rangeArray $gPlayBackSlider", span);

@@ -343,9 +343,9 @@ struct Change {
     int end;
 };
 
-constexpr unsigned kLayerCalls = kAsksForCameras | kNudgesSelection;
+constexpr unsigned kLayerCalls = kLooksUpCamera | kNudgesSelection;
 constexpr unsigned kFrameCalls = kLayerCalls | kAsksForSpan;
-constexpr unsigned kQuestion = kAsksForCameras | kIsNoStep;
+constexpr unsigned kQuestion = kLooksUpCamera | kIsNoStep;
 
 const Change kChanges[] = {
     {"layer: make active", "Layer -e -active %last persp", kLayerCalls, 1, 2},

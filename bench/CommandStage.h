@@ -65,6 +65,7 @@ public:
     }
     ~CommandStage()
     {
+        run("file -force -new");  // nothing is left that would be kept as text
         answerEvents(false);
         LayerManager::setDrawingViews(nullptr);
         api::dropLeftoversOf(session(), m_module->name);

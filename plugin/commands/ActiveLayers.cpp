@@ -1,28 +1,37 @@
 #include "commands/ActiveLayers.h"
 
-void ActiveLayers::remember(const LayerManager& manager, const QString& camera)
+void ActiveLayers::remember(const LayerManager& manager, const QStringList& cameras)
 {
-    m_camera = camera;
-    m_index = manager.activeLayerIndex(camera);
-    m_cameras = manager.currentCameras();
-    m_currentIndex = manager.activeLayerIndex(m_cameras.current);
+    m_layers.clear();
+    for (const QString& camera : cameras) {
+        m_layers.push_back({camera, manager.layerId(camera, manager.activeLayerIndex(camera))});
+    }
+    m_before = manager.currentCameras();
 }
 
-void ActiveLayers::restore(LayerManager& manager) const
+void ActiveLayers::noteChange(const LayerManager& manager)
 {
-    restoreActiveLayer(manager, m_camera, m_index);
-    restoreActiveLayer(manager, m_cameras.current, m_currentIndex);
-    manager.restoreCurrentCameras(m_cameras);
+    m_after = manager.currentCamera();
 }
 
-bool ActiveLayers::isCurrent(const QString& camera, int index) const
+void ActiveLayers::restore(LayerManager& manager, const CurrentCameras& now) const
 {
-    return m_cameras.current == camera && m_currentIndex == index;
+    restoreLayers(manager);
+    manager.restoreCurrentCameras(hasChangedCamera() && now.current == m_after ? m_before : now);
 }
 
-void restoreActiveLayer(LayerManager& manager, const QString& camera, int index)
+void ActiveLayers::restoreWherever(LayerManager& manager, const CurrentCameras& now) const
 {
-    if (manager.isValidLayer(camera, index)) {
-        manager.setActiveLayer(camera, index, false);
+    restoreLayers(manager);
+    manager.restoreCurrentCameras(hasChangedCamera() ? m_before : now);
+}
+
+void ActiveLayers::restoreLayers(LayerManager& manager) const
+{
+    for (const ActiveLayer& layer : m_layers) {
+        const int index = manager.layerIndex(layer.camera, layer.id);
+        if (index >= 0) {
+            manager.setActiveLayer(layer.camera, index, false);
+        }
     }
 }

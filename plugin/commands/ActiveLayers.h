@@ -2,21 +2,31 @@
 
 #include "model/LayerManager.h"
 
-/// The active layers of a moment: the one of the camera an edit works on, and the one of the camera then current.
+#include <QStringList>
+
+#include <vector>
+
+/// Which layers of some cameras were active before an edit, and which camera was current.
 class ActiveLayers {
 public:
-    void remember(const LayerManager& manager, const QString& camera);
-    /// Makes them active again, as far as there are such layers, and the same cameras current and previous.
-    void restore(LayerManager& manager) const;
-    /// The layer is the active one of the camera that was current.
-    bool isCurrent(const QString& camera, int index) const;
+    void remember(const LayerManager& manager, const QStringList& cameras);  ///< before the edit
+    void noteChange(const LayerManager& manager);                            ///< after it
+    /// Makes the layers active again, as far as they are there. now: the cameras as they were before the edit was
+    /// undone; these stay unless the edit had changed the current camera and the user has not gone to another since.
+    void restore(LayerManager& manager, const CurrentCameras& now) const;
+    /// The same, but the camera that was current becomes so again wherever the user has gone.
+    void restoreWherever(LayerManager& manager, const CurrentCameras& now) const;
 
 private:
-    QString m_camera;
-    int m_index = -1;
-    CurrentCameras m_cameras;
-    int m_currentIndex = -1;
-};
+    struct ActiveLayer {
+        QString camera;
+        quint64 id;
+    };
 
-/// Makes a layer the active one of its camera again, if there is such a layer; the current camera stays.
-void restoreActiveLayer(LayerManager& manager, const QString& camera, int index);
+    bool hasChangedCamera() const { return m_after != m_before.current; }
+    void restoreLayers(LayerManager& manager) const;
+
+    std::vector<ActiveLayer> m_layers;
+    CurrentCameras m_before;
+    QString m_after;  // the current camera
+};

@@ -115,14 +115,18 @@ bool CreateNodeEdit::recordCreation()
 }
 
 // Gives the node that is in the scene by then, which a redo may have made anew: it is the scene's master, for there
-// was none. Null when there is still none.
+// was none. One without a drawing, as it comes of a script that runs while a file is read, is taken away again: null,
+// and reported.
 BaseNode* CreateNodeEdit::placeInScene()
 {
     BaseNode* node = m_modifier.doIt() ? BaseNode::masterNode() : nullptr;
-    if (node) {
-        lockTransform(MFnDagNode(node->thisMObject()).parent(0));
-        MGlobal::clearSelectionList();
+    if (!node || !node->layerManager()) {
+        messages::error("Failed to create drawing");
+        m_modifier.undoIt();
+        return nullptr;
     }
+    lockTransform(MFnDagNode(node->thisMObject()).parent(0));
+    MGlobal::clearSelectionList();
     return node;
 }
 

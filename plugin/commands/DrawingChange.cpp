@@ -25,12 +25,20 @@ MStatus DrawingChange::executeOn(BaseNode& node)
     if (!manager) {
         return MStatus::kFailure;
     }
+    const PublishOnce publishing(*manager);
+    if (!aim(*manager)) {
+        return MStatus::kFailure;
+    }
     MadeTarget made(*manager);
     if (!prepare(*manager) || !apply(*manager)) {
         made.putBack();
         return MStatus::kFailure;
     }
-    made.drop();
+    if (changesAnything()) {
+        made.drop();
+    } else {
+        made.putBack();
+    }
     applied(node);
     return show(node, *manager);
 }
@@ -38,7 +46,11 @@ MStatus DrawingChange::executeOn(BaseNode& node)
 MStatus DrawingChange::redoOn(BaseNode& node)
 {
     const std::shared_ptr<LayerManager> manager = node.layerManager();
-    if (!manager || !apply(*manager)) {
+    if (!manager) {
+        return MStatus::kFailure;
+    }
+    const PublishOnce publishing(*manager);
+    if (!reapply(*manager)) {
         return MStatus::kFailure;
     }
     applied(node);
@@ -48,12 +60,31 @@ MStatus DrawingChange::redoOn(BaseNode& node)
 MStatus DrawingChange::undoOn(BaseNode& node)
 {
     const std::shared_ptr<LayerManager> manager = node.layerManager();
-    return manager && revert(*manager) ? show(node, *manager) : MStatus(MStatus::kFailure);
+    if (!manager) {
+        return MStatus::kFailure;
+    }
+    const PublishOnce publishing(*manager);
+    return revert(*manager) ? show(node, *manager) : MStatus(MStatus::kFailure);
+}
+
+bool DrawingChange::aim(const LayerManager&)
+{
+    return true;
 }
 
 bool DrawingChange::prepare(LayerManager&)
 {
     return true;
+}
+
+bool DrawingChange::changesAnything() const
+{
+    return true;
+}
+
+bool DrawingChange::reapply(LayerManager& manager)
+{
+    return apply(manager);
 }
 
 void DrawingChange::applied(BaseNode&) {}

@@ -12,10 +12,16 @@ protected:
     MStatus redoOn(BaseNode& node) override;
     MStatus undoOn(BaseNode& node) override;
 
-    /// Fixes, before the first run, what every later one goes by. False, and reported, when the edit cannot be done.
+    /// Finds, before the first run, what the user means, who sees what was made for a floating paste too. False, and
+    /// reported, when that cannot be edited.
+    virtual bool aim(const LayerManager& manager);
+    /// Fixes, after that, what every later run goes by; what was made for the paste is out of the drawing from here on.
+    /// False, and reported, when the edit cannot be done.
     virtual bool prepare(LayerManager& manager);
+    virtual bool changesAnything() const;  ///< a first run that changes nothing leaves a stroke in progress, too
     // False leaves the drawing as it was.
     virtual bool apply(LayerManager& manager) = 0;
+    virtual bool reapply(LayerManager& manager);  ///< the redo, when it differs
     virtual bool revert(LayerManager& manager) = 0;
-    virtual void applied(BaseNode& node);  ///< after every apply() that succeeded
+    virtual void applied(BaseNode& node);  ///< after every one of the first two that succeeded
 };

@@ -21,11 +21,8 @@ bool appendCopy(const Frame& frame, qint64 frameNumber, Frames& copies)
 bool copyFrames(const Layer& layer, const FrameSpan& span, Frames& copies)
 {
     copies.clear();
-    for (int i = 0; i < layer.frameCount(); ++i) {
-        const Frame* frame = layer.frameAt(i);
-        const int frameNumber = frame->frameNumber();
-        const bool isHidden = layer.frameNumbered(frameNumber) != frame;
-        if (contains(span, frameNumber) && !isHidden && !appendCopy(*frame, qint64(frameNumber) - span.first, copies)) {
+    for (const Frame* frame : layer.framesIn(span)) {
+        if (!appendCopy(*frame, qint64(frame->frameNumber()) - span.first, copies)) {
             messages::error(kFrameNumberOutOfRange);
             return false;
         }

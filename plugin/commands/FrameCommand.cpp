@@ -145,7 +145,10 @@ MStatus FrameCommand::cut(const MArgDatabase&, BaseNode&)
 MStatus FrameCommand::copy(const MArgDatabase&, BaseNode& node)
 {
     const std::shared_ptr<LayerManager> manager = node.layerManager();
-    const Layer* layer = manager ? manager->activeLayer(m_camera) : nullptr;
+    if (!manager) {
+        return MStatus::kFailure;
+    }
+    const Layer* layer = manager->activeLayer(m_camera);
     Frames copies;
     if (layer && !copyFrames(*layer, script::highlightedSpan(), copies)) {
         return MStatus::kFailure;

@@ -7,8 +7,8 @@ FrameEdit::FrameEdit(const QString& camera, const char* whenLocked) : m_camera(c
 
 bool FrameEdit::prepare(LayerManager& manager)
 {
-    m_layerIndex = manager.activeLayerIndex(m_camera);
-    const Layer* layer = manager.layer(m_camera, m_layerIndex);
+    const Layer* layer = manager.activeLayer(m_camera);
+    m_layerId = layer ? layer->id() : 0;
     if (layer && m_whenLocked && layer->state() == kLayerLocked) {
         messages::error(m_whenLocked);
         return false;
@@ -19,6 +19,11 @@ bool FrameEdit::prepare(LayerManager& manager)
 bool FrameEdit::prepareFor(const Layer&)
 {
     return true;
+}
+
+int FrameEdit::layerIndex(const LayerManager& manager) const
+{
+    return manager.layerIndex(m_camera, m_layerId);
 }
 
 bool FrameEdit::apply(LayerManager& manager)
@@ -33,11 +38,11 @@ bool FrameEdit::revert(LayerManager& manager)
 
 bool FrameEdit::run(LayerManager& manager, bool (FrameEdit::*step)(Layer&))
 {
-    if (m_layerIndex < 0) {
+    if (m_layerId == 0) {
         return true;
     }
     const Picture strokeBase = manager.strokeBase();
-    Layer* layer = manager.layer(m_camera, m_layerIndex);
+    Layer* layer = manager.layer(m_camera, layerIndex(manager));
     if (!layer || !(this->*step)(*layer)) {
         return false;
     }

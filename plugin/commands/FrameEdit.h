@@ -21,12 +21,13 @@ protected:
     virtual bool revertOn(Layer& layer) = 0;
 
     const QString& camera() const { return m_camera; }
-    void setLayerIndex(int index) { m_layerIndex = index; }
+    void setLayerId(quint64 layerId) { m_layerId = layerId; }
+    int layerIndex(const LayerManager& manager) const;  ///< where the layer is now; -1 when it is gone
 
 private:
     bool run(LayerManager& manager, bool (FrameEdit::*step)(Layer&));
 
     const QString m_camera;
     const char* const m_whenLocked;
-    int m_layerIndex = -1;
+    quint64 m_layerId = 0;
 };

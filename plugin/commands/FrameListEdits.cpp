@@ -9,8 +9,6 @@
 
 #include <maya/MAnimControl.h>
 
-#include <algorithm>
-
 // InsertFrames --------------------------------------------------------------------------------------------------------
 
 InsertFrames::InsertFrames(const QString& camera, const FrameSpan& span)
@@ -27,34 +25,34 @@ bool InsertFrames::prepare(LayerManager& manager)
         return false;
     }
     m_makesLayer = manager.layerCount(camera()) == 0;
-    if (m_makesLayer) {
-        setLayerIndex(0);
-    }
     return true;
 }
 
 bool InsertFrames::apply(LayerManager& manager)
 {
     if (m_makesLayer) {
-        m_before.remember(manager, camera());
+        m_before.remember(manager, {camera()});
         const int index = m_layer ? manager.insertLayer(camera(), -1, std::move(m_layer))
                                   : manager.insertLayer(camera(), -1, QString());
         if (index < 0) {
             messages::error("Failed to create layer for frame");
             return false;
         }
+        m_before.noteChange(manager);
+        setLayerId(manager.layerId(camera(), index));
     }
     return FrameEdit::apply(manager);
 }
 
 bool InsertFrames::revert(LayerManager& manager)
 {
+    const CurrentCameras now = manager.currentCameras();
     if (!FrameEdit::revert(manager)) {
         return false;
     }
     if (m_makesLayer) {
-        m_layer = manager.takeLayer(camera(), 0);
-        m_before.restore(manager);
+        m_layer = manager.takeLayer(camera(), layerIndex(manager));
+        m_before.restore(manager, now);
     }
     return true;
 }
@@ -67,7 +65,7 @@ bool InsertFrames::applyTo(Layer& layer)
 
 bool InsertFrames::revertOn(Layer& layer)
 {
-    takeAt(layer, m_inserted);
+    layer.takeFramesAt(m_inserted);
     return true;
 }
 
@@ -109,7 +107,7 @@ bool DuplicateFrame::applyTo(Layer& layer)
 
 bool DuplicateFrame::revertOn(Layer& layer)
 {
-    if (takeAt(layer, {m_time}).empty()) {
+    if (layer.takeFramesAt({m_time}).empty()) {
         messages::error("Failed to undo duplicate frame operation.");
         return false;
     }
@@ -128,7 +126,7 @@ DeleteFrames::DeleteFrames(const QString& camera, const FrameSpan& span, const c
 
 bool DeleteFrames::applyTo(Layer& layer)
 {
-    m_taken = takePacked(layer, [this](const Frame& frame) { return contains(m_span, frame.frameNumber()); });
+    m_taken = packed(layer.takeFramesIn(m_span));
     return true;
 }
 
@@ -173,7 +171,7 @@ bool ClearFrames::applyTo(Layer& layer)
 
 bool ClearFrames::revertOn(Layer& layer)
 {
-    takeAt(layer, m_blank);
+    layer.takeFramesAt(m_blank);
     return DeleteFrames::revertOn(layer);
 }
 
@@ -201,16 +199,14 @@ bool PasteFrames::applyTo(Layer& layer)
     for (const std::unique_ptr<Frame>& frame : m_frames) {
         numbers.append(frame->frameNumber());
     }
-    m_replaced = takePacked(layer, [&numbers](const Frame& frame) {
-        return std::binary_search(numbers.begin(), numbers.end(), frame.frameNumber());
-    });
+    m_replaced = packed(layer.takeFramesNumbered(numbers));
     layer.restoreFrames(std::move(m_frames));
     return true;
 }
 
 bool PasteFrames::revertOn(Layer& layer)
 {
-    m_frames = takeAt(layer, m_times);
+    m_frames = packed(layer.takeFramesAt(m_times));
     layer.restoreFrames(std::move(m_replaced));
     return true;
 }

@@ -2,8 +2,6 @@
 
 #include "model/FrameNumber.h"
 
-#include <algorithm>
-
 bool areTooMany(const FrameSpan& span)
 {
     constexpr qint64 kMostFrames = 1000000;
@@ -13,30 +11,25 @@ bool areTooMany(const FrameSpan& span)
 Times timesOf(const Frames& frames)
 {
     Times times;
+    times.reserve(frames.size());
     for (const std::unique_ptr<Frame>& frame : frames) {
         times.push_back(frame->time());
     }
     return times;
 }
 
-Frames takePacked(Layer& layer, const std::function<bool(const Frame&)>& isTaken)
+Frames packed(Frames frames)
 {
-    Frames taken = layer.takeFrames(isTaken);
-    for (const std::unique_ptr<Frame>& frame : taken) {
+    for (const std::unique_ptr<Frame>& frame : frames) {
         frame->pack();
     }
-    return taken;
-}
-
-Frames takeAt(Layer& layer, const Times& times)
-{
-    return takePacked(
-        layer, [&times](const Frame& frame) { return std::binary_search(times.begin(), times.end(), frame.time()); });
+    return frames;
 }
 
 Times addBlank(Layer& layer, const QList<int>& frameNumbers)
 {
     Frames blank;
+    blank.reserve(static_cast<size_t>(frameNumbers.size()));
     for (int frameNumber : frameNumbers) {
         blank.emplace_back(new Frame(timeOfFrame(frameNumber)));
     }
@@ -48,10 +41,16 @@ Times addBlank(Layer& layer, const QList<int>& frameNumbers)
 Times addMissing(Layer& layer, const FrameSpan& span)
 {
     QList<int> missing;
-    for (int frameNumber = span.first; frameNumber < span.end; ++frameNumber) {
-        if (!layer.hasFrame(frameNumber)) {
-            missing.append(frameNumber);
+    int next = span.first;
+    const auto appendUpTo = [&](int end) {
+        for (; next < end; ++next) {
+            missing.append(next);
         }
+    };
+    for (const Frame* frame : layer.framesIn(span)) {
+        appendUpTo(frame->frameNumber());
+        ++next;
     }
+    appendUpTo(span.end);
     return addBlank(layer, missing);
 }

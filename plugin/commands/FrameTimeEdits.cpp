@@ -7,19 +7,17 @@
 
 #include <maya/MAnimControl.h>
 
-#include <algorithm>
-
 // StepTime ------------------------------------------------------------------------------------------------------------
 
 StepTime::StepTime(const QString& camera, Direction direction) : m_camera(camera), m_direction(direction) {}
 
 bool StepTime::prepare(LayerManager& manager)
 {
-    const MTime now = MAnimControl::currentTime();
+    m_from = MAnimControl::currentTime();
     const bool forward = m_direction == Direction::Forward;
     const Frame* frame = forward ? manager.nextFrame(m_camera, true) : manager.previousFrame(m_camera, true);
-    m_to = frame ? frame->time() : now;
-    return m_to != now || !forward;  // only the step back succeeds without a frame to go to: it is meant
+    m_to = frame ? frame->time() : m_from;
+    return m_to != m_from || !forward;  // only the step back succeeds without a frame to go to: it is meant
 }
 
 bool StepTime::apply(LayerManager&)
@@ -95,7 +93,7 @@ MoveFrames::MoveFrames(const QString& camera, int offset, int first, int last)
 
 bool MoveFrames::prepareFor(const Layer& layer)
 {
-    m_moving = numbersInMoveOrder(layer.frameNumbers(), m_offset, m_first, m_last);
+    m_moving = numbersToMove(layer.frameNumbers(), m_first, m_last);
     return true;
 }
 
@@ -115,16 +113,15 @@ bool MoveFrames::isObstructed(const Layer& layer) const
 
 bool MoveFrames::applyTo(Layer& layer)
 {
-    const auto isThere = [&](int number) { return layer.hasFrame(number); };
-    if (isObstructed(layer) || !std::all_of(m_moving.begin(), m_moving.end(), isThere)) {
+    const std::vector<const Frame*> moving = layer.framesNumbered(m_moving);
+    if (isObstructed(layer) || moving.size() != static_cast<size_t>(m_moving.size())) {
         return false;
     }
     m_oldTimes.clear();
-    for (int number : m_moving) {
-        m_oldTimes.push_back(layer.frameNumbered(number)->time());
+    for (const Frame* frame : moving) {
+        m_oldTimes.push_back(frame->time());
     }
-    std::sort(m_oldTimes.begin(), m_oldTimes.end());
-    Frames frames = takeAt(layer, m_oldTimes);
+    Frames frames = layer.takeFramesAt(m_oldTimes);
     for (const std::unique_ptr<Frame>& frame : frames) {
         frame->setFrameNumber(frame->frameNumber() + m_offset);
     }
@@ -135,7 +132,7 @@ bool MoveFrames::applyTo(Layer& layer)
 
 bool MoveFrames::revertOn(Layer& layer)
 {
-    Frames frames = takeAt(layer, m_newTimes);
+    Frames frames = layer.takeFramesAt(m_newTimes);
     const bool areAllThere = frames.size() == m_oldTimes.size();
     for (size_t i = 0; areAllThere && i < frames.size(); ++i) {
         frames[i]->setTime(m_oldTimes[i]);

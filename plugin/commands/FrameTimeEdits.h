@@ -14,6 +14,7 @@ public:
 
 protected:
     bool prepare(LayerManager& manager) override;
+    bool changesAnything() const override { return m_to != m_from; }
     bool apply(LayerManager& manager) override;
     bool revert(LayerManager& manager) override;
 
@@ -60,7 +61,7 @@ private:
     const int m_offset;
     const int m_first;
     const int m_last;
-    QList<int> m_moving;  // in the order in which obstacles are looked for
-    Times m_oldTimes;     // of the frames moved
+    QList<int> m_moving;
+    Times m_oldTimes;  // of the frames moved
     Times m_newTimes;
 };

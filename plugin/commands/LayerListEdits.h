@@ -1,15 +1,13 @@
 #pragma once
 
 #include "commands/ActiveLayers.h"
-#include "commands/DrawingChange.h"
+#include "commands/LayerEdit.h"
 #include "model/Layer.h"
-
-#include <QString>
 
 #include <memory>
 #include <vector>
 
-/// Puts a new layer on top of a camera's layers and makes it active.
+/// Puts a new layer on top of a camera's layers and makes it active. Redo puts the very same layer there.
 class AddLayer : public DrawingChange {
 public:
     AddLayer(const QString& camera, const QString& name, int state);
@@ -17,18 +15,23 @@ public:
 
 protected:
     bool apply(LayerManager& manager) override;
+    bool reapply(LayerManager& manager) override;
     bool revert(LayerManager& manager) override;
 
 private:
+    bool activate(LayerManager& manager);
+
     const QString m_camera;
     const QString m_name;
     const int m_state;
     int m_index = -1;
+    quint64 m_layerId = 0;
+    std::unique_ptr<Layer> m_layer;  // ours only while the edit is undone
     ActiveLayers m_before;
 };
 
 /// Takes one layer away; undo puts the very same layer back.
-class DeleteLayer : public DrawingChange {
+class DeleteLayer : public LayerEdit {
 public:
     DeleteLayer(const QString& camera, int index);
 
@@ -37,8 +40,7 @@ protected:
     bool revert(LayerManager& manager) override;
 
 private:
-    const QString m_camera;
-    const int m_index;
+    int m_index = -1;                // where it was
     std::unique_ptr<Layer> m_taken;  // ours only while the edit is applied
     ActiveLayers m_before;
 };

@@ -1,10 +1,12 @@
 #pragma once
 
-#include "commands/DrawingChange.h"
-#include "model/LayerManager.h"
+#include "commands/ActiveLayers.h"
+#include "commands/LayerEdit.h"
+
+#include <vector>
 
 /// Moves a layer up or down among those of its camera.
-class MoveLayer : public DrawingChange {
+class MoveLayer : public LayerEdit {
 public:
     MoveLayer(const QString& camera, int from, int to);
     int landing() const { return m_to; }  ///< where the layer is, once it is moved
@@ -14,13 +16,12 @@ protected:
     bool revert(LayerManager& manager) override;
 
 private:
-    const QString m_camera;
-    const int m_from;
+    int m_from = -1;
     int m_to;
 };
 
 /// Moves a layer to another camera. The current camera's active layer stays the active one there.
-class MoveLayerToCamera : public DrawingChange {
+class MoveLayerToCamera : public LayerEdit {
 public:
     /// toIndex: outside the other camera's layers it goes on top.
     MoveLayerToCamera(const QString& camera, int index, const QString& toCamera, int toIndex);
@@ -31,14 +32,10 @@ protected:
     bool revert(LayerManager& manager) override;
 
 private:
-    const QString m_camera;
-    const int m_index;
+    int m_index = -1;
     const QString m_toCamera;
     int m_toIndex;
-    int m_active = -1;  // of either camera before the move
-    int m_toActive = -1;
-    CurrentCameras m_before;
-    bool m_changedCurrent = false;
+    ActiveLayers m_before;
 };
 
 /// Moves all layers of a camera on top of those of another, in their order.
@@ -48,14 +45,12 @@ public:
 
 protected:
     bool apply(LayerManager& manager) override;
+    bool reapply(LayerManager& manager) override;
     bool revert(LayerManager& manager) override;
 
 private:
     const QString m_camera;
     const QString m_toCamera;
-    int m_toCount = 0;  // layers that the other camera had
-    int m_active = -1;  // of either camera before the move
-    int m_toActive = -1;
-    CurrentCameras m_before;
-    bool m_changedCurrent = false;
+    std::vector<quint64> m_moved;  // the layers' ids, the uppermost first
+    ActiveLayers m_before;
 };

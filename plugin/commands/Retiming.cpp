@@ -64,30 +64,24 @@ int landingIndex(const QList<int>& numbers, const FrameSpan& span, bool moveToNe
     return moveToNext ? std::min(above, last) : std::max(above - 1, 0);
 }
 
-QList<int> numbersInMoveOrder(const QList<int>& numbers, int offset, int first, int last)
+QList<int> numbersToMove(const QList<int>& numbers, int first, int last)
 {
     QList<int> moving;
-    for (int number : numbers) {
-        // A second frame of a number is hidden behind the first, and stays.
-        const bool isHidden = !moving.isEmpty() && moving.last() == number;
-        if (number >= first && number <= last && !isHidden) {
-            moving.append(number);
+    const auto end = firstAbove(numbers, last);
+    for (auto number = std::lower_bound(numbers.begin(), numbers.end(), first); number < end; ++number) {
+        if (moving.isEmpty() || moving.last() != *number) {
+            moving.append(*number);
         }
-    }
-    if (offset > 0) {
-        std::reverse(moving.begin(), moving.end());
     }
     return moving;
 }
 
 MoveObstacle obstacleToMove(const QList<int>& numbers, const QList<int>& moving, int offset, qint64& at)
 {
-    QList<int> sorted = moving;
-    std::sort(sorted.begin(), sorted.end());
     std::vector<int> staying;
-    std::set_difference(numbers.begin(), numbers.end(), sorted.begin(), sorted.end(), std::back_inserter(staying));
-    for (int number : moving) {
-        at = qint64(number) + offset;
+    std::set_difference(numbers.begin(), numbers.end(), moving.begin(), moving.end(), std::back_inserter(staying));
+    for (int i = 0; i < moving.size(); ++i) {
+        at = qint64(moving[offset > 0 ? moving.size() - 1 - i : i]) + offset;
         if (!isFrameNumber(at)) {
             return MoveObstacle::Range;
         }

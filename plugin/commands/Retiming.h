@@ -28,12 +28,12 @@ QList<int> retimedNumbers(const QList<int>& numbers, const FrameSpan& span, cons
 /// there is none. `numbers` is not empty.
 int landingIndex(const QList<int>& numbers, const FrameSpan& span, bool moveToNext);
 
-/// The numbers from first to last, both included, in an order in which none is moved onto one that has yet to move.
-QList<int> numbersInMoveOrder(const QList<int>& numbers, int offset, int first, int last);
+/// The numbers from first to last, both included, each once.
+QList<int> numbersToMove(const QList<int>& numbers, int first, int last);
 
 enum class MoveObstacle { None, Frame, Range };
-/// Whether something is in the way of moving frames: another that stays, or the end of the 32 bits. at: the number a
-/// frame would have had. `moving` is what numbersInMoveOrder gave.
+/// Whether something is in the way of moving frames: another that stays, or the end of the 32 bits. at: the number the
+/// foremost of those concerned would have had. `moving` is what numbersToMove gave.
 MoveObstacle obstacleToMove(const QList<int>& numbers, const QList<int>& moving, int offset, qint64& at);
 
 bool isFrameNumber(qint64 number);  ///< within 32 bits

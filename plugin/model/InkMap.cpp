@@ -22,7 +22,12 @@ quint64 columnsOf(int left, int end)
 
 constexpr int InkMap::kColumnWidth;
 
-InkMap::InkMap() : m_rows(kCanvasSize, 0) {}
+// Every picture has a map, and of most of them the ink is never asked for: these share one.
+InkMap::InkMap()
+{
+    static const QVector<quint64> kNoInk(kCanvasSize, 0);
+    m_rows = kNoInk;
+}
 
 InkMap InkMap::of(const QImage& canvas)
 {

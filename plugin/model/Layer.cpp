@@ -8,7 +8,58 @@
 #include <algorithm>
 #include <cstdlib>
 #include <iterator>
+#include <limits>
 #include <set>
+
+namespace {
+
+bool isEarlier(const std::unique_ptr<Frame>& a, const std::unique_ptr<Frame>& b)
+{
+    return a->time() < b->time();
+}
+
+bool isNotEarlier(const std::unique_ptr<Frame>& a, const std::unique_ptr<Frame>& b)
+{
+    return !isEarlier(a, b);
+}
+
+bool isSimultaneous(const std::unique_ptr<Frame>& a, const std::unique_ptr<Frame>& b)
+{
+    return a->time() == b->time();
+}
+
+/// Looks values up in an ascending list; whoever asks for all of them in their order goes along the list.
+template <class List>
+class Lookup {
+public:
+    explicit Lookup(const List& list) : m_begin(list.begin()), m_end(list.end()), m_next(list.begin()) {}
+
+    template <class Value>
+    bool contains(const Value& value)
+    {
+        if (!isNext(value)) {
+            m_next = std::lower_bound(m_begin, m_end, value);
+            if (!isNext(value)) {
+                return false;
+            }
+        }
+        ++m_next;
+        return true;
+    }
+
+private:
+    template <class Value>
+    bool isNext(const Value& value) const
+    {
+        return m_next != m_end && *m_next == value;
+    }
+
+    const typename List::const_iterator m_begin;
+    const typename List::const_iterator m_end;
+    typename List::const_iterator m_next;
+};
+
+}  // namespace
 
 Layer::Layer() : m_id(nextId()), m_name(QString("New Layer")) {}
 
@@ -113,35 +164,119 @@ void Layer::clearFrames()
     m_dirty = true;
 }
 
-Frames Layer::takeFrames(const std::function<bool(const Frame&)>& isTaken)
+template <class IsWanted>
+std::vector<const Frame*> Layer::visibleFrames(const Part& part, IsWanted isWanted) const
 {
-    const auto isKept = [&](const std::unique_ptr<Frame>& frame) { return !isTaken(*frame); };
-    const auto firstTaken = std::stable_partition(m_frames.begin(), m_frames.end(), isKept);
-    Frames taken(std::make_move_iterator(firstTaken), std::make_move_iterator(m_frames.end()));
-    m_frames.erase(firstTaken, m_frames.end());
+    std::vector<const Frame*> frames;
+    int previous = 0;
+    for (Place place = part.first; place != part.end; ++place) {
+        const int frameNumber = (*place)->frameNumber();
+        const bool isHidden = place != part.first && frameNumber == previous;
+        if (!isHidden && isWanted(frameNumber)) {
+            frames.push_back(place->get());
+        }
+        previous = frameNumber;
+    }
+    return frames;
+}
+
+std::vector<const Frame*> Layer::framesIn(const FrameSpan& span) const
+{
+    if (span.first >= span.end) {
+        return {};
+    }
+    return visibleFrames(partNumbered(span.first, span.end - 1),
+                         [&span](int frameNumber) { return contains(span, frameNumber); });
+}
+
+std::vector<const Frame*> Layer::framesNumbered(const QList<int>& numbers) const
+{
+    if (numbers.isEmpty()) {
+        return {};
+    }
+    Lookup<QList<int>> wanted(numbers);
+    return visibleFrames(partNumbered(numbers.first(), numbers.last()),
+                         [&wanted](int frameNumber) { return wanted.contains(frameNumber); });
+}
+
+template <class IsTaken>
+Frames Layer::takeFrom(const Part& part, IsTaken isTaken)
+{
+    const auto first = m_frames.begin() + (part.first - m_frames.cbegin());
+    const auto end = m_frames.begin() + (part.end - m_frames.cbegin());
+    const auto isKept = [&isTaken](const std::unique_ptr<Frame>& frame) { return !isTaken(*frame); };
+    const auto firstTaken = std::stable_partition(first, end, isKept);
+    Frames taken(std::make_move_iterator(firstTaken), std::make_move_iterator(end));
+    m_frames.erase(firstTaken, end);
     updateCurrentFrame(currentFrameNumber());
     return taken;
 }
 
+Frames Layer::takeFramesIn(const FrameSpan& span)
+{
+    if (span.first >= span.end) {
+        return {};
+    }
+    return takeFrom(partNumbered(span.first, span.end - 1),
+                    [&span](const Frame& frame) { return contains(span, frame.frameNumber()); });
+}
+
+Frames Layer::takeFramesNumbered(const QList<int>& numbers)
+{
+    if (numbers.isEmpty()) {
+        return {};
+    }
+    Lookup<QList<int>> wanted(numbers);
+    return takeFrom(partNumbered(numbers.first(), numbers.last()),
+                    [&wanted](const Frame& frame) { return wanted.contains(frame.frameNumber()); });
+}
+
+Frames Layer::takeFramesAt(const Times& times)
+{
+    if (times.empty()) {
+        return {};
+    }
+    Lookup<Times> wanted(times);
+    return takeFrom(partAt(times.front(), times.back()),
+                    [&wanted](const Frame& frame) { return wanted.contains(frame.time()); });
+}
+
 void Layer::restoreFrames(Frames frames)
 {
-    const auto isEarlier = [](const std::unique_ptr<Frame>& a, const std::unique_ptr<Frame>& b) {
-        return a->time() < b->time();
-    };
-    const auto isSimultaneous = [](const std::unique_ptr<Frame>& a, const std::unique_ptr<Frame>& b) {
-        return a->time() == b->time();
-    };
-    m_frames.insert(m_frames.end(), std::make_move_iterator(frames.begin()), std::make_move_iterator(frames.end()));
-    // Of two at one time the one that was here comes first, and stays.
-    std::stable_sort(m_frames.begin(), m_frames.end(), isEarlier);
-    m_frames.erase(std::unique(m_frames.begin(), m_frames.end(), isSimultaneous), m_frames.end());
-    m_sorted = true;
+    if (!m_sorted) {
+        std::stable_sort(m_frames.begin(), m_frames.end(), isEarlier);
+        m_sorted = true;
+    }
+    if (std::adjacent_find(frames.begin(), frames.end(), isNotEarlier) != frames.end()) {
+        std::stable_sort(frames.begin(), frames.end(), isEarlier);
+        frames.erase(std::unique(frames.begin(), frames.end(), isSimultaneous), frames.end());
+    }
+    if (!frames.empty()) {
+        merge(std::move(frames));
+    }
     updateCurrentFrame(currentFrameNumber());
+}
+
+// Both lists are in order. Of two frames at one time the one that was here stays.
+void Layer::merge(Frames frames)
+{
+    const auto place = std::lower_bound(m_frames.begin(), m_frames.end(), frames.front(), isEarlier);
+    const auto before = place - m_frames.begin();
+    const auto oldCount = static_cast<Frames::difference_type>(m_frames.size());
+    const bool fitsBetween = place == m_frames.end() || isEarlier(frames.back(), *place);
+    m_frames.insert(fitsBetween ? place : m_frames.end(), std::make_move_iterator(frames.begin()),
+                    std::make_move_iterator(frames.end()));
+    if (!fitsBetween) {
+        const auto first = m_frames.begin() + before;
+        std::inplace_merge(first, m_frames.begin() + oldCount, m_frames.end(), isEarlier);
+        m_frames.erase(std::unique(first, m_frames.end(), isSimultaneous), m_frames.end());
+    }
 }
 
 QList<int> Layer::frameNumbers() const
 {
     QList<int> numbers;
+    numbers.reserve(frameCount());
     for (const auto& frame : m_frames) {
         numbers.append(frame->frameNumber());
     }
@@ -166,9 +301,10 @@ Frame* Layer::nextFrame(bool wrap) const
 Frame* Layer::previousFrame(bool wrap) const
 {
     const int now = currentFrameNumber();
-    const auto previous = std::find_if(m_frames.rbegin(), m_frames.rend(),
+    const Part upToNow = partNumbered(std::numeric_limits<int>::min(), now);
+    const auto previous = std::find_if(std::make_reverse_iterator(upToNow.end), m_frames.crend(),
                                        [now](const std::unique_ptr<Frame>& f) { return f->frameNumber() < now; });
-    if (previous != m_frames.rend()) {
+    if (previous != m_frames.crend()) {
         return previous->get();
     }
     return wrap ? frameAt(frameCount() - 1) : nullptr;
@@ -180,10 +316,7 @@ void Layer::retime(const QList<int>& numbers)
     for (int i = 0; i < count; ++i) {
         m_frames[static_cast<size_t>(i)]->setFrameNumber(numbers[i]);
     }
-    m_sorted = std::is_sorted(m_frames.begin(), m_frames.end(),
-                              [](const std::unique_ptr<Frame>& a, const std::unique_ptr<Frame>& b) {
-                                  return a->frameNumber() < b->frameNumber();
-                              });
+    m_sorted = std::is_sorted(m_frames.begin(), m_frames.end(), isEarlier);
 }
 
 void Layer::updateCurrentFrame(int frameNumber)
@@ -244,7 +377,7 @@ Frame* Layer::shownFrame(int offset) const
     return m_visible ? frameAt(index) : nullptr;
 }
 
-Frames::const_iterator Layer::firstAfter(int frameNumber) const
+Layer::Place Layer::firstAfter(int frameNumber) const
 {
     const auto isAfter = [](int number, const std::unique_ptr<Frame>& frame) { return number < frame->frameNumber(); };
     if (m_sorted) {
@@ -254,15 +387,30 @@ Frames::const_iterator Layer::firstAfter(int frameNumber) const
                         [&](const std::unique_ptr<Frame>& frame) { return isAfter(frameNumber, frame); });
 }
 
-Frames::const_iterator Layer::numbered(int frameNumber) const
+Layer::Place Layer::numbered(int frameNumber) const
 {
-    if (m_sorted) {
-        const auto first = std::lower_bound(
-            m_frames.begin(), m_frames.end(), frameNumber,
-            [](const std::unique_ptr<Frame>& frame, int number) { return frame->frameNumber() < number; });
-        return first != m_frames.end() && (*first)->frameNumber() == frameNumber ? first : m_frames.end();
+    const Part part = partNumbered(frameNumber, frameNumber);
+    const auto isIt = [frameNumber](const std::unique_ptr<Frame>& f) { return f->frameNumber() == frameNumber; };
+    const Place found = std::find_if(part.first, part.end, isIt);
+    return found == part.end ? m_frames.end() : found;
+}
+
+Layer::Part Layer::partNumbered(int first, int last) const
+{
+    if (!m_sorted) {
+        return {m_frames.begin(), m_frames.end()};
     }
-    return std::find_if(m_frames.begin(), m_frames.end(), [frameNumber](const std::unique_ptr<Frame>& frame) {
-        return frame->frameNumber() == frameNumber;
-    });
+    const auto isBefore = [](const std::unique_ptr<Frame>& frame, int number) { return frame->frameNumber() < number; };
+    return {std::lower_bound(m_frames.begin(), m_frames.end(), first, isBefore), firstAfter(last)};
+}
+
+Layer::Part Layer::partAt(const MTime& first, const MTime& last) const
+{
+    if (!m_sorted) {
+        return {m_frames.begin(), m_frames.end()};
+    }
+    const auto isBefore = [](const std::unique_ptr<Frame>& frame, const MTime& time) { return frame->time() < time; };
+    const auto isAfter = [](const MTime& time, const std::unique_ptr<Frame>& frame) { return time < frame->time(); };
+    return {std::lower_bound(m_frames.begin(), m_frames.end(), first, isBefore),
+            std::upper_bound(m_frames.begin(), m_frames.end(), last, isAfter)};
 }

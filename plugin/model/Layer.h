@@ -1,11 +1,11 @@
 #pragma once
 
 #include "model/Frame.h"
+#include "settings/FrameSpan.h"
 
 #include <QList>
 #include <QString>
 
-#include <functional>
 #include <vector>
 
 /// What the drawing tool may do on a layer. Every layer holds: it shows its last frame at or before the time.
@@ -17,6 +17,7 @@ enum LayerState {
 constexpr int kLayerStateCount = 3;
 
 using Frames = std::vector<std::unique_ptr<Frame>>;
+using Times = std::vector<MTime>;  ///< ascending
 
 /// A stack entry of one camera: frames sorted by frame number, no two with the same one when they are inserted.
 /// Frame pointers handed out are loans until the next insertion or removal.
@@ -62,9 +63,13 @@ public:
     std::unique_ptr<Frame> takeFrameAtCurrentTime();
     void clearFrames();
 
-    // Many frames at once, in little more time than the layer is long. The frame shown is then that of the scene's
-    // time.
-    Frames takeFrames(const std::function<bool(const Frame&)>& isTaken);  ///< in their order
+    // Many frames at once, in their order. Only the part of the list that they lie in is looked at, and that once.
+    // After a change the frame shown is that of the scene's time.
+    std::vector<const Frame*> framesIn(const FrameSpan& span) const;  ///< those that are found by their numbers
+    std::vector<const Frame*> framesNumbered(const QList<int>& numbers) const;  ///< likewise; numbers: ascending
+    Frames takeFramesIn(const FrameSpan& span);                                 ///< hidden ones too
+    Frames takeFramesNumbered(const QList<int>& numbers);                       ///< likewise; numbers: ascending
+    Frames takeFramesAt(const Times& times);                                    ///< at exactly these times
     void restoreFrames(Frames frames);  ///< each as by restoreFrame(), which says what is refused; in any order
 
     QList<int> frameNumbers() const;
@@ -90,11 +95,25 @@ public:
     quint64 pictureIdAtOffset(int offset) const;
 
 private:
+    using Place = Frames::const_iterator;
+    struct Part {
+        Place first;
+        Place end;
+    };
+
     bool isHiddenFrame(int index) const;  // behind one of the same number
     Frame* shownFrame(int offset) const;  // null when there is none or the layer is hidden
-    Frames::const_iterator firstAfter(int frameNumber) const;
-    Frames::const_iterator numbered(int frameNumber) const;
+    Place firstAfter(int frameNumber) const;
+    Place numbered(int frameNumber) const;
+    // What lies between two of them, both included. They are not looked for in a list out of order: it is all of it.
+    Part partNumbered(int first, int last) const;
+    Part partAt(const MTime& first, const MTime& last) const;
+    template <class IsWanted>
+    std::vector<const Frame*> visibleFrames(const Part& part, IsWanted isWanted) const;
+    template <class IsTaken>
+    Frames takeFrom(const Part& part, IsTaken isTaken);
     std::unique_ptr<Frame> takeNumbered(int frameNumber);
+    void merge(Frames frames);
 
     const quint64 m_id;
     QString m_name;

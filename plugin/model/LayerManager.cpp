@@ -43,9 +43,10 @@ void LayerManager::setDrawingViews(DrawingViews* views)
     s_views = views;
 }
 
-void LayerManager::publish() const
+void LayerManager::publish()
 {
-    if (!m_master || !s_listView || (s_views && s_views->isAnotherEdited(*this))) {
+    m_isToPublish = m_publishingLater > 0;
+    if (m_isToPublish || !m_master || !s_listView || (s_views && s_views->isAnotherEdited(*this))) {
         return;
     }
     s_listView->clear();
@@ -57,6 +58,19 @@ void LayerManager::publish() const
     }
     s_listView->select(m_current.current, activeLayerIndex(m_current.current));
     s_listView->refresh();
+}
+
+PublishOnce::PublishOnce(LayerManager& manager) : m_manager(manager)
+{
+    ++m_manager.m_publishingLater;
+}
+
+PublishOnce::~PublishOnce()
+{
+    --m_manager.m_publishingLater;
+    if (m_manager.m_isToPublish) {
+        m_manager.publish();
+    }
 }
 
 // Cameras ------------------------------------------------------------------------------------------------------------
@@ -149,6 +163,18 @@ Layer* LayerManager::layer(const QString& camera, int index) const
 {
     const CameraDrawing* found = drawing(camera);
     return found ? found->layer(index) : nullptr;
+}
+
+quint64 LayerManager::layerId(const QString& camera, int index) const
+{
+    const Layer* found = layer(camera, index);
+    return found ? found->id() : 0;
+}
+
+int LayerManager::layerIndex(const QString& camera, quint64 layerId) const
+{
+    const CameraDrawing* found = drawing(camera);
+    return found ? found->indexOf(layerId) : -1;
 }
 
 int LayerManager::activeLayerIndex(const QString& camera) const

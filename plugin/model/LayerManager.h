@@ -43,7 +43,8 @@ public:
     /// Only the drawing of the scene's primary node publishes its layers.
     bool isMaster() const { return m_master; }
     void setMaster(bool master) { m_master = master; }
-    void publish() const;  ///< to the layer list; does nothing unless master, and the one in use
+    /// To the layer list; does nothing unless master, and the one in use. Under a PublishOnce it is done later.
+    void publish();
 
     // Cameras
     QStringList cameras() const;  ///< those with layers, sorted case-sensitively
@@ -58,9 +59,11 @@ public:
     int layerCount(const QString& camera) const;
     int totalLayerCount() const;
     bool isValidLayer(const QString& camera, int index) const;
-    Layer* layer(const QString& camera, int index) const;  ///< null when not valid
-    int activeLayerIndex(const QString& camera) const;     ///< -1 when none
-    Layer* activeLayer(const QString& camera) const;       ///< null when none
+    Layer* layer(const QString& camera, int index) const;          ///< null when not valid
+    quint64 layerId(const QString& camera, int index) const;       ///< stays with the layer; 0 when not valid
+    int layerIndex(const QString& camera, quint64 layerId) const;  ///< -1 when the camera has no such layer
+    int activeLayerIndex(const QString& camera) const;             ///< -1 when none
+    Layer* activeLayer(const QString& camera) const;               ///< null when none
     QString layerName(const QString& camera, int index) const;
     float layerOpacity(const QString& camera, int index) const;
     int layerState(const QString& camera, int index) const;
@@ -142,6 +145,8 @@ public:
     quint64 compositeGeneration(const QString& camera) const;
 
 private:
+    friend class PublishOnce;
+
     CameraDrawing* drawing(const QString& camera);  // null without layers
     const CameraDrawing* drawing(const QString& camera) const;
     void prepareCamera(const QString& camera, CameraDrawing& drawing);
@@ -176,4 +181,19 @@ private:
     StrokeInProgress m_stroke;
     bool m_master = false;
     bool m_wasPlaying = false;
+    int m_publishingLater = 0;  // how many PublishOnce there are
+    bool m_isToPublish = false;
+};
+
+/// While one of these is there the drawing is not published, and when the last goes once, if it was to be: building the
+/// list anew for each of many layers takes long.
+class PublishOnce {
+public:
+    explicit PublishOnce(LayerManager& manager);
+    ~PublishOnce();
+    PublishOnce(const PublishOnce&) = delete;
+    PublishOnce& operator=(const PublishOnce&) = delete;
+
+private:
+    LayerManager& m_manager;
 };

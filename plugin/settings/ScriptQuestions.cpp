@@ -26,6 +26,19 @@ QString text(const Template& row, const QStringList& values = QStringList())
     return ask(row, answer, values) ? toQString(answer) : QString();
 }
 
+/// A camera lies right below a transform, and of all its paths the one that the host lists it by has the key.
+bool isListedCamera(const MDagPath& transform, const QString& key)
+{
+    for (unsigned int i = 0; i < transform.childCount(); ++i) {
+        MDagPath listed;
+        const MObject child = transform.child(i);
+        if (child.hasFn(MFn::kCamera) && MDagPath::getAPathTo(child, listed) && cameraKey(listed) == key) {
+            return true;
+        }
+    }
+    return false;
+}
+
 }  // namespace
 
 bool isBatch()
@@ -108,9 +121,19 @@ QStringList sceneCameras()
     return cameras;
 }
 
+// One name is looked up instead of the keys of all cameras made. What it finds counts only under that very name: the
+// name may be a pattern, or a shape's, or several nodes' at once.
 bool cameraExists(const QString& camera)
 {
-    return sceneCameras().contains(camera);
+    MSelectionList found;
+    found.add(toMString(camera));
+    for (unsigned int i = 0; i < found.length(); ++i) {
+        MDagPath path;
+        if (found.getDagPath(i, path) && cameraKey(path) == camera) {
+            return isListedCamera(path, camera);
+        }
+    }
+    return false;
 }
 
 QString cameraKey(const MDagPath& camera)

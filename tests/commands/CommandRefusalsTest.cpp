@@ -335,6 +335,30 @@ TEST_F(CommandRefusalsTest, DuringAStrokeWhatFailsLeavesTheStrokeAndWhatWasMadeF
     }
 }
 
+TEST_F(CommandRefusalsTest, ALayerMadeForAFloatingPasteIsNotEditedUntilThePasteIsApplied)
+{
+    draw();
+    drawing().setCurrentCamera("front");
+    constexpr char kApplyFirst[] = "Apply or cancel the pasted region first";
+    const struct {
+        const char* arguments;
+        const char* message;  // null when the plug-in fails silently
+    } cases[] = {
+        {"-e -act 0 front", nullptr},  // it is so already
+        {"-en Sky 0 front", kApplyFirst},       {"-ev 0 0 front", kApplyFirst},
+        {"-eo 0.5 0 front", kApplyFirst},       {"-es 1 0 front", kApplyFirst},
+        {"-del 0 front", kApplyFirst},          {"-mv 0 1 front", kApplyFirst},
+        {"-nc top -mv 0 0 front", kApplyFirst}, {"-ev 0 1 front", "Layer does not exist for camera (index): front (1)"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_FALSE(expectAllOrNothing(kLayer + std::string(c.arguments), Pending::PasteOnMadeLayer)) << c.arguments;
+        EXPECT_EQ(ownErrors(), c.message ? Texts{c.message} : Texts()) << c.arguments;
+    }
+    drawing().setCurrentCamera("persp");
+    EXPECT_FALSE(expectAllOrNothing("tqLumisketchLayer -e -act 0 front", Pending::PasteOnMadeLayer));
+    EXPECT_EQ(ownErrors(), Texts{kApplyFirst});
+}
+
 TEST_F(CommandRefusalsTest, SaysWhatIsWrong)
 {
     draw();

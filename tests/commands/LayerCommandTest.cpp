@@ -1,6 +1,7 @@
 #include "support/CommandFixture.h"
 
 #include "commands/LayerCommand.h"
+#include "model/LayerListView.h"
 
 #include <maya/MEventMessage.h>
 
@@ -25,6 +26,16 @@ protected:
     }
 
     static std::string layer(const std::string& arguments) { return "tqLumisketchLayer " + arguments; }
+    /// The layers of the drawing without persp's layer Z, whatever their order.
+    QStringList layersWithoutZ()
+    {
+        const int index = stack("persp").remove('*').split(' ').indexOf("Z");
+        std::unique_ptr<Layer> taken = drawing().takeLayer("persp", index);
+        QStringList layers = describeDrawing().split('\n');
+        layers.sort();
+        drawing().insertLayer("persp", index, std::move(taken));
+        return layers;
+    }
 };
 
 TEST_F(LayerCommandTest, AddsANamedLayerOnTopAndMakesItActive)
@@ -89,6 +100,72 @@ TEST_F(LayerCommandTest, AnAdditionWithoutStateAndAnInsertionLeaveTheLayerAndFai
         EXPECT_EQ(session().undo.count(), steps) << c.flags;
         drawing().takeLayer("persp", stack("persp").split(' ').indexOf("Z"));
     }
+}
+
+TEST_F(LayerCommandTest, StepsFindTheirLayersAgainWhenOneWasInsertedWithoutAStep)
+{
+    for (const char* arguments :
+         {"-add -n D -ls 0 persp", "-del 1 persp", "-da persp", "-mv 0 2 persp", "-nc top -mv 0 0 persp",
+          "-nc persp -mv 1 1 top", "-mva top persp", "-mva persp top", "-en Sky 1 persp", "-ev 0 0 persp",
+          "-eo 0.5 2 persp", "-es 1 1 persp", "-e -act 0 persp"}) {
+        const QStringList before = layersWithoutZ();
+        ASSERT_TRUE(run(layer(arguments))) << arguments;
+        const QStringList after = layersWithoutZ();
+        EXPECT_FALSE(run(layer("-ins 0 -n Z persp")));
+        for (int round = 0; round < 2; ++round) {
+            run("undo");
+            EXPECT_EQ(layersWithoutZ(), before) << arguments;
+            run("redo");
+            EXPECT_EQ(layersWithoutZ(), after) << arguments;
+        }
+        run("undo");
+        drawing().takeLayer("persp", stack("persp").split(' ').indexOf("Z"));
+    }
+}
+
+TEST_F(LayerCommandTest, AnAddedLayerIsTheSameObjectAfterARedo)
+{
+    run(layer("-add -ls 1 persp"));
+    run(layer("-ev 0 3 persp"));
+    const Layer* added = drawing().layer("persp", 3);
+    run("undo; undo; redo; redo");
+    EXPECT_EQ(drawing().layer("persp", 3), added);
+    EXPECT_FALSE(added->isVisible());
+}
+
+TEST_F(LayerCommandTest, UndoLeavesTheUserWhereHeHasGoneSince)
+{
+    keyed("side", "S", {});
+    for (const char* arguments : {"-add -ls 0 top", "-add -ls 0 persp", "-del 0 top", "-del 2 persp", "-da top",
+                                  "-nc top -mv 2 0 persp", "-nc persp -mv 0 0 top", "-e -act 0 top"}) {
+        drawing().setCurrentCamera("persp");
+        run(layer(arguments));
+        drawing().setCurrentCamera("side");
+        run("undo");
+        EXPECT_EQ(drawing().currentCamera(), "side") << arguments;
+        EXPECT_EQ(stack("top") + ", " + stack("persp"), "X Y*, A B C*") << arguments;
+    }
+}
+
+TEST_F(LayerCommandTest, TheListIsPublishedOnceForEachStep)
+{
+    struct Rows : LayerListView {
+        void clear() override { ++builds; }
+        void addRow(const QString&, int, const QString&, int, bool) override {}
+        void select(const QString&, int) override {}
+        void refresh() override {}
+        int builds = 0;
+    } rows;
+    LayerManager::setLayerListView(&rows);
+    for (const char* arguments : {"-add -ls 0 top", "-da persp", "-mva top persp", "-mv 0 1 persp", "-es 2 0 top"}) {
+        for (const std::string& text : {layer(arguments), std::string("undo"), std::string("redo")}) {
+            rows.builds = 0;
+            EXPECT_TRUE(run(text));
+            EXPECT_EQ(rows.builds, 1) << text << " of " << arguments;
+        }
+        run("undo");
+    }
+    LayerManager::setLayerListView(nullptr);
 }
 
 TEST_F(LayerCommandTest, DeletesLayersAndGivesTheVerySameOnesBack)

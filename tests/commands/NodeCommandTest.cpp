@@ -115,6 +115,20 @@ TEST_F(NodeCommandTest, MakesTheOneDrawingNodeOfAScene)
     EXPECT_EQ(BaseNode::allNodes().size(), 1u);
 }
 
+TEST_F(NodeCommandTest, LeavesNoNodeBehindThatGetsNoDrawing)
+{
+    const unsigned steps = session().undo.count();
+    {
+        const kernel::Scene::Activity reading(session().scene, kernel::FileActivity::Open);
+        EXPECT_FALSE(command("-l -c persp"));
+    }
+    EXPECT_THAT(errors(), testing::Contains("[Lumisketch2] Failed to create drawing"));
+    EXPECT_FALSE(exists("lumisketch"));
+    EXPECT_TRUE(BaseNode::allNodes().empty());
+    EXPECT_EQ(session().undo.count(), steps);
+    EXPECT_TRUE(command("-l -c persp"));
+}
+
 TEST_F(NodeCommandTest, UndoAndRedoRestoreSelectionAndLocksButNotTheFirstLayer)
 {
     run("createNode transform -n other");

@@ -86,13 +86,12 @@ TEST(Retiming, LandsInTheSpanOrOnTheFrameBehindItsStart)
     }
 }
 
-TEST(Retiming, MovesFramesInAnOrderInWhichNoneMeetsAnother)
+TEST(Retiming, MovesTheFramesFoundByTheirNumbersBothEndsIncluded)
 {
-    EXPECT_EQ(numbersInMoveOrder({1, 2, 3, 9}, 1, 1, 3), (QList<int>{3, 2, 1}));
-    EXPECT_EQ(numbersInMoveOrder({1, 2, 3, 9}, -1, 2, 9), (QList<int>{2, 3, 9}));
-    EXPECT_EQ(numbersInMoveOrder({1, 2, 3, 9}, 1, 4, 8), QList<int>());
-    EXPECT_EQ(numbersInMoveOrder({1, 2, 3, 9}, 1, 3, 1), QList<int>());
-    EXPECT_EQ(numbersInMoveOrder({2, 2, 3}, 4, kMin, kMax), (QList<int>{3, 2}));
+    EXPECT_EQ(numbersToMove({1, 2, 3, 9}, 2, 9), (QList<int>{2, 3, 9}));
+    EXPECT_EQ(numbersToMove({1, 2, 3, 9}, 4, 8), QList<int>());
+    EXPECT_EQ(numbersToMove({1, 2, 3, 9}, 3, 1), QList<int>());
+    EXPECT_EQ(numbersToMove({2, 2, 3, kMax}, kMin, kMax), (QList<int>{2, 3, kMax}));
 }
 
 TEST(Retiming, FindsWhatIsInTheWayOfAMove)
@@ -107,6 +106,8 @@ TEST(Retiming, FindsWhatIsInTheWayOfAMove)
         {{1, 2, 4}, 1, 1, 2, MoveObstacle::None, 0},
         {{1, 2, 3}, 1, 1, 3, MoveObstacle::None, 0},
         {{1, 5, 9}, -4, 5, 9, MoveObstacle::Frame, 1},
+        {{1, 2, 4, 5}, 3, 1, 2, MoveObstacle::Frame, 5},
+        {{4, 5, 7, 8}, -3, 7, 8, MoveObstacle::Frame, 4},
         {{2, 2, 3}, -1, 3, 3, MoveObstacle::Frame, 2},
         {{2, 2, 3}, 1, 2, 3, MoveObstacle::None, 0},
         {{1, 2}, kMax, 1, 2, MoveObstacle::Range, qint64(kMax) + 2},
@@ -114,7 +115,7 @@ TEST(Retiming, FindsWhatIsInTheWayOfAMove)
     };
     for (const auto& c : cases) {
         qint64 at = 0;
-        const QList<int> moving = numbersInMoveOrder(c.numbers, c.offset, c.first, c.last);
+        const QList<int> moving = numbersToMove(c.numbers, c.first, c.last);
         EXPECT_EQ(obstacleToMove(c.numbers, moving, c.offset, at), c.obstacle) << c.offset;
         if (c.obstacle != MoveObstacle::None) {
             EXPECT_EQ(at, c.at) << c.offset;

@@ -1,9 +1,11 @@
 #include "model/FrameNumber.h"
+#include "support/Dice.h"
 #include "support/Drawings.h"
 #include "support/PluginFixture.h"
 
 #include <maya/MAnimControl.h>
 
+#include <functional>
 #include <limits>
 
 namespace {
@@ -14,6 +16,25 @@ class LayerTest : public PluginFixture {
 protected:
     static void goTo(int frameNumber) { MAnimControl::setCurrentTime(timeOfFrame(frameNumber)); }
     static int numberOf(const Frame* frame) { return frame ? frame->frameNumber() : kNone; }
+    template <class Test>
+    static std::vector<const Frame*> those(const Layer& layer, Test test)
+    {
+        std::vector<const Frame*> found;
+        for (int i = 0; i < layer.frameCount(); ++i) {
+            if (test(*layer.frameAt(i))) {
+                found.push_back(layer.frameAt(i));
+            }
+        }
+        return found;
+    }
+    static std::vector<const Frame*> pointers(const Frames& frames)
+    {
+        std::vector<const Frame*> found;
+        for (const auto& frame : frames) {
+            found.push_back(frame.get());
+        }
+        return found;
+    }
     static std::unique_ptr<Layer> layerAt(std::initializer_list<int> numbers)
     {
         return drawings::layer("Ink", numbers);
@@ -178,6 +199,75 @@ TEST_F(LayerTest, GivesNeighbouringKeysForDisplayUnlessHidden)
     layer->setVisible(false);
     EXPECT_TRUE(layer->imageAtOffset(0).isNull());
     EXPECT_FALSE(layer->isDirty());
+}
+
+// Many at once against one after the other. 15 frames a second after 24 hide some frames behind others.
+TEST_F(LayerTest, ManyFramesAreFoundTakenAndRestoredAsOneByOne)
+{
+    Dice dice(11);
+    for (int round = 0; round < 500; ++round) {
+        SCOPED_TRACE(round);
+        MTime::setUIUnit(MTime::kFilm);
+        Layer layer;
+        for (int i = dice.between(0, 12); i > 0; --i) {
+            layer.addFrame(timeOfFrame(dice.between(-9, 9)));
+        }
+        MTime::setUIUnit(round % 2 ? MTime::kGames : MTime::kFilm);
+        goTo(dice.between(-9, 9));
+        layer.updateCurrentFrame(currentFrameNumber());
+
+        const FrameSpan span = {dice.between(-10, 10), dice.between(-10, 10)};
+        QList<int> numbers;
+        Times times;
+        for (int number = -10; number <= 10; ++number) {
+            if (dice.oneIn(3)) {
+                numbers << number;
+                times.push_back(timeOfFrame(number));
+            }
+        }
+        const auto isInSpan = [&](const Frame& frame) { return contains(span, frame.frameNumber()); };
+        const auto isNumbered = [&](const Frame& frame) { return numbers.contains(frame.frameNumber()); };
+        const auto isAt = [&](const Frame& frame) { return std::count(times.begin(), times.end(), frame.time()) > 0; };
+        const auto isFound = [&](const Frame& frame) { return layer.frameNumbered(frame.frameNumber()) == &frame; };
+        EXPECT_EQ(layer.framesIn(span), those(layer, [&](const Frame& f) { return isInSpan(f) && isFound(f); }));
+        EXPECT_EQ(layer.framesNumbered(numbers),
+                  those(layer, [&](const Frame& f) { return isNumbered(f) && isFound(f); }));
+
+        const struct {
+            std::function<bool(const Frame&)> isTaken;
+            std::function<Frames()> take;
+        } ways[] = {{isInSpan, [&] { return layer.takeFramesIn(span); }},
+                    {isNumbered, [&] { return layer.takeFramesNumbered(numbers); }},
+                    {isAt, [&] { return layer.takeFramesAt(times); }}};
+        for (const auto& way : ways) {
+            const auto all = those(layer, [](const Frame&) { return true; });
+            const auto toTake = those(layer, way.isTaken);
+            const auto toStay = those(layer, [&](const Frame& frame) { return !way.isTaken(frame); });
+            const Frame* const shown = layer.currentFrame();
+            Frames taken = way.take();
+            EXPECT_EQ(pointers(taken), toTake);
+            EXPECT_EQ(those(layer, [](const Frame&) { return true; }), toStay);
+            std::shuffle(taken.begin(), taken.end(), std::minstd_rand(round));
+            for (const Frame* refused : all) {
+                taken.push_back(std::make_unique<Frame>(refused->time()));
+            }
+            layer.restoreFrames(std::move(taken));
+            EXPECT_EQ(those(layer, [](const Frame&) { return true; }), all);
+            EXPECT_EQ(layer.currentFrame(), shown);
+        }
+    }
+}
+
+TEST_F(LayerTest, AListLeftOutOfOrderIsSearchedWholeAndPutInOrderByTheNextFrames)
+{
+    const auto layer = layerAt({1, 2, 3, 4});
+    layer->retime({7, 2, 9, 4});
+    EXPECT_EQ(layer->framesIn({2, 5}).size(), 2u);
+    EXPECT_EQ(layer->framesNumbered({4, 7}).size(), 2u);
+    Frames taken = layer->takeFramesIn({2, 8});
+    EXPECT_EQ(layer->frameNumbers(), QList<int>{9});
+    layer->restoreFrames(std::move(taken));
+    EXPECT_EQ(layer->frameNumbers(), (QList<int>{2, 4, 7, 9}));
 }
 
 TEST_F(LayerTest, RetimingWithAShorterListLeavesTheRest)

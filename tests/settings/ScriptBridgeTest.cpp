@@ -2,6 +2,7 @@
 #include "settings/Messages.h"
 #include "settings/Names.h"
 #include "settings/Text.h"
+#include "support/HostileTexts.h"
 #include "support/QtPrint.h"
 #include "support/SettingsFixture.h"
 
@@ -82,6 +83,38 @@ TEST_F(ScriptBridgeTest, ListsCamerasByTheirTransformsInTheHostsOrder)
     EXPECT_TRUE(script::cameraExists("aim"));
     EXPECT_FALSE(script::cameraExists("aimShape"));
     EXPECT_FALSE(script::cameraExists("Aim"));
+}
+
+TEST_F(ScriptBridgeTest, ExactlyTheNamesOfTheSceneListExist)
+{
+    QTemporaryDir folder;
+    const std::string file = folder.filePath("set.ma").toStdString();
+    const char* const cameras = "createNode transform -n a; createNode transform -n b; createNode transform -n same;"
+                                "createNode camera -n same -p same; createNode camera -n second -p \"|same\";"
+                                "createNode transform -n cam -p a; createNode camera -n camShape -p \"|a|cam\";"
+                                "createNode transform -n cam -p b; createNode camera -n camShape -p \"|b|cam\";"
+                                "createNode transform -n box; createNode locator -n boxShape -p box;";
+    ASSERT_TRUE(run(cameras));
+    ASSERT_TRUE(run("file -rename \"" + file + "\"; file -save -type \"mayaAscii\"; file -force -new"));
+    ASSERT_TRUE(run("file -reference -namespace ref \"" + file + "\"") && run(cameras));
+    ASSERT_TRUE(run("namespace -add ns; createNode transform -n \"ns:cam\"; createNode camera -p \"ns:cam\";"
+                    "createNode transform -n cam -p \"ns:cam\"; createNode camera -p \"ns:cam|cam\""));
+    QStringList names = script::sceneCameras();
+    EXPECT_THAT(names, testing::IsSupersetOf({"persp", "|same", "a|cam", "ns:cam|cam", "ref:a|ref:cam"}));
+    for (const char* list : {"ls", "ls -long", "ls -dagObjects"}) {
+        const kernel::Value listed = evaluate(list);
+        for (const std::string& name : std::get<kernel::StringArray>(listed)) {
+            names << QString::fromStdString(name);
+        }
+    }
+    for (const QString& name : QStringList(names)) {
+        names << '|' + name << ':' + name << name + '*' << name + ".translateX" << name + '|' << name.toUpper()
+              << name.mid(1) << name.chopped(1) + '?' << name.section(':', -1) << name.section('|', -1) << name + ' ';
+    }
+    const QStringList known = script::sceneCameras();
+    for (const QString& name : names + hostileTexts() + QStringList{"", "*", "?", "|", ":", "*:*", "*|*", "ref:*"}) {
+        ASSERT_EQ(script::cameraExists(name), known.contains(name)) << qPrintable(name);
+    }
 }
 
 TEST_F(ScriptBridgeTest, ACamerasKeyIsItsShortestUniqueName)
