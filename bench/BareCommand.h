@@ -1,8 +1,5 @@
 #pragma once
 
-#include "commands/SelectionNudge.h"
-#include "node/BaseNode.h"
-
 #include <maya/MAnimControl.h>
 #include <maya/MArgDatabase.h>
 #include <maya/MDagModifier.h>
@@ -28,6 +25,7 @@ public:
     static void* creator() { return new BareCommand; }
 
     static unsigned calls;  ///< of the commands that are run from now on
+    static MObject node;    ///< what they nudge the selection with
 
     MStatus doIt(const MArgList& list) override
     {
@@ -73,21 +71,29 @@ private:
             MAnimControl::setCurrentTime(time);
         }
         if (m_calls & kNudgesSelection) {
-            nudgeSelection(m_node);
+            nudgeSelection();
         }
         return MStatus::kSuccess;
     }
 
-    static MObject drawingNode()
+    static void nudgeSelection()
     {
-        const BaseNode* node = BaseNode::masterNode();
-        return node ? node->thisMObject() : MObject();
+        MSelectionList selection;
+        MGlobal::getActiveSelectionList(selection);
+        if (selection.isEmpty()) {
+            MSelectionList other;
+            other.add(node);
+            MGlobal::setActiveSelectionList(other);
+        } else {
+            MGlobal::clearSelectionList();
+        }
+        MGlobal::setActiveSelectionList(selection);
     }
 
     const unsigned m_calls = calls;
     const MTime m_from = MAnimControl::currentTime();
-    const MObject m_node = drawingNode();
     MDagModifier m_modifier;
 };
 
 inline unsigned BareCommand::calls = 0;
+inline MObject BareCommand::node;

@@ -2,6 +2,10 @@
 
 #include "support/Dice.h"
 
+#include <QRegularExpression>
+#include <QStringList>
+
+#include <functional>
 #include <numeric>
 
 namespace {
@@ -126,36 +130,47 @@ std::string argument(char letter, Dice& dice)
     return {};
 }
 
-std::string filled(const char* text, Dice& dice)
+std::string filled(const char* text, const std::function<std::string(char)>& argument)
 {
     std::string line;
     for (const char* at = text; *at; ++at) {
-        line += *at == '%' ? argument(*++at, dice) : std::string(1, *at);
+        line += *at == '%' ? argument(*++at) : std::string(1, *at);
     }
     return line;
 }
 
-int pickedMode(Dice& dice)
+const LineMode& pickedMode(Dice& dice)
 {
     static const int kTotal = std::accumulate(kModes.begin(), kModes.end(), 0,
                                               [](int sum, const LineMode& mode) { return sum + mode.weight; });
     int left = dice.between(1, kTotal);
-    int mode = 0;
-    while ((left -= kModes[static_cast<size_t>(mode)].weight) > 0) {
+    auto mode = kModes.begin();
+    while ((left -= mode->weight) > 0) {
         ++mode;
     }
-    return mode;
+    return *mode;
 }
 
 // With a frame number: while the scene is elsewhere.
-void addBurst(std::vector<GeneratedLine>& lines, Dice& dice)
+void addBurst(Words& lines, Dice& dice)
 {
     const int undone = dice.between(1, 8);
     const int redone = dice.between(0, undone + 1);
     for (int i = 0; i < undone + redone; ++i) {
         const std::string line = i < undone ? "undo" : "redo";
-        lines.push_back({dice.oneIn(3) ? line + " " + argument('f', dice) : line, -1});
+        lines.push_back(dice.oneIn(3) ? line + " " + argument('f', dice) : line);
     }
+}
+
+std::string patternOf(char letter)
+{
+    QStringList words;
+    for (const auto& row : kWords) {
+        for (const std::string& word : row.letter == letter ? row.words : Words()) {
+            words << QRegularExpression::escape(QString::fromStdString(word));
+        }
+    }
+    return words.isEmpty() ? "-?\\d+" : "(?:" + words.join('|').toStdString() + ")";
 }
 
 }  // namespace
@@ -165,16 +180,26 @@ const std::vector<LineMode>& lineModes()
     return kModes;
 }
 
-std::vector<GeneratedLine> generateSession(unsigned seed, int lines)
+int lineModeOf(const std::string& line)
+{
+    static std::vector<QRegularExpression> patterns;
+    for (size_t i = patterns.size(); i < kModes.size(); ++i) {
+        patterns.emplace_back(QString::fromStdString("\\A" + filled(kModes[i].text, patternOf) + "\\z"));
+    }
+    const QString text = QString::fromStdString(line);
+    const auto isMade = [&text](const QRegularExpression& pattern) { return pattern.match(text).hasMatch(); };
+    return static_cast<int>(patterns.rend() - std::find_if(patterns.rbegin(), patterns.rend(), isMade)) - 1;
+}
+
+std::vector<std::string> generateSession(unsigned seed, int lines)
 {
     Dice dice(seed);
-    std::vector<GeneratedLine> session;
+    Words session;
     while (static_cast<int>(session.size()) < lines) {
         if (dice.oneIn(20)) {
             addBurst(session, dice);
         } else {
-            const int mode = pickedMode(dice);
-            session.push_back({filled(kModes[static_cast<size_t>(mode)].text, dice), mode});
+            session.push_back(filled(pickedMode(dice).text, [&dice](char letter) { return argument(letter, dice); }));
         }
     }
     session.resize(static_cast<size_t>(lines));

@@ -19,10 +19,9 @@ struct LineMode {
 
 const std::vector<LineMode>& lineModes();
 
-struct GeneratedLine {
-    std::string text;
-    int mode;  ///< in lineModes(); -1 for an undo or a redo
-};
+/// Where the line's mode is in lineModes(), the last where several might have made it; -1 for an undo, a redo and
+/// whatever no mode makes.
+int lineModeOf(const std::string& line);
 
 /// As many lines of script, the same for the same seed on every machine. Undo and redo come in bursts among them.
-std::vector<GeneratedLine> generateSession(unsigned seed, int lines);
+std::vector<std::string> generateSession(unsigned seed, int lines);

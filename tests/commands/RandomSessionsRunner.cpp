@@ -3,6 +3,7 @@
 #include "commands/FrameCommand.h"
 #include "commands/LayerCommand.h"
 #include "commands/NodeCommand.h"
+#include "commands/RandomSessionsGenerator.h"
 #include "commands/StrokeCommand.h"
 #include "node/Callbacks.h"
 #include "settings/ScriptBridge.h"
@@ -193,11 +194,6 @@ SessionRunner::State SessionRunner::state()
 std::string SessionRunner::compared(const char* when)
 {
     const State& expected = m_states[static_cast<size_t>(steps())];
-    // Undo need not make a camera without layers current again: that of its first stroke goes to the camera used
-    // before. It is done here, as by a press in its view, so that what follows starts from where it did.
-    if (!expected.emptyCamera.isEmpty()) {
-        drawing().setCurrentCamera(expected.emptyCamera);
-    }
     const QString now = state().text;
     return now == expected.text ? std::string() : std::string(when) + ":\n" + differenceOf(expected.text, now);
 }
@@ -217,6 +213,23 @@ std::string SessionRunner::afterStep(int stepsBefore)
     return m_succeeded ? std::string() : "a line that failed left a step";
 }
 
+std::string SessionRunner::afterLine(const std::string& line, int stepsBefore)
+{
+    const std::string fault = afterStep(stepsBefore);
+    const int mode = lineModeOf(line);
+    if (!fault.empty() || mode < 0 || !m_succeeded) {
+        return fault;
+    }
+    const LineKind kind = lineModes()[static_cast<size_t>(mode)].kind;
+    if (kind == LineKind::Refused) {
+        return line + " was not refused";
+    }
+    if ((kind == LineKind::Step) == (steps() > stepsBefore)) {
+        return {};
+    }
+    return line + (kind == LineKind::Step ? " left no step" : " left a step");
+}
+
 std::string SessionRunner::play(const std::string& line)
 {
     if (line.compare(0, 4, "undo") == 0 || line.compare(0, 4, "redo") == 0) {
@@ -226,7 +239,7 @@ std::string SessionRunner::play(const std::string& line)
     const kernel::TimeUnit unit = m_session.scene.timeUnit();
     m_succeeded = run(line);
     followUnit(unit);
-    return afterStep(before);
+    return afterLine(line, before);
 }
 
 // "undo" and "redo". With a frame number they run while the scene is there, as after playback, which is no step; then
@@ -236,6 +249,7 @@ std::string SessionRunner::playBack(const std::string& line)
     const std::string direction = line.substr(0, 4);
     const bool isUndo = direction == "undo";
     const int expected = steps() + (isUndo ? -int(m_session.undo.canUndo()) : int(m_session.undo.canRedo()));
+    const bool undoesSketch = isUndo && m_session.undo.undoName().find("sketch") == 0;
     const bool isElsewhere = line.size() > 4 && (isUndo || !notesTimeAnew(m_session.undo.redoName()));
     if (isElsewhere) {
         goTo(std::stoi(line.substr(4)));
@@ -246,8 +260,14 @@ std::string SessionRunner::playBack(const std::string& line)
     if (steps() != expected) {
         return line + " failed";
     }
+    const State& there = m_states[static_cast<size_t>(expected)];
     if (isElsewhere) {
-        m_session.scene.setCurrentTime(m_states[static_cast<size_t>(expected)].time);
+        m_session.scene.setCurrentTime(there.time);
+    }
+    // Undo of a camera's first stroke goes to the camera used before, not to one without layers that was current. It is
+    // made current here, as by a press in its view, so that what follows starts from where it did.
+    if (undoesSketch && !there.emptyCamera.isEmpty()) {
+        drawing().setCurrentCamera(there.emptyCamera);
     }
     return compared(("after " + line).c_str());
 }
@@ -278,16 +298,23 @@ std::string SessionRunner::rewind()
     return fault;
 }
 
-std::string SessionRunner::faultOf(const std::vector<std::string>& lines, size_t* played)
+std::string SessionRunner::faultOf(const std::vector<std::string>& lines, Census* census)
 {
     SessionRunner runner;
-    size_t count = 0;
-    std::string fault;
-    while (fault.empty() && count < lines.size()) {
-        fault = runner.play(lines[count++]);
+    Census unused;
+    Census& counted = census ? *census : unused;
+    counted.modes.resize(lineModes().size());
+    for (counted.lines = 0; counted.lines < lines.size();) {
+        const std::string& line = lines[counted.lines++];
+        const std::string fault = runner.play(line);
+        if (!fault.empty()) {
+            return fault;
+        }
+        const int mode = lineModeOf(line);
+        if (mode >= 0) {
+            Census::Count& count = counted.modes[static_cast<size_t>(mode)];
+            ++(runner.m_succeeded ? count.succeeded : count.failed);
+        }
     }
-    if (played) {
-        *played = count;
-    }
-    return fault.empty() ? runner.rewind() : fault;
+    return runner.rewind();
 }

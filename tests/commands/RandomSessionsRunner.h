@@ -13,16 +13,17 @@ public:
     SessionRunner();
     ~SessionRunner() override;
 
-    /// Runs a line. Gives what is wrong after it; empty when nothing is.
-    std::string play(const std::string& line);
-    /// Undoes everything and redoes it to the end.
-    std::string rewind();
-    bool succeeded() const { return m_succeeded; }  ///< the last line
-    int steps() const { return static_cast<int>(m_session.undo.count()); }
-
-    /// Runs all the lines and the rewinding. Gives the first thing that is wrong; empty when nothing is. played: how
-    /// many lines were run until then.
-    static std::string faultOf(const std::vector<std::string>& lines, size_t* played = nullptr);
+    /// What became of a session's lines.
+    struct Census {
+        struct Count {
+            int succeeded = 0;
+            int failed = 0;
+        };
+        size_t lines = 0;          ///< run until something was wrong
+        std::vector<Count> modes;  ///< by line mode
+    };
+    /// Runs all the lines and the rewinding. Gives the first thing that is wrong; empty when nothing is.
+    static std::string faultOf(const std::vector<std::string>& lines, Census* census = nullptr);
 
 private:
     struct State {
@@ -32,10 +33,16 @@ private:
     };
 
     void TestBody() override {}
+    /// Runs a line. Gives what is wrong after it; empty when nothing is.
+    std::string play(const std::string& line);
+    /// Undoes everything and redoes it to the end.
+    std::string rewind();
+    int steps() const { return static_cast<int>(m_session.undo.count()); }
     State state();
     QString pixelsOf(const Frame& frame);
     std::string compared(const char* when);
     std::string afterStep(int stepsBefore);
+    std::string afterLine(const std::string& line, int stepsBefore);
     std::string playBack(const std::string& line);
     void followUnit(kernel::TimeUnit before);
 
