@@ -1,6 +1,7 @@
 // The product as its user meets it: a window, a real pointer, undo, save and reopen.
 
 #include "support/LiveWorkbench.h"
+#include "support/QtPrint.h"
 #include "support/SceneText.h"
 
 #include <QCursor>
