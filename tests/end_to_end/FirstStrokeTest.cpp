@@ -1,6 +1,7 @@
 // The product as its user meets it: a window, a real pointer, undo, save and reopen.
 
 #include "support/LiveWorkbench.h"
+#include "support/QtPrint.h"
 #include "support/SceneText.h"
 
 #include <QCursor>
@@ -111,6 +112,12 @@ TEST_F(FirstStroke, AScriptDrawsLikeAHand)
     EXPECT_LE(largestDistance(ink, way), 3.0 + 4.0);
     host().key("ctrl+z");
     EXPECT_EQ(viewPicture(), empty) << "one step";
+    EXPECT_EQ(host().run("workbenchHand -pace 1 0.5 0.5 0 0.5 0 0.1 0.5 0.1"), "") << "its curve leaves the view";
+    host().key("ctrl+z");
+    const QPoint end = view.topLeft() + at(0.5, 0.1).toPoint();
+    EXPECT_EQ(host().run("workbenchHand -pace 1 0.3 0.6 0.5 0.1; workbenchHand -query"),
+              QString("%1 %2").arg(end.x()).arg(end.y()));
+    host().key("ctrl+z");
 
     const struct {
         const char* text;
@@ -150,6 +157,13 @@ TEST_F(FirstStroke, WhoTakesTheMouseFromAScriptHasIt)
     EXPECT_EQ(viewPicture(), empty) << "the stroke and the click are a step each";
     host().drag(arc(view));
     EXPECT_NE(viewPicture(), empty);
+}
+
+TEST_F(FirstStroke, ACallThatGivesUpHarmsNoneAfterIt)
+{
+    host().post("1");
+    EXPECT_TRUE(host().run("float $t = `timerX`; while (`timerX -startTime $t` < 2);", 1000).contains("no answer"));
+    EXPECT_EQ(host().run("2"), "2");
 }
 
 TEST_F(FirstStroke, LeavesInkAlongTheDraggedPathAndUndoAndRedoGiveTheSamePicturesBack)

@@ -7,7 +7,9 @@
 #include "support/LiveWorkbench.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QDir>
+#include <QFile>
 #include <QPainter>
 #include <QTemporaryDir>
 
@@ -58,15 +60,17 @@ QImage page(const QVector<QImage>& views)
 
 // --- what must hold ------------------------------------------------------------------------------------------------
 
-/// The frames of a layer by stepping through them, which ends where it began.
+/// The frames of a layer by stepping through them, which ends where it began and is no work to be saved.
 QString framesOf(LiveWorkbench& host, int layer)
 {
+    const QString isModified = host.run("file -q -modified");
     host.run(QString("catchQuiet(`tqLumisketchLayer -e -active %1 persp`); currentTime 1").arg(layer));
     QStringList frames;
     do {
         frames << host.run("currentTime -q");
         host.run("tqLumisketchFrame -stepForward");
     } while (host.run("currentTime -q") != "1" && frames.size() < 99);
+    host.run("file -modified " + isModified);
     return frames.join(' ');
 }
 
@@ -96,13 +100,53 @@ void checkDrawing(LiveWorkbench& host, session::Checks& check, int stage)
     }
 }
 
-void checkManners(LiveWorkbench& host, session::Checks& check, const QString& source)
+QString sceneToImport(const QTemporaryDir& folder)
 {
+    QFile file(folder.filePath("import.ma"));
+    file.open(QIODevice::WriteOnly);
+    file.write("//Maya ASCII 2019 scene\nrequires maya \"2019\";\ncreateNode transform -n \"imported\";\n");
+    return file.fileName();
+}
+
+void checkUnsavedWork(LiveWorkbench& host, session::Checks& check, const QString& work)
+{
+    const auto isRefused = [&] { return host.run("animatorsSession").contains("save it"); };
     host.run("createNode transform -name work");
-    check("it leaves unsaved work alone",
-          host.run(source + "animatorsSession").contains("save it") && host.run("objExists work") == "1");
-    host.run("file -modified off; " + source + "animatorsSessionStage(1)");
+    check("it leaves unsaved work alone", isRefused() && host.run("objExists work") == "1");
+    host.run("file -force -new; string $tool = `currentCtx`; setToolTo $gSelect; setToolTo $tool");
+    host.settle();
+    check("a new scene with the tool's empty drawing is no work",
+          host.run("file -q -modified") == "1" && host.run("animatorsSessionCheck").isEmpty());
+    host.run(QString("file -import \"%1\"").arg(work));
+    check("an import is", isRefused() && host.run("objExists imported") == "1");
+    host.run("file -modified off; animatorsSessionStage(1)");
     check("it can be held again", host.run("tqLumisketchLayer -count persp") == "1");
+}
+
+void checkOthersScenes(LiveWorkbench& host, session::Checks& check)
+{
+    host.run("createNode transform -name work; animatorsSessionStage(4)");
+    check("what was added between stages needs saving", host.run("file -q -modified") == "1");
+    host.run("file -force -new; createNode transform -name work");
+    check("it goes on in no other scene", host.run("animatorsSessionStage(4)").contains("is not open"));
+    check("and leaves that to be saved", host.run("file -q -modified") == "1");
+    host.run("file -modified off");
+}
+
+/// One that is begun again, and whose mouse is taken away in the rest after its first strokes.
+void checkRuns(LiveWorkbench& host, session::Checks& check)
+{
+    host.run("animatorsSession");
+    host.settle();
+    host.run("animatorsSession");
+    host.settle();
+    check("one run at a time goes on", host.run("size(`evalDeferred -list`)") == "1");
+    const QDeadlineTimer patience(kStageTimeout);
+    while (!host.run("evalDeferred -list", kStageTimeout).contains(" 3 ") && !patience.hasExpired()) {
+    }
+    host.moveTo(QPoint(2, 2));
+    check("it stops when the mouse is taken away",
+          host.run("size(`evalDeferred -list`)") == "0" && host.run("getLastError").contains("the mouse was moved"));
 }
 
 }  // namespace
@@ -124,9 +168,7 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "The workbench did not start:\n%s\n", qPrintable(host.output()));
         return 1;
     }
-    const QString source =
-        QString("global int $gAnimatorsSessionByHand = 1; source \"%1\"; ").arg(absolute(arguments[4]));
-    host.run(source);
+    host.run(QString("global int $gAnimatorsSessionByHand = 1; source \"%1\"").arg(absolute(arguments[4])));
     session::Checks check;
     QVector<QImage> views;
     for (const char* name : kStages) {
@@ -144,7 +186,9 @@ int main(int argc, char** argv)
         }
         checkDrawing(host, check, stage);
     }
-    checkManners(host, check, source);
+    checkUnsavedWork(host, check, sceneToImport(work));
+    checkOthersScenes(host, check);
+    checkRuns(host, check);
     const QString pageFile = folder.filePath("animators-session.png");
     page(views).save(pageFile);
     std::printf("%s\n", qPrintable(pageFile));

@@ -59,6 +59,7 @@ QString LiveWorkbench::run(const QString& text, int timeoutMs)
     while (replies.count('\0') < m_unanswered) {
         const int left = timeoutMs - int(waited.elapsed());
         if (left <= 0 || !m_socket.waitForReadyRead(left)) {
+            m_unanswered -= replies.count('\0');
             return QString("Error: no answer to: %1").arg(text);
         }
         replies += m_socket.readAll();

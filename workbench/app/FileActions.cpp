@@ -33,6 +33,7 @@ const struct {
     {"Import", "Import"},
     {"CreateReference", "CreateReference"},
     {"CreateImagePlane", "CreateImagePlane"},
+    {"SourceScript", "SourceScript"},
 };
 
 struct SaveFilter {
@@ -152,15 +153,15 @@ void FileActions::Open()
     if (!mayDiscardScene()) {
         return;
     }
-    const std::string path = chooseFile(tr("Open"), tr(kSceneFilter));
+    const std::string path = chooseFile(tr("Open"), folder(), tr(kSceneFilter));
     if (!path.empty()) {
         m_run("file -force -open " + mel::quoted(path));
     }
 }
 
-std::string FileActions::chooseFile(const QString& title, const QString& filter)
+std::string FileActions::chooseFile(const QString& title, const QString& folder, const QString& filter)
 {
-    QFileDialog dialog(m_window, title, folder(), filter);
+    QFileDialog dialog(m_window, title, folder, filter);
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.resize(kFileDialogSize);
     const bool isChosen = runDialog(dialog, m_window) == QDialog::Accepted;
@@ -169,7 +170,7 @@ std::string FileActions::chooseFile(const QString& title, const QString& filter)
 
 void FileActions::Import()
 {
-    const std::string path = chooseFile(tr("Import"), tr(kImportFilter));
+    const std::string path = chooseFile(tr("Import"), folder(), tr(kImportFilter));
     if (!path.empty()) {
         m_run("file -import " + mel::quoted(path));
     }
@@ -177,7 +178,7 @@ void FileActions::Import()
 
 void FileActions::CreateReference()
 {
-    const std::string path = chooseFile(tr("Create Reference"), tr(kSceneFilter));
+    const std::string path = chooseFile(tr("Create Reference"), folder(), tr(kSceneFilter));
     if (!path.empty()) {
         m_run("file -reference " + mel::quoted(path));
     }
@@ -193,10 +194,18 @@ void FileActions::CreateImagePlane()
         return;
     }
     const std::string name = m_session.scene.fullPath(*camera->parent());  // a script may delete it meanwhile
-    const std::string path = chooseFile(tr("Image Plane"), pictureFilter());
+    const std::string path = chooseFile(tr("Image Plane"), folder(), pictureFilter());
     if (!path.empty()) {
         m_run("createImagePlane " + mel::quoted(name) + ' ' + mel::quoted(path)
               + (kernel::isOfSequence(path) ? " 1" : " 0"));
+    }
+}
+
+void FileActions::SourceScript()
+{
+    const std::string path = chooseFile(tr("Source Script"), QDir::currentPath(), tr("Scripts (*.mel);;All files (*)"));
+    if (!path.empty()) {
+        m_run("source " + mel::quoted(path));
     }
 }
 

@@ -80,8 +80,11 @@ private:
 PointerHand::End PointerHand::draw(const QVector<QPointF>& through, int pace)
 {
     QVector<QPoint> way = wayThrough(through);
+    const QRect bounds = m_view->rect();
     for (QPoint& place : way) {
-        place = m_view->mapToGlobal(place);
+        // A curve swings wider than its points, and beyond the edge of the screen no pointer follows it.
+        place = m_view->mapToGlobal(
+            {qBound(bounds.left(), place.x(), bounds.right()), qBound(bounds.top(), place.y(), bounds.bottom())});
     }
     QCursor::setPos(way.first());
     if (!isPointerAt(way.first())) {

@@ -25,7 +25,7 @@ public:
     explicit PointerHand(view::Viewport& view) : m_view(&view) {}
 
     /// One stroke along a smooth curve through the points, which are pixels of the view's widget counted from its upper
-    /// left and lie within it. Between two points it is straight; a point given twice is a corner.
+    /// left and lie within it, as the stroke does. Between two points it is straight; a point given twice is a corner.
     /// pace: milliseconds for each four pixels of the way.
     End draw(const QVector<QPointF>& through, int pace);
 

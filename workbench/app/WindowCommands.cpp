@@ -261,11 +261,16 @@ Value WindowCommands::workbenchPen(const kernel::ValueList& args)
 Value WindowCommands::workbenchHand(const kernel::ValueList& args)
 {
     kernel::Syntax syntax;
+    syntax.enableQuery();
     syntax.addFlag("p", "panel", {ArgType::String});
     syntax.addFlag("pc", "pace", {ArgType::Int});
     syntax.addFlag("px", "pixels");
     syntax.setObjects(kernel::Syntax::Objects::Strings);
     const kernel::ParsedArgs parsed = kernel::parsedOrThrow(syntax, args, "workbenchHand");
+    if (parsed.query) {
+        const QPoint at = QCursor::pos() * m_window.devicePixelRatioF();
+        return kernel::IntArray{at.x(), at.y()};
+    }
     const int pace = parsed.integer("pace", 0, kUsualPace);
     if (pace < 1 || pace > kLongestPace) {
         throw CommandError("workbenchHand: -pace must be between 1 and " + std::to_string(kLongestPace));

@@ -20,7 +20,8 @@ class MainWindow;
 /// smooth curve through the others (a point given twice is a corner) and returns when the tool has handled the release.
 /// Points count from the view's upper left, 0..1 across and down, with -pixels in those of its picture; arrays of
 /// numbers will do. -pace is in milliseconds for each four pixels, 1..1000, else 8. It fails when the pointer cannot be
-/// moved, and ends its stroke and fails when the user takes the pointer away.
+/// moved, and ends its stroke and fails when the user takes the pointer away. -query tells where the pointer is, in
+/// pixels of the screen.
 class WindowCommands {
 public:
     WindowCommands(kernel::Session& session, MainWindow& window, const ui::UiObjects& ui);
