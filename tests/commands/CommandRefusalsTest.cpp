@@ -441,6 +441,8 @@ TEST_F(CommandRefusalsTest, SaysWhatIsMissingInASceneWithoutADrawing)
         {kFrame, "-sf", "Node not found"},
         {kFrame, "-mv 1 1 1", "Node not found"},
         {kFrame, "", "Node not found"},
+        {kStroke, "", "Camera not specified"},
+        {kStroke, "nowhere", "Camera does not exist: nowhere"},
         {kStroke, "persp", nullptr},
     });
 }

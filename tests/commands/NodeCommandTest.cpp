@@ -211,20 +211,6 @@ TEST_F(NodeCommandTest, WithoutALayerTheOtherFlagsMeanNothing)
     EXPECT_EQ(drawing().totalLayerCount(), 0);
 }
 
-TEST_F(NodeCommandTest, QueriesAndRefreshesLeaveNoUndoStep)
-{
-    EXPECT_FALSE(command("-q -c"));
-    EXPECT_FALSE(command("-refresh"));
-    EXPECT_FALSE(command("-rg"));
-    ASSERT_TRUE(command("-l -c persp"));
-    const unsigned steps = session().undo.count();
-    EXPECT_TRUE(command("-r"));
-    EXPECT_TRUE(command("-rg"));
-    EXPECT_TRUE(command("-ex"));
-    EXPECT_TRUE(command("-q -c"));
-    EXPECT_EQ(session().undo.count(), steps);
-}
-
 TEST_F(NodeCommandTest, TheFirstModeInOrderOfPrecedenceIsTaken)
 {
     EXPECT_EQ(evaluate("tqLumisketchNode -rg -r -ex"), kernel::Value(0)) << "-refresh fails without a node";

@@ -56,38 +56,6 @@ protected:
     }
 };
 
-TEST_F(StrokeCommandTest, AStrokeOnAnExistingFrameIsOneStepThatGivesTheSamePixelsBack)
-{
-    keyed("persp", {1});
-    drag("persp", 300);
-    ASSERT_TRUE(command("persp"));
-    const QString first = describeDrawing();
-    const unsigned steps = session().undo.count();
-    drag("persp", 600, ToolType::Brush);
-    ASSERT_TRUE(command("persp"));
-    EXPECT_EQ(session().undo.count(), steps + 1);
-    const QString second = describeDrawing();
-    expectUndoAndRedo(first, second);
-    drag("persp", 300, ToolType::Eraser);
-    ASSERT_TRUE(command("persp"));
-    expectUndoAndRedo(second, describeDrawing());
-    EXPECT_THAT(errors(), IsEmpty());
-}
-
-TEST_F(StrokeCommandTest, AFirstStrokeOnASecondCameraTakesItsLayerBackAndGivesTheFirstItsOwn)
-{
-    keyed("persp", {1});
-    drawing().insertLayer("persp", -1, "Paint");
-    drawing().setActiveLayer("persp", 1, true);
-    const QString before = describeDrawing();
-
-    drawing().setCurrentCamera("top");  // as the press in its view does
-    sketch("top", "-la 0 -fa top");
-    const QString after = describeDrawing();
-    EXPECT_EQ(drawing().currentCamera(), "top");
-    expectUndoAndRedo(before, after);
-}
-
 TEST_F(StrokeCommandTest, ARedoneLayerHasTheStateItHadWhateverThePreferenceSaysByThen)
 {
     sketch("persp", "-la 0 -fa persp");
@@ -95,18 +63,6 @@ TEST_F(StrokeCommandTest, ARedoneLayerHasTheStateItHadWhateverThePreferenceSaysB
     Preferences::instance().setDefaultLayerState(kLayerStatic);
     run("redo");
     EXPECT_EQ(drawing().layerState("persp", 0), kLayerAnim);
-}
-
-TEST_F(StrokeCommandTest, AFrameKeyedForTheStrokeGoesWithIt)
-{
-    keyed("persp", {1});
-    const QString before = describeDrawing();
-    goTo(5);
-    sketch("persp", "-fa persp");
-    EXPECT_EQ(drawing().frameNumbers("persp"), (QList<int>{1, 5}));
-    expectUndoAndRedo(before, describeDrawing());
-    run("undo");
-    EXPECT_EQ(drawing().activeLayer("persp")->currentFrameIndex(), 0);
 }
 
 TEST_F(StrokeCommandTest, AFloatingPasteIsPutDownOnTheFrameMadeForItAndMakesWayForARedo)
@@ -124,39 +80,6 @@ TEST_F(StrokeCommandTest, AFloatingPasteIsPutDownOnTheFrameMadeForItAndMakesWayF
     EXPECT_TRUE(run("redo"));
     EXPECT_EQ(describeDrawing(), after);
     expectUndoAndRedo(before, after);
-}
-
-TEST_F(StrokeCommandTest, AStaticLayersFirstFrameIsTakenBackWhereItStands)
-{
-    keyed("persp", {});
-    drawing().setLayerState("persp", 0, kLayerStatic);
-    const QString before = describeDrawing();
-    goTo(12);
-    sketch("persp", "-fa persp");
-    EXPECT_EQ(drawing().frameNumbers("persp"), QList<int>{-999});
-    expectUndoAndRedo(before, describeDrawing());
-}
-
-TEST_F(StrokeCommandTest, UndoAndRedoFindTheStrokesFrameWhereverTheSceneHasMoved)
-{
-    keyed("persp", {1, 10});
-    drawing().insertLayer("persp", -1, "Paint");
-    goTo(10);
-    const QString before = describeDrawing();
-    goTo(1);
-    drag("persp", 300);
-    goTo(10);
-    ASSERT_TRUE(command("persp"));
-    drawing().setActiveLayer("persp", 1, true);
-    const QString after = describeDrawing();
-    run("undo");
-    drawing().setActiveLayer("persp", 0, true);
-    EXPECT_EQ(describeDrawing(), before);
-    drawing().setActiveLayer("persp", 1, true);
-    run("redo");
-    EXPECT_EQ(describeDrawing(), after);
-    EXPECT_TRUE(pixels::hash(drawing().layer("persp", 0)->frameAt(0)->image())
-                != pixels::hash(drawing().layer("persp", 0)->frameAt(1)->image()));
 }
 
 TEST_F(StrokeCommandTest, AStrokeBegunBeforePlaybackMovedOnUndoesItsOwnFrame)
@@ -325,34 +248,6 @@ TEST_F(StrokeCommandTest, ABurstOfStrokesKeepsFewPicturesWaitingAndAllArePackedI
     PictureEncoder::instance().finish();
     PixelBudget::instance().trim();
     EXPECT_EQ(PixelBudget::instance().bytes(), before + kCanvasBytes) << "the frame's own";
-}
-
-TEST_F(StrokeCommandTest, RefusesWithoutACameraADrawingOrAStroke)
-{
-    const struct {
-        const char* arguments;
-        const char* message;  // null when it fails silently
-    } cases[] = {
-        {"", "[Lumisketch2] Camera not specified"},
-        {"nowhere", "[Lumisketch2] Camera does not exist: nowhere"},
-        {"persp", nullptr},
-    };
-    for (bool withDrawing : {false, true}) {
-        if (withDrawing) {
-            keyed("persp", {1});
-        }
-        for (const auto& c : cases) {
-            forgetLines();
-            const unsigned steps = session().undo.count();
-            EXPECT_FALSE(command(c.arguments)) << c.arguments;
-            if (c.message) {
-                EXPECT_THAT(errors(), Contains(c.message));
-            }
-            EXPECT_EQ(session().undo.count(), steps) << c.arguments;
-        }
-    }
-    EXPECT_FALSE(command("-fa persp"));
-    EXPECT_EQ(drawing().frameNumbers("persp"), QList<int>{1});
 }
 
 }  // namespace
