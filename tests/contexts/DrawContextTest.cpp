@@ -28,17 +28,6 @@ protected:
     }
 
     void pointAt(TestView& view, int x, int y) { QCursor::setPos(view.widget()->mapToGlobal(QPoint(x, y))); }
-    void send(api::ToolEvent::Kind kind, api::ToolEvent::Button button = api::ToolEvent::Button::Left)
-    {
-        api::ToolEvent event;
-        event.kind = kind;
-        event.x = 100;
-        event.y = 100;
-        event.button = button;
-        api::ToolBox::instance().send(event, nullptr, nullptr);
-    }
-    void press() { send(api::ToolEvent::Kind::Press); }
-    void release() { send(api::ToolEvent::Kind::Release); }
     void click()
     {
         press();
@@ -98,8 +87,8 @@ TEST_F(DrawContextTest, ARefusedPressLeavesNothingForTheReleaseToCommit)
     EXPECT_EQ(drawing().totalLayerCount(), 0);
 
     Preferences::instance().setDefaultLayerState(kLayerAnim);
-    send(api::ToolEvent::Kind::Press, api::ToolEvent::Button::Middle);
-    send(api::ToolEvent::Kind::Release, api::ToolEvent::Button::Middle);
+    send(api::ToolEvent::Kind::Press, {100, 100}, api::ToolEvent::Button::Middle);
+    send(api::ToolEvent::Kind::Release, {100, 100}, api::ToolEvent::Button::Middle);
     EXPECT_THAT(commits, IsEmpty());
     EXPECT_EQ(drawing().totalLayerCount(), 0);
 }
@@ -153,14 +142,6 @@ TEST_F(DrawContextTest, ARecordNobodyFillsIsNotCommittedButDropped)
     EXPECT_THAT(commits, ElementsAre("persp"));
 }
 
-TEST_F(DrawContextTest, ARefusedCommitTakesBackWhatThePressMade)
-{
-    refuseCommits = true;
-    click();
-    EXPECT_EQ(drawing().totalLayerCount(), 0);
-    EXPECT_FALSE(drawing().hasStroke());
-}
-
 TEST_F(DrawContextTest, LeavingTheToolOrPressingAnewEndsAStroke)
 {
     press();
@@ -172,19 +153,6 @@ TEST_F(DrawContextTest, LeavingTheToolOrPressingAnewEndsAStroke)
     EXPECT_EQ(commits.size(), 2u);
     release();
     EXPECT_EQ(commits.size(), 3u);
-}
-
-TEST_F(DrawContextTest, AStrokeWhoseSceneIsGoneEndsQuietly)
-{
-    press();
-    run("file -f -new");
-    send(api::ToolEvent::Kind::Drag);
-    release();
-    EXPECT_THAT(commits, IsEmpty());
-    EXPECT_THAT(errors(), IsEmpty());
-    press();
-    release();
-    EXPECT_THAT(commits, IsEmpty());
 }
 
 TEST_F(DrawContextTest, ThePensEndAndPressureCountUntilTheRelease)

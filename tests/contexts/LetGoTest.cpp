@@ -38,18 +38,7 @@ protected:
         ThreadManager::destroy();
     }
 
-    void send(api::ToolEvent::Kind kind, int x = 100, int y = 100)
-    {
-        api::ToolEvent event;
-        event.kind = kind;
-        event.x = x;
-        event.y = y;
-        event.button = api::ToolEvent::Button::Left;
-        api::ToolBox::instance().send(event, nullptr, nullptr);
-    }
-    void press() { send(api::ToolEvent::Kind::Press); }
-    void drag() { send(api::ToolEvent::Kind::Drag, 140, 120); }
-    void release() { send(api::ToolEvent::Kind::Release); }
+    void drag() { send(api::ToolEvent::Kind::Drag, {140, 120}); }
     static TransformContext& transformTool()
     {
         return static_cast<TransformContext&>(*api::ToolBox::instance().current());

@@ -1,11 +1,8 @@
 #include "contexts/StrokeSmoother.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace {
-
-using testing::ElementsAre;
 
 struct Stroke {
     explicit Stroke(int width) : width(width) {}

@@ -17,6 +17,19 @@ protected:
         node();
     }
 
+    /// What the host tells the current tool of the pointer, in view pixels.
+    void send(api::ToolEvent::Kind kind, const QPoint& at = QPoint(100, 100),
+              api::ToolEvent::Button button = api::ToolEvent::Button::Left)
+    {
+        api::ToolEvent event;
+        event.kind = kind;
+        event.x = at.x();
+        event.y = at.y();
+        event.button = button;
+        api::ToolBox::instance().send(event, nullptr, nullptr);
+    }
+    void press() { send(api::ToolEvent::Kind::Press); }
+    void release() { send(api::ToolEvent::Kind::Release); }
     static std::string textOf(const kernel::ValueList& args)
     {
         std::string text;
