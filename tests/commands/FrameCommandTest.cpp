@@ -41,10 +41,6 @@ protected:
         }
         return frames.join(" ");
     }
-    void changeUnitBehindTheQueue(const std::string& unit)
-    {
-        run("undoInfo -stateWithoutFlush off; currentUnit -t \"" + unit + "\"; undoInfo -stateWithoutFlush on");
-    }
     static int now() { return currentFrameNumber(); }
 
     TestViews m_views;

@@ -3,15 +3,8 @@
 #include "commands/NodeCommand.h"
 #include "model/LayerListView.h"
 
-#include <maya/MFnDagNode.h>
-#include <maya/MGlobal.h>
-#include <maya/MPlug.h>
-#include <maya/MSelectionList.h>
-#include <maya/MStringArray.h>
-
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// Stands in for the command that refreshes the panel.
@@ -44,40 +37,16 @@ protected:
     }
 
     bool command(const std::string& arguments) { return run("tqLumisketchNode " + arguments); }
-    bool exists(const std::string& name)
-    {
-        MSelectionList found;
-        return found.add(name.c_str());
-    }
-    std::string selection()
-    {
-        MSelectionList list;
-        MGlobal::getActiveSelectionList(list);
-        MStringArray names;
-        list.getSelectionStrings(names);
-        std::string all;
-        for (unsigned int i = 0; i < names.length(); ++i) {
-            all += std::string(i ? " " : "") + names[i].asChar();
-        }
-        return all;
-    }
-    MPlug plug(const std::string& node, const char* attribute)
-    {
-        MSelectionList list;
-        MObject object;
-        list.add(node.c_str());
-        list.getDependNode(0, object);
-        return MFnDependencyNode(object).findPlug(attribute, false);
-    }
+    bool exists(const std::string& name) { return evaluate("objExists \"" + name + "\"") == kernel::Value(1); }
+    std::string selection() { return kernel::toText(evaluate("ls -sl")); }
     void expectLockedTransform()
     {
         for (const char* name : {"translateX", "translateY", "translateZ", "rotateX", "rotateY", "rotateZ", "scaleX",
                                  "scaleY", "scaleZ"}) {
-            MPlug channel = plug("lumisketch", name);
-            ASSERT_FALSE(channel.isNull()) << name;
-            EXPECT_TRUE(channel.isLocked()) << name;
-            EXPECT_FALSE(channel.isKeyable()) << name;
-            EXPECT_FALSE(channel.isChannelBoxFlagSet()) << name;
+            const std::string channel = std::string(" lumisketch.") + name;
+            EXPECT_EQ(evaluate("getAttr -lock" + channel), kernel::Value(1)) << name;
+            EXPECT_EQ(evaluate("getAttr -keyable" + channel), kernel::Value(0)) << name;
+            EXPECT_EQ(evaluate("getAttr -channelBox" + channel), kernel::Value(0)) << name;
         }
     }
 };

@@ -6,9 +6,6 @@
 
 namespace {
 
-using testing::Contains;
-using testing::IsEmpty;
-
 class StrokeCommandTest : public CommandFixture {
 protected:
     StrokeCommandTest() { addCommand(names::kStrokeCommand, StrokeCommand::creator, StrokeCommand::newSyntax); }
@@ -42,10 +39,6 @@ protected:
     {
         press(camera);
         ASSERT_TRUE(command(arguments));
-    }
-    void changeUnitWithoutAStep(const std::string& unit)
-    {
-        run("undoInfo -stateWithoutFlush off; currentUnit -t \"" + unit + "\"; undoInfo -stateWithoutFlush on");
     }
     void keyed(const QString& camera, std::initializer_list<int> frameNumbers)
     {
@@ -107,9 +100,9 @@ TEST_F(StrokeCommandTest, AUnitChangedBehindTheUndoQueueDoesNotSendTheStrokeToAn
             const QString after = describeDrawing();
             for (const char* step : {"undo", "redo", "undo", "redo"}) {
                 SCOPED_TRACE(std::string(unit) + ", frame " + std::to_string(frameNumber) + ", " + step);
-                changeUnitWithoutAStep(unit);
+                changeUnitBehindTheQueue(unit);
                 EXPECT_TRUE(run(step));
-                changeUnitWithoutAStep("film");
+                changeUnitBehindTheQueue("film");
                 goTo(1);
                 goTo(frameNumber);
                 EXPECT_EQ(describeDrawing(), step == std::string("undo") ? before : after);

@@ -40,6 +40,12 @@ protected:
         drawing().advanceStroke(camera);
     }
 
+    /// Leaves no step.
+    void changeUnitBehindTheQueue(const std::string& unit)
+    {
+        run("undoInfo -stateWithoutFlush off; currentUnit -t \"" + unit + "\"; undoInfo -stateWithoutFlush on");
+    }
+
     /// Runs a text that succeeds as one step, which can be undone to the same drawing and redone, again and again.
     void runAndRewind(const std::string& text)
     {
