@@ -20,8 +20,10 @@ bool appendCopy(const Frame& frame, qint64 frameNumber, Frames& copies)
 
 bool copyFrames(const Layer& layer, const FrameSpan& span, Frames& copies)
 {
+    const std::vector<const Frame*> frames = layer.framesIn(span);
     copies.clear();
-    for (const Frame* frame : layer.framesIn(span)) {
+    copies.reserve(frames.size());
+    for (const Frame* frame : frames) {
         if (!appendCopy(*frame, qint64(frame->frameNumber()) - span.first, copies)) {
             messages::error(kFrameNumberOutOfRange);
             return false;

@@ -149,11 +149,11 @@ MStatus FrameCommand::copy(const MArgDatabase&, BaseNode& node)
         return MStatus::kFailure;
     }
     const Layer* layer = manager->activeLayer(m_camera);
-    Frames copies;
-    if (layer && !copyFrames(*layer, script::highlightedSpan(), copies)) {
+    const auto copies = std::make_shared<Frames>();
+    if (layer && !copyFrames(*layer, script::highlightedSpan(), *copies)) {
         return MStatus::kFailure;
     }
-    node.frameClipboard() = std::move(copies);
+    node.setFrameClipboard(copies);
     nudgeSelection(node.thisMObject());
     return MStatus::kSuccess;
 }

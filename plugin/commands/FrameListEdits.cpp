@@ -175,12 +175,12 @@ CutFrames::CutFrames(const QString& camera, const FrameSpan& span)
 
 bool CutFrames::applyTo(Layer& layer)
 {
-    return copyFrames(layer, span(), m_copies) && DeleteFrames::applyTo(layer);
+    return copyFrames(layer, span(), *m_copies) && DeleteFrames::applyTo(layer);
 }
 
 void CutFrames::applied(BaseNode& node)
 {
-    node.frameClipboard() = copiesOf(m_copies);
+    node.setFrameClipboard(m_copies);
 }
 
 // ClearFrames ---------------------------------------------------------------------------------------------------------

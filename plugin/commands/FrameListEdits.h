@@ -75,7 +75,7 @@ protected:
     void applied(BaseNode& node) override;
 
 private:
-    Frames m_copies;  // for the clipboard, again after each redo
+    const std::shared_ptr<Frames> m_copies = std::make_shared<Frames>();  // the clipboard's, again after each redo
 };
 
 /// Makes the frames of a span blank.

@@ -26,16 +26,6 @@ Frames packed(Frames frames)
     return frames;
 }
 
-Frames copiesOf(const Frames& frames)
-{
-    Frames copies;
-    copies.reserve(frames.size());
-    for (const std::unique_ptr<Frame>& frame : frames) {
-        copies.emplace_back(new Frame(*frame));
-    }
-    return copies;
-}
-
 Frames blankFrames(const QList<int>& frameNumbers)
 {
     Frames blank;

@@ -14,7 +14,6 @@ bool areTooMany(const FrameSpan& span);
 Times timesOf(const Frames& frames);
 /// What was taken out of a layer, made small to be kept.
 Frames packed(Frames frames);
-Frames copiesOf(const Frames& frames);  ///< packed, at the same times
 Frames blankFrames(const QList<int>& frameNumbers);
 /// Blank frames for all numbers of a span that no frame of a layer has.
 Frames missingFrames(const Layer& layer, const FrameSpan& span);

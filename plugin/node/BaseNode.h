@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/Frame.h"
+#include "model/Layer.h"
 #include "node/LegacyPicture.h"
 #include "node/RegionOutline.h"
 #include "node/ViewportMetrics.h"
@@ -23,7 +23,6 @@
 #include <memory>
 #include <vector>
 
-class Layer;
 class LayerManager;
 class QImage;
 
@@ -94,8 +93,10 @@ public:
     /// The camera has an active layer, and the user may change its drawings. False, and reported, when not.
     bool canEditActiveLayer(const QString& camera) const;
 
-    /// What was copied last: packed frames, their times counted from the start of the span they were copied from.
-    std::vector<std::unique_ptr<Frame>>& frameClipboard() { return m_frameClipboard; }
+    /// What was copied last: packed frames, their times counted from the start of the span they were copied from. A
+    /// cut keeps the same list for its redo, so a list is replaced and never changed.
+    const Frames& frameClipboard() const { return *m_frameClipboard; }
+    void setFrameClipboard(const std::shared_ptr<const Frames>& frames) { m_frameClipboard = frames; }
 
     // Where it is shown ---------------------------------------------------------------------------------------------
 
@@ -153,6 +154,6 @@ private:
     double m_toolPixelRatio = 1.0;  ///< port pixels for each pixel of the tool view's widget
     int m_frameNumber = 0;
     LegacyPicture m_legacyPicture;
-    std::vector<std::unique_ptr<Frame>> m_frameClipboard;
+    std::shared_ptr<const Frames> m_frameClipboard = std::make_shared<Frames>();
     RegionOutline m_regionOutline;
 };
