@@ -13,8 +13,8 @@
 class Frame {
 public:
     explicit Frame(const MTime& time);
-    /// A copy is packed or blank, never unpacked, whatever the source is: copies go to clipboards and undo records
-    /// and must stay small.
+    /// A copy is packed or blank whatever the source is, unless that cannot be packed: copies go to clipboards and undo
+    /// records and must stay small.
     Frame(const Frame& other);
     Frame& operator=(const Frame&) = delete;
     /// A packed frame; null when the bytes are no picture. They are decoded once, to know.

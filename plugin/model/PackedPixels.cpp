@@ -2,17 +2,32 @@
 
 #include "model/PngCodec.h"
 
-PackedPixels PackedPixels::asPng(const QImage& image)
+#include <new>
+
+namespace {
+
+// Packing takes memory for a while: a picture for which there is none stays as it is.
+PackedPixels madeOrNothing(const QImage& image, void (*make)(const QImage& image, PackedPixels& packed))
 {
     PackedPixels packed;
-    packed.png = encodePng(image);
+    try {
+        make(image, packed);
+    } catch (const std::bad_alloc&) {
+    }
     return packed;
+}
+
+}  // namespace
+
+PackedPixels PackedPixels::asPng(const QImage& image)
+{
+    return madeOrNothing(image, [](const QImage& pixels, PackedPixels& packed) { packed.png = encodePng(pixels); });
 }
 
 PackedPixels PackedPixels::quick(const QImage& image)
 {
-    PackedPixels packed;
-    packed.tiles = PixelTiles::of(image);
+    const PackedPixels packed =
+        madeOrNothing(image, [](const QImage& pixels, PackedPixels& made) { made.tiles = PixelTiles::of(pixels); });
     return packed.isEmpty() ? asPng(image) : packed;
 }
 

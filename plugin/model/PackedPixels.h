@@ -10,7 +10,8 @@ struct PackedPixels {
     QByteArray png;
     PixelTiles tiles;
 
-    static PackedPixels asPng(const QImage& image);  ///< empty when the image cannot be encoded
+    // Both are empty when the image cannot be packed, for want of memory too.
+    static PackedPixels asPng(const QImage& image);
     static PackedPixels quick(const QImage& image);  ///< tiles of a canvas, the PNG of any other
     bool isEmpty() const { return png.isEmpty() && tiles.isEmpty(); }
     /// Null when the PNG does not decode. similar: pixels that may have parts in common, which saves time; more of it

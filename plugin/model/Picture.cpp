@@ -166,6 +166,9 @@ InkMap Picture::ink() const
     }
     if (!m_data->shared->inkKnown) {
         const QImage& pixels = image();
+        if (pixels.isNull()) {
+            return InkMap();  // which is not known yet: there may be memory for them later
+        }
         m_data->setInk(InkMap::of(isMixable(pixels) ? pixels : asCanvas(pixels)));
     }
     return m_data->shared->ink;
@@ -195,5 +198,5 @@ Picture Picture::packedCopy() const
         return Picture();
     }
     m_data->packNow();
-    return m_data->isPacked() ? Picture(std::make_shared<Data>(m_data->shared)) : Picture();
+    return m_data->isPacked() ? Picture(std::make_shared<Data>(m_data->shared)) : *this;
 }

@@ -39,8 +39,8 @@ public:
     void pack();
     /// The pixels go, of all copies, as soon as another thread has packed them and they are neither shown nor drawn on.
     void packSoon() const;
-    /// The same drawing, packed, whatever condition this one is in. The PNG that is made for one is there for the
-    /// other.
+    /// The same drawing, packed, whatever condition this one is in; unpacked only when it cannot be packed. The PNG
+    /// that is made for one is there for the other.
     Picture packedCopy() const;
 
     struct Data;

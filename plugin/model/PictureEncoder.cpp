@@ -7,21 +7,6 @@
 #include <QEvent>
 
 #include <algorithm>
-#include <new>
-
-namespace {
-
-// Packing takes memory for a while: a picture for which there is none stays unpacked.
-PackedPixels packedOrNothing(const QImage& image, const PictureEncoder::Packing& packing)
-{
-    try {
-        return packing(image);
-    } catch (const std::bad_alloc&) {
-        return PackedPixels();
-    }
-}
-
-}  // namespace
 
 class PictureEncoder::Thread : public QThread {
 public:
@@ -52,14 +37,11 @@ PictureEncoder::~PictureEncoder()
 
 void PictureEncoder::add(Picture::Data& picture, const Packing& packing)
 {
-    if (picture.isInEncoder) {
-        return;
-    }
-    {
+    if (!picture.isInEncoder) {
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_jobs.push_back({&picture, picture.image, packing, State::Waiting, PackedPixels()});
+        picture.isInEncoder = true;
     }
-    picture.isInEncoder = true;
     startThread();
     m_changed.notify_all();
 }
@@ -176,7 +158,7 @@ void PictureEncoder::pack(Jobs::iterator job, std::unique_lock<std::mutex>& lock
 {
     job->state = State::UnderWay;
     lock.unlock();
-    const PackedPixels packed = packedOrNothing(job->image, job->packing);
+    const PackedPixels packed = job->packing(job->image);
     lock.lock();
     if (job->picture) {
         job->packed = packed;

@@ -18,7 +18,7 @@
 /// is told by the event loop.
 class PictureEncoder : public QObject {
 public:
-    /// How a picture is packed; called on either thread.
+    /// How a picture is packed, empty when it cannot be. Called on either thread; throws nothing.
     using Packing = std::function<PackedPixels(const QImage& image)>;
 
     static PictureEncoder& instance();

@@ -34,10 +34,11 @@ void PixelBudget::removeUser(const PictureUser* user)
 void PixelBudget::enter(Picture::Data& data)
 {
     remove(data);
-    data.budgeted = qint64(data.image.bytesPerLine()) * data.image.height();
-    if (data.budgeted > 0) {
+    const qint64 bytes = qint64(data.image.bytesPerLine()) * data.image.height();
+    if (bytes > 0) {
         data.inBudget = m_unpacked.insert(m_unpacked.end(), &data);
-        m_bytes += data.budgeted;
+        data.budgeted = bytes;
+        m_bytes += bytes;
     }
 }
 
@@ -132,7 +133,7 @@ bool PixelBudget::pack()
         if (!data.isInEncoder && !(atRest && data.isPackable)) {
             continue;
         }
-        if (encoder.waiting() == 0) {
+        if (data.isInEncoder || encoder.waiting() == 0) {
             encoder.add(data, PackedPixels::asPng);
         }
         waiting += data.budgeted;

@@ -116,6 +116,9 @@ QByteArray compressed(QByteArray bytes)
         rows[i] = static_cast<uchar>(rows[i] - rows[i - kRowBytes]);
     }
     QByteArray result = qCompress(bytes, kLevel);
+    if (result.isEmpty()) {
+        throw std::bad_alloc();  // nothing else can go wrong
+    }
     result.squeeze();  // the room it was given for the worst case
     return result;
 }
