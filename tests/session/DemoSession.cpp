@@ -136,14 +136,20 @@ void checkOthersScenes(LiveWorkbench& host, session::Checks& check)
 /// One that is begun again, and whose mouse is taken away in the rest after its first strokes.
 void checkRuns(LiveWorkbench& host, session::Checks& check)
 {
+    const auto waitFor = [&](const char* text, bool isWaiting) {
+        const QDeadlineTimer patience(kStageTimeout);
+        while (host.run("evalDeferred -list", kStageTimeout).contains(text) != isWaiting) {
+            if (patience.hasExpired()) {
+                return false;
+            }
+        }
+        return true;
+    };
+    host.run("$gAnimatorsSessionRun = 100; animatorsSession");
+    check("it goes on when it is begun", waitFor("animatorsSessionGoOn 101 2 ", true));
     host.run("animatorsSession");
-    host.settle();
-    host.run("animatorsSession");
-    host.settle();
-    check("one run at a time goes on", host.run("size(`evalDeferred -list`)") == "1");
-    const QDeadlineTimer patience(kStageTimeout);
-    while (!host.run("evalDeferred -list", kStageTimeout).contains(" 3 ") && !patience.hasExpired()) {
-    }
+    check("one run at a time goes on", waitFor("animatorsSessionGoOn 101 ", false));
+    check("and it is the last", waitFor("animatorsSessionGoOn 102 3 ", true));
     host.moveTo(QPoint(2, 2));
     check("it stops when the mouse is taken away",
           host.run("size(`evalDeferred -list`)") == "0" && host.run("getLastError").contains("the mouse was moved"));
