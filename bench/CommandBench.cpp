@@ -63,17 +63,6 @@ Picture lineDrawing()
     return Picture::fromPng(encodePng(Figure(1).lines()));
 }
 
-int inkedPercent(const QImage& image)
-{
-    int inked = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            inked += qAlpha(image.pixel(x, y)) > 0;
-        }
-    }
-    return 100 * inked / (image.width() * image.height());
-}
-
 // Strokes -------------------------------------------------------------------------------------------------------------
 
 const int kPoints = 60;     // as many as a hand draws in half a second

@@ -322,17 +322,6 @@ void measurePacking(const PairedTiming& timing)
     });
 }
 
-int inkedPercent(const QImage& image)
-{
-    int inked = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            inked += qAlpha(image.pixel(x, y)) > 0;
-        }
-    }
-    return 100 * inked / (image.width() * image.height());
-}
-
 }  // namespace
 
 int main(int argc, char** argv)

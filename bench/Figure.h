@@ -99,3 +99,14 @@ private:
     QImage m_shades = blankCanvas();
     QImage m_lines = blankCanvas();
 };
+
+inline int inkedPercent(const QImage& image)
+{
+    int inked = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            inked += qAlpha(image.pixel(x, y)) > 0;
+        }
+    }
+    return 100 * inked / (image.width() * image.height());
+}

@@ -31,8 +31,7 @@ MStatus DrawingChange::executeOn(BaseNode& node)
     }
     MadeTarget made(*manager);
     if (!prepare(*manager) || !apply(*manager)) {
-        made.putBack();
-        return MStatus::kFailure;
+        return MStatus::kFailure;  // what was made goes back by itself
     }
     if (changesAnything()) {
         made.drop();
