@@ -221,10 +221,13 @@ TEST_F(PixelBudgetTest, WhatUndoHoldsOfALoadedDrawingIsPackedAgainAndKeepsItsFil
     const QByteArray file = encodePng(pixels::marked(3));
     const Picture loaded = Picture::fromPng(file);
     const QImage pixels = loaded.image();
-    loaded.packSoon();
-    EXPECT_EQ(PictureEncoder::instance().waiting(), 1);
-    EXPECT_TRUE(loaded.isUnpacked());
-    PictureEncoder::instance().finish();
+    {
+        const HeldEncoder held;
+        const int before = PictureEncoder::instance().waiting();
+        loaded.packSoon();
+        EXPECT_EQ(PictureEncoder::instance().waiting(), before + 1);
+        EXPECT_TRUE(loaded.isUnpacked());
+    }
     budget().trim();
     EXPECT_FALSE(loaded.isUnpacked());
     EXPECT_EQ(loaded.image(), pixels);
