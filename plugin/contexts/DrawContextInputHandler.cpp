@@ -1,18 +1,39 @@
 #include "contexts/DrawContextInputHandler.h"
 
+#include "contexts/ContextMenu.h"
+#include "contexts/DrawToolMenu.h"
 #include "contexts/PenPressure.h"
+#include "contexts/TimelineMenu.h"
 #include "settings/PenState.h"
+#include "settings/Preferences.h"
+#include "settings/Text.h"
 
 #include <QTabletEvent>
+
+#include <maya/MQtUtil.h>
 
 void DrawContextInputHandler::setUp()
 {
     penState::reset();
+    m_backslashHeld = false;
+    if (!m_timeSlider && MQtUtil::mainWindow()) {
+        m_timeSlider = MQtUtil::findControl(toMString(script::timeControlName()));
+    }
+    for (QWidget* widget : {MQtUtil::mainWindow(), m_timeSlider.data()}) {
+        if (widget) {
+            widget->installEventFilter(this);
+        }
+    }
     watchActiveView();
 }
 
 void DrawContextInputHandler::cleanUp()
 {
+    for (QWidget* widget : {MQtUtil::mainWindow(), m_timeSlider.data()}) {
+        if (widget) {
+            widget->removeEventFilter(this);
+        }
+    }
     m_views.release();
 }
 
@@ -22,6 +43,14 @@ bool DrawContextInputHandler::eventFilter(QObject* watched, QEvent* event)
     case QEvent::TabletMove:
     case QEvent::TabletPress:
     case QEvent::TabletRelease: followPen(static_cast<QTabletEvent&>(*event)); break;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick: return openMenu(watched, static_cast<QMouseEvent&>(*event));
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+        if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Backslash) {
+            m_backslashHeld = event->type() == QEvent::KeyPress;
+        }
+        break;
     default: break;
     }
     return QObject::eventFilter(watched, event);
@@ -36,4 +65,21 @@ void DrawContextInputHandler::followPen(const QTabletEvent& event)
     if (event.pressure() > 0.0) {
         penState::setPressure(penPressureCurve(float(event.pressure())));
     }
+}
+
+bool DrawContextInputHandler::openMenu(QObject* pressed, const QMouseEvent& event)
+{
+    if (!asksForContextMenu(event)) {
+        return false;
+    }
+    const Preferences& preferences = Preferences::instance();
+    if (m_timeSlider && pressed == m_timeSlider && preferences.timelineContextMenu()) {
+        popUpAtCursor(new TimelineMenu(*m_timeSlider));
+        return true;
+    }
+    if (m_views.contains(pressed) && preferences.drawToolContextMenu() && !m_backslashHeld) {
+        popUpAtCursor(new DrawToolMenu(static_cast<QWidget&>(*pressed)));
+        return true;
+    }
+    return false;
 }
