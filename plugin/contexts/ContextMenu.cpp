@@ -15,5 +15,6 @@ bool asksForContextMenu(const QMouseEvent& event)
 void popUpAtCursor(QMenu* menu)
 {
     menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setAttribute(Qt::WA_NoMouseReplay);  // the click beside it that closes it is not the tool's
     menu->popup(QCursor::pos());
 }

@@ -35,6 +35,11 @@ void DrawContextInputHandler::cleanUp()
         }
     }
     m_views.release();
+    // Our code may be gone before the host would next delete what is closed. A menu that has led here is closed
+    // already.
+    if (m_menu && m_menu->isVisible()) {
+        delete m_menu;
+    }
 }
 
 bool DrawContextInputHandler::eventFilter(QObject* watched, QEvent* event)
@@ -69,17 +74,20 @@ void DrawContextInputHandler::followPen(const QTabletEvent& event)
 
 bool DrawContextInputHandler::openMenu(QObject* pressed, const QMouseEvent& event)
 {
-    if (!asksForContextMenu(event)) {
-        return false;
+    QMenu* const menu = asksForContextMenu(event) ? menuOf(pressed) : nullptr;
+    if (menu) {
+        m_menu = menu;
+        popUpAtCursor(menu);
     }
+    return menu != nullptr;
+}
+
+QMenu* DrawContextInputHandler::menuOf(QObject* pressed) const
+{
     const Preferences& preferences = Preferences::instance();
-    if (m_timeSlider && pressed == m_timeSlider && preferences.timelineContextMenu()) {
-        popUpAtCursor(new TimelineMenu(*m_timeSlider));
-        return true;
+    if (pressed == m_timeSlider) {
+        return preferences.timelineContextMenu() ? new TimelineMenu(*m_timeSlider) : nullptr;
     }
-    if (m_views.contains(pressed) && preferences.drawToolContextMenu() && !m_backslashHeld) {
-        popUpAtCursor(new DrawToolMenu(static_cast<QWidget&>(*pressed)));
-        return true;
-    }
-    return false;
+    const bool isWanted = preferences.drawToolContextMenu() && !m_backslashHeld && m_views.contains(pressed);
+    return isWanted ? new DrawToolMenu(static_cast<QWidget&>(*pressed)) : nullptr;
 }

@@ -2,6 +2,7 @@
 
 #include "contexts/WatchedViews.h"
 
+#include <QMenu>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
@@ -26,8 +27,11 @@ private:
     void followPen(const QTabletEvent& event);
     /// Opens the menu of what is pressed; false when the press is the host's.
     bool openMenu(QObject* pressed, const QMouseEvent& event);
+    /// A new menu for what is pressed; null when none is wanted there.
+    QMenu* menuOf(QObject* pressed) const;
 
     WatchedViews m_views{*this};
     QPointer<QWidget> m_timeSlider;
+    QPointer<QMenu> m_menu;  // the last that was opened
     bool m_backslashHeld = false;
 };

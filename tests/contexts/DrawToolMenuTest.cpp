@@ -251,13 +251,18 @@ TEST_F(DrawToolMenuTest, TheHostKeepsItsClicksWhereAMenuIsNotWanted)
     EXPECT_EQ(press(timeSlider), nullptr);
 }
 
-TEST_F(DrawToolMenuTest, AMenuIsGoneOnceItIsClosed)
+TEST_F(DrawToolMenuTest, AMenuIsGoneOnceItIsClosedOrItsToolIsLeft)
 {
     QPointer<QMenu> menu(openIn(views.persp()));
     ASSERT_TRUE(menu);
     menu->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_FALSE(menu);
+
+    menu = press(timeSlider);
+    ASSERT_TRUE(menu);
+    run("setToolTo selectSuperContext");
+    EXPECT_FALSE(menu) << "a module may be unloaded next, and the menu's code with it";
 }
 
 }  // namespace

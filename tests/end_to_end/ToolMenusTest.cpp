@@ -150,13 +150,17 @@ TEST_F(ToolMenus, ALayerIsMadeActiveByItsEntryAndUndoGoesBack)
     EXPECT_EQ(host().run("tqLumisketchLayer -q -active persp"), "0");
 }
 
-TEST_F(ToolMenus, AStrokeAfterAMenuWasClosedIsDrawn)
+TEST_F(ToolMenus, AClickBesideAMenuOnlyClosesItAndTheNextStrokeIsDrawn)
 {
     start();
-    host().run("currentTime 5");
-    viewMenu().choose({});
-    viewMenu().close();
     const QPoint centre = host().viewRect().center();
+    host().run("currentTime 5");
+    for (PointedPopup popup : {viewMenu(), sliderMenu()}) {
+        popup.open();
+        EXPECT_FALSE(popup.entryRect("Transform").isNull() && popup.entryRect("Clear Frame(s)").isNull());
+        host().click(centre - QPoint(120, 0));
+        EXPECT_EQ(host().run("undoInfo -q -undoName"), "currentTime 5");
+    }
     host().drag(support::line(centre - QPoint(60, 0), centre + QPoint(60, 0)));
     EXPECT_EQ(host().run("undoInfo -q -undoName"), "tqLmDrawCtx1");
 }

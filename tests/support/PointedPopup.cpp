@@ -10,7 +10,7 @@ constexpr int kTurnsToShow = 10;
 
 bool PointedPopup::choose(const QStringList& labels)
 {
-    m_host.rightClick(m_place);
+    open();
     for (const QString& label : labels) {
         const QRect rect = entryRect(label);
         if (rect.isNull()) {
@@ -18,7 +18,7 @@ bool PointedPopup::choose(const QStringList& labels)
         }
         m_host.clickControl(rect.center());
     }
-    return !labels.isEmpty();
+    return true;
 }
 
 void PointedPopup::close()

@@ -10,6 +10,7 @@ class PointedPopup {
 public:
     PointedPopup(LiveWorkbench& host, const QPoint& place) : m_host(host), m_place(place) {}
 
+    void open() { m_host.rightClick(m_place); }
     /// Opens the menu and clicks what leads to the entry, and the entry. False when one of them is not to be seen.
     bool choose(const QStringList& labels);
     /// Closes what is open of it.
