@@ -121,6 +121,8 @@ TEST_F(MainMenu, NothingIsLeftOfAModuleThatIsUnloadedAndAllIsThereWhenItIsLoaded
     for (int round = 0; round < 5; ++round) {
         drawALine();
         EXPECT_EQ(host().run("size(`ls -type tqLumisketch`)"), "1");
+        host().rightClick(host().viewRect().center());  // the tool's menu is open then
+        EXPECT_FALSE(host().menuEntryRect("Transform").isNull());
         EXPECT_EQ(host().run("file -f -new; flushUndo; unloadPlugin lumisketch2"), "lumisketch2");
         EXPECT_EQ(host().run("pluginInfo -q -loaded lumisketch2"), "0");
         EXPECT_EQ(host().run(QString("menu -exists \"%1\"").arg(name)), "0");
