@@ -52,6 +52,7 @@ DrawContext::DrawContext()
 
 void DrawContext::toolOnSetup(MEvent&)
 {
+    finish();  // the host may enter the tool anew without leaving it first
     setHelpString(kHelp);
     if (!BaseNode::masterNode()) {
         script::createDrawingNodeOnIdle();
