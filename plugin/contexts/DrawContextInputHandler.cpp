@@ -1,6 +1,7 @@
 #include "contexts/DrawContextInputHandler.h"
 
 #include "contexts/PenPressure.h"
+#include "contexts/ThreadManager.h"
 #include "settings/PenState.h"
 
 #include <QTabletEvent>
@@ -18,6 +19,7 @@ void DrawContextInputHandler::cleanUp()
 
 bool DrawContextInputHandler::eventFilter(QObject* watched, QEvent* event)
 {
+    ThreadManager::instance().noteInput(*event);
     switch (event->type()) {
     case QEvent::TabletMove:
     case QEvent::TabletPress:
