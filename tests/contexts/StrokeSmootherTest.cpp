@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <string>
+#include <vector>
+
 namespace {
 
 using Sample = StrokeSmoother::Sample;
@@ -97,6 +101,47 @@ TEST(StrokeSmoother, StartsEachStrokeAnew)
     stroke.points.clear();
     stroke.add(0, 0);
     EXPECT_EQ(stroke.positions(), (Positions{{0, 0}}));
+}
+
+/// A stroke as the real pointer was sampled, canvas pixels, and the points reckoned from that with whole fractions.
+struct Recorded {
+    explicit Recorded(const std::string& name)
+    {
+        std::ifstream file(RECORDED_STROKES "/" + name + ".txt");
+        std::string word;
+        file >> word >> width >> word;
+        readPairs(file, samples);
+        readPairs(file, points);
+    }
+
+    static void readPairs(std::istream& in, Positions& pairs)
+    {
+        std::pair<int, int> pair;
+        while (in >> pair.first >> pair.second) {
+            pairs.push_back(pair);
+        }
+        in.clear();  // a word, which heads what comes next, or the end
+        std::string word;
+        in >> word;
+    }
+
+    int width = 0;
+    Positions samples;
+    Positions points;
+};
+
+TEST(StrokeSmoother, MakesOfRecordedStrokesThePointsReckonedByHand)
+{
+    for (const char* name : {"slow-circle", "fast-zigzag", "dot"}) {
+        SCOPED_TRACE(name);
+        const Recorded recorded(name);
+        ASSERT_FALSE(recorded.points.empty());
+        Stroke stroke(recorded.width);
+        for (const auto& sample : recorded.samples) {
+            stroke.add(sample.first, sample.second);
+        }
+        EXPECT_EQ(stroke.positions(), recorded.points);
+    }
 }
 
 }  // namespace
