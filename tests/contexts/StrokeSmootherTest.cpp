@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -91,6 +92,20 @@ TEST(StrokeSmoother, DropsASampleAtTheStrokesEnd)
     stroke.add(0, 0);
     stroke.add(3, 0);
     EXPECT_FALSE(stroke.add(stroke.points.back().x, stroke.points.back().y));
+}
+
+TEST(StrokeSmoother, TakesToolsWithoutWidthAndPlacesBeyondReckoning)
+{
+    const int most = std::numeric_limits<int>::max();
+    const int least = std::numeric_limits<int>::min();
+    Stroke stroke(0);
+    stroke.add(least, most);
+    stroke.add(least, most);
+    EXPECT_FALSE(stroke.add(least, most)) << "the stroke's end";
+    EXPECT_TRUE(stroke.add(most, least));
+    EXPECT_TRUE(stroke.add(least + 5, most));
+    EXPECT_EQ(stroke.positions().front(), (std::pair<int, int>{least, most}));
+    EXPECT_EQ(stroke.positions()[2].first, -1) << "half a pixel left of the middle";
 }
 
 TEST(StrokeSmoother, StartsEachStrokeAnew)
