@@ -33,27 +33,6 @@ SamplingOptions samplingOptions(ToolType tool)
             float(preferences.toolHardness(tool)) / 100.0f, preferences.isTabletEnabled(tool)};
 }
 
-/// A shape is spanned by two points: where the pointer went down, and where it is now.
-void spanShape(QVector<StrokePoint>& points, const StrokePoint& point)
-{
-    if (points.size() < 2) {
-        points.prepend(point);
-    } else {
-        points[1] = point;
-    }
-}
-
-void addPoint(ActiveStroke& stroke, const StrokePoint& point)
-{
-    if (isFreehand(stroke.tool)) {
-        stroke.points.append(point);
-    } else if (isShape(stroke.tool)) {
-        spanShape(stroke.points, point);
-    } else if (stroke.tool == ToolType::Text) {
-        stroke.points = {point};
-    }
-}
-
 }  // namespace
 
 ThreadManager& ThreadManager::instance()
@@ -98,8 +77,7 @@ void ThreadManager::start(QWidget* view, BaseNode* node, const QString& camera, 
     m_view = view;
     m_pressed = pressed;
     m_released = SampleTime::max();
-    m_smoother.clear();
-    m_points.clear();
+    m_filler.clear();
     const ActiveStroke* stroke = findTarget().stroke;
     if (!stroke) {
         return;
@@ -152,11 +130,11 @@ void ThreadManager::stop()
 {
     if (m_running) {
         endThread();
-        if (m_points.empty()) {
+        if (m_filler.isEmpty()) {
             pollOnce();
         }
         if (ActiveStroke* stroke = findTarget().stroke) {
-            cutTail(*stroke);
+            m_filler.cutAfter(m_released, *stroke);
         }
     }
     m_running = false;
@@ -238,24 +216,6 @@ void ThreadManager::noteInput(const QEvent& event, SampleTime now)
     }
 }
 
-// At least the first two points stay, a click's mark: the first sample may be younger than the release.
-void ThreadManager::cutTail(ActiveStroke& stroke)
-{
-    size_t kept = m_points.size();
-    while (kept > 2 && m_points[kept - 1].time > m_released) {
-        --kept;
-    }
-    if (kept == m_points.size()) {
-        return;
-    }
-    m_points.resize(kept);
-    stroke.points.clear();
-    for (const TimedPoint& timed : m_points) {
-        addPoint(stroke, timed.point);
-    }
-    stroke.changed = true;
-}
-
 ThreadManager::Target ThreadManager::findTarget() const
 {
     BaseNode* node = BaseNode::fromHandle(m_node);
@@ -275,28 +235,15 @@ void ThreadManager::OnMousePositionChanged(const QPoint& position, int width, fl
     }
     ActiveStroke& stroke = *target.stroke;
     target.node->followToolView(m_view, m_camera);
-    StrokePoint point = {width, opacity, hardness, target.node->viewToCanvas(position)};
-    if (isFreehand(stroke.tool) && !smooth(point)) {
+    if (!m_filler.add(stroke, {width, opacity, hardness, target.node->viewToCanvas(position)}, time)) {
         return;
     }
     if (stroke.tool == ToolType::Text) {
         stroke.fontFamily = Preferences::instance().textFontFamily();
     }
-    m_points.push_back({point, time});
-    addPoint(stroke, point);
-    stroke.changed = true;
     if (isFreehand(stroke.tool) && stroke.points.size() == 2) {
         target.node->redrawActiveView();  // the first segment shows without waiting for the pointer to move on
     } else {
         target.node->scheduleRedraw();
     }
-}
-
-bool ThreadManager::smooth(StrokePoint& point)
-{
-    StrokeSmoother::Sample sample = {point.position.x(), point.position.y(), point.opacity};
-    const bool accepted = m_smoother.accept(sample, point.width);
-    point.position = QPoint(sample.x, sample.y);
-    point.opacity = sample.opacity;
-    return accepted;
 }
