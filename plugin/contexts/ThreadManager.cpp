@@ -97,22 +97,22 @@ bool ThreadManager::startThread(const QRect& view)
     m_gate = std::make_shared<SampleGate>(view);
     auto* worker = new InputWorker(m_options, m_pointer, m_gate);
     worker->setPressPosition(m_pressed);
-    m_thread = new QThread;
-    worker->moveToThread(m_thread);
-    m_thread->start(QThread::TimeCriticalPriority);
-    if (!m_thread->isRunning()) {
-        delete worker;
-        delete m_thread;
-        m_thread = nullptr;
-        return false;
-    }
     connect(this, SIGNAL(RunInputWorker()), worker, SLOT(Run()));
     connect(this, SIGNAL(ShutdownInputWorker()), worker, SLOT(Shutdown()));
     connectSamples(*worker, Qt::AutoConnection);
+    m_thread = new QThread;
     // Both go by themselves when the thread ends, however late that is.
     connect(m_thread, SIGNAL(finished()), worker, SLOT(deleteLater()));
     connect(m_thread, SIGNAL(finished()), m_thread, SLOT(deleteLater()));
-    return true;
+    worker->moveToThread(m_thread);
+    m_thread->start(QThread::TimeCriticalPriority);
+    if (m_thread->isRunning()) {
+        return true;
+    }
+    delete worker;
+    delete m_thread;
+    m_thread = nullptr;
+    return false;
 }
 
 void ThreadManager::connectSamples(InputWorker& worker, Qt::ConnectionType type)
