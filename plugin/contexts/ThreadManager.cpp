@@ -83,9 +83,9 @@ void ThreadManager::start(QWidget* view, BaseNode* node, const QString& camera, 
         return;
     }
     m_options = samplingOptions(stroke->tool);
-    m_timerResolution.raise();
     m_running = startThread(placeOnScreen(*view));
     if (m_running) {
+        m_timerResolution.raise();
         followView();
         emit RunInputWorker();
     }

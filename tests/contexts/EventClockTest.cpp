@@ -19,7 +19,7 @@ TEST(EventClock, TrustsTheEventThatCameWithTheLeastDelayAndNeverPutsOneTooEarly)
     EXPECT_GE(clock.latest(5000), at(40)) << "it may have happened when it came";
     clock.note(5100, at(105));
     clock.note(5200, at(390));
-    EXPECT_GE(clock.latest(5200), at(205));
+    EXPECT_GE(clock.latest(5200), at(220)) << "a stamp may be a tick old";
     EXPECT_LT(clock.latest(5200), at(225));
 }
 
