@@ -5,7 +5,6 @@
 #include "node/BaseNode.h"
 #include "node/MasterDrawing.h"
 #include "settings/Names.h"
-#include "settings/PenState.h"
 #include "settings/Preferences.h"
 #include "settings/Rounding.h"
 #include "settings/ScriptBridge.h"
@@ -69,6 +68,7 @@ MStatus DrawContext::doPress(MEvent& event)
 {
     endStroke();  // of a press whose release never came
     m_inputHandler.watchActiveView();
+    m_inputHandler.pen().pressButton();
     if (event.mouseButton() == MEvent::kLeftMouse) {
         beginStroke(event);
     }
@@ -89,7 +89,7 @@ MStatus DrawContext::doDrag(MEvent&)
 MStatus DrawContext::doRelease(MEvent&)
 {
     endStroke();
-    penState::reset();
+    m_inputHandler.pen().reset();
     return MStatus::kSuccess;
 }
 

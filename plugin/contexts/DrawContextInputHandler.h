@@ -1,10 +1,9 @@
 #pragma once
 
+#include "contexts/PenContact.h"
 #include "contexts/WatchedViews.h"
 
 #include <QObject>
-
-class QTabletEvent;
 
 /// Watches the views while the draw tool is in use, for what the host does not pass on to tools: the tablet's pen.
 class DrawContextInputHandler : public QObject {
@@ -16,10 +15,11 @@ public:
     /// Watches the active view too.
     void watchActiveView() { m_views.addActive(); }
 
+    PenContact& pen() { return m_pen; }
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void followPen(const QTabletEvent& event);
-
     WatchedViews m_views{*this};
+    PenContact m_pen;
 };

@@ -51,13 +51,14 @@ void InputWorker::Poll()
     if (!m_options.view.isValid()) {
         return;
     }
-    const float opacity = m_options.tabletEnabled ? m_options.opacity * penState::pressure() : m_options.opacity;
     const QPoint local = m_pointer() - m_options.view.topLeft();
     const QPoint position(local.x() + 1, m_options.view.height() - local.y() + 1);
     const std::lock_guard<std::mutex> lock(m_gate->mutex);
     if (position == m_lastPosition || !m_gate->open) {
         return;
     }
+    // Read within the gate: who changes the pressure there knows that all samples of before are under way.
+    const float opacity = m_options.tabletEnabled ? m_options.opacity * penState::pressure() : m_options.opacity;
     if (m_lastPosition == unknownPosition()) {
         const QPoint start = firstPosition(position);
         emit MousePositionChanged(start - QPoint(1, 0), m_options.width, opacity, m_options.hardness);

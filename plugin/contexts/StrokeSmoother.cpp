@@ -40,6 +40,13 @@ bool StrokeSmoother::accept(StrokePoint& point, const QVector<StrokePoint>& stro
     return true;
 }
 
+void StrokeSmoother::weigh(float pressure)
+{
+    for (Sample& sample : m_history) {
+        sample.opacity *= pressure;
+    }
+}
+
 StrokeSmoother::Sample StrokeSmoother::mean() const
 {
     const size_t count = m_history.size();

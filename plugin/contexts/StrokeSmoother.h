@@ -15,6 +15,8 @@ public:
     /// point: a raw sample, canvas pixels; its position and opacity become the smoothed ones, halves away from zero.
     /// stroke: what has been drawn so far. False when the sample is to be dropped.
     bool accept(StrokePoint& point, const QVector<StrokePoint>& stroke);
+    /// Weighs the opacity of the samples so far.
+    void weigh(float pressure);
 
 private:
     struct Sample {

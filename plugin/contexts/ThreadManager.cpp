@@ -2,6 +2,7 @@
 
 #include "model/LayerManager.h"
 #include "node/BaseNode.h"
+#include "settings/PenState.h"
 #include "settings/Preferences.h"
 
 #include <QCoreApplication>
@@ -147,6 +148,29 @@ void ThreadManager::endThread()
         m_detached.append(m_thread);  // a thread that runs must not be deleted
     }
     m_thread = nullptr;
+}
+
+void ThreadManager::weighStroke(float pressure)
+{
+    if (!m_running) {
+        penState::setPressure(pressure);
+        return;
+    }
+    {
+        const std::lock_guard<std::mutex> lock(m_gate->mutex);
+        penState::setPressure(pressure);
+    }
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);  // the last samples of before
+    ActiveStroke* stroke = findTarget().stroke;
+    if (!stroke || !m_options.tabletEnabled) {
+        return;
+    }
+    for (StrokePoint& point : stroke->points) {
+        point.opacity *= pressure;
+    }
+    m_smoother.weigh(pressure);
+    stroke->drawAnew = true;
+    stroke->changed = true;
 }
 
 ThreadManager::Target ThreadManager::findTarget() const

@@ -42,6 +42,10 @@ public:
     /// Takes what has been sampled by now; at least once, so that the shortest click leaves its mark.
     void stop();
 
+    /// The pen's pressure came to be known only now, after the stroke has begun: makes it the pen's, and weighs with it
+    /// what has been sampled so far without any.
+    void weighStroke(float pressure);
+
 signals:
     void RunInputWorker();
     void ShutdownInputWorker();

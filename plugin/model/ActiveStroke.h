@@ -38,5 +38,6 @@ struct ActiveStroke {
     bool layerMade = false;  ///< for this stroke: until the commit its layer stands in no undo step
     bool frameMade = false;  ///< the same of its frame
 
-    bool changed = false;  ///< since the last composite
+    bool drawAnew = false;  ///< points that are drawn already have changed; drawing them clears this
+    bool changed = false;   ///< since the last composite
 };

@@ -33,6 +33,9 @@ void StrokeInProgress::end()
 void StrokeInProgress::advance(const Picture& base)
 {
     if (isFreehand(m_record->tool)) {
+        if (m_record->drawAnew) {
+            startAnew(base);
+        }
         drawNewestPoints();
     } else if (m_record->tool != ToolType::Transform) {
         m_touched |= m_canvas.ink.box();
@@ -41,6 +44,19 @@ void StrokeInProgress::advance(const Picture& base)
         m_touched |= m_canvas.ink.box();
     } else {
         advanceTransform(base);
+    }
+}
+
+void StrokeInProgress::startAnew(const Picture& base)
+{
+    m_record->drawAnew = false;
+    m_lastRasterised = 0;
+    m_touched |= m_canvas.ink.box();
+    if (m_record->tool == ToolType::Eraser) {
+        m_canvas = {ownCanvas(base.image()), base.ink()};
+    } else {
+        fillInvisible(m_canvas.image, m_record->colour);
+        m_canvas.ink = InkMap();
     }
 }
 

@@ -45,6 +45,7 @@ public:
     Picture committed(const Picture& base);  ///< the drawing that a commit leaves behind: a canvas
 
 private:
+    void startAnew(const Picture& base);
     void drawNewestPoints();
     void advanceTransform(const Picture& base);
     void takeRegion(const Picture& base);

@@ -53,6 +53,25 @@ TEST_F(StrokeTest, ACommitDrawsIntoTheFrameEvenBeforeAnyRefresh)
     EXPECT_TRUE(pixels::same(undo.image(), base()));
 }
 
+TEST_F(StrokeTest, PointsThatChangeAfterTheyWereDrawnAreDrawnAnew)
+{
+    addLayer("persp", "A", {1});
+    for (const ToolType tool : {ToolType::Pencil, ToolType::Eraser}) {
+        Preferences::instance().setActiveTool(tool);
+        ActiveStroke* record = drawing.beginStroke("persp", false);
+        const auto seenWithLineAt = [&](int y) {
+            record->points = drawings::line({10, y}, {200, y});  // across the ink
+            record->drawAnew = true;
+            record->changed = true;
+            return pixels::seen(*drawing.composite("persp"));
+        };
+        const QImage high = seenWithLineAt(18);
+        EXPECT_FALSE(seenWithLineAt(28) == high) << int(tool);
+        EXPECT_TRUE(seenWithLineAt(18) == high) << int(tool);
+        drawing.dropStroke();
+    }
+}
+
 TEST_F(StrokeTest, OneSwapUndoesAndTheNextRedoes)
 {
     addLayer("persp", "A", {1});
