@@ -1,5 +1,7 @@
 #include "contexts/DrawContextInputHandler.h"
 
+#include "contexts/ThreadManager.h"
+
 #include <QTabletEvent>
 
 void DrawContextInputHandler::setUp()
@@ -16,6 +18,7 @@ void DrawContextInputHandler::cleanUp()
 
 bool DrawContextInputHandler::eventFilter(QObject* watched, QEvent* event)
 {
+    ThreadManager::instance().noteInput(*event);
     switch (event->type()) {
     case QEvent::TabletMove:
     case QEvent::TabletPress:

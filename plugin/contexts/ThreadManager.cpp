@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QCursor>
+#include <QMouseEvent>
 #include <QThread>
 
 namespace {
@@ -15,9 +16,9 @@ const unsigned long kLongestWait = 250;  // milliseconds the user may be kept wa
 
 ThreadManager* s_instance = nullptr;
 
-QPoint realPointer()
+PointerSighting realPointer()
 {
-    return QCursor::pos();
+    return {QCursor::pos(), SampleClock::now()};
 }
 
 QRect placeOnScreen(const QWidget& view)
@@ -26,10 +27,10 @@ QRect placeOnScreen(const QWidget& view)
 }
 
 /// Read once, on the main thread: the preferences may change while a stroke is drawn, and belong to this thread.
-SamplingOptions samplingOptions(const QWidget& view, ToolType tool)
+SamplingOptions samplingOptions(ToolType tool)
 {
     const Preferences& preferences = Preferences::instance();
-    return {placeOnScreen(view), preferences.toolSize(tool), float(preferences.toolOpacity(tool)) / 100.0f,
+    return {preferences.toolSize(tool), float(preferences.toolOpacity(tool)) / 100.0f,
             float(preferences.toolHardness(tool)) / 100.0f, preferences.isTabletEnabled(tool)};
 }
 
@@ -40,6 +41,17 @@ void spanShape(QVector<StrokePoint>& points, const StrokePoint& point)
         points.prepend(point);
     } else {
         points[1] = point;
+    }
+}
+
+void addPoint(ActiveStroke& stroke, const StrokePoint& point)
+{
+    if (isFreehand(stroke.tool)) {
+        stroke.points.append(point);
+    } else if (isShape(stroke.tool)) {
+        spanShape(stroke.points, point);
+    } else if (stroke.tool == ToolType::Text) {
+        stroke.points = {point};
     }
 }
 
@@ -79,7 +91,6 @@ ThreadManager::~ThreadManager()
 void ThreadManager::start(QWidget* view, BaseNode* node, const QString& camera, const QPoint& pressed)
 {
     stop();
-    m_smoother.clear();
     if (!view || !node) {
         return;
     }
@@ -87,51 +98,73 @@ void ThreadManager::start(QWidget* view, BaseNode* node, const QString& camera, 
     m_camera = camera;
     m_view = view;
     m_pressed = pressed;
+    m_released = SampleTime::max();
+    m_smoother.clear();
+    m_points.clear();
     const ActiveStroke* stroke = findTarget().stroke;
     if (!stroke) {
         return;
     }
+    m_options = samplingOptions(stroke->tool);
     m_timerResolution.raise();
-    m_options = samplingOptions(*view, stroke->tool);
-    m_gate = std::make_shared<SampleGate>();
-    m_thread = new QThread;
+    m_running = startThread(placeOnScreen(*view));
+    if (m_running) {
+        followView();
+        emit RunInputWorker();
+    }
+}
+
+// Where the system has no thread to give, the toolkit says so, and there is no stroke.
+bool ThreadManager::startThread(const QRect& view)
+{
+    m_gate = std::make_shared<SampleGate>(view);
     auto* worker = new InputWorker(m_options, m_pointer, m_gate);
-    worker->setPressPosition(pressed);
+    worker->setPressPosition(m_pressed);
+    m_thread = new QThread;
+    worker->moveToThread(m_thread);
+    m_thread->start(QThread::TimeCriticalPriority);
+    if (!m_thread->isRunning()) {
+        delete worker;
+        delete m_thread;
+        m_thread = nullptr;
+        return false;
+    }
     connect(this, SIGNAL(RunInputWorker()), worker, SLOT(Run()));
     connect(this, SIGNAL(ShutdownInputWorker()), worker, SLOT(Shutdown()));
-    connectSamples(*worker);
+    connectSamples(*worker, Qt::AutoConnection);
     // Both go by themselves when the thread ends, however late that is.
     connect(m_thread, SIGNAL(finished()), worker, SLOT(deleteLater()));
     connect(m_thread, SIGNAL(finished()), m_thread, SLOT(deleteLater()));
-    worker->moveToThread(m_thread);
-    m_thread->start(QThread::TimeCriticalPriority);
-    m_running = true;
-    emit RunInputWorker();
+    return true;
 }
 
-void ThreadManager::connectSamples(InputWorker& worker)
+void ThreadManager::connectSamples(InputWorker& worker, Qt::ConnectionType type)
 {
     connect(&worker, SIGNAL(MousePositionChanged(const QPoint&, int, float, float)), this,
-            SLOT(OnMousePositionChanged(const QPoint&, int, float, float)));
+            SLOT(OnMousePositionChanged(const QPoint&, int, float, float)), type);
+}
+
+void ThreadManager::deliverSamples()
+{
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
 }
 
 void ThreadManager::stop()
 {
     if (m_running) {
         endThread();
-        const ActiveStroke* stroke = findTarget().stroke;
-        if (stroke && stroke->points.isEmpty()) {
-            InputWorker last(m_options, m_pointer, std::make_shared<SampleGate>());
-            last.setPressPosition(m_pressed);
-            connectSamples(last);
-            last.Poll();
+        if (m_points.empty()) {
+            pollOnce();
+        }
+        if (ActiveStroke* stroke = findTarget().stroke) {
+            cutTail(*stroke);
         }
     }
     m_running = false;
     m_timerResolution.restore();
+    leaveView();
     m_node = MObject();
     m_camera.clear();
-    m_view.clear();
 }
 
 void ThreadManager::endThread()
@@ -141,7 +174,7 @@ void ThreadManager::endThread()
     if (!ended) {
         m_gate->close();  // nothing it still finds may reach the next stroke
     }
-    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);  // the samples that are under way
+    deliverSamples();
     if (ended) {
         delete m_thread;  // the worker went with the thread's last event
     } else {
@@ -156,21 +189,97 @@ void ThreadManager::weighStroke(float pressure)
         penState::setPressure(pressure);
         return;
     }
-    {
-        const std::lock_guard<std::mutex> lock(m_gate->mutex);
-        penState::setPressure(pressure);
-    }
-    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);  // the last samples of before
+    m_gate->betweenSamples([pressure] { penState::setPressure(pressure); });
+    deliverSamples();  // the last ones of before
     ActiveStroke* stroke = findTarget().stroke;
     if (!stroke || !m_options.tabletEnabled) {
         return;
     }
-    for (StrokePoint& point : stroke->points) {
-        point.opacity *= pressure;
-    }
     m_smoother.weigh(pressure);
-    stroke->drawAnew = true;
-    stroke->changed = true;
+    for (TimedPoint& timed : m_points) {
+        timed.point.opacity *= pressure;
+    }
+    replacePoints(*stroke);
+}
+
+void ThreadManager::pollOnce()
+{
+    m_gate = std::make_shared<SampleGate>(m_view ? placeOnScreen(*m_view) : QRect());
+    InputWorker last(m_options, m_pointer, m_gate);
+    last.setPressPosition(m_pressed);
+    connectSamples(last, Qt::QueuedConnection);
+    last.Poll();
+    deliverSamples();
+}
+
+void ThreadManager::followView()
+{
+    for (QWidget* widget = m_view; widget; widget = widget->parentWidget()) {
+        widget->installEventFilter(this);
+        m_followed.append(widget);
+    }
+}
+
+void ThreadManager::leaveView()
+{
+    for (const QPointer<QWidget>& widget : m_followed) {
+        if (widget) {
+            widget->removeEventFilter(this);
+        }
+    }
+    m_followed.clear();
+    m_view.clear();
+}
+
+bool ThreadManager::eventFilter(QObject* watched, QEvent* event)
+{
+    if (m_view && (event->type() == QEvent::Move || event->type() == QEvent::Resize)) {
+        m_gate->moveView(placeOnScreen(*m_view));
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void ThreadManager::noteInput(const QEvent& event, SampleTime now)
+{
+    switch (event.type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonRelease: break;
+    default: return;
+    }
+    const auto& mouse = static_cast<const QMouseEvent&>(event);
+    if (!m_running && event.type() != QEvent::MouseMove) {
+        m_eventClock.restart();
+    }
+    m_eventClock.note(mouse.timestamp(), now);
+    if (event.type() == QEvent::MouseButtonRelease && mouse.button() == Qt::LeftButton) {
+        m_released = m_eventClock.latest(mouse.timestamp());
+    }
+}
+
+// At least the first two points stay, a click's mark: the first sample may be younger than the release.
+void ThreadManager::cutTail(ActiveStroke& stroke)
+{
+    size_t kept = m_points.size();
+    while (kept > 2 && m_points[kept - 1].time > m_released) {
+        --kept;
+    }
+    if (kept == m_points.size()) {
+        return;
+    }
+    m_points.resize(kept);
+    replacePoints(stroke);
+}
+
+void ThreadManager::replacePoints(ActiveStroke& stroke)
+{
+    stroke.points.clear();
+    for (const TimedPoint& timed : m_points) {
+        addPoint(stroke, timed.point);
+    }
+    stroke.drawAnew = true;
+    stroke.changed = true;
 }
 
 ThreadManager::Target ThreadManager::findTarget() const
@@ -180,35 +289,27 @@ ThreadManager::Target ThreadManager::findTarget() const
     return {node, manager, manager ? manager->stroke(m_camera) : nullptr};
 }
 
-// A worker counts from where the view was when the stroke began.
-QPoint ThreadManager::inViewNow(const QPoint& position) const
-{
-    if (!m_view) {
-        return position;
-    }
-    const QRect now = placeOnScreen(*m_view);
-    return position + QPoint(m_options.view.left() - now.left(), now.bottom() - m_options.view.bottom());
-}
-
 void ThreadManager::OnMousePositionChanged(const QPoint& position, int width, float opacity, float hardness)
 {
-    const Target target = m_running ? findTarget() : Target();
+    if (!m_running) {
+        return;
+    }
+    const SampleTime time = m_gate->takeTime();
+    const Target target = findTarget();
     if (!target.stroke) {
         return;
     }
     ActiveStroke& stroke = *target.stroke;
     target.node->followToolView(m_view, m_camera);
-    const StrokePoint point = {width, opacity, hardness, target.node->viewToCanvas(inViewNow(position))};
-    if (isFreehand(stroke.tool)) {
-        if (!addFreehandPoint(stroke, point)) {
-            return;
-        }
-    } else if (isShape(stroke.tool)) {
-        spanShape(stroke.points, point);
-    } else if (stroke.tool == ToolType::Text) {
-        stroke.fontFamily = Preferences::instance().textFontFamily();
-        stroke.points = {point};
+    StrokePoint point = {width, opacity, hardness, target.node->viewToCanvas(position)};
+    if (isFreehand(stroke.tool) && !smooth(point)) {
+        return;
     }
+    if (stroke.tool == ToolType::Text) {
+        stroke.fontFamily = Preferences::instance().textFontFamily();
+    }
+    m_points.push_back({point, time});
+    addPoint(stroke, point);
     stroke.changed = true;
     if (isFreehand(stroke.tool) && stroke.points.size() == 2) {
         target.node->redrawActiveView();  // the first segment shows without waiting for the pointer to move on
@@ -217,11 +318,11 @@ void ThreadManager::OnMousePositionChanged(const QPoint& position, int width, fl
     }
 }
 
-bool ThreadManager::addFreehandPoint(ActiveStroke& stroke, StrokePoint point)
+bool ThreadManager::smooth(StrokePoint& point)
 {
-    if (!m_smoother.accept(point, stroke.points)) {
-        return false;
-    }
-    stroke.points.append(point);
-    return true;
+    StrokeSmoother::Sample sample = {point.position.x(), point.position.y(), point.opacity};
+    const bool accepted = m_smoother.accept(sample, point.width);
+    point.position = QPoint(sample.x, sample.y);
+    point.opacity = sample.opacity;
+    return accepted;
 }

@@ -53,7 +53,7 @@ void StrokeInProgress::startAnew(const Picture& base)
     m_lastRasterised = 0;
     m_touched |= m_canvas.ink.box();
     if (m_record->tool == ToolType::Eraser) {
-        m_canvas = {ownCanvas(base.image()), base.ink()};
+        m_canvas = {asCanvas(base.image()), base.ink()};
     } else {
         fillInvisible(m_canvas.image, m_record->colour);
         m_canvas.ink = InkMap();

@@ -5,7 +5,7 @@
 namespace penState {
 
 float pressure();  ///< 0..1; 1 when no tablet is in use
-void setPressure(float pressure);
+void setPressure(float pressure);  ///< held within 0..1; what is no number is that of no tablet
 
 /// The pen is turned round, so that its eraser end is on the tablet. Main thread only.
 bool isEraserTip();

@@ -4,15 +4,17 @@
 
 namespace {
 
+using Sample = StrokeSmoother::Sample;
+
 struct Stroke {
     explicit Stroke(int width) : width(width) {}
 
     bool add(int x, int y, float opacity = 1.f)
     {
-        StrokePoint point = {width, opacity, 1.f, QPoint(x, y)};
-        const bool accepted = smoother.accept(point, points);
+        Sample sample = {x, y, opacity};
+        const bool accepted = smoother.accept(sample, width);
         if (accepted) {
-            points.append(point);
+            points.push_back(sample);
         }
         return accepted;
     }
@@ -20,15 +22,15 @@ struct Stroke {
     std::vector<std::pair<int, int>> positions() const
     {
         std::vector<std::pair<int, int>> all;
-        for (const StrokePoint& point : points) {
-            all.emplace_back(point.position.x(), point.position.y());
+        for (const Sample& point : points) {
+            all.emplace_back(point.x, point.y);
         }
         return all;
     }
 
     int width;
     StrokeSmoother smoother;
-    QVector<StrokePoint> points;
+    std::vector<Sample> points;
 };
 
 using Positions = std::vector<std::pair<int, int>>;
@@ -57,21 +59,15 @@ TEST(StrokeSmoother, RoundsHalvesAwayFromZero)
     stroke.add(0, 0);
     stroke.add(0, 0);
     stroke.add(5, -5);  // 15 / 6 = 2.5
-    EXPECT_EQ(stroke.points.last().position, QPoint(3, -3));
+    EXPECT_EQ(stroke.positions().back(), (std::pair<int, int>{3, -3}));
 }
 
-TEST(StrokeSmoother, SmoothsOpacityButNotWidthAndHardness)
+TEST(StrokeSmoother, SmoothsOpacityToo)
 {
-    StrokeSmoother smoother;
-    QVector<StrokePoint> points;
-    StrokePoint first = {10, 0.25f, 0.5f, QPoint(0, 0)};
-    ASSERT_TRUE(smoother.accept(first, points));
-    points.append(first);
-    StrokePoint second = {20, 1.f, 0.75f, QPoint(30, 0)};
-    ASSERT_TRUE(smoother.accept(second, points));
-    EXPECT_FLOAT_EQ(second.opacity, 0.75f);
-    EXPECT_EQ(second.width, 20);
-    EXPECT_FLOAT_EQ(second.hardness, 0.75f);
+    Stroke stroke(10);
+    stroke.add(0, 0, 0.25f);
+    stroke.add(30, 0, 1.f);
+    EXPECT_FLOAT_EQ(stroke.points.back().opacity, 0.75f);
 }
 
 TEST(StrokeSmoother, DropsShortMovesAndForgetsThem)
@@ -82,7 +78,7 @@ TEST(StrokeSmoother, DropsShortMovesAndForgetsThem)
     EXPECT_FALSE(stroke.add(18, 0));  // smoothed 9: nearer than a tenth of the width
     EXPECT_FALSE(stroke.add(18, 0));  // had the first stayed, this one would be at 13
     EXPECT_TRUE(stroke.add(20, 0));   // smoothed 10: exactly a tenth is far enough
-    EXPECT_EQ(stroke.points.last().position, QPoint(10, 0));
+    EXPECT_EQ(stroke.positions().back(), (std::pair<int, int>{10, 0}));
 }
 
 TEST(StrokeSmoother, DropsASampleAtTheStrokesEnd)
@@ -90,9 +86,7 @@ TEST(StrokeSmoother, DropsASampleAtTheStrokesEnd)
     Stroke stroke(1);
     stroke.add(0, 0);
     stroke.add(3, 0);
-    const QPoint end = stroke.points.last().position;
-    EXPECT_FALSE(stroke.add(end.x(), end.y()));
-    EXPECT_EQ(stroke.points.size(), 2);
+    EXPECT_FALSE(stroke.add(stroke.points.back().x, stroke.points.back().y));
 }
 
 TEST(StrokeSmoother, StartsEachStrokeAnew)

@@ -56,7 +56,7 @@ TEST_F(StrokeTest, ACommitDrawsIntoTheFrameEvenBeforeAnyRefresh)
 TEST_F(StrokeTest, PointsThatChangeAfterTheyWereDrawnAreDrawnAnew)
 {
     addLayer("persp", "A", {1});
-    for (const ToolType tool : {ToolType::Pencil, ToolType::Eraser}) {
+    for (const ToolType tool : {ToolType::Pencil, ToolType::Brush, ToolType::Eraser}) {
         Preferences::instance().setActiveTool(tool);
         ActiveStroke* record = drawing.beginStroke("persp", false);
         const auto seenWithLineAt = [&](int y) {
