@@ -1,25 +1,49 @@
 #pragma once
 
+#include "contexts/HeldKeys.h"
 #include "contexts/PenContact.h"
 #include "contexts/WatchedViews.h"
 
 #include <QObject>
+#include <QPointer>
+#include <QWidget>
 
-/// Watches the views while the draw tool is in use, for what the host does not pass on to tools: the tablet's pen.
+class DrawContext;
+class QMouseEvent;
+
+/// Watches the host's windows, views and time slider while the draw tool is in use, for what the host does not pass on
+/// to tools: keys, input methods, the tablet's pen, and a press that has lost its release.
 class DrawContextInputHandler : public QObject {
     Q_OBJECT
 
 public:
+    explicit DrawContextInputHandler(DrawContext& tool) : m_tool(tool) {}
+
     void setUp();
     void cleanUp();
     /// Watches the active view too.
-    void watchActiveView() { m_views.addActive(); }
-
+    void watchActiveView();
+    const HeldKeys& heldKeys() const { return m_keys; }
     PenContact& pen() { return m_pen; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+private slots:
+    void OnViewDestroyed();
+
 private:
+    // Each tells whether the event goes no further.
+    bool isClaimed(const QKeyEvent& key);
+    bool pressKey(const QKeyEvent& key);
+    bool releaseKey(const QKeyEvent& key);
+    bool inputMethod(QEvent& event);
+    bool pressButton(const QObject* watched);
+
+    void movePointer(const QObject* watched, const QMouseEvent& event);
+
+    DrawContext& m_tool;
     WatchedViews m_views{*this};
+    HeldKeys m_keys;
     PenContact m_pen;
+    QPointer<QWidget> m_timeSlider;
 };
