@@ -1,7 +1,11 @@
 #pragma once
 
 #include "kernel/Session.h"
+#include "kernel/Syntax.h"
 #include "ui/UiObjects.h"
+
+#include <QPointF>
+#include <QVector>
 
 namespace view {
 class Viewport;
@@ -10,6 +14,7 @@ class Viewport;
 namespace app {
 
 class MainWindow;
+class PointerHand;
 
 /// The commands that stand on the main window, for automation and demonstrations: workbenchView, workbenchControl,
 /// workbenchPen, workbenchHand and workbenchAbout. Registered for as long as this lives.
@@ -22,6 +27,12 @@ class MainWindow;
 /// numbers will do. -pace is in milliseconds for each four pixels, 1..1000, else 8. It fails when the pointer cannot be
 /// moved, and ends its stroke and fails when the user takes the pointer away. -query tells where the pointer is, in
 /// pixels of the screen.
+///
+///     workbenchPen [-panel NAME] [-pace MS] [-pixels] [-eraser BOOL] X Y PRESSURE X Y PRESSURE ...
+///
+/// does the same with a tablet's pen, pressed 0..1 at each point; the mouse's events follow the pen's where nobody
+/// takes those. With -pressure, or -release, one event of a pen that is where the pointer is goes out instead (the
+/// first is its touch), and the mouse's are left to whoever moves that: what drivers do that make both themselves.
 class WindowCommands {
 public:
     WindowCommands(kernel::Session& session, MainWindow& window, const ui::UiObjects& ui);
@@ -37,7 +48,16 @@ private:
     kernel::Value workbenchAbout(const kernel::ValueList& args);
     /// command: named in the refusal.
     view::Viewport& findView(const char* command, const std::string& panel) const;
-    view::Viewport& findViewToDrawIn(const std::string& panel) const;
+    view::Viewport& findViewToDrawIn(const char* command, const std::string& panel) const;
+    struct Stroke {
+        view::Viewport& view;
+        int pace;
+        QVector<QPointF> points;    // pixels of the view's widget
+        QVector<double> pressures;  // none of a mouse's
+    };
+    Stroke readStroke(const std::string& command, const kernel::ParsedArgs& parsed, std::size_t numbersForEach) const;
+    void draw(const std::string& command, PointerHand& hand, const Stroke& stroke);
+    void sendPenEvent(const kernel::ParsedArgs& parsed);
 
     kernel::Session& m_session;
     MainWindow& m_window;
