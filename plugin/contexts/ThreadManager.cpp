@@ -34,27 +34,6 @@ SamplingOptions samplingOptions(ToolType tool)
             float(preferences.toolHardness(tool)) / 100.0f, preferences.isTabletEnabled(tool)};
 }
 
-/// A shape is spanned by two points: where the pointer went down, and where it is now.
-void spanShape(QVector<StrokePoint>& points, const StrokePoint& point)
-{
-    if (points.size() < 2) {
-        points.prepend(point);
-    } else {
-        points[1] = point;
-    }
-}
-
-void addPoint(ActiveStroke& stroke, const StrokePoint& point)
-{
-    if (isFreehand(stroke.tool)) {
-        stroke.points.append(point);
-    } else if (isShape(stroke.tool)) {
-        spanShape(stroke.points, point);
-    } else if (stroke.tool == ToolType::Text) {
-        stroke.points = {point};
-    }
-}
-
 }  // namespace
 
 ThreadManager& ThreadManager::instance()
@@ -99,8 +78,7 @@ void ThreadManager::start(QWidget* view, BaseNode* node, const QString& camera, 
     m_view = view;
     m_pressed = pressed;
     m_released = SampleTime::max();
-    m_smoother.clear();
-    m_points.clear();
+    m_filler.clear();
     const ActiveStroke* stroke = findTarget().stroke;
     if (!stroke) {
         return;
@@ -120,22 +98,22 @@ bool ThreadManager::startThread(const QRect& view)
     m_gate = std::make_shared<SampleGate>(view);
     auto* worker = new InputWorker(m_options, m_pointer, m_gate);
     worker->setPressPosition(m_pressed);
-    m_thread = new QThread;
-    worker->moveToThread(m_thread);
-    m_thread->start(QThread::TimeCriticalPriority);
-    if (!m_thread->isRunning()) {
-        delete worker;
-        delete m_thread;
-        m_thread = nullptr;
-        return false;
-    }
     connect(this, SIGNAL(RunInputWorker()), worker, SLOT(Run()));
     connect(this, SIGNAL(ShutdownInputWorker()), worker, SLOT(Shutdown()));
     connectSamples(*worker, Qt::AutoConnection);
+    m_thread = new QThread;
     // Both go by themselves when the thread ends, however late that is.
     connect(m_thread, SIGNAL(finished()), worker, SLOT(deleteLater()));
     connect(m_thread, SIGNAL(finished()), m_thread, SLOT(deleteLater()));
-    return true;
+    worker->moveToThread(m_thread);
+    m_thread->start(QThread::TimeCriticalPriority);
+    if (m_thread->isRunning()) {
+        return true;
+    }
+    delete worker;
+    delete m_thread;
+    m_thread = nullptr;
+    return false;
 }
 
 void ThreadManager::connectSamples(InputWorker& worker, Qt::ConnectionType type)
@@ -153,11 +131,11 @@ void ThreadManager::stop()
 {
     if (m_running) {
         endThread();
-        if (m_points.empty()) {
+        if (m_filler.isEmpty()) {
             pollOnce();
         }
         if (ActiveStroke* stroke = findTarget().stroke) {
-            cutTail(*stroke);
+            m_filler.cutAfter(m_released, *stroke);
         }
     }
     m_running = false;
@@ -192,14 +170,9 @@ void ThreadManager::weighStroke(float pressure)
     m_gate->betweenSamples([pressure] { penState::setPressure(pressure); });
     deliverSamples();  // the last ones of before
     ActiveStroke* stroke = findTarget().stroke;
-    if (!stroke || !m_options.tabletEnabled) {
-        return;
+    if (stroke && m_options.tabletEnabled) {
+        m_filler.weigh(pressure, *stroke);
     }
-    m_smoother.weigh(pressure);
-    for (TimedPoint& timed : m_points) {
-        timed.point.opacity *= pressure;
-    }
-    replacePoints(*stroke);
 }
 
 void ThreadManager::pollOnce()
@@ -258,30 +231,6 @@ void ThreadManager::noteInput(const QEvent& event, SampleTime now)
     }
 }
 
-// At least the first two points stay, a click's mark: the first sample may be younger than the release.
-void ThreadManager::cutTail(ActiveStroke& stroke)
-{
-    size_t kept = m_points.size();
-    while (kept > 2 && m_points[kept - 1].time > m_released) {
-        --kept;
-    }
-    if (kept == m_points.size()) {
-        return;
-    }
-    m_points.resize(kept);
-    replacePoints(stroke);
-}
-
-void ThreadManager::replacePoints(ActiveStroke& stroke)
-{
-    stroke.points.clear();
-    for (const TimedPoint& timed : m_points) {
-        addPoint(stroke, timed.point);
-    }
-    stroke.drawAnew = true;
-    stroke.changed = true;
-}
-
 ThreadManager::Target ThreadManager::findTarget() const
 {
     BaseNode* node = BaseNode::fromHandle(m_node);
@@ -301,28 +250,15 @@ void ThreadManager::OnMousePositionChanged(const QPoint& position, int width, fl
     }
     ActiveStroke& stroke = *target.stroke;
     target.node->followToolView(m_view, m_camera);
-    StrokePoint point = {width, opacity, hardness, target.node->viewToCanvas(position)};
-    if (isFreehand(stroke.tool) && !smooth(point)) {
+    if (!m_filler.add(stroke, {width, opacity, hardness, target.node->viewToCanvas(position)}, time)) {
         return;
     }
     if (stroke.tool == ToolType::Text) {
         stroke.fontFamily = Preferences::instance().textFontFamily();
     }
-    m_points.push_back({point, time});
-    addPoint(stroke, point);
-    stroke.changed = true;
     if (isFreehand(stroke.tool) && stroke.points.size() == 2) {
         target.node->redrawActiveView();  // the first segment shows without waiting for the pointer to move on
     } else {
         target.node->scheduleRedraw();
     }
-}
-
-bool ThreadManager::smooth(StrokePoint& point)
-{
-    StrokeSmoother::Sample sample = {point.position.x(), point.position.y(), point.opacity};
-    const bool accepted = m_smoother.accept(sample, point.width);
-    point.position = QPoint(sample.x, sample.y);
-    point.opacity = sample.opacity;
-    return accepted;
 }

@@ -3,7 +3,7 @@
 #include "contexts/EventClock.h"
 #include "contexts/InputWorker.h"
 #include "contexts/PointerSource.h"
-#include "contexts/StrokeSmoother.h"
+#include "contexts/StrokeFiller.h"
 #include "contexts/TimerResolution.h"
 #include "model/ActiveStroke.h"
 
@@ -16,7 +16,6 @@
 #include <QWidget>
 
 #include <memory>
-#include <vector>
 
 class BaseNode;
 class LayerManager;
@@ -67,10 +66,6 @@ private:
         std::shared_ptr<LayerManager> manager;
         ActiveStroke* stroke;  // null when the stroke, or the whole drawing, is gone
     };
-    struct TimedPoint {
-        StrokePoint point;
-        SampleTime time;
-    };
     Target findTarget() const;
     bool startThread(const QRect& view);
     void endThread();
@@ -79,9 +74,6 @@ private:
     void deliverSamples();
     void followView();
     void leaveView();
-    bool smooth(StrokePoint& point);
-    void cutTail(ActiveStroke& stroke);
-    void replacePoints(ActiveStroke& stroke);
 
     const PointerSource m_pointer;
     TimerResolution m_timerResolution;
@@ -95,8 +87,7 @@ private:
     QList<QPointer<QWidget>> m_followed;  // the view and what it is in, any of which may move it
     QPoint m_pressed;
     SamplingOptions m_options;
-    StrokeSmoother m_smoother;
-    std::vector<TimedPoint> m_points;  // what has gone into the stroke
+    StrokeFiller m_filler;
     EventClock m_eventClock;
     SampleTime m_released = SampleTime::max();
 };

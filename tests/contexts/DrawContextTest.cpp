@@ -2,6 +2,7 @@
 
 #include "contexts/DrawContextCommand.h"
 #include "contexts/ThreadManager.h"
+#include "settings/PenState.h"
 
 #include "api/Access.h"
 
@@ -137,8 +138,8 @@ TEST_F(DrawContextTest, AStrokeWhoseReleaseNeverComesEndsOnce)
     };
     unsigned strokes = 0;
     for (const std::function<void()>& loss : {std::function<void()>(hover), std::function<void()>(leaveWindow)}) {
-        pen(views.persp(), 0.3, QTabletEvent::Pen);
         press();
+        penState::setPressure(0.3f);
         QMouseEvent drag(QEvent::MouseMove, QPointF(9, 9), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&view, &drag);
         EXPECT_TRUE(ThreadManager::instance().isRunning());

@@ -286,6 +286,43 @@ TEST_F(ThreadManagerTest, SamplesWithoutAStrokeAreIgnored)
     manager.stop();
 }
 
+TEST_F(ThreadManagerTest, AStrokeMayBeStartedTwiceAndEndWithTheModule)
+{
+    ActiveStroke* stroke = begin(ToolType::Line);
+    {
+        ThreadManager ending([this] { return pointer.read(); });
+        ending.start(views.persp().widget(), &node(), "persp");
+        ending.start(views.persp().widget(), &node(), "persp");
+        EXPECT_TRUE(ending.isRunning());
+        waitForReads(2);
+    }
+    EXPECT_EQ(stroke->points.size(), 2);
+    drawing().dropStroke();
+
+    std::unique_ptr<QWidget> window(new QWidget);
+    auto* view = new QWidget(window.get());
+    begin(ToolType::Line);
+    manager.start(view, &node(), "persp");
+    waitForReads(1);
+    window.reset();
+    manager.stop();
+    EXPECT_FALSE(manager.isRunning());
+}
+
+TEST_F(ThreadManagerTest, PlacesFarOffTheViewAreDrawnTowards)
+{
+    const int far = 1 << 24;
+    ActiveStroke* stroke = begin(ToolType::Pencil);
+    manager.start(views.persp().widget(), &node(), "persp");
+    for (const QPoint& place : {QPoint(99, 100), QPoint(100, 100), QPoint(far, -far), QPoint(-far, far)}) {
+        sample(place.x(), place.y());
+    }
+    ASSERT_EQ(stroke->points.size(), 4);
+    EXPECT_NE(drawing().composite("persp"), nullptr);
+    EXPECT_GT(stroke->points[2].position.x(), far / 2);
+    EXPECT_LT(stroke->points[3].position.x(), 0);
+}
+
 TEST_F(ThreadManagerTest, AWorkerThatIsStuckIsLeftBehindAndNeverDisturbsTheNextStroke)
 {
     QSemaphore stuck;
