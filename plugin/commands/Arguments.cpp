@@ -7,6 +7,9 @@
 
 #include <maya/MStringArray.h>
 
+#include <algorithm>
+#include <limits>
+
 QString textArgument(const MArgDatabase& args, const char* flag, unsigned int index)
 {
     MString text;
@@ -19,6 +22,14 @@ int numberArgument(const MArgDatabase& args, const char* flag, unsigned int inde
     int number = 0;
     args.getFlagArgument(flag, index, number);
     return number;
+}
+
+int unsignedArgument(const MArgDatabase& args, const char* flag, unsigned int index)
+{
+    constexpr unsigned int kLargest = std::numeric_limits<int>::max();
+    unsigned int number = 0;
+    args.getFlagArgument(flag, index, number);
+    return int(std::min(number, kLargest));
 }
 
 int layerStateArgument(const MArgDatabase& args, const char* flag)

@@ -11,6 +11,8 @@ class LayerManager;
 /// The value of a flag; empty or 0 when the flag is not set.
 QString textArgument(const MArgDatabase& args, const char* flag, unsigned int index = 0);
 int numberArgument(const MArgDatabase& args, const char* flag, unsigned int index = 0);
+/// The same of an unsigned value; the largest int when it is larger than that.
+int unsignedArgument(const MArgDatabase& args, const char* flag, unsigned int index = 0);
 /// A layer's state, 0..2; an unknown one becomes kLayerAnim. -1 when the flag is not set.
 int layerStateArgument(const MArgDatabase& args, const char* flag);
 

@@ -44,12 +44,13 @@ MStatus showPanel(Panel panel)
     if (!widget) {
         return MStatus::kFailure;
     }
-    if (widget->isVisible()) {
-        widget->activateWindow();
-        widget->raise();
-    } else {
+    if (!widget->isVisible()) {
         widget->show();
+        return MStatus::kSuccess;
     }
+    widget->setWindowState(widget->windowState() & ~Qt::WindowMinimized);  // which counts as visible
+    widget->activateWindow();
+    widget->raise();
     return MStatus::kSuccess;
 }
 

@@ -6,7 +6,7 @@
 
 // What the util command does with the plug-in's windows. In batch mode there are none, and nobody is asked anything.
 
-/// Shows a hidden panel; gives a visible one the focus and raises it.
+/// Shows a hidden panel; gives a visible one the focus and raises it, out of the task bar if need be.
 MStatus showPanel(Panel panel);
 void refreshPanel(Panel panel);  ///< nothing happens to one that does not exist
 MStatus openDialog(Dialog dialog);

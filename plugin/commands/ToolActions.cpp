@@ -13,6 +13,7 @@
 namespace {
 
 constexpr int kComponentCount = 3;
+constexpr int kMaxComponent = 255;
 
 // contextName: of the context that the command made last.
 MStatus useContext(const char* command, QString& contextName)
@@ -55,13 +56,13 @@ MStatus setToolOptions(const MArgDatabase& args, const char* flag, ToolType tool
 {
     Preferences& preferences = Preferences::instance();
     unsigned int next = 0;
-    preferences.setToolSize(tool, numberArgument(args, flag, next++));
-    preferences.setToolOpacity(tool, numberArgument(args, flag, next++));
+    preferences.setToolSize(tool, unsignedArgument(args, flag, next++));
+    preferences.setToolOpacity(tool, unsignedArgument(args, flag, next++));
     if (tool == ToolType::Brush || tool == ToolType::Eraser) {
-        preferences.setToolHardness(tool, numberArgument(args, flag, next++));
+        preferences.setToolHardness(tool, unsignedArgument(args, flag, next++));
     }
     if (isFreehand(tool)) {
-        preferences.setTabletEnabled(tool, numberArgument(args, flag, next++) != 0);
+        preferences.setTabletEnabled(tool, unsignedArgument(args, flag, next++) != 0);
     }
     if (tool == ToolType::Text) {
         preferences.setTextFontFamily(textArgument(args, flag, next++));
@@ -75,8 +76,8 @@ bool readColourArgument(const MArgDatabase& args, const char* flag, QColor& colo
 {
     int values[kComponentCount];
     for (unsigned int i = 0; i < kComponentCount; ++i) {
-        values[i] = numberArgument(args, flag, i);
-        if (values[i] < 0 || values[i] > 255) {
+        values[i] = unsignedArgument(args, flag, i);
+        if (values[i] > kMaxComponent) {
             messages::error("Color values must be in the range of 0-255.");
             return false;
         }

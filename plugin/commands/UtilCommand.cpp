@@ -101,7 +101,7 @@ MStatus queryGhosts(const MArgDatabase&, const char*)
 template <const GhostSide& side>
 MStatus editGhostCount(const MArgDatabase& args, const char* flag)
 {
-    return setGhostCount(side, numberArgument(args, flag));
+    return setGhostCount(side, unsignedArgument(args, flag));
 }
 
 template <const GhostSide& side>
@@ -118,7 +118,7 @@ MStatus editGhostColour(const MArgDatabase& args, const char* flag)
 
 MStatus editGhostColourOverride(const MArgDatabase& args, const char* flag)
 {
-    return setGhostColourOverride(numberArgument(args, flag) != 0);
+    return setGhostColourOverride(unsignedArgument(args, flag) != 0);
 }
 
 MStatus queryGhostColourOverride(const MArgDatabase&, const char*)
@@ -128,8 +128,8 @@ MStatus queryGhostColourOverride(const MArgDatabase&, const char*)
 
 MStatus editTimelineDisplay(const MArgDatabase& args, const char* flag)
 {
-    const int display = numberArgument(args, flag);
-    if (display < 0 || display >= kTimelineDisplayCount) {
+    const int display = unsignedArgument(args, flag);
+    if (display >= kTimelineDisplayCount) {
         messages::error("Invalid timeline frame display option.");
         return MStatus::kFailure;
     }

@@ -6,7 +6,6 @@
 #include "node/MasterDrawing.h"
 #include "node/TimelineMarks.h"
 #include "settings/Names.h"
-#include "settings/PenState.h"
 #include "settings/Preferences.h"
 #include "settings/Rounding.h"
 #include "settings/ScriptBridge.h"
@@ -96,6 +95,7 @@ MStatus DrawContext::doPress(MEvent& event)
     }
     finish();  // what is typed, or a press whose release never came
     m_inputHandler.watchActiveView();
+    m_inputHandler.pen().pressButton();
     MStatus status;
     M3dView view = M3dView::active3dView(&status);
     BaseNode* const node = BaseNode::masterNode();
@@ -147,7 +147,7 @@ void DrawContext::release()
     if (m_state != State::Drawing || !beginTyping()) {
         finish();
     }
-    penState::reset();
+    m_inputHandler.pen().reset();
 }
 
 void DrawContext::releaseLost()

@@ -3,10 +3,8 @@
 #include "contexts/ContextMenu.h"
 #include "contexts/DrawContext.h"
 #include "contexts/DrawToolMenu.h"
-#include "contexts/PenPressure.h"
 #include "contexts/ThreadManager.h"
 #include "contexts/TimelineMenu.h"
-#include "settings/PenState.h"
 #include "settings/Preferences.h"
 #include "settings/ScriptBridge.h"
 #include "settings/Text.h"
@@ -20,7 +18,7 @@
 
 void DrawContextInputHandler::setUp()
 {
-    penState::reset();
+    m_pen.reset();
     m_keys.clear();
     if (!m_timeSlider && MQtUtil::mainWindow()) {
         m_timeSlider = MQtUtil::findControl(toMString(script::timeControlName()));
@@ -34,6 +32,7 @@ void DrawContextInputHandler::setUp()
 void DrawContextInputHandler::cleanUp()
 {
     m_views.release();
+    m_pen.reset();
     // Our code may be gone before the host would next delete what is closed. A menu that has led here is closed
     // already.
     if (m_menu && m_menu->isVisible()) {
@@ -71,7 +70,7 @@ bool DrawContextInputHandler::eventFilter(QObject* watched, QEvent* event)
     case QEvent::WindowDeactivate: m_tool.windowLeft(watched); break;
     case QEvent::TabletMove:
     case QEvent::TabletPress:
-    case QEvent::TabletRelease: followPen(static_cast<QTabletEvent&>(*event)); break;
+    case QEvent::TabletRelease: m_pen.follow(static_cast<QTabletEvent&>(*event)); break;
     default: break;
     }
     if (isTaken) {
@@ -136,17 +135,6 @@ void DrawContextInputHandler::movePointer(const QObject* watched, const QMouseEv
 {
     if (event.buttons() == Qt::NoButton && m_views.contains(watched)) {
         m_tool.releaseLost();
-    }
-}
-
-void DrawContextInputHandler::followPen(const QTabletEvent& event)
-{
-    // A pen that only hovers, or lifts, says nothing about its tip: the next press may be the mouse's.
-    if (event.type() == QEvent::TabletPress || event.pressure() > 0.0) {
-        penState::setEraserTip(event.pointerType() == QTabletEvent::Eraser);
-    }
-    if (event.pressure() > 0.0) {
-        penState::setPressure(penPressureCurve(float(event.pressure())));
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "contexts/HeldKeys.h"
+#include "contexts/PenContact.h"
 #include "contexts/WatchedViews.h"
 
 #include <QMenu>
@@ -10,7 +11,6 @@
 
 class DrawContext;
 class QMouseEvent;
-class QTabletEvent;
 
 /// Watches the host's windows, views and time slider while the draw tool is in use, for what the host does not pass on
 /// to tools: keys, input methods, the tablet's pen, the right button, and a press that has lost its release.
@@ -25,6 +25,7 @@ public:
     /// Watches the active view too.
     void watchActiveView();
     const HeldKeys& heldKeys() const { return m_keys; }
+    PenContact& pen() { return m_pen; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -40,7 +41,6 @@ private:
     bool pressButton(QObject* watched, const QMouseEvent& event);
 
     void movePointer(const QObject* watched, const QMouseEvent& event);
-    void followPen(const QTabletEvent& event);
     /// Opens the menu of what is pressed; false when the press is the host's.
     bool openMenu(QObject* pressed, const QMouseEvent& event);
     /// A new menu for what is pressed; null when none is wanted there.
@@ -49,6 +49,7 @@ private:
     DrawContext& m_tool;
     WatchedViews m_views{*this};
     HeldKeys m_keys;
+    PenContact m_pen;
     QPointer<QWidget> m_timeSlider;
     QPointer<QMenu> m_menu;  // the last that was opened
 };

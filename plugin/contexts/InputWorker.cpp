@@ -5,7 +5,6 @@
 #include <QThread>
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 namespace {
@@ -21,13 +20,6 @@ QPoint inView(const QPoint& place, const QRect& view)
     const double y = double(view.height()) - (double(place.y()) - view.top()) + 1;
     const auto held = [](double value) { return int(std::max(-kFarthest, std::min(kFarthest, value))); };
     return QPoint(held(x), held(y));
-}
-
-/// The pen's, or that of no pen where a driver sends what is no number.
-float usablePressure()
-{
-    const float pressure = penState::pressure();
-    return std::isnan(pressure) ? 1.0f : std::max(0.0f, std::min(1.0f, pressure));
 }
 
 }  // namespace
@@ -67,16 +59,17 @@ void InputWorker::Shutdown()
 
 void InputWorker::Poll()
 {
-    const float opacity = m_options.tabletEnabled ? m_options.opacity * usablePressure() : m_options.opacity;
     const PointerSighting seen = m_pointer();
-    m_gate->ifOpen([&](const QRect& view) { sendMove(inView(seen.place, view), opacity, seen.time); });
+    m_gate->ifOpen([&](const QRect& view) { sendMove(inView(seen.place, view), seen.time); });
 }
 
-void InputWorker::sendMove(const QPoint& position, float opacity, SampleTime time)
+void InputWorker::sendMove(const QPoint& position, SampleTime time)
 {
     if (position == m_lastPosition) {
         return;
     }
+    // Read within the gate: who changes the pressure there knows that all samples of before are under way.
+    const float opacity = m_options.tabletEnabled ? m_options.opacity * penState::pressure() : m_options.opacity;
     if (m_lastPosition == unknownPosition()) {
         const QPoint start = firstPosition(position);
         send(start - QPoint(1, 0), opacity, time);

@@ -35,7 +35,7 @@ signals:
     void MousePositionChanged(const QPoint& position, int width, float opacity, float hardness);
 
 private:
-    void sendMove(const QPoint& position, float opacity, SampleTime time);
+    void sendMove(const QPoint& position, SampleTime time);
     void send(const QPoint& position, float opacity, SampleTime time);
     QPoint firstPosition(const QPoint& polled) const;
 

@@ -20,6 +20,13 @@ public:
     /// When the sample that arrives next was taken; now when it did not pass here. To be asked once for each.
     SampleTime takeTime();
 
+    /// Calls change() while no sample is being taken: those of before are under way.
+    template <typename Change>
+    void betweenSamples(Change change)
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        change();
+    }
     /// Calls pass(view) while the gate is open and stays so. pass: may call noteTime, once for each sample it sends.
     template <typename Pass>
     void ifOpen(Pass pass)

@@ -65,9 +65,24 @@ void StrokeFiller::cutAfter(SampleTime end, ActiveStroke& stroke)
         return;
     }
     m_points.erase(m_points.begin() + std::ptrdiff_t(kept), m_points.end());
+    refill(stroke);
+}
+
+void StrokeFiller::weigh(float pressure, ActiveStroke& stroke)
+{
+    m_smoother.weigh(pressure);
+    for (TimedPoint& timed : m_points) {
+        timed.point.opacity *= pressure;
+    }
+    refill(stroke);
+}
+
+void StrokeFiller::refill(ActiveStroke& stroke)
+{
     stroke.points.clear();
     for (const TimedPoint& timed : m_points) {
         addPoint(stroke, timed.point);
     }
+    stroke.drawAnew = true;
     stroke.changed = true;
 }

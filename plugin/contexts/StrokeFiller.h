@@ -16,6 +16,8 @@ public:
     bool add(ActiveStroke& stroke, StrokePoint sample, SampleTime time);
     /// Takes back what came of samples younger than `end`; of the first two never, for they are a click's mark.
     void cutAfter(SampleTime end, ActiveStroke& stroke);
+    /// Weighs the opacity of all points so far, and of what is smoothed with them.
+    void weigh(float pressure, ActiveStroke& stroke);
     bool isEmpty() const { return m_points.empty(); }
 
 private:
@@ -24,6 +26,7 @@ private:
         SampleTime time;
     };
     bool smooth(StrokePoint& sample);
+    void refill(ActiveStroke& stroke);
 
     StrokeSmoother m_smoother;
     std::vector<TimedPoint> m_points;  // that have gone into the stroke

@@ -43,6 +43,13 @@ bool StrokeSmoother::accept(Sample& sample, int width)
     return true;
 }
 
+void StrokeSmoother::weigh(float pressure)
+{
+    for (Sample& sample : m_history) {
+        sample.opacity *= pressure;
+    }
+}
+
 StrokeSmoother::Sample StrokeSmoother::mean() const
 {
     const size_t count = m_history.size();

@@ -17,6 +17,8 @@ public:
     /// The next sample, of a tool of so many canvas pixels. False when it is to be dropped; else it becomes the
     /// stroke's next point, halves of a pixel rounded away from zero.
     bool accept(Sample& sample, int width);
+    /// Weighs the opacity of the samples so far.
+    void weigh(float pressure);
 
 private:
     Sample mean() const;

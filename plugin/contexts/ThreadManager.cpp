@@ -2,6 +2,7 @@
 
 #include "model/LayerManager.h"
 #include "node/BaseNode.h"
+#include "settings/PenState.h"
 #include "settings/Preferences.h"
 
 #include <QCoreApplication>
@@ -158,6 +159,20 @@ void ThreadManager::endThread()
         m_detached.append(m_thread);  // a thread that runs must not be deleted
     }
     m_thread = nullptr;
+}
+
+void ThreadManager::weighStroke(float pressure)
+{
+    if (!m_running) {
+        penState::setPressure(pressure);
+        return;
+    }
+    m_gate->betweenSamples([pressure] { penState::setPressure(pressure); });
+    deliverSamples();  // the last ones of before
+    ActiveStroke* stroke = findTarget().stroke;
+    if (stroke && m_options.tabletEnabled) {
+        m_filler.weigh(pressure, *stroke);
+    }
 }
 
 void ThreadManager::pollOnce()

@@ -49,6 +49,10 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+    /// The pen's pressure came to be known only now, after the stroke has begun: makes it the pen's, and weighs with it
+    /// what has been sampled so far without any.
+    void weighStroke(float pressure);
+
 signals:
     void RunInputWorker();
     void ShutdownInputWorker();

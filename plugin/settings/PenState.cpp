@@ -1,6 +1,8 @@
 #include "settings/PenState.h"
 
+#include <algorithm>
 #include <atomic>
+#include <cmath>
 
 namespace penState {
 
@@ -18,7 +20,8 @@ float pressure()
 
 void setPressure(float pressure)
 {
-    s_pressure.store(pressure, std::memory_order_relaxed);
+    const float usable = std::isnan(pressure) ? 1.0f : std::max(0.0f, std::min(1.0f, pressure));
+    s_pressure.store(usable, std::memory_order_relaxed);
 }
 
 bool isEraserTip()

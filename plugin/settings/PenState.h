@@ -4,8 +4,8 @@
 /// read by the pointer worker on its own thread at every poll.
 namespace penState {
 
-float pressure();  ///< 0..1; 1 when no tablet is in use
-void setPressure(float pressure);
+float pressure();                  ///< 0..1; 1 when no tablet is in use
+void setPressure(float pressure);  ///< held within 0..1; what is no number is that of no tablet
 
 /// The pen is turned round, so that its eraser end is on the tablet. Main thread only.
 bool isEraserTip();

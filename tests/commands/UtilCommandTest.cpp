@@ -153,6 +153,9 @@ TEST_F(UtilCommandTest, MakesAToolCurrentAndMakesItAnewWhenTheUserDeletedIt)
         run("setToolTo selectSuperContext");
         ASSERT_TRUE(util(flag)) << flag;
         EXPECT_EQ(currentTool(), first) << flag;
+        run("setToolTo selectSuperContext; file -f -new");
+        ASSERT_TRUE(util(flag)) << flag;
+        EXPECT_EQ(currentTool(), first) << flag << ": a new scene has the same tools";
         run("setToolTo selectSuperContext; deleteUI -toolContext " + first);
         ASSERT_TRUE(util(flag)) << flag;
         EXPECT_NE(currentTool(), "selectSuperContext") << flag;
@@ -235,10 +238,56 @@ TEST_F(UtilCommandTest, StoresToolOptionsAsFarAsTheyGo)
         EXPECT_THAT(panels.takeRefreshed(), ElementsAre(Panel::ToolOptions, Panel::Toolbox)) << c.arguments;
     }
     EXPECT_EQ(preferences.textFontFamily(), "Courier");
-    for (const char* malformed : {"-po 1 2", "-po -1 2 0", "-bo 1 2 3", "-txo 1 2", "-lo a b", "-q -po"}) {
-        expectRefused(malformed);
-    }
+    expectRefused("-q -po", "Invalid command parameters");
     EXPECT_EQ(preferences.toolSize(ToolType::Pencil), 1);
+}
+
+TEST_F(UtilCommandTest, WhatIsNoValueOfItsTypeIsRefusedWhole)
+{
+    const struct {
+        const char* flag;
+        int numbers;
+        const char* rest;  // what the flag takes after its numbers
+        bool isSigned;
+    } cases[] = {
+        {"-e -dc", 3, "", false},  {"-e -gp", 1, "", true},   {"-e -gn", 1, "", true},   {"-e -gpc", 1, "", false},
+        {"-e -gnc", 1, "", false}, {"-e -gco", 1, "", false}, {"-e -gcp", 3, "", false}, {"-e -gcn", 3, "", false},
+        {"-e -tfd", 1, "", false}, {"-po", 3, "", false},     {"-bo", 4, "", false},     {"-eo", 4, "", false},
+        {"-txo", 2, "x", false},   {"-lo", 2, "", false},     {"-ao", 2, "", false},     {"-elo", 2, "", false},
+        {"-ro", 2, "", false},
+    };
+    const auto settings = [this] {
+        std::string all;
+        for (const char* flag : {"-dc", "-gp", "-gn", "-gpc", "-gnc", "-gco", "-gcp", "-gcn", "-tfd"}) {
+            all += kernel::toText(ask(std::string("-q ") + flag)) + "; ";
+        }
+        for (int i = 0; i < 8; ++i) {
+            const Preferences& preferences = Preferences::instance();
+            const ToolType tool = ToolType(i);
+            for (int value : {preferences.toolSize(tool), preferences.toolOpacity(tool), preferences.toolHardness(tool),
+                              int(preferences.isTabletEnabled(tool))}) {
+                all += std::to_string(value) + " ";
+            }
+        }
+        return all + Preferences::instance().textFontFamily().toStdString();
+    };
+    const std::string before = settings();
+    for (const auto& c : cases) {
+        for (int wrong = 0; wrong < c.numbers; ++wrong) {
+            for (const char* value : {"", "-1", "-2147483649", "2147483648", "4294967295", "1e10", "x"}) {
+                if (c.isSigned && value == std::string("-1")) {
+                    continue;
+                }
+                std::string arguments = c.flag;
+                for (int i = 0; i < c.numbers; ++i) {
+                    arguments += std::string(" ") + (i == wrong ? value : "1");
+                }
+                expectRefused(arguments + " " + c.rest);
+                EXPECT_EQ(settings(), before) << arguments;
+            }
+        }
+    }
+    EXPECT_THAT(told(), IsEmpty());
 }
 
 TEST_F(UtilCommandTest, SettingsAreEditedHeldWithinTheirRangeAndAskedFor)
@@ -290,10 +339,6 @@ TEST_F(UtilCommandTest, ARefusedSettingLeavesTheOldValue)
         {"-e -tfd 3", "Invalid timeline frame display option.", "-q -tfd"},
         {"-tfd 2", "Invalid command parameters", "-q -tfd"},
         {"-dc 1 2 3", "Invalid command parameters", "-q -dc"},
-        {"-e -gpc -1", nullptr, "-q -gpc"},
-        {"-e -dc 1 2", nullptr, "-q -dc"},
-        {"-e -gp", nullptr, "-q -gp"},
-        {"-e -gp x", nullptr, "-q -gp"},
     };
     for (const auto& c : cases) {
         const Value before = ask(c.query);
@@ -403,6 +448,9 @@ TEST_F(UtilCommandTest, ShowsThePanelThatThereIsOrMakesIt)
         panel->hide();
         ASSERT_TRUE(util(c.flag)) << c.flag;
         EXPECT_TRUE(panel->isVisible()) << c.flag;
+        panel->setWindowState(Qt::WindowMinimized | Qt::WindowMaximized);
+        ASSERT_TRUE(util(c.flag)) << c.flag;
+        EXPECT_EQ(panel->windowState(), Qt::WindowMaximized) << c.flag;
     }
     panels.refusing = true;
     delete panels.existingPanel(Panel::Toolbox);
@@ -521,6 +569,7 @@ TEST_F(UtilCommandTest, TheFirstFlagInOrderIsRun)
     EXPECT_THAT(panels.opened, IsEmpty());
     EXPECT_TRUE(util("-tt -lt"));
     EXPECT_EQ(Preferences::instance().activeTool(), ToolType::Line);
+    EXPECT_EQ(ask("-q -tfd -gpc"), Value(4)) << "asked, too";
 }
 
 TEST_F(UtilCommandTest, LeavesNoUndoStepAndSaysWhatItCannotDo)

@@ -2,13 +2,13 @@
 
 #include "contexts/DrawContextCommand.h"
 #include "contexts/ThreadManager.h"
+#include "settings/PenState.h"
 
 #include "api/Access.h"
 
 #include <QCoreApplication>
 #include <QCursor>
 #include <QMouseEvent>
-#include <QTabletEvent>
 
 #include <functional>
 
@@ -37,13 +37,6 @@ protected:
     {
         press();
         release();
-    }
-    void pen(TestView& view, double pressure, QTabletEvent::PointerType end, QEvent::Type type = QEvent::TabletPress)
-    {
-        QTabletEvent event(type, QPointF(), QPointF(), QTabletEvent::Stylus, end, pressure, 0, 0, 0, 0, 0,
-                           Qt::NoModifier, 1, Qt::LeftButton, Qt::LeftButton);
-        event.ignore();
-        QCoreApplication::sendEvent(view.widget(), &event);
     }
 
     const QString blank = pixels::hash(Frame(timeOfFrame(0)).image());
@@ -145,8 +138,8 @@ TEST_F(DrawContextTest, AStrokeWhoseReleaseNeverComesEndsOnce)
     };
     unsigned strokes = 0;
     for (const std::function<void()>& loss : {std::function<void()>(hover), std::function<void()>(leaveWindow)}) {
-        pen(views.persp(), 0.3, QTabletEvent::Pen);
         press();
+        penState::setPressure(0.3f);
         QMouseEvent drag(QEvent::MouseMove, QPointF(9, 9), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&view, &drag);
         EXPECT_TRUE(ThreadManager::instance().isRunning());
@@ -251,36 +244,6 @@ TEST_F(DrawContextTest, LeavingTheToolOrPressingAnewEndsAStroke)
     MEvent event;
     api::ToolBox::instance().current()->toolOnSetup(event);
     EXPECT_EQ(commits.size(), 4u) << "entered anew without being left";
-}
-
-TEST_F(DrawContextTest, ThePensEndAndPressureCountUntilTheRelease)
-{
-    Preferences::instance().setActiveTool(ToolType::Pencil);
-    Preferences::instance().setTabletEnabled(ToolType::Pencil, true);
-    pen(views.persp(), 0.7, QTabletEvent::Pen);
-    EXPECT_FLOAT_EQ(penState::pressure(), 0.82f);
-    pen(views.persp(), 0.0, QTabletEvent::Eraser);
-    EXPECT_FLOAT_EQ(penState::pressure(), 0.82f) << "no pressure says nothing";
-    press();
-    ASSERT_NE(drawing().stroke("persp"), nullptr);
-    EXPECT_EQ(drawing().stroke("persp")->tool, ToolType::Eraser);
-    release();
-    EXPECT_FLOAT_EQ(penState::pressure(), 1.0f);
-    EXPECT_FALSE(penState::isEraserTip());
-    pen(views.persp(), 0.0, QTabletEvent::Eraser, QEvent::TabletMove);
-    EXPECT_FALSE(penState::isEraserTip()) << "a pen that hovers away leaves the mouse its tool";
-
-    // A view is watched from its first press on, and no longer once the tool is left.
-    pen(views.top(), 0.3, QTabletEvent::Pen);
-    EXPECT_FLOAT_EQ(penState::pressure(), 1.0f);
-    views.activate(views.top());
-    click();
-    pen(views.top(), 0.3, QTabletEvent::Pen);
-    EXPECT_FLOAT_EQ(penState::pressure(), 0.3f);
-    run("setToolTo selectSuperContext");
-    penState::reset();
-    pen(views.top(), 0.3, QTabletEvent::Pen);
-    EXPECT_FLOAT_EQ(penState::pressure(), 1.0f);
 }
 
 TEST_F(DrawContextTest, ADrawingNodeIsAskedForOnceWhereThereIsNone)

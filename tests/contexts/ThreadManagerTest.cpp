@@ -2,6 +2,7 @@
 
 #include "contexts/InputWorker.h"
 #include "contexts/ThreadManager.h"
+#include "settings/PenState.h"
 #include "support/TestView.h"
 
 #include <QCoreApplication>
@@ -133,6 +134,28 @@ TEST_F(ThreadManagerTest, FreehandPointsAreSmoothedAndTheFirstSegmentShowsAtOnce
     EXPECT_EQ(stroke->points[1].position.x(), 240);  // 2/3 of the way
     EXPECT_EQ(views.persp().refreshes, 1);
     EXPECT_GT(views.persp().scheduled, 0);
+}
+
+TEST_F(ThreadManagerTest, APressureKnownLateWeighsAllThatWasSampledBefore)
+{
+    for (const bool withTablet : {true, false}) {
+        Preferences::instance().setTabletEnabled(ToolType::Brush, withTablet);
+        ActiveStroke* stroke = begin(ToolType::Brush);
+        manager.start(views.persp().widget(), &node(), "persp");
+        waitForReads(1);  // what this has sampled is still under way
+        manager.weighStroke(0.25f);
+        for (int i = 1; i <= 6; ++i) {
+            pointer.moveTo(140 + i * 30, 160);
+            waitForReads(2);
+        }
+        manager.stop();
+        ASSERT_GE(stroke->points.size(), 6);
+        for (const StrokePoint& point : stroke->points) {
+            EXPECT_FLOAT_EQ(point.opacity, withTablet ? 0.25f : 1.0f);
+        }
+        drawing().dropStroke();
+        penState::reset();
+    }
 }
 
 TEST_F(ThreadManagerTest, AShapeIsSpannedBetweenItsStartAndTheLatestPosition)

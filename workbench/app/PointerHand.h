@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QEvent>
+#include <QPoint>
 #include <QPointF>
 #include <QPointer>
 #include <QVector>
@@ -23,16 +24,20 @@ public:
     };
 
     explicit PointerHand(view::Viewport& view) : m_view(&view) {}
+    virtual ~PointerHand() = default;
 
     /// One stroke along a smooth curve through the points, which are pixels of the view's widget counted from its upper
     /// left and lie within it, as the stroke does. Between two points it is straight; a point given twice is a corner.
     /// pace: milliseconds for each four pixels of the way.
     End draw(const QVector<QPointF>& through, int pace);
 
-private:
-    /// To the view, where the pointer is.
-    void send(QEvent::Type type, Qt::MouseButton button);
+protected:
+    /// Tells the view of a mouse that is pressed, moved or released. at: where the pointer is on the screen. along: how
+    /// far the hand has come, in points; 1.5 is midway between the second and the third.
+    virtual void tell(QEvent::Type type, const QPoint& at, double along);
+    view::Viewport* view() const { return m_view; }  ///< null once it has gone
 
+private:
     QPointer<view::Viewport> m_view;
 };
 

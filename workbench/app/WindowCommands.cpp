@@ -1,10 +1,9 @@
 #include "app/WindowCommands.h"
 
 #include "app/MainWindow.h"
-#include "app/PointerHand.h"
+#include "app/PenHand.h"
 #include "app/Version.h"
 #include "app/ViewLayouts.h"
-#include "kernel/Syntax.h"
 #include "view/Viewport.h"
 #include "view/Viewports.h"
 
@@ -16,7 +15,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScopedValueRollback>
-#include <QTabletEvent>
 
 namespace app {
 
@@ -99,25 +97,45 @@ bool toNumbers(const kernel::ValueList& values, std::vector<double>& numbers)
     return true;
 }
 
-/// What workbenchHand was given as pixels of the view's widget. extent: what the last pixel across and down is called.
-QVector<QPointF> pointsInView(const kernel::ValueList& values, const view::Viewport& view, const QPointF& extent)
+void checkPressure(const std::string& command, double pressure)
+{
+    if (!(pressure >= 0 && pressure <= 1)) {
+        throw CommandError(command + ": the pressure must be between 0 and 1");
+    }
+}
+
+kernel::Syntax strokeSyntax()
+{
+    kernel::Syntax syntax;
+    syntax.addFlag("p", "panel", {ArgType::String});
+    syntax.addFlag("pc", "pace", {ArgType::Int});
+    syntax.addFlag("px", "pixels");
+    syntax.setObjects(kernel::Syntax::Objects::Strings);
+    return syntax;
+}
+
+/// So many numbers for each point of a stroke.
+std::vector<double> strokeNumbers(const std::string& command, const kernel::ValueList& values, std::size_t forEach)
 {
     std::vector<double> numbers;
-    if (!toNumbers(values, numbers) || numbers.empty() || numbers.size() % 2 != 0) {
-        throw CommandError("workbenchHand: pairs of numbers are needed, one for each point");
+    if (!toNumbers(values, numbers) || numbers.empty() || numbers.size() % forEach != 0) {
+        throw CommandError(command + ": " + (forEach == 2 ? "pairs" : "triples")
+                           + " of numbers are needed, one for each point");
     }
-    if (numbers.size() > 2 * kMostPoints) {
-        throw CommandError("workbenchHand: a stroke has at most " + std::to_string(kMostPoints) + " points");
+    if (numbers.size() > forEach * kMostPoints) {
+        throw CommandError(command + ": a stroke has at most " + std::to_string(kMostPoints) + " points");
     }
-    QVector<QPointF> points;
-    for (std::size_t i = 0; i < numbers.size(); i += 2) {
-        const QPointF part(numbers[i] / extent.x(), numbers[i + 1] / extent.y());
-        if (!(part.x() >= 0 && part.x() <= 1 && part.y() >= 0 && part.y() <= 1)) {
-            throw CommandError("workbenchHand: point " + std::to_string(i / 2 + 1) + " is not in the view");
-        }
-        points << QPointF(part.x() * (view.width() - 1), part.y() * (view.height() - 1));
+    return numbers;
+}
+
+/// A point of a stroke as a pixel of the view's widget. extent: what the last pixel across and down is called.
+QPointF pointInView(const std::string& command, const QPointF& given, const view::Viewport& view, const QPointF& extent)
+{
+    const QPointF part(given.x() / extent.x(), given.y() / extent.y());
+    if (!(part.x() >= 0 && part.x() <= 1 && part.y() >= 0 && part.y() <= 1)) {
+        throw CommandError(command + " is not in the view");
     }
-    return points;
+    return QPointF(part.x() * (view.width() - 1), part.y() * (view.height() - 1));
 }
 
 }  // namespace
@@ -152,9 +170,9 @@ view::Viewport& WindowCommands::findView(const char* command, const std::string&
     return *view;
 }
 
-view::Viewport& WindowCommands::findViewToDrawIn(const std::string& panel) const
+view::Viewport& WindowCommands::findViewToDrawIn(const char* command, const std::string& panel) const
 {
-    view::Viewport& view = findView("workbenchHand", panel);
+    view::Viewport& view = findView(command, panel);
     const struct {
         bool holds;
         const char* text;
@@ -166,7 +184,7 @@ view::Viewport& WindowCommands::findViewToDrawIn(const std::string& panel) const
     };
     for (const auto& refusal : refusals) {
         if (refusal.holds) {
-            throw CommandError(std::string("workbenchHand: ") + refusal.text);
+            throw CommandError(std::string(command) + ": " + refusal.text);
         }
     }
     return view;
@@ -246,21 +264,77 @@ QRect WindowCommands::controlRect(const std::string& name) const
     return own ? screenRect(*own) : screenRect(m_ui.get("workbenchControl", name));
 }
 
+WindowCommands::Stroke WindowCommands::readStroke(const std::string& command, const kernel::ParsedArgs& parsed,
+                                                  std::size_t numbersForEach) const
+{
+    const int pace = parsed.integer("pace", 0, kUsualPace);
+    if (pace < 1 || pace > kLongestPace) {
+        throw CommandError(command + ": -pace must be between 1 and " + std::to_string(kLongestPace));
+    }
+    view::Viewport& view = findViewToDrawIn(command.c_str(), parsed.text("panel"));
+    const QPointF extent = parsed.has("pixels") ? QPointF(view.portWidth() - 1, view.portHeight() - 1) : QPointF(1, 1);
+    const std::vector<double> numbers = strokeNumbers(command, parsed.objects, numbersForEach);
+    Stroke stroke{view, pace, {}, {}};
+    for (std::size_t i = 0; i < numbers.size(); i += numbersForEach) {
+        const std::string point = command + ": point " + std::to_string(i / numbersForEach + 1);
+        stroke.points << pointInView(point, QPointF(numbers[i], numbers[i + 1]), view, extent);
+        if (numbersForEach > 2) {
+            checkPressure(command, numbers[i + 2]);
+            stroke.pressures << numbers[i + 2];
+        }
+    }
+    return stroke;
+}
+
+void WindowCommands::draw(const std::string& command, PointerHand& hand, const Stroke& stroke)
+{
+    const QScopedValueRollback<bool> down(m_handIsDown, true);
+    switch (hand.draw(stroke.points, stroke.pace)) {
+    case PointerHand::End::Released: break;
+    case PointerHand::End::Immovable: throw CommandError(command + ": this desktop lets no program move the pointer");
+    case PointerHand::End::Taken: throw CommandError(command + ": the pointer was moved away; the stroke ends there");
+    }
+}
+
+Value WindowCommands::workbenchHand(const kernel::ValueList& args)
+{
+    const std::string command = "workbenchHand";
+    kernel::Syntax syntax = strokeSyntax();
+    syntax.enableQuery();
+    const kernel::ParsedArgs parsed = kernel::parsedOrThrow(syntax, args, command);
+    if (parsed.query) {
+        const QPoint at = QCursor::pos() * m_window.devicePixelRatioF();
+        return kernel::IntArray{at.x(), at.y()};
+    }
+    const Stroke stroke = readStroke(command, parsed, 2);
+    PointerHand hand(stroke.view);
+    draw(command, hand, stroke);
+    return {};
+}
+
 Value WindowCommands::workbenchPen(const kernel::ValueList& args)
 {
-    kernel::Syntax syntax;
-    syntax.addFlag("pr", "pressure", {ArgType::Double});
+    const std::string command = "workbenchPen";
+    kernel::Syntax syntax = strokeSyntax();
     syntax.addFlag("er", "eraser", {ArgType::Bool});
+    syntax.addFlag("pr", "pressure", {ArgType::Double});
     syntax.addFlag("rl", "release");
-    const kernel::ParsedArgs parsed = kernel::parsedOrThrow(syntax, args);
-    const bool release = parsed.has("release");
-    if (!parsed.has("pressure") && !release) {
-        throw CommandError("workbenchPen: -pressure or -release is needed");
+    const kernel::ParsedArgs parsed = kernel::parsedOrThrow(syntax, args, command);
+    if (parsed.has("pressure") || parsed.has("release")) {
+        sendPenEvent(parsed);
+        return {};
     }
+    const Stroke stroke = readStroke(command, parsed, 3);
+    PenHand hand(stroke.view, stroke.pressures,
+                 parsed.integer("eraser") != 0 ? PenHand::Tip::Eraser : PenHand::Tip::Point);
+    draw(command, hand, stroke);
+    return {};
+}
+
+void WindowCommands::sendPenEvent(const kernel::ParsedArgs& parsed)
+{
     const double pressure = parsed.number("pressure");
-    if (pressure < 0 || pressure > 1) {
-        throw CommandError("workbenchPen: -pressure must be between 0 and 1");
-    }
+    checkPressure("workbenchPen", pressure);
     const QPoint at = QCursor::pos();
     auto* const view = qobject_cast<view::Viewport*>(QApplication::widgetAt(at));
     if (!view) {
@@ -269,48 +343,14 @@ Value WindowCommands::workbenchPen(const kernel::ValueList& args)
     if (parsed.has("eraser")) {
         m_penIsEraser = parsed.integer("eraser") != 0;
     }
+    const bool release = parsed.has("release");
     const QEvent::Type type = release ? QEvent::TabletRelease : m_penIsDown ? QEvent::TabletMove : QEvent::TabletPress;
     m_penIsDown = !release;
-    QTabletEvent event(type, view->mapFromGlobal(at), at, QTabletEvent::Stylus,
-                       m_penIsEraser ? QTabletEvent::Eraser : QTabletEvent::Pen, pressure, 0, 0, 0, 0, 0,
-                       QApplication::keyboardModifiers(), 1, type == QEvent::TabletMove ? Qt::NoButton : Qt::LeftButton,
-                       release ? Qt::NoButton : Qt::LeftButton);
-    QApplication::sendEvent(view, &event);
+    PenHand(*view, {}, m_penIsEraser ? PenHand::Tip::Eraser : PenHand::Tip::Point)
+        .tellOfPen(type, at, pressure, release ? Qt::NoButton : Qt::LeftButton);
     if (release) {
         m_penIsEraser = false;
     }
-    return {};
-}
-
-Value WindowCommands::workbenchHand(const kernel::ValueList& args)
-{
-    kernel::Syntax syntax;
-    syntax.enableQuery();
-    syntax.addFlag("p", "panel", {ArgType::String});
-    syntax.addFlag("pc", "pace", {ArgType::Int});
-    syntax.addFlag("px", "pixels");
-    syntax.setObjects(kernel::Syntax::Objects::Strings);
-    const kernel::ParsedArgs parsed = kernel::parsedOrThrow(syntax, args, "workbenchHand");
-    if (parsed.query) {
-        const QPoint at = QCursor::pos() * m_window.devicePixelRatioF();
-        return kernel::IntArray{at.x(), at.y()};
-    }
-    const int pace = parsed.integer("pace", 0, kUsualPace);
-    if (pace < 1 || pace > kLongestPace) {
-        throw CommandError("workbenchHand: -pace must be between 1 and " + std::to_string(kLongestPace));
-    }
-    view::Viewport& view = findViewToDrawIn(parsed.text("panel"));
-    const QPointF extent = parsed.has("pixels") ? QPointF(view.portWidth() - 1, view.portHeight() - 1) : QPointF(1, 1);
-    const QVector<QPointF> points = pointsInView(parsed.objects, view, extent);
-    const QScopedValueRollback<bool> down(m_handIsDown, true);
-    switch (PointerHand(view).draw(points, pace)) {
-    case PointerHand::End::Released: break;
-    case PointerHand::End::Immovable:
-        throw CommandError("workbenchHand: this desktop lets no program move the pointer");
-    case PointerHand::End::Taken:
-        throw CommandError("workbenchHand: the pointer was moved away; the stroke ends there");
-    }
-    return {};
 }
 
 Value WindowCommands::workbenchAbout(const kernel::ValueList& args)

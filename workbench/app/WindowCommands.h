@@ -1,9 +1,12 @@
 #pragma once
 
 #include "kernel/Session.h"
+#include "kernel/Syntax.h"
 #include "ui/UiObjects.h"
 
+#include <QPointF>
 #include <QRect>
+#include <QVector>
 
 namespace view {
 class Viewport;
@@ -12,9 +15,15 @@ class Viewport;
 namespace app {
 
 class MainWindow;
+class PointerHand;
 
 /// The commands that stand on the main window, for automation and demonstrations: workbenchView, workbenchControl,
 /// workbenchPen, workbenchHand and workbenchAbout. Registered for as long as this lives.
+///
+///     workbenchControl -query -screenRect [-menuEntry] NAME
+///
+/// tells where a control, menu or item is on the screen: left, top, width and height, all 0 for what is not to be seen.
+/// With -menuEntry the name is the label of an entry of a menu that is open, whoever opened it.
 ///
 ///     workbenchHand [-panel NAME] [-pace MS] [-pixels] X Y X Y ...
 ///
@@ -25,10 +34,11 @@ class MainWindow;
 /// moved, and ends its stroke and fails when the user takes the pointer away. -query tells where the pointer is, in
 /// pixels of the screen.
 ///
-///     workbenchControl -query -screenRect [-menuEntry] NAME
+///     workbenchPen [-panel NAME] [-pace MS] [-pixels] [-eraser BOOL] X Y PRESSURE X Y PRESSURE ...
 ///
-/// tells where a control, menu or item is on the screen: left, top, width and height, all 0 for what is not to be seen.
-/// With -menuEntry the name is the label of an entry of a menu that is open, whoever opened it.
+/// does the same with a tablet's pen, pressed 0..1 at each point; the mouse's events follow the pen's where nobody
+/// takes those. With -pressure, or -release, one event of a pen that is where the pointer is goes out instead (the
+/// first is its touch), and the mouse's are left to whoever moves that: what drivers do that make both themselves.
 class WindowCommands {
 public:
     WindowCommands(kernel::Session& session, MainWindow& window, const ui::UiObjects& ui);
@@ -45,7 +55,16 @@ private:
     QRect controlRect(const std::string& name) const;
     /// command: named in the refusal.
     view::Viewport& findView(const char* command, const std::string& panel) const;
-    view::Viewport& findViewToDrawIn(const std::string& panel) const;
+    view::Viewport& findViewToDrawIn(const char* command, const std::string& panel) const;
+    struct Stroke {
+        view::Viewport& view;
+        int pace;
+        QVector<QPointF> points;    // pixels of the view's widget
+        QVector<double> pressures;  // none of a mouse's
+    };
+    Stroke readStroke(const std::string& command, const kernel::ParsedArgs& parsed, std::size_t numbersForEach) const;
+    void draw(const std::string& command, PointerHand& hand, const Stroke& stroke);
+    void sendPenEvent(const kernel::ParsedArgs& parsed);
 
     kernel::Session& m_session;
     MainWindow& m_window;
