@@ -9,6 +9,7 @@
 #include "node/BaseNode.h"
 #include "node/MasterDrawing.h"
 #include "settings/Messages.h"
+#include "settings/ScriptBridge.h"
 #include "settings/Text.h"
 
 #include <maya/MArgList.h>
@@ -115,6 +116,7 @@ MStatus NodeCommand::refreshGhosting()
 
 MStatus NodeCommand::createNode(const MArgDatabase& args)
 {
+    script::drawingNodeCommandRan();
     // What describes the layer is read only when there is to be one.
     const bool withLayer = args.isFlagSet("-layer");
     const FirstLayerRequest layer = {withLayer, withLayer ? textArgument(args, "-camera") : QString(),

@@ -55,10 +55,7 @@ MStatus showPanel(Panel panel)
 
 void refreshPanel(Panel panel)
 {
-    Panels* panels = Panels::installed();
-    if (panels && panels->existingPanel(panel)) {
-        panels->refresh(panel);
-    }
+    Panels::refreshInstalled(panel);
 }
 
 MStatus openDialog(Dialog dialog)

@@ -4,31 +4,41 @@
 #include "model/LayerManager.h"
 #include "node/BaseNode.h"
 #include "node/MasterDrawing.h"
+#include "node/TimelineMarks.h"
 #include "settings/Names.h"
 #include "settings/PenState.h"
 #include "settings/Preferences.h"
 #include "settings/Rounding.h"
 #include "settings/ScriptBridge.h"
 
-#include <maya/M3dView.h>
 #include <maya/MCursor.h>
 #include <maya/MDagPath.h>
 #include <maya/MEvent.h>
+
+#include <QCursor>
+#include <QGuiApplication>
+#include <QInputMethod>
 
 namespace {
 
 const char kHelp[] = "Draw on viewport";
 
-/// Where an event took place, in the pixels in which the pointer is sampled.
-QPoint pressPosition(const MEvent& event, M3dView& view)
+QPoint portPosition(const MEvent& event)
 {
     short x = 0;
     short y = 0;
     event.getPosition(x, y);
+    return QPoint(x, y);
+}
+
+/// Where an event took place, in the pixels in which the pointer is sampled.
+QPoint pressPosition(const MEvent& event, M3dView& view)
+{
+    const QPoint port = portPosition(event);
     const QWidget* widget = view.widget();
     const double scale = widget && view.portWidth() > 0 ? double(widget->width()) / view.portWidth() : 1.0;
     // An event counts from pixel (0, 0) at the lower left, samples from (1, 2).
-    return QPoint(roundedHalfUp(x * scale) + 1, roundedHalfUp(y * scale) + 2);
+    return QPoint(roundedHalfUp(port.x() * scale) + 1, roundedHalfUp(port.y() * scale) + 2);
 }
 
 }  // namespace
@@ -46,12 +56,14 @@ void DrawContext::toolOnSetup(MEvent&)
     if (!BaseNode::masterNode()) {
         script::createDrawingNodeOnIdle();
     }
+    TimelineMarks::setToolActive(true);
     m_inputHandler.setUp();
 }
 
 void DrawContext::toolOffCleanup()
 {
-    endStroke();
+    finish();
+    TimelineMarks::setToolActive(false);
     m_inputHandler.cleanUp();
 }
 
@@ -65,90 +77,219 @@ MStatus DrawContext::helpStateHasChanged(MEvent&)
     return setHelpString(kHelp);
 }
 
+// Pointer -------------------------------------------------------------------------------------------------------------
+
+bool DrawContext::isOfSecondButton(const MEvent& event) const
+{
+    MStatus status;
+    const MEvent::MouseButtonType button = event.mouseButton(&status);
+    return isHeld() && status && button != m_button;
+}
+
 MStatus DrawContext::doPress(MEvent& event)
 {
-    endStroke();  // of a press whose release never came
+    if (isOfSecondButton(event)) {
+        return MStatus::kSuccess;
+    }
+    finish();  // what is typed, or a press whose release never came
     m_inputHandler.watchActiveView();
-    if (event.mouseButton() == MEvent::kLeftMouse) {
-        beginStroke(event);
+    MStatus status;
+    M3dView view = M3dView::active3dView(&status);
+    BaseNode* const node = BaseNode::masterNode();
+    if (Preferences::instance().activeTool() == ToolType::Transform || !status) {
+        return MStatus::kSuccess;
+    }
+    if (!node) {
+        script::createDrawingNodeOnIdle();
+        return MStatus::kSuccess;
+    }
+    m_button = event.mouseButton();
+    m_view = view.widget();
+    const HeldKeys& keys = m_inputHandler.heldKeys();
+    if (keys.changesSize() || (keys.changesOpacity() && Preferences::instance().activeTool() != ToolType::Eraser)) {
+        beginAdjustment(event, *node, view);
+    } else if (m_button == MEvent::kLeftMouse) {
+        beginStroke(event, *node, view);
+    } else {
+        workOnCamera(*node, view);
     }
     return MStatus::kSuccess;
 }
 
-MStatus DrawContext::doDrag(MEvent&)
+MStatus DrawContext::doDrag(MEvent& event)
 {
-    BaseNode* node = m_drawing ? BaseNode::fromHandle(m_node) : nullptr;
+    if (m_state == State::Adjusting) {
+        m_adjustment.dragTo(portPosition(event).x(), m_drawManager);
+        return MStatus::kSuccess;
+    }
+    BaseNode* node = m_state == State::Drawing ? BaseNode::fromHandle(m_node) : nullptr;
     if (node) {
         node->redrawActiveView();
     } else {
-        endStroke();  // with the node, what is drawn on has gone
+        finish();  // with the node, what is drawn on has gone
     }
     return MStatus::kSuccess;
 }
 
-MStatus DrawContext::doRelease(MEvent&)
+MStatus DrawContext::doRelease(MEvent& event)
 {
-    endStroke();
-    penState::reset();
+    if (!isOfSecondButton(event)) {
+        release();
+    }
     return MStatus::kSuccess;
 }
 
-MStatus DrawContext::doPress(MEvent& event, MHWRender::MUIDrawManager&, const MHWRender::MFrameContext&)
+void DrawContext::release()
 {
-    return doPress(event);
+    if (m_state != State::Drawing || !beginTyping()) {
+        finish();
+    }
+    penState::reset();
 }
 
-MStatus DrawContext::doDrag(MEvent& event, MHWRender::MUIDrawManager&, const MHWRender::MFrameContext&)
+void DrawContext::releaseLost()
 {
-    return doDrag(event);
+    if (isHeld()) {
+        release();
+    }
 }
 
-MStatus DrawContext::doRelease(MEvent& event, MHWRender::MUIDrawManager&, const MHWRender::MFrameContext&)
+void DrawContext::windowLeft(const QObject* window)
 {
-    return doRelease(event);
+    if (m_view && m_view->window() == window) {
+        releaseLost();
+    }
 }
 
-void DrawContext::beginStroke(const MEvent& event)
+void DrawContext::viewDestroyed()
 {
-    MStatus status;
-    M3dView view = M3dView::active3dView(&status);
-    BaseNode* node = status ? BaseNode::masterNode() : nullptr;
-    const std::shared_ptr<LayerManager> manager = node ? node->layerManager() : nullptr;
+    if (!m_view) {
+        finish();
+    }
+}
+
+MStatus DrawContext::doPress(MEvent& event, MHWRender::MUIDrawManager& drawManager, const MHWRender::MFrameContext&)
+{
+    m_drawManager = &drawManager;
+    const MStatus status = doPress(event);
+    m_drawManager = nullptr;
+    return status;
+}
+
+MStatus DrawContext::doDrag(MEvent& event, MHWRender::MUIDrawManager& drawManager, const MHWRender::MFrameContext&)
+{
+    m_drawManager = &drawManager;
+    const MStatus status = doDrag(event);
+    m_drawManager = nullptr;
+    return status;
+}
+
+MStatus DrawContext::doRelease(MEvent& event, MHWRender::MUIDrawManager& drawManager, const MHWRender::MFrameContext&)
+{
+    m_drawManager = &drawManager;
+    const MStatus status = doRelease(event);
+    m_drawManager = nullptr;
+    return status;
+}
+
+// What a press begins -------------------------------------------------------------------------------------------------
+
+void DrawContext::beginAdjustment(const MEvent& event, BaseNode& node, M3dView& view)
+{
+    const ToolAdjustment::Value value =
+        m_inputHandler.heldKeys().changesSize() ? ToolAdjustment::Value::Size : ToolAdjustment::Value::Opacity;
+    const double scale = node.prepareToolView(view) ? node.portPixelsPerCanvasPixel() : 1.0;
+    m_adjustment.begin(value, portPosition(event), scale, m_drawManager);
+    m_state = State::Adjusting;
+}
+
+void DrawContext::beginStroke(const MEvent& event, BaseNode& node, M3dView& view)
+{
+    const std::shared_ptr<LayerManager> manager = node.layerManager();
     MDagPath cameraPath;
-    if (!manager || Preferences::instance().effectiveTool() == ToolType::Transform || !view.getCamera(cameraPath)
-        || !node->prepareToolView(view)) {
+    if (!manager || !view.getCamera(cameraPath) || !node.prepareToolView(view)) {
         return;
     }
     manager->syncCurrentCamera();
     if (manager->hasStroke()) {
         manager->dropStroke();  // nobody fills it any more
     }
-    m_node = node->thisMObject();
+    m_node = node.thisMObject();
     m_camera = script::cameraKey(cameraPath);
     int newLayerIndex = -1;
     bool frameCreated = false;
-    if (!node->drawingTarget(m_camera, newLayerIndex, frameCreated)) {
+    if (!node.drawingTarget(m_camera, newLayerIndex, frameCreated)) {
         return;
     }
     if (ActiveStroke* stroke = manager->beginStroke(m_camera, false)) {
         stroke->layerMade = newLayerIndex >= 0;
         stroke->frameMade = frameCreated;
-        ThreadManager::instance().start(view.widget(), node, m_camera, pressPosition(event, view));
+        ThreadManager::instance().start(m_view, &node, m_camera, pressPosition(event, view));
     }
-    m_drawing = ThreadManager::instance().isRunning();
-    if (!m_drawing) {
-        giveUpStroke(*node, *manager);
+    if (ThreadManager::instance().isRunning()) {
+        m_state = State::Drawing;
+    } else {
+        giveUpStroke(node, *manager);
+    }
+}
+
+// The camera's active layer becomes the one that is worked on.
+void DrawContext::workOnCamera(BaseNode& node, M3dView& view)
+{
+    const std::shared_ptr<LayerManager> manager = node.layerManager();
+    MDagPath cameraPath;
+    if (!manager || !view.getCamera(cameraPath)) {
+        return;
+    }
+    const QString camera = script::cameraKey(cameraPath);
+    const int activeLayer = manager->activeLayerIndex(camera);
+    if (manager->currentCamera() != camera && activeLayer >= 0) {
+        script::setActiveLayer(camera, activeLayer);
+    }
+}
+
+// False for strokes without a text.
+bool DrawContext::beginTyping()
+{
+    ThreadManager::instance().stop();
+    BaseNode* const node = BaseNode::fromHandle(m_node);
+    const std::shared_ptr<LayerManager> manager = node ? node->layerManagerIfAny() : nullptr;
+    const ActiveStroke* const stroke = manager ? manager->stroke(m_camera) : nullptr;
+    if (!stroke || stroke->tool != ToolType::Text || stroke->points.isEmpty() || !m_view) {
+        return false;
+    }
+    m_state = State::Typing;
+    m_text.open(*node, m_camera, m_view, m_view->mapFromGlobal(QCursor::pos()));
+    node->redrawActiveView();
+    return true;
+}
+
+void DrawContext::endTyping()
+{
+    if (m_state == State::Typing) {
+        QGuiApplication::inputMethod()->commit();  // what is still being composed
+        finish();
+    }
+}
+
+// Ends whatever goes on; nothing when nothing does.
+void DrawContext::finish()
+{
+    const State ended = m_state;
+    m_state = State::Idle;
+    switch (ended) {
+    case State::Adjusting: m_adjustment.end(); break;
+    case State::Drawing:
+    case State::Typing: endStroke(); break;
+    case State::Idle: break;
     }
 }
 
 // Of a node that has been deleted the stroke is taken back too: it must not come back with the node.
 void DrawContext::endStroke()
 {
-    if (!m_drawing) {
-        return;
-    }
-    m_drawing = false;
     ThreadManager::instance().stop();
+    m_text.close();
     BaseNode* node = BaseNode::fromLivingHandle(m_node);
     const std::shared_ptr<LayerManager> manager = node ? node->layerManagerIfAny() : nullptr;
     if (!manager) {

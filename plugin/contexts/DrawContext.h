@@ -1,17 +1,23 @@
 #pragma once
 
 #include "contexts/DrawContextInputHandler.h"
+#include "contexts/TextEntry.h"
+#include "contexts/ToolAdjustment.h"
 
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+#include <maya/M3dView.h>
 #include <maya/MObjectHandle.h>
 #include <maya/MPxContext.h>
-
-#include <QString>
 
 class BaseNode;
 class LayerManager;
 
 /// The draw tool: a press finds (or makes) the frame to draw on and begins a stroke, which the pointer's samples fill
-/// until the release commits it as one undo step.
+/// until the release commits it as one undo step. A text is typed before that; with B or M held a drag changes the
+/// tool's size or opacity instead.
 class DrawContext : public MPxContext {
 public:
     DrawContext();
@@ -31,13 +37,34 @@ public:
     MStatus doDrag(MEvent& event, MHWRender::MUIDrawManager& drawManager,
                    const MHWRender::MFrameContext& context) override;
 
+    // For the input handler.
+    TextEntry& textEntry() { return m_text; }
+    void endTyping();                        ///< commits a text that is being typed
+    void releaseLost();                      ///< ends a press that is still held as its release would have
+    void windowLeft(const QObject* window);  ///< the same when it is held in a view of that window
+    void viewDestroyed();                    ///< ends what is done in a view that is no more
+
 private:
-    void beginStroke(const MEvent& event);
+    enum class State { Idle, Drawing, Typing, Adjusting };
+    bool isHeld() const { return m_state == State::Drawing || m_state == State::Adjusting; }
+    bool isOfSecondButton(const MEvent& event) const;
+
+    void beginAdjustment(const MEvent& event, BaseNode& node, M3dView& view);
+    void beginStroke(const MEvent& event, BaseNode& node, M3dView& view);
+    void workOnCamera(BaseNode& node, M3dView& view);
+    void release();
+    bool beginTyping();
+    void finish();
     void endStroke();
     void giveUpStroke(BaseNode& node, LayerManager& manager);
 
-    DrawContextInputHandler m_inputHandler;
-    bool m_drawing = false;  // this press has begun a stroke; what follows is about that stroke
+    DrawContextInputHandler m_inputHandler{*this};
+    TextEntry m_text;
+    ToolAdjustment m_adjustment;
+    MHWRender::MUIDrawManager* m_drawManager = nullptr;  // while Viewport 2.0 has an event handled
+    State m_state = State::Idle;
+    MEvent::MouseButtonType m_button = MEvent::kLeftMouse;  // that is held
+    QPointer<QWidget> m_view;
     MObjectHandle m_node;
     QString m_camera;
 };

@@ -1,13 +1,28 @@
 #include "contexts/DrawContextInputHandler.h"
 
+#include "contexts/DrawContext.h"
 #include "contexts/PenPressure.h"
 #include "settings/PenState.h"
+#include "settings/ScriptBridge.h"
+#include "settings/Text.h"
 
+#include <maya/MQtUtil.h>
+
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QTabletEvent>
 
 void DrawContextInputHandler::setUp()
 {
     penState::reset();
+    m_keys.clear();
+    if (!m_timeSlider) {
+        m_timeSlider = MQtUtil::findControl(toMString(script::timeControlName()));
+    }
+    m_views.release();
+    m_views.add(MQtUtil::mainWindow());
+    m_views.add(m_timeSlider);
     watchActiveView();
 }
 
@@ -16,15 +31,103 @@ void DrawContextInputHandler::cleanUp()
     m_views.release();
 }
 
+// Queued: the tool works on the drawing only once the view is quite gone.
+void DrawContextInputHandler::watchActiveView()
+{
+    if (QWidget* const view = m_views.addActive()) {
+        connect(view, SIGNAL(destroyed()), this, SLOT(OnViewDestroyed()),
+                Qt::ConnectionType(Qt::QueuedConnection | Qt::UniqueConnection));
+    }
+}
+
+void DrawContextInputHandler::OnViewDestroyed()
+{
+    m_tool.viewDestroyed();
+}
+
 bool DrawContextInputHandler::eventFilter(QObject* watched, QEvent* event)
 {
+    bool isTaken = false;
     switch (event->type()) {
+    case QEvent::ShortcutOverride: isTaken = claimKey(static_cast<QKeyEvent&>(*event)); break;
+    case QEvent::KeyPress: isTaken = pressKey(static_cast<QKeyEvent&>(*event)); break;
+    case QEvent::KeyRelease: isTaken = releaseKey(static_cast<QKeyEvent&>(*event)); break;
+    case QEvent::InputMethod:
+    case QEvent::InputMethodQuery: isTaken = inputMethod(*event); break;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick: isTaken = pressButton(watched); break;
+    case QEvent::MouseMove: movePointer(watched, static_cast<QMouseEvent&>(*event)); break;
+    case QEvent::WindowDeactivate: m_tool.windowLeft(watched); break;
     case QEvent::TabletMove:
     case QEvent::TabletPress:
     case QEvent::TabletRelease: followPen(static_cast<QTabletEvent&>(*event)); break;
     default: break;
     }
-    return QObject::eventFilter(watched, event);
+    return isTaken || QObject::eventFilter(watched, event);
+}
+
+// Keys ----------------------------------------------------------------------------------------------------------------
+
+// What is claimed comes as a key press, even where it is a shortcut of the host's.
+bool DrawContextInputHandler::claimKey(QKeyEvent& key) const
+{
+    if (HeldKeys::isShared(key) || !(m_tool.textEntry().isOpen() || HeldKeys::isOurs(key))) {
+        return false;
+    }
+    key.accept();
+    return true;
+}
+
+bool DrawContextInputHandler::pressKey(const QKeyEvent& key)
+{
+    if (m_tool.textEntry().isOpen() && !HeldKeys::isShared(key)) {
+        if (key.key() == Qt::Key_Escape) {
+            m_tool.endTyping();
+        } else {
+            m_tool.textEntry().press(key);
+        }
+        return true;
+    }
+    m_keys.follow(key);
+    return HeldKeys::isOurs(key);
+}
+
+bool DrawContextInputHandler::releaseKey(const QKeyEvent& key)
+{
+    m_keys.follow(key);
+    return HeldKeys::isOurs(key) || (m_tool.textEntry().isOpen() && !HeldKeys::isShared(key));
+}
+
+bool DrawContextInputHandler::inputMethod(QEvent& event)
+{
+    TextEntry& text = m_tool.textEntry();
+    if (!text.isOpen()) {
+        return false;
+    }
+    if (event.type() == QEvent::InputMethod) {
+        text.compose(static_cast<QInputMethodEvent&>(event));
+    } else {
+        text.answer(static_cast<QInputMethodQueryEvent&>(event));
+    }
+    event.accept();
+    return true;
+}
+
+// Pointer -------------------------------------------------------------------------------------------------------------
+
+bool DrawContextInputHandler::pressButton(const QObject* watched)
+{
+    if (m_views.contains(watched)) {
+        m_tool.endTyping();
+    }
+    return false;
+}
+
+void DrawContextInputHandler::movePointer(const QObject* watched, const QMouseEvent& event)
+{
+    if (event.buttons() == Qt::NoButton && m_views.contains(watched)) {
+        m_tool.releaseLost();
+    }
 }
 
 void DrawContextInputHandler::followPen(const QTabletEvent& event)

@@ -1,25 +1,48 @@
 #pragma once
 
+#include "contexts/HeldKeys.h"
 #include "contexts/WatchedViews.h"
 
 #include <QObject>
+#include <QPointer>
+#include <QWidget>
 
+class DrawContext;
+class QMouseEvent;
 class QTabletEvent;
 
-/// Watches the views while the draw tool is in use, for what the host does not pass on to tools: the tablet's pen.
+/// Watches the host's windows, views and time slider while the draw tool is in use, for what the host does not pass on
+/// to tools: keys, input methods, the tablet's pen, and a press that has lost its release.
 class DrawContextInputHandler : public QObject {
     Q_OBJECT
 
 public:
+    explicit DrawContextInputHandler(DrawContext& tool) : m_tool(tool) {}
+
     void setUp();
     void cleanUp();
     /// Watches the active view too.
-    void watchActiveView() { m_views.addActive(); }
+    void watchActiveView();
+    const HeldKeys& heldKeys() const { return m_keys; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+private slots:
+    void OnViewDestroyed();
+
 private:
+    // Each tells whether the event goes no further.
+    bool claimKey(QKeyEvent& key) const;
+    bool pressKey(const QKeyEvent& key);
+    bool releaseKey(const QKeyEvent& key);
+    bool inputMethod(QEvent& event);
+    bool pressButton(const QObject* watched);
+
+    void movePointer(const QObject* watched, const QMouseEvent& event);
     void followPen(const QTabletEvent& event);
 
+    DrawContext& m_tool;
     WatchedViews m_views{*this};
+    HeldKeys m_keys;
+    QPointer<QWidget> m_timeSlider;
 };

@@ -1,6 +1,7 @@
 #include "contexts/TransformContext.h"
 
 #include "node/BaseNode.h"
+#include "node/TimelineMarks.h"
 #include "settings/Names.h"
 #include "settings/ScriptBridge.h"
 
@@ -36,12 +37,14 @@ void TransformContext::toolOnSetup(MEvent&)
 {
     reset();
     m_failed = false;
+    TimelineMarks::setToolActive(true);
     m_inputHandler.setUp();
 }
 
 void TransformContext::toolOffCleanup()
 {
     reset();
+    TimelineMarks::setToolActive(false);
     m_inputHandler.cleanUp();
 }
 

@@ -58,23 +58,18 @@ void addRows(QMenu& menu, const MenuRow (&rows)[count], QObject* receiver, bool 
 void TransformContextInputHandler::setUp()
 {
     m_backslashHeld = false;
-    if (QWidget* window = MQtUtil::mainWindow()) {
-        window->installEventFilter(this);
-    }
     watchActiveView();
 }
 
 void TransformContextInputHandler::cleanUp()
 {
-    if (QWidget* window = MQtUtil::mainWindow()) {
-        window->removeEventFilter(this);
-    }
     m_views.release();
 }
 
 void TransformContextInputHandler::watchActiveView()
 {
     m_views.release();
+    m_views.add(MQtUtil::mainWindow());
     m_views.addActive();
 }
 

@@ -2,21 +2,37 @@
 
 #include <maya/M3dView.h>
 
-void WatchedViews::addActive()
+QWidget* WatchedViews::addActive()
 {
     MStatus status;
     M3dView view = M3dView::active3dView(&status);
-    QWidget* widget = status ? view.widget() : nullptr;
-    if (widget && !contains(widget)) {
-        widget->installEventFilter(&m_handler);
-        m_views.append(widget);
+    QWidget* const widget = status ? view.widget() : nullptr;
+    if (widget) {
+        watch(m_views, widget);
+        add(widget->window());
+    }
+    return widget;
+}
+
+void WatchedViews::add(QWidget* other)
+{
+    if (other) {
+        watch(m_others, other);
     }
 }
 
-bool WatchedViews::contains(const QObject* watched) const
+void WatchedViews::watch(Widgets& list, QWidget* widget)
 {
-    for (const QPointer<QWidget>& view : m_views) {
-        if (view == watched) {
+    if (!list.contains(widget)) {
+        widget->installEventFilter(&m_handler);
+        list.append(widget);
+    }
+}
+
+bool WatchedViews::contains(const QObject* view) const
+{
+    for (const QPointer<QWidget>& known : m_views) {
+        if (known == view) {
             return true;
         }
     }
@@ -25,10 +41,16 @@ bool WatchedViews::contains(const QObject* watched) const
 
 void WatchedViews::release()
 {
-    for (const QPointer<QWidget>& view : m_views) {
-        if (view) {
-            view->removeEventFilter(&m_handler);
+    release(m_views);
+    release(m_others);
+}
+
+void WatchedViews::release(Widgets& list)
+{
+    for (const QPointer<QWidget>& widget : list) {
+        if (widget) {
+            widget->removeEventFilter(&m_handler);
         }
     }
-    m_views.clear();
+    list.clear();
 }

@@ -16,6 +16,7 @@ constexpr float kArrowAngle = 0.62831855f;  // of each head line to the shaft: 3
 constexpr float kArrowHead = 40.0f;         // length of a head line, canvas pixels
 constexpr double kFullHeadShaft = 200.0;    // shorter shafts have heads shortened alike
 constexpr int kTextFrameWidth = 2;
+constexpr int kDotsPerMetre = 3780;  // in which a font's points are measured, whatever the screen has
 constexpr int kFarthest = 1 << 20;  // beyond what is seen, and still safe to compute with
 
 int held(int coordinate)
@@ -151,6 +152,8 @@ void drawVast(QPainter& painter, const ActiveStroke& record, const QImage& image
 void renderShape(QImage& canvas, const ActiveStroke& record, bool preview)
 {
     canvas.fill(Qt::transparent);
+    canvas.setDotsPerMeterX(kDotsPerMetre);
+    canvas.setDotsPerMeterY(kDotsPerMetre);
     const bool isText = record.tool == ToolType::Text;
     if (record.points.size() < (isText ? 1 : 2)) {
         return;

@@ -123,6 +123,8 @@ public:
     QPoint portToCanvas(const QPoint& point) const;
     /// Where the tool's view shows the upper left corner of a canvas pixel; port pixels.
     QPoint canvasToPort(const QPoint& pixel) const;
+    /// How large the tool's view shows the canvas.
+    double portPixelsPerCanvasPixel() const;
 
     /// Shown in Viewport 2.0 from the next redraw on.
     void setRegionOutline(const RegionOutline& outline) { m_regionOutline = outline; }

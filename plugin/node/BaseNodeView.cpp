@@ -2,6 +2,7 @@
 
 #include "node/BaseNode.h"
 
+#include "model/Canvas.h"
 #include "model/FrameNumber.h"
 #include "node/CameraMetrics.h"
 #include "settings/Rounding.h"
@@ -147,6 +148,11 @@ QPoint BaseNode::canvasToPort(const QPoint& pixel) const
 {
     const MPoint point = viewPointOf(m_toolMetrics, pixel);
     return QPoint(roundedHalfUp(point.x), roundedHalfUp(point.y));
+}
+
+double BaseNode::portPixelsPerCanvasPixel() const
+{
+    return double(m_toolMetrics.drawnSize) / kCanvasSize;
 }
 
 bool BaseNode::showsRegionOutline(const QString& camera) const

@@ -286,6 +286,7 @@ MStatus initializePlugin(MObject object)
     }
     s_isInteractive = !script::isBatch();
     s_isShutDown = false;
+    script::drawingNodeCommandRan();  // one asked for in an earlier load never ran
     Preferences::instance() = Preferences();
     Preferences::instance().load();
     makeMenu();

@@ -1,10 +1,15 @@
 #include "node/TimelineMarks.h"
 
+#include "settings/Preferences.h"
+
 namespace {
 
-TimelineMarks* s_installed = nullptr;
+const int kWhileInUse = 1;  // of the ways in which frames are displayed
 
-}
+TimelineMarks* s_installed = nullptr;
+bool s_isToolActive = false;
+
+}  // namespace
 
 TimelineMarks* TimelineMarks::installed()
 {
@@ -21,4 +26,17 @@ void TimelineMarks::refreshInstalled()
     if (s_installed) {
         s_installed->refresh();
     }
+}
+
+void TimelineMarks::setToolActive(bool active)
+{
+    s_isToolActive = active;
+    if (Preferences::instance().timelineFrameDisplay() == kWhileInUse) {
+        refreshInstalled();
+    }
+}
+
+bool TimelineMarks::isToolActive()
+{
+    return s_isToolActive;
 }

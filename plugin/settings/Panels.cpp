@@ -59,3 +59,10 @@ void Panels::install(Panels* panels)
 {
     s_installed = panels;
 }
+
+void Panels::refreshInstalled(Panel panel)
+{
+    if (s_installed && s_installed->existingPanel(panel)) {
+        s_installed->refresh(panel);
+    }
+}

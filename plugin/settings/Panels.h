@@ -30,5 +30,6 @@ public:
     void destroyAll(Places places);
 
     static Panels* installed();
-    static void install(Panels* panels);  ///< a loan; null to take it back
+    static void install(Panels* panels);        ///< a loan; null to take it back
+    static void refreshInstalled(Panel panel);  ///< nothing happens to one that does not exist
 };

@@ -10,6 +10,8 @@ namespace script {
 
 namespace {
 
+bool s_isCreationPending = false;  // of the drawing node
+
 QStringList numbers(std::initializer_list<int> values)
 {
     QStringList texts;
@@ -107,6 +109,9 @@ bool commitStroke(const QString& camera, int createdLayer, bool frameCreated)
 
 bool createDrawingNodeOnIdle(const FirstLayer* layer)
 {
+    if (!layer && s_isCreationPending) {
+        return true;
+    }
     QString flags;
     if (layer) {
         flags += QLatin1String(" -l");
@@ -124,7 +129,13 @@ bool createDrawingNodeOnIdle(const FirstLayer* layer)
         }
     }
     const Template& row = templates::kCreateNode;
-    return MGlobal::executeCommandOnIdle(toMString(filled(row, {flags})), row.display);
+    s_isCreationPending = MGlobal::executeCommandOnIdle(toMString(filled(row, {flags})), row.display);
+    return s_isCreationPending;
+}
+
+void drawingNodeCommandRan()
+{
+    s_isCreationPending = false;
 }
 
 bool addLayer(const QString& camera, const QString& name, int state)

@@ -47,8 +47,10 @@ struct FirstLayer {
     bool withFrames;  ///< key the highlighted time range
 };
 
-/// Creates the scene's drawing node when the host is next idle; with a first layer when one is given.
+/// Creates the scene's drawing node when the host is next idle; with a first layer when one is given. One without asks
+/// for nothing more while the node command has not answered an earlier call.
 bool createDrawingNodeOnIdle(const FirstLayer* layer = nullptr);
+void drawingNodeCommandRan();  ///< to be called by the node command when it was asked for a node
 
 /// name: empty to have it named. state: 0..2, -1 for the default.
 bool addLayer(const QString& camera, const QString& name, int state);

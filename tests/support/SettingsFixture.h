@@ -2,6 +2,7 @@
 
 #include "settings/PenState.h"
 #include "settings/Preferences.h"
+#include "settings/ScriptBridge.h"
 #include "support/HostFixture.h"
 
 /// A fresh host, and the settings as they are when the module has just been loaded.
@@ -15,5 +16,6 @@ private:
     {
         Preferences::instance() = Preferences();
         penState::reset();
+        script::drawingNodeCommandRan();
     }
 };
