@@ -38,8 +38,8 @@ struct Tool {
 const Tool kTools[] = {
     {"Pencil", "-pencilTool", "-pencilOptions %1 %2 0", {2, 10, 30}, Motif::Curve},
     {"Brush", "-brushTool", "-brushOptions %1 %2 50 0", {2, 10, 30}, Motif::Curve},
-    {"Eraser", "-eraserTool", "-eraserOptions %1 100 50 0", {4, 12, 24}, Motif::Curve, true},
-    {"Text", "-textTool", "-textOptions %1 %2 \"DejaVu Sans\"", {12, 24, 40}, Motif::Word},
+    {"Eraser", "-eraserTool", "-eraserOptions %1 %2 50 0", {4, 12, 24}, Motif::Curve, true},
+    {"Text", "-textTool", "-textOptions %1 %2 \"DejaVu Sans\"", {12, 20, 30}, Motif::Word},
     {"Line", "-lineTool", "-lineOptions %1 %2", {2, 8, 20}, Motif::Span},
     {"Arrow", "-arrowTool", "-arrowOptions %1 %2", {2, 8, 20}, Motif::Span},
     {"Ellipse", "-ellipseTool", "-ellipseOptions %1 %2", {2, 8, 20}, Motif::Span},
