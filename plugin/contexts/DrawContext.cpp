@@ -264,9 +264,17 @@ bool DrawContext::beginTyping()
     return true;
 }
 
+bool DrawContext::isTyping()
+{
+    if (m_state == State::Typing && !m_text.isOpen()) {
+        finish();
+    }
+    return m_state == State::Typing;
+}
+
 void DrawContext::endTyping()
 {
-    if (m_state == State::Typing) {
+    if (isTyping()) {
         QGuiApplication::inputMethod()->commit();  // what is still being composed
         finish();
     }

@@ -38,9 +38,10 @@ public:
                    const MHWRender::MFrameContext& context) override;
 
     // For the input handler.
+    bool isTyping();  ///< lets go of a text whose stroke has gone
     TextEntry& textEntry() { return m_text; }
     void endTyping();                        ///< commits a text that is being typed
-    void releaseLost();                      ///< ends a press that is still held as its release would have
+    void releaseLost();                      ///< ends a press that is still held, as its release would have
     void windowLeft(const QObject* window);  ///< the same when it is held in a view of that window
     void viewDestroyed();                    ///< ends what is done in a view that is no more
 

@@ -17,7 +17,7 @@ void DrawContextInputHandler::setUp()
 {
     penState::reset();
     m_keys.clear();
-    if (!m_timeSlider) {
+    if (!m_timeSlider && MQtUtil::mainWindow()) {
         m_timeSlider = MQtUtil::findControl(toMString(script::timeControlName()));
     }
     m_views.release();
@@ -49,7 +49,7 @@ bool DrawContextInputHandler::eventFilter(QObject* watched, QEvent* event)
 {
     bool isTaken = false;
     switch (event->type()) {
-    case QEvent::ShortcutOverride: isTaken = claimKey(static_cast<QKeyEvent&>(*event)); break;
+    case QEvent::ShortcutOverride: isTaken = isClaimed(static_cast<QKeyEvent&>(*event)); break;
     case QEvent::KeyPress: isTaken = pressKey(static_cast<QKeyEvent&>(*event)); break;
     case QEvent::KeyRelease: isTaken = releaseKey(static_cast<QKeyEvent&>(*event)); break;
     case QEvent::InputMethod:
@@ -63,24 +63,23 @@ bool DrawContextInputHandler::eventFilter(QObject* watched, QEvent* event)
     case QEvent::TabletRelease: followPen(static_cast<QTabletEvent&>(*event)); break;
     default: break;
     }
+    if (isTaken) {
+        event->accept();  // or a key would go on to the parent
+    }
     return isTaken || QObject::eventFilter(watched, event);
 }
 
 // Keys ----------------------------------------------------------------------------------------------------------------
 
 // What is claimed comes as a key press, even where it is a shortcut of the host's.
-bool DrawContextInputHandler::claimKey(QKeyEvent& key) const
+bool DrawContextInputHandler::isClaimed(const QKeyEvent& key)
 {
-    if (HeldKeys::isShared(key) || !(m_tool.textEntry().isOpen() || HeldKeys::isOurs(key))) {
-        return false;
-    }
-    key.accept();
-    return true;
+    return !HeldKeys::isShared(key) && (HeldKeys::isOurs(key) || m_tool.isTyping());
 }
 
 bool DrawContextInputHandler::pressKey(const QKeyEvent& key)
 {
-    if (m_tool.textEntry().isOpen() && !HeldKeys::isShared(key)) {
+    if (m_tool.isTyping() && !HeldKeys::isShared(key)) {
         if (key.key() == Qt::Key_Escape) {
             m_tool.endTyping();
         } else {
@@ -95,21 +94,20 @@ bool DrawContextInputHandler::pressKey(const QKeyEvent& key)
 bool DrawContextInputHandler::releaseKey(const QKeyEvent& key)
 {
     m_keys.follow(key);
-    return HeldKeys::isOurs(key) || (m_tool.textEntry().isOpen() && !HeldKeys::isShared(key));
+    return isClaimed(key);
 }
 
 bool DrawContextInputHandler::inputMethod(QEvent& event)
 {
-    TextEntry& text = m_tool.textEntry();
-    if (!text.isOpen()) {
+    if (!m_tool.isTyping()) {
         return false;
     }
+    TextEntry& text = m_tool.textEntry();
     if (event.type() == QEvent::InputMethod) {
         text.compose(static_cast<QInputMethodEvent&>(event));
     } else {
         text.answer(static_cast<QInputMethodQueryEvent&>(event));
     }
-    event.accept();
     return true;
 }
 

@@ -32,7 +32,7 @@ private slots:
 
 private:
     // Each tells whether the event goes no further.
-    bool claimKey(QKeyEvent& key) const;
+    bool isClaimed(const QKeyEvent& key);
     bool pressKey(const QKeyEvent& key);
     bool releaseKey(const QKeyEvent& key);
     bool inputMethod(QEvent& event);

@@ -8,14 +8,9 @@
 
 namespace {
 
-bool isText(uint character)
+bool isControl(QChar c)
 {
-    switch (QChar::category(character)) {
-    case QChar::Other_Control: return character == '\n';
-    case QChar::Other_Surrogate:
-    case QChar::Other_NotAssigned: return false;
-    default: return true;
-    }
+    return c.category() == QChar::Other_Control && c != QLatin1Char('\n');
 }
 
 /// With Ctrl a key is a command. With Ctrl and Alt it is not: so some systems report AltGr.
@@ -34,11 +29,10 @@ QString typedText(const QKeyEvent& key)
     return isCommand(key) ? QString() : withoutControls(key.text());
 }
 
-QString withoutControls(const QString& text)
+QString withoutControls(QString text)
 {
-    QVector<uint> kept = text.toUcs4();
-    kept.erase(std::remove_if(kept.begin(), kept.end(), [](uint character) { return !isText(character); }), kept.end());
-    return QString::fromUcs4(kept.constData(), kept.size());
+    text.truncate(int(std::remove_if(text.begin(), text.end(), isControl) - text.begin()));
+    return text;
 }
 
 void removeLastCharacter(QString& text)

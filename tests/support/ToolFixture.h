@@ -12,7 +12,6 @@ protected:
     ToolFixture()
     {
         session().batch = false;
-        session().script().setGlobalString("gPlayBackSlider", "timeControl1");
         session().commands.add(names::kStrokeCommand, [this](const kernel::ValueList& args) { return commit(args); });
         run("setAttr perspShape.filmFit 1; setAttr topShape.filmFit 1");
         node();
