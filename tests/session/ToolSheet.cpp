@@ -160,7 +160,7 @@ private:
             return;
         }
         case Motif::Word:
-            m_host.click(cell.topLeft() + QPoint(12, 24));
+            m_host.click(cell.topLeft() + QPoint(14, 14));
             for (const char* key : {"shift+k", "e", "y", "Return", "1", "2", "Escape"}) {
                 m_host.key(key);
             }
