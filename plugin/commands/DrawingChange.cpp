@@ -9,8 +9,10 @@
 
 namespace {
 
-MStatus show(BaseNode& node, LayerManager& manager)
+// strokeBase: what was beneath the stroke in progress before the change.
+MStatus show(BaseNode& node, LayerManager& manager, const Picture& strokeBase)
 {
+    manager.dropStrokeUnlessOn(strokeBase);
     manager.updateCurrentFrames(currentFrameNumber(), false);
     TimelineMarks::refreshInstalled();
     nudgeSelection(node.thisMObject());
@@ -26,6 +28,7 @@ MStatus DrawingChange::executeOn(BaseNode& node)
         return MStatus::kFailure;
     }
     const PublishOnce publishing(*manager);
+    const Picture strokeBase = manager->strokeBase();
     if (!aim(*manager)) {
         return MStatus::kFailure;
     }
@@ -39,7 +42,7 @@ MStatus DrawingChange::executeOn(BaseNode& node)
         made.putBack();
     }
     applied(node);
-    return show(node, *manager);
+    return show(node, *manager, strokeBase);
 }
 
 MStatus DrawingChange::redoOn(BaseNode& node)
@@ -49,11 +52,12 @@ MStatus DrawingChange::redoOn(BaseNode& node)
         return MStatus::kFailure;
     }
     const PublishOnce publishing(*manager);
+    const Picture strokeBase = manager->strokeBase();
     if (!reapply(*manager)) {
         return MStatus::kFailure;
     }
     applied(node);
-    return show(node, *manager);
+    return show(node, *manager, strokeBase);
 }
 
 MStatus DrawingChange::undoOn(BaseNode& node)
@@ -63,7 +67,8 @@ MStatus DrawingChange::undoOn(BaseNode& node)
         return MStatus::kFailure;
     }
     const PublishOnce publishing(*manager);
-    return revert(*manager) ? show(node, *manager) : MStatus(MStatus::kFailure);
+    const Picture strokeBase = manager->strokeBase();
+    return revert(*manager) ? show(node, *manager, strokeBase) : MStatus(MStatus::kFailure);
 }
 
 bool DrawingChange::aim(const LayerManager&)

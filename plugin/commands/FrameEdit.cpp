@@ -46,12 +46,10 @@ bool FrameEdit::run(LayerManager& manager, bool (FrameEdit::*step)(Layer&))
     if (m_layerId == 0) {
         return true;
     }
-    const Picture strokeBase = manager.strokeBase();
     Layer* layer = manager.layer(m_camera, layerIndex(manager));
     if (!layer || !(this->*step)(*layer)) {
         return false;
     }
-    manager.dropStrokeUnlessOn(strokeBase);
     manager.markForRedraw(m_camera);  // the ghosts may be other ones although the frame shown is the same
     return true;
 }

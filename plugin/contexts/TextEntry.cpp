@@ -66,7 +66,7 @@ void TextEntry::compose(const QInputMethodEvent& event)
 void TextEntry::show(ActiveStroke& stroke)
 {
     stroke.changed = true;
-    BaseNode::fromHandle(m_node)->redrawActiveView();
+    BaseNode::fromHandle(m_node)->scheduleRedraw();  // keys may come faster than the views are drawn
 }
 
 void TextEntry::answer(QInputMethodQueryEvent& query) const

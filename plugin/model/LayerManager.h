@@ -119,8 +119,9 @@ public:
     bool commitStroke(const QString& camera, Picture& undo);
     void dropStroke();
     Picture strokeBase() const;  ///< the drawing beneath the stroke; blank without a stroke and when the frame is gone
-    /// Drops a stroke that works on a copy of the drawing beneath it when that drawing has given way to another: the
-    /// copy would bring it back. base: what was beneath it before the change.
+    /// Drops a stroke whose layer or frame is gone after a change. So too one that works on a copy of the drawing
+    /// beneath it when that drawing has given way to another: the copy would bring it back. base: what was beneath it
+    /// before.
     void dropStrokeUnlessOn(const Picture& base);
     bool holdsCut() const { return m_stroke.holdsCut(); }  ///< a transform has kept a region, which can be pasted
     /// Exchanges a frame's drawing with the given one: one call undoes a stroke, the next redoes it. False when there

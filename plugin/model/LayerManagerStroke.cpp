@@ -104,7 +104,11 @@ Picture LayerManager::strokeBase() const
 
 void LayerManager::dropStrokeUnlessOn(const Picture& base)
 {
-    if (m_stroke.record() && !m_stroke.showsBase() && strokeBase().id() != base.id()) {
+    if (!m_stroke.record()) {
+        return;
+    }
+    const bool isTargetGone = !strokeLayer() || (m_stroke.target().hasFrame && !strokeTargetFrame());
+    if (isTargetGone || (!m_stroke.showsBase() && strokeBase().id() != base.id())) {
         dropStroke();
     }
 }

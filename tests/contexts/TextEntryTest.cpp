@@ -107,12 +107,12 @@ TEST_F(TextEntryTest, KeysGoToTheTextUntilEscapeCommitsIt)
 {
     startTyping();
     ASSERT_THAT(commits, IsEmpty());
-    const int refreshesBefore = views.persp().refreshes;
+    const int scheduledBefore = views.persp().scheduled;
     type("hB");
     key(Qt::Key_Return, "\r");
     type("m");
     EXPECT_EQ(text(), "hB\nm");
-    EXPECT_EQ(views.persp().refreshes, refreshesBefore + 4);
+    EXPECT_EQ(views.persp().scheduled, scheduledBefore + 4);
     key(Qt::Key_Backspace, "\b");
     key(Qt::Key_Backspace, "\b");
     EXPECT_EQ(text(), "hB");
