@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <iterator>
 
 using support::LiveWorkbench;
 
@@ -208,7 +209,7 @@ const Gesture kGestures[] = {
 /// How much of what the hand did is there: nothing, what it did before it was interrupted, all of it. Impossible is
 /// what the hand cannot do both.
 enum Fate { kNone, kHalf, kAll, kImpossible };
-const char* const kFateNames[] = {"none", "half", "all", "impossible"};
+const char* const kFateNames[] = {"none", "half", "all", ""};
 
 /// What an interruption leaves of the drawing when the hand does nothing.
 enum class Leaves { All, AStepLess, NothingUntilUndo, Nothing };
@@ -417,20 +418,30 @@ Fate fateOf(int done, int all)
     return done == 0 ? kNone : done < all * 0.85 ? kHalf : kAll;
 }
 
-/// What happened, as a table in the file that the environment names, if it names one.
-void note(const std::string& gesture, const std::string& interruption, Fate fate)
-{
-    QFile table(qEnvironmentVariable("LUMISKETCH_INTERRUPTIONS"));
-    if (table.fileName().isEmpty() || !table.open(QIODevice::Append)) {
-        return;
+class Interruptions : public testing::TestWithParam<Column> {
+protected:
+    /// What happened, as a table in the file that the environment names, if it names one.
+    static void TearDownTestSuite()
+    {
+        QFile table(qEnvironmentVariable("LUMISKETCH_INTERRUPTIONS"));
+        if (table.fileName().isEmpty() || !table.open(QIODevice::WriteOnly)) {
+            return;
+        }
+        table.write("Left of what the hand did, as one step if anything is; the tool worked on each time.\n\n"
+                    "| what came between | stroke | text entry | size drag |\n|---|---|---|---|\n");
+        for (const Interruption& interruption : kInterruptions) {
+            QString line = QString("| %1 |").arg(interruption.name);
+            for (const Fate fate : s_happened[&interruption - kInterruptions]) {
+                line += QString(" %1 |").arg(kFateNames[fate]);
+            }
+            table.write((line + '\n').toUtf8());
+        }
     }
-    if (table.size() == 0) {
-        table.write("| during a | comes | what is left of it |\n|---|---|---|\n");
-    }
-    table.write(("| " + gesture + " | " + interruption + " | " + kFateNames[fate] + " |\n").c_str());
-}
 
-class Interruptions : public testing::TestWithParam<Column> {};
+    static Fate s_happened[std::size(kInterruptions)][3];
+};
+
+Fate Interruptions::s_happened[std::size(kInterruptions)][3];
 
 }  // namespace
 
@@ -441,7 +452,9 @@ TEST_P(Interruptions, LeaveWhatTheTableSaysAndAToolThatWorks)
     const Gesture& gesture = kGestures[column];
     int all = 0;  // of the ink, when nothing comes between
     for (const Interruption& interruption : kInterruptions) {
-        if (interruption.fates[column] == kImpossible) {
+        Fate& fate = s_happened[&interruption - kInterruptions][column];
+        fate = interruption.fates[column];
+        if (fate == kImpossible) {
             continue;
         }
         SCOPED_TRACE(std::string(interruption.name) + " during a " + gesture.name);
@@ -455,9 +468,8 @@ TEST_P(Interruptions, LeaveWhatTheTableSaysAndAToolThatWorks)
         // A size shows in what is drawn with it.
         const int done = column == kDrag ? next - stage.fromFile().ink : gained;
         all = all ? all : done;
-        const Fate fate = fateOf(done, all);
+        fate = fateOf(done, all);
         EXPECT_STREQ(kFateNames[fate], kFateNames[interruption.fates[column]]);
-        note(gesture.name, interruption.name, fate);
         ASSERT_TRUE(stage.host().isRunning()) << stage.host().output().toStdString();
     }
 }
