@@ -1,8 +1,12 @@
 #include "contexts/DrawContextInputHandler.h"
 
+#include "contexts/ContextMenu.h"
 #include "contexts/DrawContext.h"
+#include "contexts/DrawToolMenu.h"
 #include "contexts/PenPressure.h"
+#include "contexts/TimelineMenu.h"
 #include "settings/PenState.h"
+#include "settings/Preferences.h"
 #include "settings/ScriptBridge.h"
 #include "settings/Text.h"
 
@@ -29,6 +33,11 @@ void DrawContextInputHandler::setUp()
 void DrawContextInputHandler::cleanUp()
 {
     m_views.release();
+    // Our code may be gone before the host would next delete what is closed. A menu that has led here is closed
+    // already.
+    if (m_menu && m_menu->isVisible()) {
+        delete m_menu;
+    }
 }
 
 // Queued: the tool works on the drawing only once the view is quite gone.
@@ -55,7 +64,7 @@ bool DrawContextInputHandler::eventFilter(QObject* watched, QEvent* event)
     case QEvent::InputMethod:
     case QEvent::InputMethodQuery: isTaken = inputMethod(*event); break;
     case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick: isTaken = pressButton(watched); break;
+    case QEvent::MouseButtonDblClick: isTaken = pressButton(watched, static_cast<QMouseEvent&>(*event)); break;
     case QEvent::MouseMove: movePointer(watched, static_cast<QMouseEvent&>(*event)); break;
     case QEvent::WindowDeactivate: m_tool.windowLeft(watched); break;
     case QEvent::TabletMove:
@@ -113,12 +122,12 @@ bool DrawContextInputHandler::inputMethod(QEvent& event)
 
 // Pointer -------------------------------------------------------------------------------------------------------------
 
-bool DrawContextInputHandler::pressButton(const QObject* watched)
+bool DrawContextInputHandler::pressButton(QObject* watched, const QMouseEvent& event)
 {
     if (m_views.contains(watched)) {
         m_tool.endTyping();
     }
-    return false;
+    return openMenu(watched, event);
 }
 
 void DrawContextInputHandler::movePointer(const QObject* watched, const QMouseEvent& event)
@@ -137,4 +146,25 @@ void DrawContextInputHandler::followPen(const QTabletEvent& event)
     if (event.pressure() > 0.0) {
         penState::setPressure(penPressureCurve(float(event.pressure())));
     }
+}
+
+bool DrawContextInputHandler::openMenu(QObject* pressed, const QMouseEvent& event)
+{
+    QMenu* const menu = asksForContextMenu(event) ? menuOf(pressed) : nullptr;
+    if (menu) {
+        m_menu = menu;
+        m_keys.clear();  // the menu takes the keyboard, with the releases
+        popUpAtCursor(menu);
+    }
+    return menu != nullptr;
+}
+
+QMenu* DrawContextInputHandler::menuOf(QObject* pressed) const
+{
+    const Preferences& preferences = Preferences::instance();
+    if (pressed == m_timeSlider) {
+        return preferences.timelineContextMenu() ? new TimelineMenu(*m_timeSlider) : nullptr;
+    }
+    const bool isWanted = preferences.drawToolContextMenu() && !m_keys.sparesMenus() && m_views.contains(pressed);
+    return isWanted ? new DrawToolMenu(static_cast<QWidget&>(*pressed)) : nullptr;
 }

@@ -3,6 +3,7 @@
 #include "contexts/HeldKeys.h"
 #include "contexts/WatchedViews.h"
 
+#include <QMenu>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
@@ -12,7 +13,7 @@ class QMouseEvent;
 class QTabletEvent;
 
 /// Watches the host's windows, views and time slider while the draw tool is in use, for what the host does not pass on
-/// to tools: keys, input methods, the tablet's pen, and a press that has lost its release.
+/// to tools: keys, input methods, the tablet's pen, the right button, and a press that has lost its release.
 class DrawContextInputHandler : public QObject {
     Q_OBJECT
 
@@ -36,13 +37,18 @@ private:
     bool pressKey(const QKeyEvent& key);
     bool releaseKey(const QKeyEvent& key);
     bool inputMethod(QEvent& event);
-    bool pressButton(const QObject* watched);
+    bool pressButton(QObject* watched, const QMouseEvent& event);
 
     void movePointer(const QObject* watched, const QMouseEvent& event);
     void followPen(const QTabletEvent& event);
+    /// Opens the menu of what is pressed; false when the press is the host's.
+    bool openMenu(QObject* pressed, const QMouseEvent& event);
+    /// A new menu for what is pressed; null when none is wanted there.
+    QMenu* menuOf(QObject* pressed) const;
 
     DrawContext& m_tool;
     WatchedViews m_views{*this};
     HeldKeys m_keys;
     QPointer<QWidget> m_timeSlider;
+    QPointer<QMenu> m_menu;  // the last that was opened
 };

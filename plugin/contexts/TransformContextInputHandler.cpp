@@ -1,9 +1,9 @@
 #include "contexts/TransformContextInputHandler.h"
 
+#include "contexts/ContextMenu.h"
 #include "contexts/TransformContext.h"
 #include "settings/Preferences.h"
 
-#include <QCursor>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
@@ -83,6 +83,7 @@ bool TransformContextInputHandler::eventFilter(QObject* watched, QEvent* event)
         }
         break;
     case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
         if (m_views.contains(watched) && asksForMenu(static_cast<QMouseEvent&>(*event))) {
             openMenu(static_cast<QWidget&>(*watched), static_cast<QMouseEvent*>(event)->pos());
             return true;
@@ -95,22 +96,20 @@ bool TransformContextInputHandler::eventFilter(QObject* watched, QEvent* event)
 
 bool TransformContextInputHandler::asksForMenu(const QMouseEvent& event) const
 {
-    return event.button() == Qt::RightButton && event.modifiers() == Qt::NoModifier && !m_backslashHeld
-        && Preferences::instance().transformToolContextMenu();
+    return asksForContextMenu(event) && !m_backslashHeld && Preferences::instance().transformToolContextMenu();
 }
 
 void TransformContextInputHandler::openMenu(QWidget& view, const QPoint& position)
 {
     m_menuPosition = QPoint(position.x(), view.height() - position.y());
     auto* menu = new QMenu(&view);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
     if (m_tool.isTransforming()) {
         addRows(*menu, kTransformingRows, this, false);
     } else {
         addRows(*menu, kSelectingRows, this, m_tool.canPaste());
     }
     addRows(*menu, kLastRows, this, false);
-    menu->popup(QCursor::pos());
+    popUpAtCursor(menu);
 }
 
 void TransformContextInputHandler::Transform()

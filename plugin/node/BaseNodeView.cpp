@@ -5,6 +5,7 @@
 #include "model/Canvas.h"
 #include "model/FrameNumber.h"
 #include "node/CameraMetrics.h"
+#include "node/ViewOfWidget.h"
 #include "settings/Rounding.h"
 #include "settings/ScriptBridge.h"
 
@@ -36,16 +37,6 @@ void endGl(M3dView& view)
 #else
 #pragma GCC diagnostic pop
 #endif
-
-bool findView(const QWidget* widget, M3dView& view)
-{
-    for (unsigned int i = 0; widget && i < M3dView::numberOf3dViews(); ++i) {
-        if (M3dView::get3dView(i, view) && view.widget() == widget) {
-            return true;
-        }
-    }
-    return false;
-}
 
 /// Points of one view are the same points of the other. The two kinds of views work their pan out in different ways.
 bool showAlike(const ViewportMetrics& a, const ViewportMetrics& b)

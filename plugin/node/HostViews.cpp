@@ -2,17 +2,33 @@
 
 #include "model/LayerManager.h"
 #include "node/BaseNode.h"
+#include "node/ViewOfWidget.h"
 #include "settings/ScriptBridge.h"
 
 #include <maya/M3dView.h>
 #include <maya/MDagPath.h>
 
+namespace {
+
+QString cameraOf(M3dView& view)
+{
+    MDagPath camera;
+    return view.getCamera(camera) ? script::cameraKey(camera) : QString();
+}
+
+}  // namespace
+
+QString HostViews::cameraShownIn(const QWidget& widget)
+{
+    M3dView view;
+    return findView(&widget, view) ? cameraOf(view) : QString();
+}
+
 QString HostViews::activeCamera()
 {
     MStatus status;
     M3dView view = M3dView::active3dView(&status);
-    MDagPath camera;
-    return status && view.getCamera(camera) ? script::cameraKey(camera) : QString();
+    return status ? cameraOf(view) : QString();
 }
 
 void HostViews::redrawDrawing()

@@ -1,5 +1,6 @@
 // The part of the script bridge that defines and calls the menu script's procedures.
 
+#include "settings/MenuEntries.h"
 #include "settings/Preferences.h"
 #include "settings/ScriptBridge.h"
 #include "settings/ScriptTemplates.h"
@@ -13,13 +14,41 @@ namespace script {
 namespace {
 
 const char kResource[] = ":/scripts/Lumisketch.mel";
+const char* const kMarks[] = {"", "check", "radio"};  // by MenuMark
 
 // Whether there is a menu that wants to be told of changes.
 bool s_hasMenu = false;
 
+/// An array of texts as the script writes it.
+QString arrayOf(const QStringList& texts)
+{
+    QStringList literals;
+    for (const QString& text : texts) {
+        literals << quoted(text);
+    }
+    return QLatin1Char('{') + literals.join(QLatin1String(", ")) + QLatin1Char('}');
+}
+
+/// What the script's procedure takes to add a group: the submenu's label, then the entries' labels, commands and marks.
+QString argumentsOf(const MenuGroup& group)
+{
+    QStringList labels;
+    QStringList commands;
+    QStringList marks;
+    for (int i = 0; i < group.count; ++i) {
+        const MenuEntry& entry = group.entries[i];
+        labels << QLatin1String(entry.label);
+        commands << entry.commandText();
+        marks << QLatin1String(kMarks[static_cast<int>(entry.mark)]);
+    }
+    return QStringList({quoted(QLatin1String(group.submenu)), arrayOf(labels), arrayOf(commands), arrayOf(marks)})
+        .join(QLatin1String(", "));
+}
+
+// All names, whichever of them the script makes use of.
 QHash<QString, QString> placeholders()
 {
-    return {
+    QHash<QString, QString> values = {
         {"{MAIN_MENU_NAME}", escaped(Preferences::instance().mainMenuName())},
         {"{NODE_CMD}", names::kNodeCommand},
         {"{LAYER_CMD}", names::kLayerCommand},
@@ -36,6 +65,11 @@ QHash<QString, QString> placeholders()
         {"{FUNC_DELETE_ALL_NODES}", names::kDeleteAllNodes},
         {"{NODE_TYPE_NAME}", names::kNodeType},
     };
+    for (int part = 0; part < kMenuPartCount; ++part) {
+        const MenuGroup& group = menuGroup(static_cast<MenuPart>(part));
+        values.insert(QLatin1String(group.placeholder), argumentsOf(group));
+    }
+    return values;
 }
 
 /// In one pass: what is filled in, the user's menu name above all, is not looked at again.

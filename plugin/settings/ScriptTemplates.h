@@ -121,6 +121,9 @@ constexpr Template kDialogs[] = {
     {kUtilCommand, " -about", false, false},
 };
 constexpr Template kLayerProperties = {kUtilCommand, " -layerProperties", false, false};
+constexpr Template kShowFloatingView = {kUtilCommand, " -fv", false, false};
+constexpr Template kMoveToFloatingView = {kUtilCommand, " -fvm %1", false, false};
+constexpr Template kResetPanels = {kUtilCommand, " -resetUI", false, false};
 
 constexpr Template kCreateMenu = {kCreateMainMenu, "(%1)", false, false};
 constexpr Template kDeleteMenu = {kDeleteMainMenu, "()", false, false};

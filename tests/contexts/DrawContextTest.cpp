@@ -3,9 +3,14 @@
 #include "contexts/DrawContextCommand.h"
 #include "contexts/ThreadManager.h"
 
+#include "api/Access.h"
+
 #include <QCoreApplication>
 #include <QCursor>
+#include <QMouseEvent>
 #include <QTabletEvent>
+
+#include <functional>
 
 namespace {
 
@@ -85,12 +90,101 @@ TEST_F(DrawContextTest, ARefusedPressLeavesNothingForTheReleaseToCommit)
     click();
     EXPECT_THAT(commits, IsEmpty());
     EXPECT_EQ(drawing().totalLayerCount(), 0);
+}
 
-    Preferences::instance().setDefaultLayerState(kLayerAnim);
-    send(api::ToolEvent::Kind::Press, {100, 100}, api::ToolEvent::Button::Middle);
-    send(api::ToolEvent::Kind::Release, {100, 100}, api::ToolEvent::Button::Middle);
+TEST_F(DrawContextTest, TheMiddleButtonTakesUpTheLayerOfAnotherViewsCamera)
+{
+    std::vector<std::string> activated;
+    session().commands.add(names::kLayerCommand, [&](const kernel::ValueList& args) {
+        activated.push_back(textOf(args));
+        return kernel::Value();
+    });
+    const auto click = [this](TestView& view) {
+        views.activate(view);
+        send(api::ToolEvent::Kind::Press, {100, 100}, api::ToolEvent::Button::Middle);
+        send(api::ToolEvent::Kind::Release, {100, 100}, api::ToolEvent::Button::Middle);
+    };
+    drawing().insertLayer("persp", -1, "Ink");
+    click(views.top());
+    EXPECT_THAT(activated, IsEmpty()) << "there is no layer";
+    drawing().insertLayer("top", -1, "Below");
+    drawing().insertLayer("top", -1, "Above");
+    drawing().setActiveLayer("top", 1, false);
+    click(views.persp());
+    EXPECT_THAT(activated, IsEmpty()) << "it is the current camera";
+    click(views.top());
+    EXPECT_THAT(activated, ElementsAre("-e -active 1 top"));
     EXPECT_THAT(commits, IsEmpty());
-    EXPECT_EQ(drawing().totalLayerCount(), 0);
+}
+
+TEST_F(DrawContextTest, ASecondButtonDoesNothingWhileTheFirstDraws)
+{
+    press();
+    api::ToolEvent event;
+    event.button = api::ToolEvent::Button::Middle;
+    MEvent middle = api::Access::event(event);
+    api::ToolBox::instance().current()->doPress(middle);
+    api::ToolBox::instance().current()->doRelease(middle);
+    EXPECT_TRUE(ThreadManager::instance().isRunning());
+    EXPECT_THAT(commits, IsEmpty());
+    release();
+    EXPECT_EQ(commits.size(), 1u);
+}
+
+TEST_F(DrawContextTest, AStrokeWhoseReleaseNeverComesEndsOnce)
+{
+    QWidget& view = *views.persp().widget();
+    view.setMouseTracking(true);
+    const auto hover = [&] {
+        QMouseEvent event(QEvent::MouseMove, QPointF(9, 9), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&view, &event);
+    };
+    const auto leaveWindow = [&] {
+        QEvent event(QEvent::WindowDeactivate);
+        QCoreApplication::sendEvent(&view, &event);
+    };
+    unsigned strokes = 0;
+    for (const std::function<void()>& loss : {std::function<void()>(hover), std::function<void()>(leaveWindow)}) {
+        pen(views.persp(), 0.3, QTabletEvent::Pen);
+        press();
+        QMouseEvent drag(QEvent::MouseMove, QPointF(9, 9), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&view, &drag);
+        EXPECT_TRUE(ThreadManager::instance().isRunning());
+        loss();
+        EXPECT_FALSE(ThreadManager::instance().isRunning());
+        EXPECT_EQ(commits.size(), ++strokes);
+        EXPECT_FLOAT_EQ(penState::pressure(), 1.0f);
+        send(api::ToolEvent::Kind::Drag);
+        release();
+        loss();
+        EXPECT_EQ(commits.size(), strokes);
+    }
+}
+
+TEST_F(DrawContextTest, AStrokeInAViewThatIsDestroyedIsCommitted)
+{
+    press();
+    views.activate(views.top());
+    views.persp().destroyWidget();
+    QCoreApplication::sendPostedEvents();
+    EXPECT_FALSE(ThreadManager::instance().isRunning());
+    EXPECT_THAT(commits, ElementsAre("-la 0 -fa persp"));
+}
+
+TEST_F(DrawContextTest, MarksThatAreShownForAToolAreRefreshedWhenItIsEnteredAndLeft)
+{
+    struct Marks : TimelineMarks {
+        bool update() override { return false; }
+        void refresh() override { seen.push_back(isToolActive()); }
+        std::vector<bool> seen;
+    } marks;
+    TimelineMarks::install(&marks);
+    run("setToolTo selectSuperContext; setToolTo drawTool");
+    EXPECT_THAT(marks.seen, IsEmpty()) << "they are always shown";
+    Preferences::instance().setTimelineFrameDisplay(1);
+    run("setToolTo selectSuperContext; setToolTo drawTool");
+    EXPECT_THAT(marks.seen, ElementsAre(false, true));
+    TimelineMarks::install(nullptr);
 }
 
 TEST_F(DrawContextTest, APressInAViewThatShowsNoCanvasIsIgnored)
@@ -185,23 +279,29 @@ TEST_F(DrawContextTest, ThePensEndAndPressureCountUntilTheRelease)
     EXPECT_FLOAT_EQ(penState::pressure(), 1.0f);
 }
 
-TEST_F(DrawContextTest, EnteringTheToolAsksForADrawingNodeWhereThereIsNone)
+TEST_F(DrawContextTest, ADrawingNodeIsAskedForOnceWhereThereIsNone)
 {
     int asked = 0;
     session().commands.add(names::kNodeCommand, [&](const kernel::ValueList&) {
         ++asked;
+        script::drawingNodeCommandRan();
         return kernel::Value();
     });
-    run("setToolTo selectSuperContext");
-    run("setToolTo drawTool");
+    const auto enter = [this] { run("setToolTo selectSuperContext; setToolTo drawTool"); };
+    enter();
     host().drainIdle();
     EXPECT_EQ(asked, 0);
     run("file -f -new");
-    run("setToolTo selectSuperContext");
-    run("setToolTo drawTool");
+    click();
+    click();
+    enter();
     EXPECT_EQ(api::ToolBox::instance().helpString(), "Draw on viewport");
     host().drainIdle();
     EXPECT_EQ(asked, 1);
+    click();
+    host().drainIdle();
+    EXPECT_EQ(asked, 2) << "what could not be made is asked for anew";
+    EXPECT_THAT(commits, IsEmpty());
 }
 
 }  // namespace

@@ -1,124 +1,8 @@
 // The plug-in's menu in the window's bar, worked with a real pointer.
 
-#include "support/PointedMenu.h"
-#include "support/QtPrint.h"
+#include "support/MenuFixture.h"
 
-#include <QFile>
-#include <QSettings>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
-
-#include <memory>
-
-using support::LiveWorkbench;
-using support::PointedMenu;
-
-namespace {
-
-const char kProgram[] = LUMISKETCH_BIN "/lumisketch-workbench";
-
-struct Entry {
-    QStringList labels;
-    const char* command;
-    const char* key = nullptr;  ///< answers the dialog it opens
-};
-
-const Entry kEntries[] = {
-    {{"Draw"}, "tqLumisketchUtil -draw"},
-    {{"Transform"}, "tqLumisketchUtil -transform"},
-    {{"Draw Tool", "Brush"}, "tqLumisketchUtil -brushTool"},
-    {{"Draw Tool", "Eraser"}, "tqLumisketchUtil -eraserTool"},
-    {{"Draw Tool", "Text"}, "tqLumisketchUtil -textTool"},
-    {{"Draw Tool", "Line"}, "tqLumisketchUtil -lineTool"},
-    {{"Draw Tool", "Arrow"}, "tqLumisketchUtil -arrowTool"},
-    {{"Draw Tool", "Ellipse"}, "tqLumisketchUtil -ellipseTool"},
-    {{"Draw Tool", "Rectangle"}, "tqLumisketchUtil -rectangleTool"},
-    {{"Draw Tool", "Pencil"}, "tqLumisketchUtil -pencilTool"},
-    {{"Layer", "New Layer..."}, "tqLumisketchUtil -newLayer"},
-    {{"Layer", "Layer Properties..."}, "tqLumisketchUtil -layerProperties"},
-    {{"Frame", "Duplicate Frame"}, "tqLumisketchFrame -duplicate"},
-    {{"Frame", "Insert Frame(s)"}, "tqLumisketchFrame -insert"},
-    {{"Frame", "Step Back"}, "tqLumisketchFrame -stepBack"},
-    {{"Frame", "Step Forward"}, "tqLumisketchFrame -stepForward"},
-    {{"Frame", "Copy Frame(s)"}, "tqLumisketchFrame -copy"},
-    {{"Frame", "Paste Frame(s)"}, "tqLumisketchFrame -paste"},
-    {{"Frame", "Clear Frame(s)"}, "tqLumisketchFrame -clear"},
-    {{"Frame", "Cut Frame(s)"}, "tqLumisketchFrame -cut"},
-    {{"Frame", "Delete Frame(s)"}, "tqLumisketchFrame -delete"},
-    {{"Ghosting", "Ghost Previous"}, "tqLumisketchUtil -e -ghostPrevious -1"},
-    {{"Ghosting", "Ghost Next"}, "tqLumisketchUtil -e -ghostNext -1"},
-    {{"Ghosting", "Settings..."}, "tqLumisketchUtil -ghostingSettings"},
-    {{"Toolbox..."}, "tqLumisketchUtil -toolbox"},
-    {{"Tool Options..."}, "tqLumisketchUtil -toolOptions"},
-    {{"Layer Manager..."}, "tqLumisketchUtil -layerManager"},
-    {{"Retiming Tool..."}, "tqLumisketchUtil -retimingTool"},
-    {{"Display Timeline Frames", "Off"}, "tqLumisketchUtil -e -timelineFrameDisplay 2"},
-    {{"Display Timeline Frames", "Selection/Context Active"}, "tqLumisketchUtil -e -timelineFrameDisplay 1"},
-    {{"Display Timeline Frames", "Always"}, "tqLumisketchUtil -e -timelineFrameDisplay 0"},
-    {{"View", "Lumisketch View"}, "tqLumisketchUtil -fv"},
-    {{"View", "Move layers to Lumisketch View"}, "tqLumisketchUtil -fvm \"\"", "Escape"},
-    {{"Utilities", "Reset UI"}, "tqLumisketchUtil -resetUI", "Escape"},
-    {{"Preferences..."}, "tqLumisketchUtil -preferences"},
-    {{"About..."}, "tqLumisketchUtil -about"},
-    {{"Cleanup", "Delete Active Layer"}, "tqLmDeleteActiveLayer()"},
-    {{"Cleanup", "Delete Active Camera Layers"}, "tqLmDeleteActiveCameraLayers()"},
-    {{"Cleanup", "Clear All"}, "tqLmDeleteAllNodes()"},
-};
-
-class MainMenu : public testing::Test {
-protected:
-    void start(const QVariantMap& preferences = {})
-    {
-        ASSERT_TRUE(m_folder.isValid());
-        {
-            QSettings file(path("lumisketch2.ini"), QSettings::IniFormat);
-            file.setValue("tools/activeTool", 0);
-            for (auto value = preferences.begin(); value != preferences.end(); ++value) {
-                file.setValue(value.key(), value.value());
-            }
-        }
-        m_host.reset(new LiveWorkbench(kProgram, {"-prefs", m_folder.path()}));
-        ASSERT_TRUE(m_host->isRunning()) << m_host->output().toStdString();
-        m_menu.reset(new PointedMenu(*m_host, "$gTqLmMainMenu"));
-        ASSERT_TRUE(menu().exists()) << m_host->output().toStdString();
-        m_host->run("window -e -widthHeight 640 480 $gMainWindow");  // quick to paint
-    }
-
-    LiveWorkbench& host() { return *m_host; }
-    PointedMenu& menu() { return *m_menu; }
-    QString path(const QString& name) const { return m_folder.filePath(name); }
-
-    void drawALine()
-    {
-        host().run("setToolTo `tqLmDrawCtx`");
-        const QPoint centre = host().viewRect().center();
-        host().drag(support::line(centre - QPoint(80, 40), centre + QPoint(80, 40)));
-    }
-
-    /// Ends the program and gives the lines of the journal that it leaves, each behind the letter of its kind.
-    QStringList journal()
-    {
-        host().post("quit -force");
-        EXPECT_TRUE(host().waitForEnd());
-        QFile file(path("scriptJournal.txt"));
-        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).split('\n') : QStringList();
-    }
-
-private:
-    QTemporaryDir m_folder;
-    std::unique_ptr<LiveWorkbench> m_host;
-    std::unique_ptr<PointedMenu> m_menu;
-};
-
-/// The lines between one printed mark and the next.
-QStringList section(const QStringList& journal, int number)
-{
-    const int from = journal.indexOf(QString("pentry %1").arg(number));
-    const int to = journal.indexOf(QString("pentry %1").arg(number + 1));
-    return from < 0 || to < 0 ? QStringList() : journal.mid(from + 1, to - from - 1);
-}
-
-}  // namespace
+using MainMenu = MenuFixture;
 
 TEST_F(MainMenu, EveryEntryIsChosenWithThePointerAndItsCommandStandsInTheJournal)
 {
@@ -126,18 +10,18 @@ TEST_F(MainMenu, EveryEntryIsChosenWithThePointerAndItsCommandStandsInTheJournal
     drawALine();
     host().run("currentTime 5");
     int number = 0;
-    for (const Entry& entry : kEntries) {
-        host().run(QString("print \"entry %1\\n\"").arg(number++));
+    for (const MenuEntry& entry : kMenuEntries) {
+        announce(number++);
         EXPECT_TRUE(menu().choose(entry.labels)) << entry.command;
         if (entry.key) {
             host().key(entry.key);
         }
     }
-    host().run(QString("print \"entry %1\\n\"").arg(number));
+    announce(number);
 
     const QStringList journal = this->journal();
     number = 0;
-    for (const Entry& entry : kEntries) {
+    for (const MenuEntry& entry : kMenuEntries) {
         const QStringList lines = section(journal, number++);
         EXPECT_TRUE(lines.contains(QString("e") + entry.command)) << entry.command << ":\n"
                                                                   << lines.join('\n').toStdString();
@@ -237,6 +121,8 @@ TEST_F(MainMenu, NothingIsLeftOfAModuleThatIsUnloadedAndAllIsThereWhenItIsLoaded
     for (int round = 0; round < 5; ++round) {
         drawALine();
         EXPECT_EQ(host().run("size(`ls -type tqLumisketch`)"), "1");
+        host().rightClick(host().viewRect().center());  // the tool's menu is open then
+        EXPECT_FALSE(host().menuEntryRect("Transform").isNull());
         EXPECT_EQ(host().run("file -f -new; flushUndo; unloadPlugin lumisketch2"), "lumisketch2");
         EXPECT_EQ(host().run("pluginInfo -q -loaded lumisketch2"), "0");
         EXPECT_EQ(host().run(QString("menu -exists \"%1\"").arg(name)), "0");

@@ -113,6 +113,24 @@ TEST(ShapeRaster, OnlyAPreviewFramesTheText)
     EXPECT_GT(framed.width(), blankFrame.width());
 }
 
+TEST(ShapeRaster, PointsAreAsLargeOnEveryScreen)
+{
+    const auto boxOn = [](int dotsPerMetre) {
+        ActiveStroke record;
+        record.tool = ToolType::Text;
+        record.text = "Ink";
+        record.points = {drawings::point(100, 200, 72)};
+        QImage canvas = blankCanvas();
+        canvas.setDotsPerMeterX(dotsPerMetre);  // as images come with the screen's
+        canvas.setDotsPerMeterY(dotsPerMetre);
+        renderShape(canvas, record, false);
+        return pixels::inkBox(canvas);
+    };
+    const QRect usual = boxOn(3780);
+    EXPECT_EQ(boxOn(7560), usual);
+    EXPECT_NEAR(usual.height(), 70, 10) << "72 points are an inch, of 96 pixels; capitals are three quarters of that";
+}
+
 TEST(ShapeRaster, ATransformScaledFarBeyondTheCanvasStillShowsItsPartOnIt)
 {
     QImage floating = blankCanvas();

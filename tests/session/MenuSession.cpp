@@ -1,27 +1,44 @@
-// The plug-in's menu as one picture: open over a drawing in the real window, and every submenu beside it.
+// The plug-in's menus, each as one picture: open over a drawing in the real window, and every submenu beside it. The
+// main menu, the one over a view in which one draws, and the one over the time slider.
 //
 //     menu-session WORKBENCH SCENE FOLDER
 
 #include "session/BouncingBall.h"
 #include "support/PointedMenu.h"
+#include "support/PointedPopup.h"
 
 #include <QApplication>
 #include <QPainter>
 #include <QTemporaryDir>
 
 #include <cstdio>
+#include <functional>
 
 using support::LiveWorkbench;
 using support::PointedMenu;
+using support::PointedPopup;
 
 namespace {
 
-const char* const kShownInWindow = "Frame";
-const char* const kSubmenus[] = {"Draw Tool", "Layer",     "Ghosting", "Display Timeline Frames",
-                                 "View",      "Utilities", "Cleanup"};
+/// A submenu, with its first and its last entry.
+struct Submenu {
+    const char* label;
+    const char* first;
+    const char* last;
+};
+
+const char kShownInWindow[] = "Frame";
+const Submenu kDrawTools = {"Draw Tool", "Pencil", "Rectangle"};
+const Submenu kLayers = {"Layer", "New Layer...", "Layer Properties..."};
+const Submenu kGhosting = {"Ghosting", "Ghost Previous", "Settings..."};
+const Submenu kTimelineDisplay = {"Display Timeline Frames", "Always", "Off"};
+const Submenu kViews = {"View", "Lumisketch View", "Move layers to Lumisketch View"};
+const Submenu kUtilities = {"Utilities", "Reset UI", "Reset UI"};
+const Submenu kCleanup = {"Cleanup", "Delete Active Layer", "Clear All"};
 constexpr int kGap = 12;
 constexpr int kHeading = 24;
-constexpr QSize kWindowPart(1060, 760);
+constexpr QRect kWindowPart(0, 0, 1060, 760);
+constexpr QRect kSliderPart(0, 480, 1060, 420);
 const QColor kGround("#444444");
 const QColor kText("#d8d8d8");
 
@@ -30,34 +47,31 @@ struct Shot {
     QImage image;
 };
 
-/// What the items of an open menu cover.
-QRect menuRect(LiveWorkbench& host, const QString& menu)
-{
-    QRect rect;
-    const QString items = host.run(QString("stringArrayToString(`menu -q -itemArray \"%1\"`, \" \")").arg(menu));
-    for (const QString& item : items.split(' ')) {
-        rect = rect.united(host.controlRect(menu + '|' + item));
-    }
-    return rect;
-}
+/// A menu that stays open until it is closed.
+struct Menu {
+    std::function<void(const QStringList&)> open;  ///< it and a submenu
+    std::function<void()> close;
+};
 
-/// The window's left part with the menu and a submenu open over the drawing.
-QImage windowShot(LiveWorkbench& host, PointedMenu& menu)
+/// A part of the window with the menu and a submenu open over the drawing.
+QImage windowShot(LiveWorkbench& host, const Menu& menu, const QStringList& submenu, const QRect& part)
 {
-    menu.open({kShownInWindow});
-    host.moveTo(host.controlRect(menu.item({kShownInWindow})).center());
-    const QImage image = host.screenshot(QRect(QPoint(0, 0), kWindowPart));
+    menu.open(submenu);
+    if (!submenu.isEmpty()) {
+        host.moveTo(host.menuEntryRect(submenu.first()).center());
+    }
+    const QImage image = host.screenshot(part);
     menu.close();
     return image;
 }
 
-Shot submenuShot(LiveWorkbench& host, PointedMenu& menu, const QString& label)
+Shot submenuShot(LiveWorkbench& host, const Menu& menu, const Submenu& submenu)
 {
-    menu.open({label});
-    host.moveTo(host.controlRect(menu.item({label})).center());
-    const QImage image = host.screenshot(menuRect(host, menu.item({label})));
+    menu.open({submenu.label});
+    host.moveTo(host.menuEntryRect(submenu.label).center());
+    const QImage image = host.screenshot(host.menuEntryRect(submenu.first) | host.menuEntryRect(submenu.last));
     menu.close();
-    return {label, image};
+    return {submenu.label, image};
 }
 
 /// The window at the left, the submenus under their labels in a column beside it.
@@ -84,6 +98,23 @@ QImage sheet(const QImage& window, const QVector<Shot>& submenus)
     return page;
 }
 
+/// The whole menu with its submenus.
+QImage menuSheet(LiveWorkbench& host, const Menu& menu, const QVector<Submenu>& beside)
+{
+    QVector<Shot> submenus;
+    for (const Submenu& submenu : beside) {
+        submenus << submenuShot(host, menu, submenu);
+    }
+    return sheet(windowShot(host, menu, {kShownInWindow}, kWindowPart), submenus);
+}
+
+bool write(const QImage& picture, const QString& file)
+{
+    const bool isWritten = picture.save(file, "PNG", 0);
+    std::fprintf(isWritten ? stdout : stderr, isWritten ? "%s\n" : "%s cannot be written.\n", qPrintable(file));
+    return isWritten;
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
@@ -103,21 +134,25 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "The workbench did not start:\n%s\n", qPrintable(host.output()));
         return 1;
     }
-    const QRect shownView = host.viewRect() & QRect(QPoint(0, 0), kWindowPart);
+    const QRect shownView = host.viewRect() & kWindowPart;
     for (const QVector<QPoint>& stroke : session::bouncingBall(shownView)) {
         host.drag(stroke);
     }
-    PointedMenu menu(host, "$gTqLmMainMenu");
-    const QImage window = windowShot(host, menu);
-    QVector<Shot> submenus;
-    for (const char* label : kSubmenus) {
-        submenus << submenuShot(host, menu, label);
-    }
-    const QString file = QDir(arguments[3]).filePath("main-menu.png");
-    if (!sheet(window, submenus).save(file, "PNG", 0)) {
-        std::fprintf(stderr, "%s cannot be written.\n", qPrintable(file));
-        return 1;
-    }
-    std::printf("%s\n", qPrintable(file));
-    return 0;
+    host.run("tqLumisketchLayer -add -n \"Ink & Wash\" persp; tqLumisketchLayer -e -active 0 persp");
+    PointedMenu inBar(host, "$gTqLmMainMenu");
+    PointedPopup inView(host, shownView.topLeft() + QPoint(60, 60));
+    PointedPopup onSlider(host, host.controlRect("timeControl1").center());
+    const Menu mainMenu = {[&](const QStringList& way) { inBar.open(way); }, [&] { inBar.close(); }};
+    const Menu drawToolMenu = {[&](const QStringList& way) { inView.choose(way); }, [&] { inView.close(); }};
+    const Menu timelineMenu = {[&](const QStringList& way) { onSlider.choose(way); }, [&] { onSlider.close(); }};
+
+    const QDir folder(arguments[3]);
+    const bool areWritten =
+        write(
+            menuSheet(host, mainMenu, {kDrawTools, kLayers, kGhosting, kTimelineDisplay, kViews, kUtilities, kCleanup}),
+            folder.filePath("main-menu.png"))
+        && write(menuSheet(host, drawToolMenu, {kDrawTools, kLayers, kGhosting, kTimelineDisplay, kCleanup}),
+                 folder.filePath("draw-tool-menu.png"))
+        && write(windowShot(host, timelineMenu, {}, kSliderPart), folder.filePath("timeline-menu.png"));
+    return areWritten ? 0 : 1;
 }

@@ -109,15 +109,21 @@ QRect LiveWorkbench::viewRect(const QString& panel)
 
 QRect LiveWorkbench::controlRect(const QString& name)
 {
-    const QRect rect = askRect(QString("workbenchControl -q -screenRect \"%1\"").arg(name));
-    return rect.isEmpty() ? QRect() : rect;
+    return askRect(QString("workbenchControl -q -screenRect \"%1\"").arg(name));
+}
+
+QRect LiveWorkbench::menuEntryRect(const QString& label)
+{
+    return askRect(QString("workbenchControl -q -screenRect -menuEntry \"%1\"").arg(label));
 }
 
 QRect LiveWorkbench::askRect(const QString& query)
 {
     const QStringList numbers = run(query).split(' ');
-    return numbers.size() == 4 ? QRect(numbers[0].toInt(), numbers[1].toInt(), numbers[2].toInt(), numbers[3].toInt())
-                               : QRect();
+    const QRect rect = numbers.size() == 4
+                         ? QRect(numbers[0].toInt(), numbers[1].toInt(), numbers[2].toInt(), numbers[3].toInt())
+                         : QRect();
+    return rect.isEmpty() ? QRect() : rect;
 }
 
 void LiveWorkbench::pointer(const QStringList& arguments)
@@ -157,6 +163,11 @@ void LiveWorkbench::click(const QPoint& point)
 void LiveWorkbench::clickControl(const QPoint& point)
 {
     pointer(movement(point) + QStringList{"click", "1"});
+}
+
+void LiveWorkbench::rightClick(const QPoint& point)
+{
+    pointer(movement(point) + QStringList{"click", "3"});
 }
 
 void LiveWorkbench::hold(const QPoint& from, const QPoint& to)

@@ -37,6 +37,8 @@ public:
     QRect viewRect(const QString& panel = QString());
     /// A named control, menu or menu item on the screen; null when it is not to be seen.
     QRect controlRect(const QString& name);
+    /// The same for an entry of a menu that is open, by its label as it is shown.
+    QRect menuEntryRect(const QString& label);
 
     /// Moves the real pointer along `path` (screen pixels) with the left button down; `stepMs` between points, which
     /// is a hand's pace. It moves off when the press has been handled, and rests for `restMs` at the end.
@@ -44,6 +46,7 @@ public:
     void click(const QPoint& point);
     /// The same without waiting for the views, which is most of the time a click takes.
     void clickControl(const QPoint& point);
+    void rightClick(const QPoint& point);
     /// Moves the pointer to the first point, presses the left button there and drags to the second; letGo() ends it.
     void hold(const QPoint& from, const QPoint& to);
     void letGo();

@@ -5,26 +5,29 @@
 
 #include <QWidget>
 
+#include <memory>
+
 /// A host window with views that draw nothing: plain widgets of a given size.
 class TestView : public api::View {
 public:
     TestView(const char* camera, int width, int height) : m_camera(camera)
     {
-        m_widget.setGeometry(40, 60, width, height);
+        m_widget->setGeometry(40, 60, width, height);
     }
 
     std::string panelName() const override { return m_camera + "Panel"; }
-    QWidget* widget() override { return &m_widget; }
+    QWidget* widget() override { return m_widget.get(); }
     kernel::NodePtr camera() const override { return kernel::Session::current().scene.findOrNull(m_camera + "Shape"); }
     void setCamera(const kernel::NodePtr&) override {}
-    int portWidth() const override { return m_widget.width() * pixelRatio; }
-    int portHeight() const override { return m_widget.height() * pixelRatio; }
+    int portWidth() const override { return m_widget->width() * pixelRatio; }
+    int portHeight() const override { return m_widget->height() * pixelRatio; }
     bool isLegacy() const override { return legacy; }
     api::ViewMatrices matrices() const override { return projection; }
     void refresh(bool) override { ++refreshes; }
     void scheduleRefresh() override { ++scheduled; }
     void beginXorDrawing(float, const float[4]) override { ++invertedOutlines; }
     void endXorDrawing() override {}
+    void destroyWidget() { m_widget.reset(); }  ///< another view must be active then
 
     int pixelRatio = 1;  ///< port pixels for each of the widget's
     api::ViewMatrices projection;
@@ -35,7 +38,7 @@ public:
 
 private:
     const std::string m_camera;
-    QWidget m_widget;
+    std::unique_ptr<QWidget> m_widget = std::make_unique<QWidget>();
 };
 
 class TestViews : public api::ViewHost {

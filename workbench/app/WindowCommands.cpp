@@ -63,6 +63,24 @@ QRect screenRect(const ui::UiObject& object)
     return widget ? screenRect(*widget) : QRect();
 }
 
+/// Where an entry of an open menu is on the screen; empty when no menu shows one of that label.
+QRect screenRectOfEntry(const QString& label)
+{
+    for (const QWidget* widget : QApplication::topLevelWidgets()) {
+        const auto* const menu = qobject_cast<const QMenu*>(widget);
+        if (!menu || !menu->isVisible()) {
+            continue;
+        }
+        for (QAction* action : menu->actions()) {
+            if (action->text() == label) {
+                const QRect rect = menu->actionGeometry(action);
+                return QRect(menu->mapToGlobal(rect.topLeft()), rect.size());
+            }
+        }
+    }
+    return QRect();
+}
+
 /// Numbers, arrays of numbers, or both after one another; false when there is anything else.
 bool toNumbers(const kernel::ValueList& values, std::vector<double>& numbers)
 {
@@ -208,18 +226,24 @@ Value WindowCommands::workbenchControl(const kernel::ValueList& args)
     kernel::Syntax syntax;
     syntax.enableQuery();
     syntax.addFlag("sr", "screenRect");
+    syntax.addFlag("me", "menuEntry");
     syntax.setObjects(kernel::Syntax::Objects::Strings, 1, 1);
     const kernel::ParsedArgs parsed = kernel::parsedOrThrow(syntax, args);
     if (!parsed.query || !parsed.has("screenRect")) {
         throw CommandError("workbenchControl: -screenRect can be queried");
     }
     const std::string name = kernel::toText(parsed.objects.front());
-    // The window's own controls are no script's, and have names all the same.
-    const auto* const own = m_ui.find(name) ? nullptr : m_window.findChild<QWidget*>(QString::fromStdString(name));
-    const QRect rect = own ? screenRect(*own) : screenRect(m_ui.get("workbenchControl", name));
+    const QRect rect = parsed.has("menuEntry") ? screenRectOfEntry(QString::fromStdString(name)) : controlRect(name);
     const double ratio = m_window.devicePixelRatioF();
     const QPoint corner = rect.topLeft() * ratio;
     return kernel::IntArray{corner.x(), corner.y(), int(rect.width() * ratio), int(rect.height() * ratio)};
+}
+
+QRect WindowCommands::controlRect(const std::string& name) const
+{
+    // The window's own controls are no script's, and have names all the same.
+    const auto* const own = m_ui.find(name) ? nullptr : m_window.findChild<QWidget*>(QString::fromStdString(name));
+    return own ? screenRect(*own) : screenRect(m_ui.get("workbenchControl", name));
 }
 
 Value WindowCommands::workbenchPen(const kernel::ValueList& args)

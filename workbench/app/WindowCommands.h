@@ -3,6 +3,8 @@
 #include "kernel/Session.h"
 #include "ui/UiObjects.h"
 
+#include <QRect>
+
 namespace view {
 class Viewport;
 }
@@ -22,6 +24,11 @@ class MainWindow;
 /// numbers will do. -pace is in milliseconds for each four pixels, 1..1000, else 8. It fails when the pointer cannot be
 /// moved, and ends its stroke and fails when the user takes the pointer away. -query tells where the pointer is, in
 /// pixels of the screen.
+///
+///     workbenchControl -query -screenRect [-menuEntry] NAME
+///
+/// tells where a control, menu or item is on the screen: left, top, width and height, all 0 for what is not to be seen.
+/// With -menuEntry the name is the label of an entry of a menu that is open, whoever opened it.
 class WindowCommands {
 public:
     WindowCommands(kernel::Session& session, MainWindow& window, const ui::UiObjects& ui);
@@ -35,6 +42,7 @@ private:
     kernel::Value workbenchPen(const kernel::ValueList& args);
     kernel::Value workbenchHand(const kernel::ValueList& args);
     kernel::Value workbenchAbout(const kernel::ValueList& args);
+    QRect controlRect(const std::string& name) const;
     /// command: named in the refusal.
     view::Viewport& findView(const char* command, const std::string& panel) const;
     view::Viewport& findViewToDrawIn(const std::string& panel) const;

@@ -143,7 +143,7 @@ ScriptResult Interpreter::executeWritten(const std::string& text)
 ScriptResult Interpreter::executeSource(const std::shared_ptr<const Source>& source, bool display, bool undo)
 {
     const std::string text(source->text());
-    if (display)
+    if (display || m_echoesAll)
         m_session.output.say(Severity::Echo, text);
     ScriptResult result;
     {

@@ -58,6 +58,10 @@ public:
     /// `name` may be a path, or stand in one of the script folders, with or without ".mel".
     void source(const std::string& name);
 
+    /// While on, every text that runs stands in the journal, those run silently too.
+    bool echoesAll() const { return m_echoesAll; }
+    void setEchoesAll(bool on) { m_echoesAll = on; }
+
     // --- what outlives a text -----------------------------------------------------------------------------------
     kernel::Value global(const std::string& name) const override;
     void setGlobalString(const std::string& name, const std::string& value) override;
@@ -146,6 +150,7 @@ private:
     kernel::NodePtr m_sceneNode;
     const kernel::Arguments* m_sceneArguments = nullptr;
     std::string m_lastError;
+    bool m_echoesAll = false;
     int m_depth = 0;
     int m_calls = 0;
 };

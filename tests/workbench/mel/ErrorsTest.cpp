@@ -114,6 +114,12 @@ TEST(ScriptErrors, EchoAndResultFollowTheDisplay)
     EXPECT_EQ(host.echoes, (Texts{"$x = {1, 2};", "select -cl;", "int $declared = 4;", "noSuch;"}));
     EXPECT_EQ(host.results, Texts{"1 2"});
     EXPECT_EQ(host.errors, Texts{"Cannot find procedure \"noSuch\"."});
+
+    host.echoes.clear();
+    for (const char* text : {"commandEcho -state on;", "4;", "commandEcho -q -state;", "commandEcho -st off;", "5;"})
+        execute(text, false);
+    EXPECT_EQ(host.echoes, (Texts{"4;", "commandEcho -q -state;", "commandEcho -st off;"}));
+    EXPECT_EQ(host.results, Texts{"1 2"}) << "a silent text's result stays silent";
 }
 
 TEST(ScriptErrors, HostileTextsEndInAnErrorNotInACrash)

@@ -1,3 +1,4 @@
+#include "mel/Interpreter.h"
 #include "mel/builtins/Builtin.h"
 #include "mel/builtins/Subjects.h"
 
@@ -74,6 +75,17 @@ Value runTimer(BuiltinCall& call)
     return now - call.args.number("startTime");
 }
 
+// A host that echoes all commands shows the silent ones too, each text as it is run.
+Value runCommandEcho(BuiltinCall& call)
+{
+    Interpreter& interpreter = Interpreter::of(call.session);
+    if (call.args.query)
+        return int(interpreter.echoesAll());
+    if (call.args.has("state"))
+        interpreter.setEchoesAll(call.args.integer("state") != 0);
+    return {};
+}
+
 }  // namespace
 
 void addSessionCommands(kernel::Session& session)
@@ -104,6 +116,7 @@ void addSessionCommands(kernel::Session& session)
                            {"userPresetsDir", "ups"}},
                           Modes::Create, 0, 0),
                runInternalVar);
+    addBuiltin(session, "commandEcho", makeSyntax({{"state", "st", "b"}}, Modes::Query, 0, 0), runCommandEcho);
     addBuiltin(session, "timerX", makeSyntax({{"startTime", "st", "f"}}, Modes::Create, 0, 0), runTimer);
 }
 

@@ -24,7 +24,7 @@ void addTimeCommands(kernel::Session& session);        ///< currentTime currentU
 void addPlaybackCommands(kernel::Session& session);    ///< playbackOptions play
 void addUndoCommands(kernel::Session& session);        ///< undo redo undoInfo flushUndo
 void addFileCommand(kernel::Session& session);         ///< file
-void addSessionCommands(kernel::Session& session);     ///< about internalVar timerX
+void addSessionCommands(kernel::Session& session);     ///< about commandEcho internalVar timerX
 void addConditionCommands(kernel::Session& session);   ///< condition isTrue
 void addDeferredCommands(kernel::Session& session);    ///< evalDeferred
 void addScriptJobCommand(kernel::Session& session);    ///< scriptJob

@@ -1,0 +1,10 @@
+#pragma once
+
+class QMenu;
+class QMouseEvent;
+
+/// A press of the right button alone, without a modifier key: what asks for a tool's menu.
+bool asksForContextMenu(const QMouseEvent& event);
+
+/// Shows a menu at the pointer and returns at once; the menu deletes itself when it closes.
+void popUpAtCursor(QMenu* menu);
