@@ -413,9 +413,10 @@ private:
     Drawing m_after;
 };
 
+/// Half a size drag is two fifths of it, half a stroke the half; where exactly a stroke ends differs a little.
 Fate fateOf(int done, int all)
 {
-    return done == 0 ? kNone : done < all * 0.85 ? kHalf : kAll;
+    return done == 0 ? kNone : done < all * 0.7 ? kHalf : kAll;
 }
 
 class Interruptions : public testing::TestWithParam<Column> {
