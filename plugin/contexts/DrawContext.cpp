@@ -11,13 +11,15 @@
 #include "settings/Rounding.h"
 #include "settings/ScriptBridge.h"
 
-#include <maya/MCursor.h>
-#include <maya/MDagPath.h>
-#include <maya/MEvent.h>
-
+// Before the host's view header, which may bring the window system's macros.
 #include <QCursor>
 #include <QGuiApplication>
 #include <QInputMethod>
+
+#include <maya/M3dView.h>
+#include <maya/MCursor.h>
+#include <maya/MDagPath.h>
+#include <maya/MEvent.h>
 
 namespace {
 
@@ -52,6 +54,7 @@ DrawContext::DrawContext()
 
 void DrawContext::toolOnSetup(MEvent&)
 {
+    finish();  // the host may enter the tool anew without leaving it first
     setHelpString(kHelp);
     if (!BaseNode::masterNode()) {
         script::createDrawingNodeOnIdle();
@@ -107,11 +110,11 @@ MStatus DrawContext::doPress(MEvent& event)
     m_view = view.widget();
     const HeldKeys& keys = m_inputHandler.heldKeys();
     if (keys.changesSize() || (keys.changesOpacity() && Preferences::instance().activeTool() != ToolType::Eraser)) {
-        beginAdjustment(event, *node, view);
+        beginAdjustment(event, *node);
     } else if (m_button == MEvent::kLeftMouse) {
-        beginStroke(event, *node, view);
+        beginStroke(event, *node);
     } else {
-        workOnCamera(*node, view);
+        workOnCamera(*node);
     }
     return MStatus::kSuccess;
 }
@@ -194,8 +197,9 @@ MStatus DrawContext::doRelease(MEvent& event, MHWRender::MUIDrawManager& drawMan
 
 // What a press begins -------------------------------------------------------------------------------------------------
 
-void DrawContext::beginAdjustment(const MEvent& event, BaseNode& node, M3dView& view)
+void DrawContext::beginAdjustment(const MEvent& event, BaseNode& node)
 {
+    M3dView view = M3dView::active3dView();
     const ToolAdjustment::Value value =
         m_inputHandler.heldKeys().changesSize() ? ToolAdjustment::Value::Size : ToolAdjustment::Value::Opacity;
     const double scale = node.prepareToolView(view) ? node.portPixelsPerCanvasPixel() : 1.0;
@@ -203,8 +207,9 @@ void DrawContext::beginAdjustment(const MEvent& event, BaseNode& node, M3dView& 
     m_state = State::Adjusting;
 }
 
-void DrawContext::beginStroke(const MEvent& event, BaseNode& node, M3dView& view)
+void DrawContext::beginStroke(const MEvent& event, BaseNode& node)
 {
+    M3dView view = M3dView::active3dView();
     const std::shared_ptr<LayerManager> manager = node.layerManager();
     MDagPath cameraPath;
     if (!manager || !view.getCamera(cameraPath) || !node.prepareToolView(view)) {
@@ -234,8 +239,9 @@ void DrawContext::beginStroke(const MEvent& event, BaseNode& node, M3dView& view
 }
 
 // The camera's active layer becomes the one that is worked on.
-void DrawContext::workOnCamera(BaseNode& node, M3dView& view)
+void DrawContext::workOnCamera(BaseNode& node)
 {
+    M3dView view = M3dView::active3dView();
     const std::shared_ptr<LayerManager> manager = node.layerManager();
     MDagPath cameraPath;
     if (!manager || !view.getCamera(cameraPath)) {

@@ -4,13 +4,12 @@
 #include "contexts/TextEntry.h"
 #include "contexts/ToolAdjustment.h"
 
+#include <maya/MObjectHandle.h>
+#include <maya/MPxContext.h>
+
 #include <QPointer>
 #include <QString>
 #include <QWidget>
-
-#include <maya/M3dView.h>
-#include <maya/MObjectHandle.h>
-#include <maya/MPxContext.h>
 
 class BaseNode;
 class LayerManager;
@@ -50,9 +49,9 @@ private:
     bool isHeld() const { return m_state == State::Drawing || m_state == State::Adjusting; }
     bool isOfSecondButton(const MEvent& event) const;
 
-    void beginAdjustment(const MEvent& event, BaseNode& node, M3dView& view);
-    void beginStroke(const MEvent& event, BaseNode& node, M3dView& view);
-    void workOnCamera(BaseNode& node, M3dView& view);
+    void beginAdjustment(const MEvent& event, BaseNode& node);
+    void beginStroke(const MEvent& event, BaseNode& node);
+    void workOnCamera(BaseNode& node);
     void release();
     bool beginTyping();
     void finish();

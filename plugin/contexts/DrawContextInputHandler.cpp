@@ -4,6 +4,7 @@
 #include "contexts/DrawContext.h"
 #include "contexts/DrawToolMenu.h"
 #include "contexts/PenPressure.h"
+#include "contexts/ThreadManager.h"
 #include "contexts/TimelineMenu.h"
 #include "settings/PenState.h"
 #include "settings/Preferences.h"
@@ -56,6 +57,7 @@ void DrawContextInputHandler::OnViewDestroyed()
 
 bool DrawContextInputHandler::eventFilter(QObject* watched, QEvent* event)
 {
+    ThreadManager::instance().noteInput(*event);
     bool isTaken = false;
     switch (event->type()) {
     case QEvent::ShortcutOverride: isTaken = isClaimed(static_cast<QKeyEvent&>(*event)); break;

@@ -4,12 +4,31 @@
 
 #include <QThread>
 
+#include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace {
 
-const int kPeriod = 8;          // milliseconds
-const int kPressTolerance = 3;  // pixels; an event's position and the pointer's are rounded differently
+const int kPeriod = 8;             // milliseconds
+const int kPressTolerance = 3;     // pixels; an event's position and the pointer's are rounded differently
+const double kFarthest = 1 << 24;  // pixels; no screen reaches as far, and sums of such places are whole numbers
+
+/// Where the view shows a place of the screen, counted from (1, 1) at its lower left.
+QPoint inView(const QPoint& place, const QRect& view)
+{
+    const double x = double(place.x()) - view.left() + 1;
+    const double y = double(view.height()) - (double(place.y()) - view.top()) + 1;
+    const auto held = [](double value) { return int(std::max(-kFarthest, std::min(kFarthest, value))); };
+    return QPoint(held(x), held(y));
+}
+
+/// The pen's, or that of no pen where a driver sends what is no number.
+float usablePressure()
+{
+    const float pressure = penState::pressure();
+    return std::isnan(pressure) ? 1.0f : std::max(0.0f, std::min(1.0f, pressure));
+}
 
 }  // namespace
 
@@ -48,23 +67,29 @@ void InputWorker::Shutdown()
 
 void InputWorker::Poll()
 {
-    if (!m_options.view.isValid()) {
-        return;
-    }
-    const float opacity = m_options.tabletEnabled ? m_options.opacity * penState::pressure() : m_options.opacity;
-    const QPoint local = m_pointer() - m_options.view.topLeft();
-    const QPoint position(local.x() + 1, m_options.view.height() - local.y() + 1);
-    const std::lock_guard<std::mutex> lock(m_gate->mutex);
-    if (position == m_lastPosition || !m_gate->open) {
+    const float opacity = m_options.tabletEnabled ? m_options.opacity * usablePressure() : m_options.opacity;
+    const PointerSighting seen = m_pointer();
+    m_gate->ifOpen([&](const QRect& view) { sendMove(inView(seen.place, view), opacity, seen.time); });
+}
+
+void InputWorker::sendMove(const QPoint& position, float opacity, SampleTime time)
+{
+    if (position == m_lastPosition) {
         return;
     }
     if (m_lastPosition == unknownPosition()) {
         const QPoint start = firstPosition(position);
-        emit MousePositionChanged(start - QPoint(1, 0), m_options.width, opacity, m_options.hardness);
+        send(start - QPoint(1, 0), opacity, time);
         if (start != position) {
-            emit MousePositionChanged(start, m_options.width, opacity, m_options.hardness);
+            send(start, opacity, time);
         }
     }
     m_lastPosition = position;
+    send(position, opacity, time);
+}
+
+void InputWorker::send(const QPoint& position, float opacity, SampleTime time)
+{
+    m_gate->noteTime(time);
     emit MousePositionChanged(position, m_options.width, opacity, m_options.hardness);
 }

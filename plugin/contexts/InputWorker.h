@@ -1,25 +1,13 @@
 #pragma once
 
 #include "contexts/PointerSource.h"
+#include "contexts/SampleGate.h"
 
 #include <QObject>
 #include <QPoint>
 #include <QTimer>
 
 #include <memory>
-#include <mutex>
-
-/// Through which a worker's samples pass. Once close() has returned, no more do.
-struct SampleGate {
-    void close()
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        open = false;
-    }
-
-    std::mutex mutex;
-    bool open = true;
-};
 
 /// Samples the pointer every 8 ms on a thread of its own, so that a stroke is as smooth while the host is busy.
 class InputWorker : public QObject {
@@ -47,6 +35,8 @@ signals:
     void MousePositionChanged(const QPoint& position, int width, float opacity, float hardness);
 
 private:
+    void sendMove(const QPoint& position, float opacity, SampleTime time);
+    void send(const QPoint& position, float opacity, SampleTime time);
     QPoint firstPosition(const QPoint& polled) const;
 
     const SamplingOptions m_options;

@@ -1,16 +1,24 @@
 #pragma once
 
 #include <QPoint>
-#include <QRect>
 
+#include <chrono>
 #include <functional>
 
-/// Where the pointer is, screen pixels. May be called on any thread.
-using PointerSource = std::function<QPoint()>;
+using SampleClock = std::chrono::steady_clock;
+using SampleTime = SampleClock::time_point;
+
+/// The pointer as it was seen.
+struct PointerSighting {
+    QPoint place;  ///< screen pixels
+    SampleTime time;
+};
+
+/// Looks at the pointer. May be called on any thread.
+using PointerSource = std::function<PointerSighting()>;
 
 /// What one stroke is sampled with; fixed when the stroke starts.
 struct SamplingOptions {
-    QRect view;          ///< the view's place on the screen; nothing is sampled while it is invalid
     int width;           ///< canvas pixels
     float opacity;       ///< 0..1
     float hardness;      ///< 0..1

@@ -7,36 +7,39 @@
 namespace {
 
 const size_t kHistoryLength = 5;
+const int kUnthinnedPoints = 2;    // so that a click leaves its mark
 const double kSmallestStep = 0.1;  // of the tool's width
+
+double distance(const StrokeSmoother::Sample& a, const StrokeSmoother::Sample& b)
+{
+    return std::hypot(double(a.x) - b.x, double(a.y) - b.y);
+}
 
 }  // namespace
 
 void StrokeSmoother::clear()
 {
-    m_history.clear();
+    *this = StrokeSmoother();
 }
 
-bool StrokeSmoother::accept(StrokePoint& point, const QVector<StrokePoint>& stroke)
+bool StrokeSmoother::accept(Sample& sample, int width)
 {
-    const bool canThin = stroke.size() >= 2;
-    if (canThin && stroke.last().position == point.position) {
+    const bool canThin = m_pointCount >= kUnthinnedPoints;
+    if (canThin && sample.x == m_lastPoint.x && sample.y == m_lastPoint.y) {
         return false;
     }
     if (m_history.size() == kHistoryLength) {
         m_history.pop_back();
     }
-    m_history.insert(m_history.begin(), {point.position, point.opacity});
-
+    m_history.insert(m_history.begin(), sample);
     const Sample smoothed = mean();
-    if (canThin) {
-        const QPoint step = smoothed.position - stroke.last().position;
-        if (std::hypot(step.x(), step.y()) < point.width * kSmallestStep) {
-            m_history.erase(m_history.begin());
-            return false;
-        }
+    if (canThin && distance(smoothed, m_lastPoint) < width * kSmallestStep) {
+        m_history.erase(m_history.begin());
+        return false;
     }
-    point.position = smoothed.position;
-    point.opacity = smoothed.opacity;
+    ++m_pointCount;
+    m_lastPoint = smoothed;
+    sample = smoothed;
     return true;
 }
 
@@ -48,10 +51,10 @@ StrokeSmoother::Sample StrokeSmoother::mean() const
     double opacity = 0.0;
     for (size_t i = 0; i < count; ++i) {
         const double weight = double(count - i);
-        x += weight * m_history[i].position.x();
-        y += weight * m_history[i].position.y();
+        x += weight * m_history[i].x;
+        y += weight * m_history[i].y;
         opacity += weight * double(m_history[i].opacity);
     }
     const double sum = double(count * (count + 1)) / 2.0;
-    return {QPoint(roundedHalfAwayFromZero(x / sum), roundedHalfAwayFromZero(y / sum)), float(opacity / sum)};
+    return {roundedHalfAwayFromZero(x / sum), roundedHalfAwayFromZero(y / sum), float(opacity / sum)};
 }

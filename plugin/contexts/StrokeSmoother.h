@@ -1,27 +1,27 @@
 #pragma once
 
-#include "model/ActiveStroke.h"
-
-#include <QPoint>
-
 #include <vector>
 
-/// Turns the pointer's raw positions into the points of a freehand stroke: each is a weighted mean of the last five,
-/// and those too close to the stroke's end are left out.
+/// Turns the pointer's raw samples into the points of a freehand stroke: each is a weighted mean of the last five, and
+/// those too close to the stroke's end are left out.
 class StrokeSmoother {
 public:
-    void clear();
+    struct Sample {
+        int x;  ///< canvas pixels, as y
+        int y;
+        float opacity;  ///< 0..1
+    };
 
-    /// point: a raw sample, canvas pixels; its position and opacity become the smoothed ones, halves away from zero.
-    /// stroke: what has been drawn so far. False when the sample is to be dropped.
-    bool accept(StrokePoint& point, const QVector<StrokePoint>& stroke);
+    /// Begins another stroke.
+    void clear();
+    /// The next sample, of a tool of so many canvas pixels. False when it is to be dropped; else it becomes the
+    /// stroke's next point, halves of a pixel rounded away from zero.
+    bool accept(Sample& sample, int width);
 
 private:
-    struct Sample {
-        QPoint position;
-        float opacity;
-    };
     Sample mean() const;
 
-    std::vector<Sample> m_history;  // newest first
+    std::vector<Sample> m_history;  // raw, newest first
+    int m_pointCount = 0;
+    Sample m_lastPoint = {0, 0, 0.0f};
 };

@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QCursor>
+#include <QMouseEvent>
 #include <QThread>
 
 namespace {
@@ -14,9 +15,9 @@ const unsigned long kLongestWait = 250;  // milliseconds the user may be kept wa
 
 ThreadManager* s_instance = nullptr;
 
-QPoint realPointer()
+PointerSighting realPointer()
 {
-    return QCursor::pos();
+    return {QCursor::pos(), SampleClock::now()};
 }
 
 QRect placeOnScreen(const QWidget& view)
@@ -25,21 +26,11 @@ QRect placeOnScreen(const QWidget& view)
 }
 
 /// Read once, on the main thread: the preferences may change while a stroke is drawn, and belong to this thread.
-SamplingOptions samplingOptions(const QWidget& view, ToolType tool)
+SamplingOptions samplingOptions(ToolType tool)
 {
     const Preferences& preferences = Preferences::instance();
-    return {placeOnScreen(view), preferences.toolSize(tool), float(preferences.toolOpacity(tool)) / 100.0f,
+    return {preferences.toolSize(tool), float(preferences.toolOpacity(tool)) / 100.0f,
             float(preferences.toolHardness(tool)) / 100.0f, preferences.isTabletEnabled(tool)};
-}
-
-/// A shape is spanned by two points: where the pointer went down, and where it is now.
-void spanShape(QVector<StrokePoint>& points, const StrokePoint& point)
-{
-    if (points.size() < 2) {
-        points.prepend(point);
-    } else {
-        points[1] = point;
-    }
 }
 
 }  // namespace
@@ -78,7 +69,6 @@ ThreadManager::~ThreadManager()
 void ThreadManager::start(QWidget* view, BaseNode* node, const QString& camera, const QPoint& pressed)
 {
     stop();
-    m_smoother.clear();
     if (!view || !node) {
         return;
     }
@@ -86,51 +76,72 @@ void ThreadManager::start(QWidget* view, BaseNode* node, const QString& camera, 
     m_camera = camera;
     m_view = view;
     m_pressed = pressed;
+    m_released = SampleTime::max();
+    m_filler.clear();
     const ActiveStroke* stroke = findTarget().stroke;
     if (!stroke) {
         return;
     }
-    m_timerResolution.raise();
-    m_options = samplingOptions(*view, stroke->tool);
-    m_gate = std::make_shared<SampleGate>();
-    m_thread = new QThread;
+    m_options = samplingOptions(stroke->tool);
+    m_running = startThread(placeOnScreen(*view));
+    if (m_running) {
+        m_timerResolution.raise();
+        followView();
+        emit RunInputWorker();
+    }
+}
+
+// Where the system has no thread to give, the toolkit says so, and there is no stroke.
+bool ThreadManager::startThread(const QRect& view)
+{
+    m_gate = std::make_shared<SampleGate>(view);
     auto* worker = new InputWorker(m_options, m_pointer, m_gate);
-    worker->setPressPosition(pressed);
+    worker->setPressPosition(m_pressed);
     connect(this, SIGNAL(RunInputWorker()), worker, SLOT(Run()));
     connect(this, SIGNAL(ShutdownInputWorker()), worker, SLOT(Shutdown()));
-    connectSamples(*worker);
+    connectSamples(*worker, Qt::AutoConnection);
+    m_thread = new QThread;
     // Both go by themselves when the thread ends, however late that is.
     connect(m_thread, SIGNAL(finished()), worker, SLOT(deleteLater()));
     connect(m_thread, SIGNAL(finished()), m_thread, SLOT(deleteLater()));
     worker->moveToThread(m_thread);
     m_thread->start(QThread::TimeCriticalPriority);
-    m_running = true;
-    emit RunInputWorker();
+    if (m_thread->isRunning()) {
+        return true;
+    }
+    delete worker;
+    delete m_thread;
+    m_thread = nullptr;
+    return false;
 }
 
-void ThreadManager::connectSamples(InputWorker& worker)
+void ThreadManager::connectSamples(InputWorker& worker, Qt::ConnectionType type)
 {
     connect(&worker, SIGNAL(MousePositionChanged(const QPoint&, int, float, float)), this,
-            SLOT(OnMousePositionChanged(const QPoint&, int, float, float)));
+            SLOT(OnMousePositionChanged(const QPoint&, int, float, float)), type);
+}
+
+void ThreadManager::deliverSamples()
+{
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
 }
 
 void ThreadManager::stop()
 {
     if (m_running) {
         endThread();
-        const ActiveStroke* stroke = findTarget().stroke;
-        if (stroke && stroke->points.isEmpty()) {
-            InputWorker last(m_options, m_pointer, std::make_shared<SampleGate>());
-            last.setPressPosition(m_pressed);
-            connectSamples(last);
-            last.Poll();
+        if (m_filler.isEmpty()) {
+            pollOnce();
+        }
+        if (ActiveStroke* stroke = findTarget().stroke) {
+            m_filler.cutAfter(m_released, *stroke);
         }
     }
     m_running = false;
     m_timerResolution.restore();
+    leaveView();
     m_node = MObject();
     m_camera.clear();
-    m_view.clear();
 }
 
 void ThreadManager::endThread()
@@ -140,13 +151,69 @@ void ThreadManager::endThread()
     if (!ended) {
         m_gate->close();  // nothing it still finds may reach the next stroke
     }
-    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);  // the samples that are under way
+    deliverSamples();
     if (ended) {
         delete m_thread;  // the worker went with the thread's last event
     } else {
         m_detached.append(m_thread);  // a thread that runs must not be deleted
     }
     m_thread = nullptr;
+}
+
+void ThreadManager::pollOnce()
+{
+    m_gate = std::make_shared<SampleGate>(m_view ? placeOnScreen(*m_view) : QRect());
+    InputWorker last(m_options, m_pointer, m_gate);
+    last.setPressPosition(m_pressed);
+    connectSamples(last, Qt::QueuedConnection);
+    last.Poll();
+    deliverSamples();
+}
+
+void ThreadManager::followView()
+{
+    for (QWidget* widget = m_view; widget; widget = widget->parentWidget()) {
+        widget->installEventFilter(this);
+        m_followed.append(widget);
+    }
+}
+
+void ThreadManager::leaveView()
+{
+    for (const QPointer<QWidget>& widget : m_followed) {
+        if (widget) {
+            widget->removeEventFilter(this);
+        }
+    }
+    m_followed.clear();
+    m_view.clear();
+}
+
+bool ThreadManager::eventFilter(QObject* watched, QEvent* event)
+{
+    if (m_view && (event->type() == QEvent::Move || event->type() == QEvent::Resize)) {
+        m_gate->moveView(placeOnScreen(*m_view));
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void ThreadManager::noteInput(const QEvent& event, SampleTime now)
+{
+    switch (event.type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonRelease: break;
+    default: return;
+    }
+    const auto& mouse = static_cast<const QMouseEvent&>(event);
+    if (!m_running && event.type() != QEvent::MouseMove) {
+        m_eventClock.restart();
+    }
+    m_eventClock.note(mouse.timestamp(), now);
+    if (event.type() == QEvent::MouseButtonRelease && mouse.button() == Qt::LeftButton) {
+        m_released = m_eventClock.latest(mouse.timestamp());
+    }
 }
 
 ThreadManager::Target ThreadManager::findTarget() const
@@ -156,48 +223,27 @@ ThreadManager::Target ThreadManager::findTarget() const
     return {node, manager, manager ? manager->stroke(m_camera) : nullptr};
 }
 
-// A worker counts from where the view was when the stroke began.
-QPoint ThreadManager::inViewNow(const QPoint& position) const
-{
-    if (!m_view) {
-        return position;
-    }
-    const QRect now = placeOnScreen(*m_view);
-    return position + QPoint(m_options.view.left() - now.left(), now.bottom() - m_options.view.bottom());
-}
-
 void ThreadManager::OnMousePositionChanged(const QPoint& position, int width, float opacity, float hardness)
 {
-    const Target target = m_running ? findTarget() : Target();
+    if (!m_running) {
+        return;
+    }
+    const SampleTime time = m_gate->takeTime();
+    const Target target = findTarget();
     if (!target.stroke) {
         return;
     }
     ActiveStroke& stroke = *target.stroke;
     target.node->followToolView(m_view, m_camera);
-    const StrokePoint point = {width, opacity, hardness, target.node->viewToCanvas(inViewNow(position))};
-    if (isFreehand(stroke.tool)) {
-        if (!addFreehandPoint(stroke, point)) {
-            return;
-        }
-    } else if (isShape(stroke.tool)) {
-        spanShape(stroke.points, point);
-    } else if (stroke.tool == ToolType::Text) {
-        stroke.fontFamily = Preferences::instance().textFontFamily();
-        stroke.points = {point};
+    if (!m_filler.add(stroke, {width, opacity, hardness, target.node->viewToCanvas(position)}, time)) {
+        return;
     }
-    stroke.changed = true;
+    if (stroke.tool == ToolType::Text) {
+        stroke.fontFamily = Preferences::instance().textFontFamily();
+    }
     if (isFreehand(stroke.tool) && stroke.points.size() == 2) {
         target.node->redrawActiveView();  // the first segment shows without waiting for the pointer to move on
     } else {
         target.node->scheduleRedraw();
     }
-}
-
-bool ThreadManager::addFreehandPoint(ActiveStroke& stroke, StrokePoint point)
-{
-    if (!m_smoother.accept(point, stroke.points)) {
-        return false;
-    }
-    stroke.points.append(point);
-    return true;
 }

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "contexts/EventClock.h"
 #include "contexts/InputWorker.h"
 #include "contexts/PointerSource.h"
-#include "contexts/StrokeSmoother.h"
+#include "contexts/StrokeFiller.h"
 #include "contexts/TimerResolution.h"
+#include "model/ActiveStroke.h"
 
 #include <maya/MObjectHandle.h>
 
@@ -39,8 +41,13 @@ public:
     /// Does nothing without a view, a node or a stroke. pressed: where the button went down, in the samples' pixels.
     void start(QWidget* view, BaseNode* node, const QString& camera,
                const QPoint& pressed = InputWorker::unknownPosition());
-    /// Takes what has been sampled by now; at least once, so that the shortest click leaves its mark.
+    /// Takes what was sampled up to the release, or up to now where none was noted; at least a click's mark.
     void stop();
+    /// Of every event that the views get: a busy host hands a release on late, and what the pointer does after it is no
+    /// part of the stroke.
+    void noteInput(const QEvent& event, SampleTime now = SampleClock::now());
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 signals:
     void RunInputWorker();
@@ -56,10 +63,13 @@ private:
         ActiveStroke* stroke;  // null when the stroke, or the whole drawing, is gone
     };
     Target findTarget() const;
-    bool addFreehandPoint(ActiveStroke& stroke, StrokePoint point);
-    void connectSamples(InputWorker& worker);
+    bool startThread(const QRect& view);
     void endThread();
-    QPoint inViewNow(const QPoint& position) const;
+    void pollOnce();
+    void connectSamples(InputWorker& worker, Qt::ConnectionType type);
+    void deliverSamples();
+    void followView();
+    void leaveView();
 
     const PointerSource m_pointer;
     TimerResolution m_timerResolution;
@@ -70,7 +80,10 @@ private:
     MObjectHandle m_node;
     QString m_camera;
     QPointer<QWidget> m_view;
+    QList<QPointer<QWidget>> m_followed;  // the view and what it is in, any of which may move it
     QPoint m_pressed;
-    SamplingOptions m_options;  // of the stroke's start
-    StrokeSmoother m_smoother;
+    SamplingOptions m_options;
+    StrokeFiller m_filler;
+    EventClock m_eventClock;
+    SampleTime m_released = SampleTime::max();
 };

@@ -17,7 +17,7 @@ constexpr float kArrowHead = 40.0f;         // length of a head line, canvas pix
 constexpr double kFullHeadShaft = 200.0;    // shorter shafts have heads shortened alike
 constexpr int kTextFrameWidth = 2;
 constexpr int kDotsPerMetre = 3780;  // in which a font's points are measured, whatever the screen has
-constexpr int kFarthest = 1 << 20;  // beyond what is seen, and still safe to compute with
+constexpr int kFarthest = 1 << 20;   // beyond what is seen, and still safe to compute with
 
 int held(int coordinate)
 {

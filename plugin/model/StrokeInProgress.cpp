@@ -33,7 +33,7 @@ void StrokeInProgress::end()
 void StrokeInProgress::advance(const Picture& base)
 {
     if (isFreehand(m_record->tool)) {
-        drawNewestPoints();
+        drawNewestPoints(base);
     } else if (m_record->tool != ToolType::Transform) {
         m_touched |= m_canvas.ink.box();
         renderShape(m_canvas.image, *m_record, true);
@@ -44,13 +44,29 @@ void StrokeInProgress::advance(const Picture& base)
     }
 }
 
-void StrokeInProgress::drawNewestPoints()
+void StrokeInProgress::drawNewestPoints(const Picture& base)
 {
+    if (m_lastRasterised > 0 && m_record->points.size() <= m_lastRasterised) {
+        startAnew(base);
+    }
     const QRect touched = rasteriseStroke(m_canvas.image, m_record->points, m_lastRasterised, m_record->tool);
     m_lastRasterised = std::max(m_record->points.size() - 1, 0);
     m_touched |= touched;
     if (m_record->tool != ToolType::Eraser) {
         m_canvas.ink.add(touched);
+    }
+}
+
+// The stroke's last points were taken back after they had been drawn.
+void StrokeInProgress::startAnew(const Picture& base)
+{
+    m_touched = m_canvas.image.rect();
+    m_lastRasterised = 0;
+    if (m_record->tool == ToolType::Eraser) {
+        m_canvas = {asCanvas(base.image()), base.ink()};
+    } else {
+        fillInvisible(m_canvas.image, m_record->colour);
+        m_canvas.ink = InkMap();
     }
 }
 

@@ -45,7 +45,8 @@ public:
     Picture committed(const Picture& base);  ///< the drawing that a commit leaves behind: a canvas
 
 private:
-    void drawNewestPoints();
+    void drawNewestPoints(const Picture& base);
+    void startAnew(const Picture& base);
     void advanceTransform(const Picture& base);
     void takeRegion(const Picture& base);
 

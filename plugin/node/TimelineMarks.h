@@ -14,7 +14,8 @@ public:
     static void install(TimelineMarks* marks);  ///< a loan; null to take it back
     static void refreshInstalled();
 
-    /// One of our tools is in use, while which the marks may be wanted; they are refreshed when they are shown for that.
+    /// One of our tools is in use, while which the marks may be wanted; they are refreshed when they are shown for
+    /// that.
     static void setToolActive(bool active);
     static bool isToolActive();
 };

@@ -2,6 +2,8 @@
 #include "support/CommandFixture.h"
 #include "support/HeldEncoder.h"
 
+#include "commands/FrameCommand.h"
+#include "commands/LayerCommand.h"
 #include "commands/StrokeCommand.h"
 
 namespace {
@@ -73,6 +75,29 @@ TEST_F(StrokeCommandTest, AFloatingPasteIsPutDownOnTheFrameMadeForItAndMakesWayF
     EXPECT_TRUE(run("redo"));
     EXPECT_EQ(describeDrawing(), after);
     expectUndoAndRedo(before, after);
+}
+
+TEST_F(StrokeCommandTest, AStrokeEndsAtOnceWhenItsFrameOrItsLayerIsTaken)
+{
+    addCommand(names::kFrameCommand, FrameCommand::creator, FrameCommand::newSyntax);
+    addCommand(names::kLayerCommand, LayerCommand::creator, LayerCommand::newSyntax);
+    keyed("persp", {1, 5});
+    goTo(1);
+    const QString before = describeDrawing();
+    for (const char* taking : {"tqLumisketchFrame -delete persp", "tqLumisketchLayer -delete 0 persp"}) {
+        for (const char* text : {taking, "redo"}) {
+            drag("persp", 300);
+            ASSERT_TRUE(run(text)) << taking;
+            EXPECT_FALSE(drawing().hasStroke()) << text << " of " << taking;
+            run("undo");
+            EXPECT_EQ(describeDrawing(), before);
+        }
+    }
+    goTo(5);
+    drag("persp", 300);
+    goTo(1);
+    run("tqLumisketchFrame -delete persp");
+    EXPECT_TRUE(drawing().hasStroke()) << "it was not its own";
 }
 
 TEST_F(StrokeCommandTest, AStrokeBegunBeforePlaybackMovedOnUndoesItsOwnFrame)

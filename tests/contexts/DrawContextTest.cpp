@@ -247,6 +247,10 @@ TEST_F(DrawContextTest, LeavingTheToolOrPressingAnewEndsAStroke)
     EXPECT_EQ(commits.size(), 2u);
     release();
     EXPECT_EQ(commits.size(), 3u);
+    press();
+    MEvent event;
+    api::ToolBox::instance().current()->toolOnSetup(event);
+    EXPECT_EQ(commits.size(), 4u) << "entered anew without being left";
 }
 
 TEST_F(DrawContextTest, ThePensEndAndPressureCountUntilTheRelease)

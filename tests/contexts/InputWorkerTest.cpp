@@ -4,9 +4,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
+
 namespace {
 
-const SamplingOptions kOptions = {QRect(100, 200, 640, 480), 7, 0.8f, 0.5f, false};
+const SamplingOptions kOptions = {7, 0.8f, 0.5f, false};
+const QRect kView(100, 200, 640, 480);
 
 struct Sample {
     QPoint position;
@@ -18,8 +22,12 @@ struct Sample {
 /// A worker on this thread, its pointer where the test puts it, and what it has sent.
 struct Polled {
     explicit Polled(const SamplingOptions& options = kOptions)
-        : gate(std::make_shared<SampleGate>()), worker(
-                                                    options, [this] { return pointer; }, gate)
+        : gate(std::make_shared<SampleGate>(kView)), worker(
+                                                         options,
+                                                         [this] {
+                                                             return PointerSighting{pointer, SampleTime()};
+                                                         },
+                                                         gate)
     {
         QObject::connect(&worker, &InputWorker::MousePositionChanged,
                          [this](const QPoint& position, int width, float opacity, float hardness) {
@@ -101,13 +109,59 @@ TEST_F(InputWorkerTest, WeighsOpacityByThePressureOfEachPollWhereTheToolSaysSo)
     EXPECT_FLOAT_EQ(pressed.samples.at(2).opacity, 0.2f);
 }
 
+TEST_F(InputWorkerTest, HoldsWhatAPenDriverMayNotSayWithinNoneAndFull)
+{
+    SamplingOptions options = kOptions;
+    options.opacity = 1.0f;
+    options.tabletEnabled = true;
+    const float infinite = std::numeric_limits<float>::infinity();
+    const struct {
+        float pressure, opacity;
+    } cases[] = {{-0.5f, 0}, {0, 0}, {1.5f, 1}, {infinite, 1}, {-infinite, 0}, {std::nanf(""), 1}};
+    for (const auto& c : cases) {
+        Polled polled(options);
+        penState::setPressure(c.pressure);
+        polled.worker.Poll();
+        EXPECT_EQ(polled.samples.at(1).opacity, c.opacity) << c.pressure;
+    }
+}
+
+TEST_F(InputWorkerTest, CountsFromWhereTheViewIsNow)
+{
+    Polled polled;
+    polled.worker.Poll();
+    polled.gate->moveView(kView.translated(10, 20));
+    polled.worker.Poll();
+    EXPECT_EQ(polled.samples.back().position, QPoint(41, 401)) << "the pointer rests on another place of the view";
+    polled.gate->moveView(QRect(110, 220, 640, 500));
+    polled.worker.Poll();
+    EXPECT_EQ(polled.samples.back().position, QPoint(41, 421));
+}
+
+TEST_F(InputWorkerTest, PlacesBeyondAnyScreenAreHeldWithinWhatCanBeReckonedWith)
+{
+    const int most = std::numeric_limits<int>::max();
+    const int least = std::numeric_limits<int>::min();
+    Polled polled;
+    for (const QPoint& place : {QPoint(most, most), QPoint(least, least), QPoint(-5000, 5000)}) {
+        polled.pointer = place;
+        polled.worker.Poll();
+    }
+    const int far = 1 << 24;
+    ASSERT_EQ(polled.samples.size(), 4u);
+    EXPECT_EQ(polled.samples[1].position, QPoint(far, -far));
+    EXPECT_EQ(polled.samples[2].position, QPoint(-far, far));
+    EXPECT_EQ(polled.samples[3].position, QPoint(-5099, -4319));
+}
+
 TEST_F(InputWorkerTest, SendsNothingWithoutAViewOrThroughAClosedGate)
 {
-    SamplingOptions nowhere = kOptions;
-    nowhere.view = QRect();
-    Polled polled(nowhere);
-    polled.worker.Poll();
-    EXPECT_EQ(polled.samples.size(), 0u);
+    for (const QRect& nowhere : {QRect(), QRect(100, 200, 640, 0)}) {
+        Polled polled;
+        polled.gate->moveView(nowhere);
+        polled.worker.Poll();
+        EXPECT_EQ(polled.samples.size(), 0u);
+    }
 
     Polled closed;
     closed.gate->close();

@@ -2,17 +2,24 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <limits>
+#include <string>
+#include <vector>
+
 namespace {
+
+using Sample = StrokeSmoother::Sample;
 
 struct Stroke {
     explicit Stroke(int width) : width(width) {}
 
     bool add(int x, int y, float opacity = 1.f)
     {
-        StrokePoint point = {width, opacity, 1.f, QPoint(x, y)};
-        const bool accepted = smoother.accept(point, points);
+        Sample sample = {x, y, opacity};
+        const bool accepted = smoother.accept(sample, width);
         if (accepted) {
-            points.append(point);
+            points.push_back(sample);
         }
         return accepted;
     }
@@ -20,15 +27,15 @@ struct Stroke {
     std::vector<std::pair<int, int>> positions() const
     {
         std::vector<std::pair<int, int>> all;
-        for (const StrokePoint& point : points) {
-            all.emplace_back(point.position.x(), point.position.y());
+        for (const Sample& point : points) {
+            all.emplace_back(point.x, point.y);
         }
         return all;
     }
 
     int width;
     StrokeSmoother smoother;
-    QVector<StrokePoint> points;
+    std::vector<Sample> points;
 };
 
 using Positions = std::vector<std::pair<int, int>>;
@@ -57,21 +64,15 @@ TEST(StrokeSmoother, RoundsHalvesAwayFromZero)
     stroke.add(0, 0);
     stroke.add(0, 0);
     stroke.add(5, -5);  // 15 / 6 = 2.5
-    EXPECT_EQ(stroke.points.last().position, QPoint(3, -3));
+    EXPECT_EQ(stroke.positions().back(), (std::pair<int, int>{3, -3}));
 }
 
-TEST(StrokeSmoother, SmoothsOpacityButNotWidthAndHardness)
+TEST(StrokeSmoother, SmoothsOpacityToo)
 {
-    StrokeSmoother smoother;
-    QVector<StrokePoint> points;
-    StrokePoint first = {10, 0.25f, 0.5f, QPoint(0, 0)};
-    ASSERT_TRUE(smoother.accept(first, points));
-    points.append(first);
-    StrokePoint second = {20, 1.f, 0.75f, QPoint(30, 0)};
-    ASSERT_TRUE(smoother.accept(second, points));
-    EXPECT_FLOAT_EQ(second.opacity, 0.75f);
-    EXPECT_EQ(second.width, 20);
-    EXPECT_FLOAT_EQ(second.hardness, 0.75f);
+    Stroke stroke(10);
+    stroke.add(0, 0, 0.25f);
+    stroke.add(30, 0, 1.f);
+    EXPECT_FLOAT_EQ(stroke.points.back().opacity, 0.75f);
 }
 
 TEST(StrokeSmoother, DropsShortMovesAndForgetsThem)
@@ -82,7 +83,7 @@ TEST(StrokeSmoother, DropsShortMovesAndForgetsThem)
     EXPECT_FALSE(stroke.add(18, 0));  // smoothed 9: nearer than a tenth of the width
     EXPECT_FALSE(stroke.add(18, 0));  // had the first stayed, this one would be at 13
     EXPECT_TRUE(stroke.add(20, 0));   // smoothed 10: exactly a tenth is far enough
-    EXPECT_EQ(stroke.points.last().position, QPoint(10, 0));
+    EXPECT_EQ(stroke.positions().back(), (std::pair<int, int>{10, 0}));
 }
 
 TEST(StrokeSmoother, DropsASampleAtTheStrokesEnd)
@@ -90,9 +91,21 @@ TEST(StrokeSmoother, DropsASampleAtTheStrokesEnd)
     Stroke stroke(1);
     stroke.add(0, 0);
     stroke.add(3, 0);
-    const QPoint end = stroke.points.last().position;
-    EXPECT_FALSE(stroke.add(end.x(), end.y()));
-    EXPECT_EQ(stroke.points.size(), 2);
+    EXPECT_FALSE(stroke.add(stroke.points.back().x, stroke.points.back().y));
+}
+
+TEST(StrokeSmoother, TakesToolsWithoutWidthAndPlacesBeyondReckoning)
+{
+    const int most = std::numeric_limits<int>::max();
+    const int least = std::numeric_limits<int>::min();
+    Stroke stroke(0);
+    stroke.add(least, most);
+    stroke.add(least, most);
+    EXPECT_FALSE(stroke.add(least, most)) << "the stroke's end";
+    EXPECT_TRUE(stroke.add(most, least));
+    EXPECT_TRUE(stroke.add(least + 5, most));
+    EXPECT_EQ(stroke.positions().front(), (std::pair<int, int>{least, most}));
+    EXPECT_EQ(stroke.positions()[2].first, -1) << "half a pixel left of the middle";
 }
 
 TEST(StrokeSmoother, StartsEachStrokeAnew)
@@ -103,6 +116,47 @@ TEST(StrokeSmoother, StartsEachStrokeAnew)
     stroke.points.clear();
     stroke.add(0, 0);
     EXPECT_EQ(stroke.positions(), (Positions{{0, 0}}));
+}
+
+/// A stroke as the real pointer was sampled, canvas pixels, and the points reckoned from that with whole fractions.
+struct Recorded {
+    explicit Recorded(const std::string& name)
+    {
+        std::ifstream file(RECORDED_STROKES "/" + name + ".txt");
+        std::string word;
+        file >> word >> width >> word;
+        readPairs(file, samples);
+        readPairs(file, points);
+    }
+
+    static void readPairs(std::istream& in, Positions& pairs)
+    {
+        std::pair<int, int> pair;
+        while (in >> pair.first >> pair.second) {
+            pairs.push_back(pair);
+        }
+        in.clear();  // a word, which heads what comes next, or the end
+        std::string word;
+        in >> word;
+    }
+
+    int width = 0;
+    Positions samples;
+    Positions points;
+};
+
+TEST(StrokeSmoother, MakesOfRecordedStrokesThePointsReckonedByHand)
+{
+    for (const char* name : {"slow-circle", "fast-zigzag", "dot"}) {
+        SCOPED_TRACE(name);
+        const Recorded recorded(name);
+        ASSERT_FALSE(recorded.points.empty());
+        Stroke stroke(recorded.width);
+        for (const auto& sample : recorded.samples) {
+            stroke.add(sample.first, sample.second);
+        }
+        EXPECT_EQ(stroke.positions(), recorded.points);
+    }
 }
 
 }  // namespace

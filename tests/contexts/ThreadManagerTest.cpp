@@ -5,28 +5,37 @@
 #include "support/TestView.h"
 
 #include <QCoreApplication>
+#include <QMouseEvent>
 #include <QSemaphore>
 #include <QThread>
 
 #include <atomic>
+#include <mutex>
 
 namespace {
 
-/// A pointer that other threads read and the test moves.
+const SampleTime kStart = SampleTime() + std::chrono::hours(1);
+
+/// A pointer that other threads read and the test moves, each time at a time of the test's own.
 class TestPointer {
 public:
-    void moveTo(int x, int y) { m_position = x * 10000 + y; }
-    QPoint read()
+    void moveTo(int x, int y, SampleTime time = kStart)
     {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_sighting = {QPoint(x, y), time};
+    }
+    PointerSighting read()
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
         ++reads;
-        const int position = m_position;
-        return QPoint(position / 10000, position % 10000);
+        return m_sighting;
     }
 
     std::atomic<int> reads{0};
 
 private:
-    std::atomic<int> m_position{0};
+    std::mutex m_mutex;
+    PointerSighting m_sighting;
 };
 
 class ThreadManagerTest : public NodeFixture {
@@ -170,21 +179,67 @@ TEST_F(ThreadManagerTest, AStrokeStaysUnderThePointerInAViewThatChangesUnderIt)
         {"drawn smaller", {40, 60, 512, 512}, "2", {692, 284}},
         {"without a canvas to be seen", {40, 60, 512, 512}, "1000000", {602, 398}},
     };
+    view.show();  // hidden widgets are told of their moves later
     for (const auto& c : cases) {
         ActiveStroke* stroke = begin(ToolType::Line);
         manager.start(&view, &node(), "persp");
-        sample(100, 413);
-        sample(101, 413);
+        waitForReads(2);
+        QCoreApplication::processEvents();
         view.setGeometry(c.place);
         run(std::string("setAttr perspShape.overscan ") + c.overscan);
-        sample(301, 313);
+        pointer.moveTo(340, 260);
+        waitForReads(2);
+        manager.stop();
         ASSERT_EQ(stroke->points.size(), 2);
-        EXPECT_EQ(stroke->points[0].position, QPoint(202, 198)) << c.what;
         EXPECT_EQ(stroke->points[1].position, c.canvas) << c.what;
         drawing().dropStroke();
-        manager.stop();
+        pointer.moveTo(140, 160);
         view.setGeometry(40, 60, 512, 512);
         run("setAttr perspShape.overscan 1");
+    }
+}
+
+TEST_F(ThreadManagerTest, AStrokeEndsWhereTheButtonWentUpHoweverLateTheHostSaysSo)
+{
+    using std::chrono::milliseconds;
+    const auto note = [this](QEvent::Type type, Qt::MouseButton button, unsigned long stamp, int heard) {
+        QMouseEvent event(type, QPointF(), button, Qt::LeftButton, Qt::NoModifier);
+        event.setTimestamp(stamp);
+        manager.noteInput(event, kStart + milliseconds(heard));
+    };
+    const struct {
+        const char* what;
+        unsigned long pressed, moved, released;  // stamps; the events are heard at 0, 60 and 400 ms
+        Qt::MouseButton button;
+        int freehand, line, text;  // x of the stroke's last point
+    } cases[] = {
+        {"in time", 7000, 7060, 7400, Qt::LeftButton, 391, 522, 522},
+        {"release heard late", 7000, 7050, 7100, Qt::LeftButton, 262, 322, 322},
+        {"press heard late too", 6970, 7060, 7100, Qt::LeftButton, 262, 322, 322},
+        {"without stamps", 0, 0, 0, Qt::LeftButton, 391, 522, 522},
+        {"stamps run backwards", 7000, 6000, 7100, Qt::LeftButton, 391, 522, 522},
+        {"another button", 7000, 7050, 7100, Qt::RightButton, 391, 522, 522},
+        {"released at once", 7000, 7000, 7001, Qt::LeftButton, 201, 200, 202},
+    };
+    for (const ToolType tool : {ToolType::Pencil, ToolType::Eraser, ToolType::Line, ToolType::Text}) {
+        for (const auto& c : cases) {
+            SCOPED_TRACE(std::string(c.what) + ", tool " + std::to_string(int(tool)));
+            ActiveStroke* stroke = begin(tool);
+            note(QEvent::MouseButtonPress, Qt::LeftButton, c.pressed, 0);
+            pointer.moveTo(140, 160, kStart);
+            manager.start(views.persp().widget(), &node(), "persp");
+            waitForReads(2);
+            note(QEvent::MouseMove, Qt::NoButton, c.moved, 60);
+            for (const auto& step : {std::pair<int, int>{200, 90}, {250, 125}, {300, 300}}) {
+                pointer.moveTo(step.first, 160, kStart + milliseconds(step.second));
+                waitForReads(2);
+            }
+            note(QEvent::MouseButtonRelease, c.button, c.released, 400);
+            manager.stop();
+            const int end = isFreehand(tool) ? c.freehand : tool == ToolType::Line ? c.line : c.text;
+            EXPECT_EQ(stroke->points.last().position.x(), end);
+            drawing().dropStroke();
+        }
     }
 }
 
@@ -208,6 +263,43 @@ TEST_F(ThreadManagerTest, SamplesWithoutAStrokeAreIgnored)
     manager.stop();
 }
 
+TEST_F(ThreadManagerTest, AStrokeMayBeStartedTwiceAndEndWithTheModule)
+{
+    ActiveStroke* stroke = begin(ToolType::Line);
+    {
+        ThreadManager ending([this] { return pointer.read(); });
+        ending.start(views.persp().widget(), &node(), "persp");
+        ending.start(views.persp().widget(), &node(), "persp");
+        EXPECT_TRUE(ending.isRunning());
+        waitForReads(2);
+    }
+    EXPECT_EQ(stroke->points.size(), 2);
+    drawing().dropStroke();
+
+    std::unique_ptr<QWidget> window(new QWidget);
+    auto* view = new QWidget(window.get());
+    begin(ToolType::Line);
+    manager.start(view, &node(), "persp");
+    waitForReads(1);
+    window.reset();
+    manager.stop();
+    EXPECT_FALSE(manager.isRunning());
+}
+
+TEST_F(ThreadManagerTest, PlacesFarOffTheViewAreDrawnTowards)
+{
+    const int far = 1 << 24;
+    ActiveStroke* stroke = begin(ToolType::Pencil);
+    manager.start(views.persp().widget(), &node(), "persp");
+    for (const QPoint& place : {QPoint(99, 100), QPoint(100, 100), QPoint(far, -far), QPoint(-far, far)}) {
+        sample(place.x(), place.y());
+    }
+    ASSERT_EQ(stroke->points.size(), 4);
+    EXPECT_NE(drawing().composite("persp"), nullptr);
+    EXPECT_GT(stroke->points[2].position.x(), far / 2);
+    EXPECT_LT(stroke->points[3].position.x(), 0);
+}
+
 TEST_F(ThreadManagerTest, AWorkerThatIsStuckIsLeftBehindAndNeverDisturbsTheNextStroke)
 {
     QSemaphore stuck;
@@ -217,7 +309,7 @@ TEST_F(ThreadManagerTest, AWorkerThatIsStuckIsLeftBehindAndNeverDisturbsTheNextS
         if (jam.exchange(false)) {
             reading.release();
             stuck.acquire();
-            return QPoint(400, 400);
+            return PointerSighting{QPoint(400, 400), kStart};
         }
         return pointer.read();
     });

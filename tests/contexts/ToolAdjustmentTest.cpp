@@ -176,6 +176,11 @@ TEST_F(ToolAdjustmentTest, Viewport2ShowsTheSizeAsACircleAndBothValuesAsNumbers)
     EXPECT_NEAR(dragged[0].points[0].x, 107.5, 0.01);
     EXPECT_EQ(dragged[1].text, "30");
     EXPECT_THAT(drawnAt(api::ToolEvent::Kind::Release, 200), IsEmpty());
+    views.persp().pixelRatio = 2;
+    const auto dense = drawnAt(api::ToolEvent::Kind::Press, 100);
+    ASSERT_EQ(dense.size(), 2u);
+    EXPECT_NEAR(dense[0].points[0].x, 115, 0.01) << "of 30 canvas pixels on a dense screen";
+    release();
     letGo(Qt::Key_B);
 
     key(Qt::Key_M);

@@ -84,6 +84,35 @@ TEST_F(StrokeTest, AnEraserStrokeDoesNotBringBackWhatIsUndoneUnderIt)
     }
 }
 
+TEST_F(StrokeTest, PointsTakenBackAfterTheyWereDrawnLeaveNoTrace)
+{
+    addLayer("persp", "A", {1});
+    QVector<StrokePoint> points;
+    for (int i = 0; i < 8; ++i) {
+        points.append({4, 1.0f, 1.0f, QPoint(8 + 2 * i, 16 + i)});  // across the ink that is there
+    }
+    for (const ToolType tool : {ToolType::Pencil, ToolType::Brush, ToolType::Eraser}) {
+        Preferences::instance().setActiveTool(tool);
+        QImage committed[2];
+        for (const bool drawnBefore : {false, true}) {
+            ActiveStroke* record = drawing.beginStroke("persp", false);
+            if (drawnBefore) {
+                record->points = points;
+                record->changed = true;
+                drawing.composite("persp");
+            }
+            record->points = points.mid(0, points.size() / 2);
+            record->changed = true;
+            Picture undo;
+            ASSERT_TRUE(drawing.commitStroke("persp", undo));
+            committed[drawnBefore] = shown("persp");
+            ASSERT_TRUE(drawing.swapActiveImage("persp", undo));
+        }
+        EXPECT_TRUE(pixels::same(committed[0], committed[1])) << int(tool);
+        EXPECT_FALSE(pixels::same(committed[0], base())) << int(tool);
+    }
+}
+
 TEST_F(StrokeTest, NeedsAnActiveLayerThatCanBeDrawnOnNow)
 {
     EXPECT_EQ(drawing.beginStroke("persp", false), nullptr);

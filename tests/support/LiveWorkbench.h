@@ -50,6 +50,9 @@ public:
     /// Moves the pointer to the first point, presses the left button there and drags to the second; letGo() ends it.
     void hold(const QPoint& from, const QPoint& to);
     void letGo();
+    /// Moves along `way`, `stepMs` between points; lets go of the left button at its end and moves on along `after`.
+    /// Does not wait for the program, whatever that is busy with.
+    void strokeUnheard(const QVector<QPoint>& way, const QVector<QPoint>& after, int stepMs = 8);
     void moveTo(const QPoint& point);
     /// A key or chord in the X server's names: "ctrl+z", "Return".
     void key(const QString& chord);

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "contexts/PointerSource.h"
+
+#include <QRect>
+
+#include <deque>
+#include <mutex>
+
+/// What the main thread and the worker of a stroke share; the worker's samples pass through it.
+class SampleGate {
+public:
+    /// view: see moveView.
+    explicit SampleGate(const QRect& view) : m_view(view) {}
+
+    /// Once this has returned, no more samples pass.
+    void close();
+    /// Where the view is from now on, screen pixels; nothing is sampled while it is empty.
+    void moveView(const QRect& view);
+    /// When the sample that arrives next was taken; now when it did not pass here. To be asked once for each.
+    SampleTime takeTime();
+
+    /// Calls pass(view) while the gate is open and stays so. pass: may call noteTime, once for each sample it sends.
+    template <typename Pass>
+    void ifOpen(Pass pass)
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_open && m_view.isValid()) {
+            pass(m_view);
+        }
+    }
+    void noteTime(SampleTime time) { m_times.push_back(time); }
+
+private:
+    std::mutex m_mutex;
+    bool m_open = true;
+    QRect m_view;
+    std::deque<SampleTime> m_times;  // of the samples under way
+};

@@ -1,0 +1,73 @@
+#include "contexts/StrokeFiller.h"
+
+#include <cstddef>
+
+namespace {
+
+const size_t kClick = 2;  // points that always stay
+
+/// A shape is spanned by two points: where the pointer went down, and where it is now.
+void spanShape(QVector<StrokePoint>& points, const StrokePoint& point)
+{
+    if (points.size() < 2) {
+        points.prepend(point);
+    } else {
+        points[1] = point;
+    }
+}
+
+void addPoint(ActiveStroke& stroke, const StrokePoint& point)
+{
+    if (isFreehand(stroke.tool)) {
+        stroke.points.append(point);
+    } else if (isShape(stroke.tool)) {
+        spanShape(stroke.points, point);
+    } else if (stroke.tool == ToolType::Text) {
+        stroke.points = {point};
+    }
+}
+
+}  // namespace
+
+void StrokeFiller::clear()
+{
+    m_smoother.clear();
+    m_points.clear();
+}
+
+bool StrokeFiller::add(ActiveStroke& stroke, StrokePoint sample, SampleTime time)
+{
+    if (isFreehand(stroke.tool) && !smooth(sample)) {
+        return false;
+    }
+    m_points.push_back({sample, time});
+    addPoint(stroke, sample);
+    stroke.changed = true;
+    return true;
+}
+
+bool StrokeFiller::smooth(StrokePoint& sample)
+{
+    StrokeSmoother::Sample smoothed = {sample.position.x(), sample.position.y(), sample.opacity};
+    const bool accepted = m_smoother.accept(smoothed, sample.width);
+    sample.position = QPoint(smoothed.x, smoothed.y);
+    sample.opacity = smoothed.opacity;
+    return accepted;
+}
+
+void StrokeFiller::cutAfter(SampleTime end, ActiveStroke& stroke)
+{
+    size_t kept = m_points.size();
+    while (kept > kClick && m_points[kept - 1].time > end) {
+        --kept;
+    }
+    if (kept == m_points.size()) {
+        return;
+    }
+    m_points.erase(m_points.begin() + std::ptrdiff_t(kept), m_points.end());
+    stroke.points.clear();
+    for (const TimedPoint& timed : m_points) {
+        addPoint(stroke, timed.point);
+    }
+    stroke.changed = true;
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "contexts/PointerSource.h"
+#include "contexts/StrokeSmoother.h"
+#include "model/ActiveStroke.h"
+
+#include <vector>
+
+/// Makes a stroke's points of its samples, each tool in its own way: freehand points follow one another, smoothed;
+/// shapes are spanned by two; a text stands at one.
+class StrokeFiller {
+public:
+    /// Begins another stroke.
+    void clear();
+    /// sample: raw, canvas pixels. False when it is dropped.
+    bool add(ActiveStroke& stroke, StrokePoint sample, SampleTime time);
+    /// Takes back what came of samples younger than `end`; of the first two never, for they are a click's mark.
+    void cutAfter(SampleTime end, ActiveStroke& stroke);
+    bool isEmpty() const { return m_points.empty(); }
+
+private:
+    struct TimedPoint {
+        StrokePoint point;
+        SampleTime time;
+    };
+    bool smooth(StrokePoint& sample);
+
+    StrokeSmoother m_smoother;
+    std::vector<TimedPoint> m_points;  // that have gone into the stroke
+};
