@@ -73,29 +73,6 @@ TEST_F(FloatingView, TakesAStrokeOfItsOwnCameraAndTheUndoKey)
     EXPECT_EQ(picture("floatPanel"), empty);
 }
 
-TEST_F(FloatingView, DeletingItInTheMiddleOfAStrokeKeepsTheStrokeAndTheProgram)
-{
-    const QPoint centre = host().viewRect("floatPanel").center();
-    host().run("lookThru modelPanel4 front");
-    const QImage empty = picture("modelPanel4");
-    host().hold(centre - QPoint(60, 40), centre);
-    EXPECT_EQ(host().run("deleteUI floatWindow"), "");
-    host().letGo();
-    EXPECT_EQ(host().run("modelPanel -exists floatPanel"), "0");
-    EXPECT_EQ(host().run("getPanel -withFocus"), "modelPanel4");
-
-    // What was drawn belongs to the camera, and is a step like any other.
-    const QImage drawn = picture("modelPanel4");
-    EXPECT_NE(drawn, empty);
-    host().run("undo");
-    EXPECT_EQ(picture("modelPanel4"), empty);
-    host().run("redo");
-    EXPECT_EQ(picture("modelPanel4"), drawn);
-    drawIn("modelPanel4");
-    EXPECT_NE(picture("modelPanel4"), drawn);
-    EXPECT_TRUE(host().isRunning()) << host().output().toStdString();
-}
-
 TEST_F(FloatingView, IsMadeAndClosedAgainAndAgain)
 {
     for (int round = 0; round < 3; ++round) {
