@@ -2,30 +2,17 @@
 // beside each. Needs a display with OpenGL.
 
 #include "Figure.h"
+#include "NodeStage.h"
 #include "PairedTiming.h"
 #include "Require.h"
 
-#include "app/Host.h"
-#include "model/BaseNodeLayerData.h"
-#include "model/LayerManager.h"
-#include "node/BaseNode.h"
-#include "node/BaseNodeDrawOverride.h"
-#include "settings/Names.h"
-
-#include "api/Handles.h"
-#include "api/Module.h"
 #include "view/Viewport.h"
 #include "view/Viewports.h"
 
 #include <QApplication>
 #include <QEventLoop>
 #include <QOpenGLFunctions>
-#include <QTemporaryDir>
 #include <QWidget>
-
-#include <maya/MDrawRegistry.h>
-#define MNoVersionString  // this is no module
-#include <maya/MFnPlugin.h>
 
 namespace {
 
@@ -34,8 +21,6 @@ class Stage {
 public:
     Stage()
     {
-        registerNode();
-        m_host.run("createNode tqLumisketch");
         for (unsigned seed = 1; seed <= 3; ++seed) {
             drawing().insertLayer("persp", -1, "Figure");
             drawing().setActiveLayer("persp", int(seed) - 1, true);
@@ -43,7 +28,7 @@ public:
             drawing().activeLayer("persp")->setCurrentImage(Figure(seed).drawn());
         }
         m_window.resize(64, 36);
-        m_view = m_views.add("modelPanel4", m_host.session().scene.findOrNull("perspShape"), &m_window);
+        m_view = m_views.add("modelPanel4", m_stage.camera(), &m_window);
         m_view->setGeometry(0, 0, 64, 36);
         QEventLoop firstFrame;
         QObject::connect(m_view, SIGNAL(frameSwapped()), &firstFrame, SLOT(quit()));
@@ -76,37 +61,15 @@ public:
     }
 
 private:
-    void registerNode()
-    {
-        m_module->name = "bench";
-        m_module->session = &m_host.session();
-        MObject object = api::toObject(m_module);
-        MFnPlugin plugin(object);
-        const MString classification(names::kDrawClassification);
-        plugin.registerData(names::kLayerDataType, names::kLayerDataTypeId, BaseNodeLayerData::creator);
-        plugin.registerNode(names::kNodeType, names::kNodeTypeId, BaseNode::creator, BaseNode::initialize,
-                            MPxNode::kLocatorNode, &classification);
-        MHWRender::MDrawRegistry::registerDrawOverrideCreator(names::kDrawClassification, names::kDrawRegistrant,
-                                                              BaseNodeDrawOverride::creator);
-    }
-    LayerManager& drawing() { return *BaseNode::masterNode()->layerManager(); }
+    LayerManager& drawing() { return m_stage.drawing(); }
 
-    QTemporaryDir m_folder;
-    app::Host m_host{hostOptions(m_folder)};
-    api::ModulePtr m_module = std::make_shared<api::Module>();
+    NodeStage m_stage;
     QWidget m_window;
-    view::Viewports m_views{m_host.session()};
+    view::Viewports m_views{m_stage.session()};
     view::Viewport* m_view = nullptr;
     unsigned m_texture = 0;
     QImage m_sheets[2] = {Figure(4).drawn(), Figure(5).drawn()};
     int m_turn = 0;
-
-    static app::HostOptions hostOptions(const QTemporaryDir& folder)
-    {
-        app::HostOptions options;
-        options.prefsDir = folder.path().toStdString();
-        return options;
-    }
 };
 
 }  // namespace
