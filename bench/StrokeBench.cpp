@@ -82,7 +82,9 @@ struct Tool {
 class Stroke {
 public:
     Stroke(NodeStage& stage, QWidget& view, const Tool& tool, const QPoint& at)
-        : m_drawing(stage.drawing()), m_manager([pointer = view.mapToGlobal(at + QPoint(-1, 1))] { return pointer; }),
+        : m_drawing(stage.drawing()), m_manager([pointer = view.mapToGlobal(at + QPoint(-1, 1))] {
+              return PointerSighting{pointer, SampleClock::now()};
+          }),
           m_tool(tool)
     {
         Preferences& preferences = Preferences::instance();
