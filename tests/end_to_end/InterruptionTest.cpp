@@ -4,9 +4,11 @@
 #include "support/QtPrint.h"
 #include "support/SceneText.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QThread>
 #include <QWidget>
 #include <gtest/gtest.h>
 
@@ -18,7 +20,9 @@ using support::LiveWorkbench;
 namespace {
 
 const char kProgram[] = LUMISKETCH_BIN "/lumisketch-workbench";
-const QPoint kLeg(50, 30);  // of a stroke that has two, in screen pixels
+const QPoint kLeg(50, 30);          // of a stroke that has two, in screen pixels
+const qint64 kLongestWait = 20000;  // milliseconds
+const unsigned long kBetweenQuestions = 20;
 
 /// The layers, their keys and pictures as the scene holds them.
 struct Drawing {
@@ -126,12 +130,34 @@ public:
     void keyDown(const QString& name) { tool({"keydown", name}); }
     void keyUp(const QString& name) { tool({"keyup", name}); }
     void rightClick() { tool({"click", "3"}); }
-    void loseFocus() { tool({"windowfocus", QString::number(m_other.winId())}); }
-    void giveFocusBack() { tool({"windowfocus", m_window}); }
-    void hide() { tool({"windowunmap", m_window}); }
+    void loseFocus()
+    {
+        tool({"windowfocus", QString::number(m_other.winId())});
+        waitUntilActive(false);
+    }
+    void giveFocusBack()
+    {
+        tool({"windowfocus", m_window});
+        waitUntilActive(true);
+    }
+    void hide()
+    {
+        tool({"windowunmap", m_window});
+        waitUntilActive(false);
+    }
     void show() { tool({"windowmap", m_window}); }
 
 private:
+    /// The toolkit is slow to say so, in case the focus comes back.
+    void waitUntilActive(bool active)
+    {
+        QElapsedTimer waited;
+        waited.start();
+        while (m_host.run("workbenchView -query -active -panel " + m_panel) != QString::number(active)) {
+            ASSERT_TRUE(m_host.isRunning() && waited.elapsed() < kLongestWait);
+            QThread::msleep(kBetweenQuestions);
+        }
+    }
     void tool(const QStringList& arguments)
     {
         QProcess::execute("xdotool", arguments);
@@ -287,6 +313,7 @@ void hideAndShow(Stage& stage)
 {
     stage.hide();
     stage.show();
+    stage.giveFocusBack();
 }
 
 struct Interruption {
@@ -338,10 +365,10 @@ const Interruption kInterruptions[] = {
      {kHalf, kHalf, kHalf},
      nullptr,
      &Stage::openFloatingView},
-    {"focus lost, given back", focusElsewhereAndBack, Leaves::All, {kAll, kAll, kAll}},
-    {"focus lost", &Stage::loseFocus, Leaves::All, {kAll, kHalf, kAll}, giveFocusBack},
-    {"window hidden", &Stage::hide, Leaves::All, {kAll, kHalf, kHalf}, showAgain},
-    {"window hidden and shown", hideAndShow, Leaves::All, {kAll, kAll, kAll}},
+    {"focus lost, given back", focusElsewhereAndBack, Leaves::All, {kHalf, kAll, kHalf}},
+    {"focus lost", &Stage::loseFocus, Leaves::All, {kHalf, kHalf, kHalf}, giveFocusBack},
+    {"window hidden", &Stage::hide, Leaves::All, {kHalf, kHalf, kHalf}, showAgain},
+    {"window hidden and shown", hideAndShow, Leaves::All, {kHalf, kAll, kHalf}},
     {"right button", &Stage::rightClick, Leaves::All, {kAll, kImpossible, kAll}},
 };
 

@@ -195,6 +195,7 @@ Value WindowCommands::workbenchView(const kernel::ValueList& args)
     kernel::Syntax syntax;
     syntax.enableQuery();
     syntax.addFlag("sr", "screenRect");
+    syntax.addFlag("a", "active");
     syntax.addFlag("pn", "panes", {ArgType::Int});
     syntax.addFlag("p", "panel", {ArgType::String});
     syntax.makeQueryWithFullArgs("panel");
@@ -214,8 +215,11 @@ Value WindowCommands::workbenchView(const kernel::ValueList& args)
         const QPoint corner = view.mapToGlobal(QPoint(0, 0)) * ratio;
         return kernel::IntArray{corner.x(), corner.y(), view.portWidth(), view.portHeight()};
     }
+    if (parsed.query && parsed.has("active")) {
+        return int(findView(kView, parsed.text("panel")).isActiveWindow());
+    }
     if (parsed.query) {
-        throw CommandError("workbenchView: -screenRect, -panes or -panels can be queried");
+        throw CommandError("workbenchView: -screenRect, -active, -panes or -panels can be queried");
     }
     if (parsed.has("panes")) {
         const int count = parsed.integer("panes");

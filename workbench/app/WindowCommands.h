@@ -20,6 +20,10 @@ class PointerHand;
 /// The commands that stand on the main window, for automation and demonstrations: workbenchView, workbenchControl,
 /// workbenchPen, workbenchHand and workbenchAbout. Registered for as long as this lives.
 ///
+///     workbenchView -query -active [-panel NAME]
+///
+/// tells whether the view's window is the one that gets the keyboard.
+///
 ///     workbenchControl -query -screenRect [-menuEntry] NAME
 ///
 /// tells where a control, menu or item is on the screen: left, top, width and height, all 0 for what is not to be seen.
