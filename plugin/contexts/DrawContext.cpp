@@ -9,6 +9,7 @@
 #include "settings/Preferences.h"
 #include "settings/Rounding.h"
 #include "settings/ScriptBridge.h"
+#include "settings/ToolGesture.h"
 
 // Before the host's view header, which may bring the window system's macros.
 #include <QCursor>
@@ -59,12 +60,14 @@ void DrawContext::toolOnSetup(MEvent&)
         script::createDrawingNodeOnIdle();
     }
     TimelineMarks::setToolActive(true);
+    toolGesture::setFinish([this] { finish(); });
     m_inputHandler.setUp();
 }
 
 void DrawContext::toolOffCleanup()
 {
     finish();
+    toolGesture::setFinish(nullptr);
     TimelineMarks::setToolActive(false);
     m_inputHandler.cleanUp();
 }

@@ -1,6 +1,7 @@
 #include "settings/ScriptBridge.h"
 
 #include "settings/ScriptTemplates.h"
+#include "settings/ToolGesture.h"
 
 #include <QRegularExpression>
 
@@ -192,6 +193,7 @@ bool moveLayerToCamera(const QString& camera, int index, const QString& toCamera
 
 bool selectTool(ToolType tool)
 {
+    toolGesture::finish();
     return runRow(templates::kTools, tool);
 }
 
@@ -207,11 +209,13 @@ bool switchToTransformToolDeferred()
 
 bool setCurrentTool(const QString& contextName)
 {
+    toolGesture::finish();
     return run(templates::kSetTool, {word(contextName)});
 }
 
 bool setSelectTool()
 {
+    toolGesture::finish();
     return run(templates::kSetSelectTool);
 }
 

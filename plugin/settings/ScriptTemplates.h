@@ -143,7 +143,7 @@ constexpr Template kStopPlaybackJob = {"scriptJob", " -f -k %1", false, false};
 
 constexpr Template kUserPrefDir = {"internalVar", " -userPrefDir", false, false};
 constexpr Template kContextExists = {"contextInfo", " -exists %1", false, false};
-constexpr Template kSetTool = {"setToolTo", " %1", false, true};  // the tool that is left may commit a stroke
+constexpr Template kSetTool = {"setToolTo", " %1", false, false};
 constexpr Template kCurrentContext = {"currentCtx", "", false, false};
 constexpr Template kContextClass = {"contextInfo", " -class %1", false, false};
 constexpr Template kSetSelectTool = {"setToolTo", " $gSelect", false, false};

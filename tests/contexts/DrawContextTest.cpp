@@ -77,6 +77,33 @@ TEST_F(DrawContextTest, APressInAnotherViewDrawsOnlyThere)
     EXPECT_NE(pixels("top"), blank);
 }
 
+// The texts that choose tools are sent unrecorded: a commit in the course of one would be in no undo step.
+TEST_F(DrawContextTest, AStrokeIsCommittedBeforeACommandOfOursChoosesAnotherTool)
+{
+    session().commands.add(names::kUtilCommand, [this](const kernel::ValueList&) -> kernel::Value {
+        run("setToolTo drawTool");
+        return {};
+    });
+    session().commands.remove(names::kStrokeCommand);
+    session().commands.add(names::kStrokeCommand, [this](const kernel::ValueList& args) {
+        run("createNode transform");  // a step, where it is recorded
+        return commit(args);
+    });
+    using Choice = std::function<bool()>;
+    const Choice choices[] = {[] { return script::selectTool(ToolType::Eraser); },
+                              [] { return script::setCurrentTool("drawTool"); },
+                              [] { return script::setSelectTool(); }};
+    for (const Choice& choose : choices) {
+        press();
+        const unsigned before = session().undo.count();
+        EXPECT_TRUE(choose());
+        EXPECT_FALSE(drawing().hasStroke());
+        EXPECT_EQ(session().undo.count(), before + 1);
+        release();
+        run("setToolTo drawTool");
+    }
+}
+
 TEST_F(DrawContextTest, ARefusedPressLeavesNothingForTheReleaseToCommit)
 {
     Preferences::instance().setDefaultLayerState(kLayerLocked);

@@ -129,7 +129,7 @@ const Row kToolRows[] = {
     {[] { return setToolOptions(ToolType::Rectangle, kOptions); }, "tqLumisketchUtil -rectangleOptions 6 80", false,
      false},
     {[] { return setDrawColour(QColor(1, 2, 255)); }, "tqLumisketchUtil -e -drawColor 1 2 255", true, false},
-    {[] { return setCurrentTool("tqLmDrawCtx1"); }, "setToolTo tqLmDrawCtx1", false, true},
+    {[] { return setCurrentTool("tqLmDrawCtx1"); }, "setToolTo tqLmDrawCtx1", false, false},
     {[] { return setSelectTool(); }, "setToolTo selectSuperContext", false, false},
 };
 
