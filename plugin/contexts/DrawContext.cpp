@@ -123,13 +123,12 @@ MStatus DrawContext::doDrag(MEvent& event)
 {
     if (m_state == State::Adjusting) {
         m_adjustment.dragTo(portPosition(event).x(), m_drawManager);
-        return MStatus::kSuccess;
-    }
-    BaseNode* node = m_state == State::Drawing ? BaseNode::fromHandle(m_node) : nullptr;
-    if (node) {
-        node->redrawActiveView();
-    } else {
-        finish();  // with the node, what is drawn on has gone
+    } else if (m_state == State::Drawing) {
+        if (BaseNode* node = BaseNode::fromHandle(m_node)) {
+            node->redrawActiveView();
+        } else {
+            finish();  // with the node, what is drawn on has gone
+        }
     }
     return MStatus::kSuccess;
 }
@@ -142,9 +141,10 @@ MStatus DrawContext::doRelease(MEvent& event)
     return MStatus::kSuccess;
 }
 
+// A text that is typed stays: it may have begun where the release was taken for lost, which then comes late.
 void DrawContext::release()
 {
-    if (m_state != State::Drawing || !beginTyping()) {
+    if (isHeld() && !beginTyping()) {
         finish();
     }
     m_inputHandler.pen().reset();
@@ -254,7 +254,7 @@ void DrawContext::workOnCamera(BaseNode& node)
     }
 }
 
-// False for strokes without a text.
+// False for what has no text.
 bool DrawContext::beginTyping()
 {
     ThreadManager::instance().stop();

@@ -172,6 +172,19 @@ TEST_F(TextEntryTest, APressInAViewOrLeavingTheToolCommitsATextAlsoAnEmptyOne)
     EXPECT_EQ(commits.size(), 3u);
 }
 
+TEST_F(TextEntryTest, WhatIsLeftOfAPressWhoseReleaseWasLostDoesNotEndTheText)
+{
+    press();
+    QEvent leaving(QEvent::WindowDeactivate);
+    send(leaving);
+    type("a");
+    send(api::ToolEvent::Kind::Drag);
+    release();
+    type("b");
+    EXPECT_EQ(text(), "ab");
+    EXPECT_THAT(commits, IsEmpty());
+}
+
 TEST_F(TextEntryTest, ATextWhoseStrokeIsGoneLetsTheKeysPass)
 {
     startTyping();
