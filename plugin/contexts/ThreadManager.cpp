@@ -137,6 +137,7 @@ void ThreadManager::stop()
         if (ActiveStroke* stroke = findTarget().stroke) {
             m_filler.cutAfter(m_released, *stroke);
         }
+        m_eventClock.restart();
     }
     m_running = false;
     m_timerResolution.restore();
@@ -217,14 +218,19 @@ void ThreadManager::noteInput(const QEvent& event, SampleTime now)
     switch (event.type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
+        if (!m_running) {
+            m_eventClock.restart();  // it may be the one that begins the next stroke
+        }
+        break;
     case QEvent::MouseMove:
-    case QEvent::MouseButtonRelease: break;
+    case QEvent::MouseButtonRelease:
+        if (!m_running) {
+            return;
+        }
+        break;
     default: return;
     }
     const auto& mouse = static_cast<const QMouseEvent&>(event);
-    if (!m_running && event.type() != QEvent::MouseMove) {
-        m_eventClock.restart();
-    }
     m_eventClock.note(mouse.timestamp(), now);
     if (event.type() == QEvent::MouseButtonRelease && mouse.button() == Qt::LeftButton) {
         m_released = m_eventClock.latest(mouse.timestamp());
