@@ -12,8 +12,6 @@
 
 // Before the host's view header, which may bring the window system's macros.
 #include <QCursor>
-#include <QGuiApplication>
-#include <QInputMethod>
 
 #include <maya/M3dView.h>
 #include <maya/MCursor.h>
@@ -281,7 +279,6 @@ bool DrawContext::isTyping()
 void DrawContext::endTyping()
 {
     if (isTyping()) {
-        QGuiApplication::inputMethod()->commit();  // what is still being composed
         finish();
     }
 }
@@ -289,6 +286,9 @@ void DrawContext::endTyping()
 // Ends whatever goes on; nothing when nothing does.
 void DrawContext::finish()
 {
+    if (m_state == State::Typing) {
+        m_text.close();  // first: what comes with it is still typed
+    }
     const State ended = m_state;
     m_state = State::Idle;
     switch (ended) {
@@ -303,7 +303,6 @@ void DrawContext::finish()
 void DrawContext::endStroke()
 {
     ThreadManager::instance().stop();
-    m_text.close();
     BaseNode* node = BaseNode::fromLivingHandle(m_node);
     const std::shared_ptr<LayerManager> manager = node ? node->layerManagerIfAny() : nullptr;
     if (!manager) {
