@@ -209,6 +209,10 @@ bool ThreadManager::eventFilter(QObject* watched, QEvent* event)
 {
     if (m_view && (event->type() == QEvent::Move || event->type() == QEvent::Resize)) {
         m_gate->moveView(placeOnScreen(*m_view));
+        // What was sampled before is put where the view showed it then.
+        m_viewIsAsBefore = true;
+        deliverSamples();
+        m_viewIsAsBefore = false;
     }
     return QObject::eventFilter(watched, event);
 }
@@ -255,7 +259,9 @@ void ThreadManager::OnMousePositionChanged(const QPoint& position, int width, fl
         return;
     }
     ActiveStroke& stroke = *target.stroke;
-    target.node->followToolView(m_view, m_camera);
+    if (!m_viewIsAsBefore) {
+        target.node->followToolView(m_view, m_camera);
+    }
     if (!m_filler.add(stroke, {width, opacity, hardness, target.node->viewToCanvas(position)}, time)) {
         return;
     }

@@ -229,6 +229,22 @@ TEST_F(ThreadManagerTest, AStrokeStaysUnderThePointerInAViewThatChangesUnderIt)
     }
 }
 
+TEST_F(ThreadManagerTest, WhatWasSampledBeforeTheViewChangedIsDrawnWhereItWasThen)
+{
+    QWidget& view = *views.persp().widget();
+    view.show();
+    ActiveStroke* stroke = begin(ToolType::Line);
+    manager.start(&view, &node(), "persp");
+    waitForReads(2);  // what this has sampled is still under way
+    view.setGeometry(20, 30, 1024, 1024);
+    pointer.moveTo(340, 260);
+    waitForReads(2);
+    manager.stop();
+    ASSERT_EQ(stroke->points.size(), 2);
+    EXPECT_EQ(stroke->points[0].position, QPoint(202, 198));
+    EXPECT_EQ(stroke->points[1].position, QPoint(321, 229));
+}
+
 TEST_F(ThreadManagerTest, AStrokeEndsWhereTheButtonWentUpHoweverLateTheHostSaysSo)
 {
     using std::chrono::milliseconds;
