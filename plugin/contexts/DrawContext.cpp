@@ -166,6 +166,7 @@ void DrawContext::viewDestroyed()
 {
     if (!m_view) {
         finish();
+        m_inputHandler.pen().reset();  // its lifting, or the release, may have gone with the view
     }
 }
 
