@@ -293,10 +293,19 @@ void DrawContext::finish()
     const State ended = m_state;
     m_state = State::Idle;
     switch (ended) {
-    case State::Adjusting: m_adjustment.end(); break;
+    case State::Adjusting: endAdjustment(); break;
     case State::Drawing:
     case State::Typing: endStroke(); break;
     case State::Idle: break;
+    }
+}
+
+// Viewport 2.0 shows the preview until it is drawn anew, which need not follow where the release was lost.
+void DrawContext::endAdjustment()
+{
+    m_adjustment.end();
+    if (BaseNode* const node = BaseNode::masterNode()) {
+        node->scheduleRedraw();
     }
 }
 

@@ -204,7 +204,9 @@ TEST_F(ToolAdjustmentTest, Viewport2ShowsTheSizeAsACircleAndBothValuesAsNumbers)
     const auto opacity = drawnAt(api::ToolEvent::Kind::Press, 100);
     ASSERT_EQ(opacity.size(), 1u);
     EXPECT_EQ(opacity[0].text, "50");
-    release();
+    const int scheduled = views.persp().scheduled;
+    run("setToolTo selectSuperContext");
+    EXPECT_GT(views.persp().scheduled, scheduled) << "else the number would stay";
 }
 
 TEST_F(ToolAdjustmentTest, ALegacyViewIsLeftAsItWas)
