@@ -13,8 +13,6 @@
 
 // Before the host's view header, which may bring the window system's macros.
 #include <QCursor>
-#include <QGuiApplication>
-#include <QInputMethod>
 
 #include <maya/M3dView.h>
 #include <maya/MCursor.h>
@@ -126,13 +124,12 @@ MStatus DrawContext::doDrag(MEvent& event)
 {
     if (m_state == State::Adjusting) {
         m_adjustment.dragTo(portPosition(event).x(), m_drawManager);
-        return MStatus::kSuccess;
-    }
-    BaseNode* node = m_state == State::Drawing ? BaseNode::fromHandle(m_node) : nullptr;
-    if (node) {
-        node->redrawActiveView();
-    } else {
-        finish();  // with the node, what is drawn on has gone
+    } else if (m_state == State::Drawing) {
+        if (BaseNode* node = BaseNode::fromHandle(m_node)) {
+            node->redrawActiveView();
+        } else {
+            finish();  // with the node, what is drawn on has gone
+        }
     }
     return MStatus::kSuccess;
 }
@@ -145,9 +142,10 @@ MStatus DrawContext::doRelease(MEvent& event)
     return MStatus::kSuccess;
 }
 
+// A text that is typed stays: it may have begun where the release was taken for lost, which then comes late.
 void DrawContext::release()
 {
-    if (m_state != State::Drawing || !beginTyping()) {
+    if (isHeld() && !beginTyping()) {
         finish();
     }
     m_inputHandler.pen().reset();
@@ -171,6 +169,7 @@ void DrawContext::viewDestroyed()
 {
     if (!m_view) {
         finish();
+        m_inputHandler.pen().reset();  // its lifting, or the release, may have gone with the view
     }
 }
 
@@ -257,7 +256,7 @@ void DrawContext::workOnCamera(BaseNode& node)
     }
 }
 
-// False for strokes without a text.
+// False for what has no text.
 bool DrawContext::beginTyping()
 {
     ThreadManager::instance().stop();
@@ -284,7 +283,6 @@ bool DrawContext::isTyping()
 void DrawContext::endTyping()
 {
     if (isTyping()) {
-        QGuiApplication::inputMethod()->commit();  // what is still being composed
         finish();
     }
 }
@@ -292,13 +290,25 @@ void DrawContext::endTyping()
 // Ends whatever goes on; nothing when nothing does.
 void DrawContext::finish()
 {
+    if (m_state == State::Typing) {
+        m_text.close();  // first: what comes with it is still typed
+    }
     const State ended = m_state;
     m_state = State::Idle;
     switch (ended) {
-    case State::Adjusting: m_adjustment.end(); break;
+    case State::Adjusting: endAdjustment(); break;
     case State::Drawing:
     case State::Typing: endStroke(); break;
     case State::Idle: break;
+    }
+}
+
+// Viewport 2.0 shows the preview until it is drawn anew, which need not follow where the release was lost.
+void DrawContext::endAdjustment()
+{
+    m_adjustment.end();
+    if (BaseNode* const node = BaseNode::masterNode()) {
+        node->scheduleRedraw();
     }
 }
 
@@ -306,7 +316,6 @@ void DrawContext::finish()
 void DrawContext::endStroke()
 {
     ThreadManager::instance().stop();
-    m_text.close();
     BaseNode* node = BaseNode::fromLivingHandle(m_node);
     const std::shared_ptr<LayerManager> manager = node ? node->layerManagerIfAny() : nullptr;
     if (!manager) {

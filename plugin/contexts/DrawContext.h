@@ -55,6 +55,7 @@ private:
     void release();
     bool beginTyping();
     void finish();
+    void endAdjustment();
     void endStroke();
     void giveUpStroke(BaseNode& node, LayerManager& manager);
 

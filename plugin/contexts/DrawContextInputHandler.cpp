@@ -70,7 +70,7 @@ bool DrawContextInputHandler::eventFilter(QObject* watched, QEvent* event)
     case QEvent::WindowDeactivate: m_tool.windowLeft(watched); break;
     case QEvent::TabletMove:
     case QEvent::TabletPress:
-    case QEvent::TabletRelease: m_pen.follow(static_cast<QTabletEvent&>(*event)); break;
+    case QEvent::TabletRelease: followPen(watched, static_cast<QTabletEvent&>(*event)); break;
     default: break;
     }
     if (isTaken) {
@@ -135,6 +135,13 @@ void DrawContextInputHandler::movePointer(const QObject* watched, const QMouseEv
 {
     if (event.buttons() == Qt::NoButton && m_views.contains(watched)) {
         m_tool.releaseLost();
+    }
+}
+
+void DrawContextInputHandler::followPen(const QObject* watched, const QTabletEvent& event)
+{
+    if (m_views.contains(watched)) {
+        m_pen.follow(event);
     }
 }
 

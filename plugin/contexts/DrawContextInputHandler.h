@@ -11,6 +11,7 @@
 
 class DrawContext;
 class QMouseEvent;
+class QTabletEvent;
 
 /// Watches the host's windows, views and time slider while the draw tool is in use, for what the host does not pass on
 /// to tools: keys, input methods, the tablet's pen, the right button, and a press that has lost its release.
@@ -41,6 +42,8 @@ private:
     bool pressButton(QObject* watched, const QMouseEvent& event);
 
     void movePointer(const QObject* watched, const QMouseEvent& event);
+    /// Elsewhere a pen draws nothing, and its lifting may go unseen.
+    void followPen(const QObject* watched, const QTabletEvent& event);
     /// Opens the menu of what is pressed; false when the press is the host's.
     bool openMenu(QObject* pressed, const QMouseEvent& event);
     /// A new menu for what is pressed; null when none is wanted there.

@@ -6,7 +6,8 @@
 /// its own; how far that is from ours shows in the event that came with the least delay.
 class EventClock {
 public:
-    /// Forgets what it has learned: clocks drift apart, so that it holds for a stroke only.
+    /// Forgets what it has learned. Clocks drift apart, and some stand still while the machine sleeps: to be called
+    /// between strokes.
     void restart();
     /// An event that arrives. stamp: milliseconds; one of 0, or one before the last, makes all of them worthless.
     void note(unsigned long stamp, SampleTime now);

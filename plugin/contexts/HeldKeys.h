@@ -14,7 +14,7 @@ public:
     bool changesOpacity() const { return m_opacity; }  ///< M
     bool sparesMenus() const { return m_backslash; }   ///< backslash: the host pans with it
 
-    static bool isOurs(const QKeyEvent& event);    ///< B and M, which nobody else gets
+    static bool isOurs(const QKeyEvent& event);    ///< B and M without Ctrl, Alt or Meta, which nobody else gets
     static bool isShared(const QKeyEvent& event);  ///< the backslash, which always goes on to the host
 
 private:

@@ -4,6 +4,8 @@
 #include "model/LayerManager.h"
 #include "node/BaseNode.h"
 
+#include <QGuiApplication>
+#include <QInputMethod>
 #include <QInputMethodQueryEvent>
 #include <QKeyEvent>
 
@@ -22,6 +24,9 @@ void TextEntry::open(const BaseNode& node, const QString& camera, QWidget* view,
 
 void TextEntry::close()
 {
+    if (isOpen()) {
+        QGuiApplication::inputMethod()->commit();  // what is still being composed
+    }
     if (m_view) {
         m_view->setAttribute(Qt::WA_InputMethodEnabled, m_viewComposed);
     }

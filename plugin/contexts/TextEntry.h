@@ -19,7 +19,7 @@ class TextEntry {
 public:
     /// view: gets the keyboard, and input methods with it, until close(). at: where the text begins there.
     void open(const BaseNode& node, const QString& camera, QWidget* view, const QPoint& at);
-    void close();
+    void close();         ///< takes what is still being composed
     bool isOpen() const;  ///< false too when the stroke has gone
 
     // What is typed; nothing happens unless the entry is open.

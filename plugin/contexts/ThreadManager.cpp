@@ -137,6 +137,7 @@ void ThreadManager::stop()
         if (ActiveStroke* stroke = findTarget().stroke) {
             m_filler.cutAfter(m_released, *stroke);
         }
+        m_eventClock.restart();
     }
     m_running = false;
     m_timerResolution.restore();
@@ -208,6 +209,10 @@ bool ThreadManager::eventFilter(QObject* watched, QEvent* event)
 {
     if (m_view && (event->type() == QEvent::Move || event->type() == QEvent::Resize)) {
         m_gate->moveView(placeOnScreen(*m_view));
+        // What was sampled before is put where the view showed it then.
+        m_viewIsAsBefore = true;
+        deliverSamples();
+        m_viewIsAsBefore = false;
     }
     return QObject::eventFilter(watched, event);
 }
@@ -217,14 +222,19 @@ void ThreadManager::noteInput(const QEvent& event, SampleTime now)
     switch (event.type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
+        if (!m_running) {
+            m_eventClock.restart();  // it may be the one that begins the next stroke
+        }
+        break;
     case QEvent::MouseMove:
-    case QEvent::MouseButtonRelease: break;
+    case QEvent::MouseButtonRelease:
+        if (!m_running) {
+            return;
+        }
+        break;
     default: return;
     }
     const auto& mouse = static_cast<const QMouseEvent&>(event);
-    if (!m_running && event.type() != QEvent::MouseMove) {
-        m_eventClock.restart();
-    }
     m_eventClock.note(mouse.timestamp(), now);
     if (event.type() == QEvent::MouseButtonRelease && mouse.button() == Qt::LeftButton) {
         m_released = m_eventClock.latest(mouse.timestamp());
@@ -249,7 +259,9 @@ void ThreadManager::OnMousePositionChanged(const QPoint& position, int width, fl
         return;
     }
     ActiveStroke& stroke = *target.stroke;
-    target.node->followToolView(m_view, m_camera);
+    if (!m_viewIsAsBefore) {
+        target.node->followToolView(m_view, m_camera);
+    }
     if (!m_filler.add(stroke, {width, opacity, hardness, target.node->viewToCanvas(position)}, time)) {
         return;
     }

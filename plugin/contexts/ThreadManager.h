@@ -84,6 +84,7 @@ private:
     MObjectHandle m_node;
     QString m_camera;
     QPointer<QWidget> m_view;
+    bool m_viewIsAsBefore = false;        // for samples that are delivered now
     QList<QPointer<QWidget>> m_followed;  // the view and what it is in, any of which may move it
     QPoint m_pressed;
     SamplingOptions m_options;

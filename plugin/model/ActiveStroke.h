@@ -38,6 +38,6 @@ struct ActiveStroke {
     bool layerMade = false;  ///< for this stroke: until the commit its layer stands in no undo step
     bool frameMade = false;  ///< the same of its frame
 
-    bool drawAnew = false;  ///< points that may be drawn already were changed or taken back; clears itself
+    bool drawAnew = false;  ///< points that may be drawn already were changed or taken back; freehand clears it
     bool changed = false;   ///< since the last composite
 };

@@ -10,6 +10,8 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
+#include <functional>
+
 namespace {
 
 using testing::ElementsAre;
@@ -170,6 +172,69 @@ TEST_F(TextEntryTest, APressInAViewOrLeavingTheToolCommitsATextAlsoAnEmptyOne)
     EXPECT_EQ(commits.size(), 3u);
     clickView();
     EXPECT_EQ(commits.size(), 3u);
+}
+
+TEST_F(TextEntryTest, WhatIsLeftOfAPressWhoseReleaseWasLostDoesNotEndTheText)
+{
+    press();
+    QEvent leaving(QEvent::WindowDeactivate);
+    send(leaving);
+    type("a");
+    send(api::ToolEvent::Kind::Drag);
+    release();
+    type("b");
+    EXPECT_EQ(text(), "ab");
+    EXPECT_THAT(commits, IsEmpty());
+}
+
+/// Has a word under way, which the toolkit hands over when the view stops to take such.
+class Composing : public QObject {
+public:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::InputMethodQuery && !m_isHandedOver
+            && !static_cast<QWidget*>(watched)->testAttribute(Qt::WA_InputMethodEnabled)) {
+            m_isHandedOver = true;
+            QInputMethodEvent word;
+            word.setCommitString("word");
+            QCoreApplication::sendEvent(watched, &word);
+        }
+        return false;
+    }
+
+private:
+    bool m_isHandedOver = false;
+};
+
+TEST_F(TextEntryTest, WhatIsStillBeingComposedBelongsToTheTextHoweverItEnds)
+{
+    view().window()->show();
+    view().window()->activateWindow();
+    QCoreApplication::processEvents();
+    std::vector<QString> committed;
+    session().commands.remove(names::kStrokeCommand);
+    session().commands.add(names::kStrokeCommand, [&](const kernel::ValueList& args) {
+        committed.push_back(text());
+        return commit(args);
+    });
+    const std::function<void()> ends[] = {
+        [this] { key(Qt::Key_Escape); },
+        [this] { press(); },
+        [this] { run("setToolTo selectSuperContext"); },
+    };
+    for (const auto& end : ends) {
+        run("setToolTo drawTool");
+        startTyping();
+        ASSERT_TRUE(view().hasFocus());
+        type("a");
+        Composing composing;
+        view().installEventFilter(&composing);
+        end();
+        view().removeEventFilter(&composing);
+        release();
+    }
+    run("setToolTo selectSuperContext");
+    EXPECT_THAT(committed, ElementsAre("aword", "aword", "", "aword"));
 }
 
 TEST_F(TextEntryTest, ATextWhoseStrokeIsGoneLetsTheKeysPass)

@@ -57,6 +57,13 @@ protected:
         return drawing().beginStroke("persp", false);
     }
     void sample(int x, int y) { manager.OnMousePositionChanged(QPoint(x, y), 6, 1.0f, 1.0f); }
+    /// The views get an event of the mouse.
+    void note(QEvent::Type type, unsigned long stamp, SampleTime heard, Qt::MouseButton button = Qt::LeftButton)
+    {
+        QMouseEvent event(type, QPointF(), button, Qt::LeftButton, Qt::NoModifier);
+        event.setTimestamp(stamp);
+        manager.noteInput(event, heard);
+    }
     void waitForReads(int more)
     {
         const int wanted = pointer.reads + more;
@@ -222,14 +229,25 @@ TEST_F(ThreadManagerTest, AStrokeStaysUnderThePointerInAViewThatChangesUnderIt)
     }
 }
 
+TEST_F(ThreadManagerTest, WhatWasSampledBeforeTheViewChangedIsDrawnWhereItWasThen)
+{
+    QWidget& view = *views.persp().widget();
+    view.show();
+    ActiveStroke* stroke = begin(ToolType::Line);
+    manager.start(&view, &node(), "persp");
+    waitForReads(2);  // what this has sampled is still under way
+    view.setGeometry(20, 30, 1024, 1024);
+    pointer.moveTo(340, 260);
+    waitForReads(2);
+    manager.stop();
+    ASSERT_EQ(stroke->points.size(), 2);
+    EXPECT_EQ(stroke->points[0].position, QPoint(202, 198));
+    EXPECT_EQ(stroke->points[1].position, QPoint(321, 229));
+}
+
 TEST_F(ThreadManagerTest, AStrokeEndsWhereTheButtonWentUpHoweverLateTheHostSaysSo)
 {
     using std::chrono::milliseconds;
-    const auto note = [this](QEvent::Type type, Qt::MouseButton button, unsigned long stamp, int heard) {
-        QMouseEvent event(type, QPointF(), button, Qt::LeftButton, Qt::NoModifier);
-        event.setTimestamp(stamp);
-        manager.noteInput(event, kStart + milliseconds(heard));
-    };
     const struct {
         const char* what;
         unsigned long pressed, moved, released;  // stamps; the events are heard at 0, 60 and 400 ms
@@ -248,22 +266,47 @@ TEST_F(ThreadManagerTest, AStrokeEndsWhereTheButtonWentUpHoweverLateTheHostSaysS
         for (const auto& c : cases) {
             SCOPED_TRACE(std::string(c.what) + ", tool " + std::to_string(int(tool)));
             ActiveStroke* stroke = begin(tool);
-            note(QEvent::MouseButtonPress, Qt::LeftButton, c.pressed, 0);
+            note(QEvent::MouseButtonPress, c.pressed, kStart);
             pointer.moveTo(140, 160, kStart);
             manager.start(views.persp().widget(), &node(), "persp");
             waitForReads(2);
-            note(QEvent::MouseMove, Qt::NoButton, c.moved, 60);
+            note(QEvent::MouseMove, c.moved, kStart + milliseconds(60));
             for (const auto& step : {std::pair<int, int>{200, 90}, {250, 125}, {300, 300}}) {
                 pointer.moveTo(step.first, 160, kStart + milliseconds(step.second));
                 waitForReads(2);
             }
-            note(QEvent::MouseButtonRelease, c.button, c.released, 400);
+            note(QEvent::MouseButtonRelease, c.released, kStart + milliseconds(400), c.button);
             manager.stop();
             const int end = isFreehand(tool) ? c.freehand : tool == ToolType::Line ? c.line : c.text;
             EXPECT_EQ(stroke->points.last().position.x(), end);
             drawing().dropStroke();
         }
     }
+}
+
+// The window system's clock stood still for an hour, as some do while the machine sleeps, and no view has seen the
+// second press.
+TEST_F(ThreadManagerTest, AStrokeIsNotCutByWhatAnEarlierOneToldOfTheClocks)
+{
+    using std::chrono::milliseconds;
+    const auto lineWithoutPress = [this](unsigned long stamp, SampleTime pressed) {
+        ActiveStroke* stroke = begin(ToolType::Line);
+        pointer.moveTo(140, 160, pressed);
+        manager.start(views.persp().widget(), &node(), "persp");
+        waitForReads(2);
+        note(QEvent::MouseMove, stamp + 10, pressed + milliseconds(10));
+        pointer.moveTo(300, 160, pressed + milliseconds(20));
+        waitForReads(2);
+        note(QEvent::MouseButtonRelease, stamp + 40, pressed + milliseconds(40));
+        manager.stop();
+        EXPECT_EQ(stroke->points.last().position.x(), 522);
+        drawing().dropStroke();
+    };
+    note(QEvent::MouseButtonPress, 7000, kStart);
+    lineWithoutPress(7000, kStart);
+    note(QEvent::MouseButtonRelease, 7500, kStart + milliseconds(500));
+    note(QEvent::MouseMove, 7600, kStart + milliseconds(600));
+    lineWithoutPress(8000, kStart + std::chrono::hours(1));
 }
 
 TEST_F(ThreadManagerTest, SamplesWithoutAStrokeAreIgnored)

@@ -46,9 +46,10 @@ protected:
     }
 
     /// Whether nobody but the tool gets the key.
-    bool key(int key, QEvent::Type type = QEvent::KeyPress, bool repeated = false)
+    bool key(int key, QEvent::Type type = QEvent::KeyPress, bool repeated = false,
+             Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
-        QKeyEvent event(type, key, Qt::NoModifier, QString(), repeated);
+        QKeyEvent event(type, key, modifiers, QString(), repeated);
         event.ignore();
         QCoreApplication::sendEvent(views.persp().widget(), &event);
         return event.isAccepted();
@@ -161,6 +162,22 @@ TEST_F(ToolAdjustmentTest, KeysAreTheToolsAndRepeatsChangeNothing)
     EXPECT_EQ(commits.size(), 2u) << "entering the tool forgets the keys";
 }
 
+TEST_F(ToolAdjustmentTest, AKeyThatIsAShortcutWithAModifierIsTheHosts)
+{
+    for (const Qt::KeyboardModifier modifier : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier}) {
+        for (const int held : {Qt::Key_B, Qt::Key_M}) {
+            EXPECT_FALSE(key(held, QEvent::ShortcutOverride, false, modifier));
+            EXPECT_FALSE(key(held, QEvent::KeyPress, false, modifier));
+            EXPECT_FALSE(key(held, QEvent::KeyRelease, false, modifier));
+            key(held);
+            key(held, QEvent::KeyRelease, false, modifier);
+        }
+        press();
+        release();
+    }
+    EXPECT_EQ(commits.size(), 3u) << "no key is held";
+}
+
 TEST_F(ToolAdjustmentTest, Viewport2ShowsTheSizeAsACircleAndBothValuesAsNumbers)
 {
     key(Qt::Key_B);
@@ -187,7 +204,9 @@ TEST_F(ToolAdjustmentTest, Viewport2ShowsTheSizeAsACircleAndBothValuesAsNumbers)
     const auto opacity = drawnAt(api::ToolEvent::Kind::Press, 100);
     ASSERT_EQ(opacity.size(), 1u);
     EXPECT_EQ(opacity[0].text, "50");
-    release();
+    const int scheduled = views.persp().scheduled;
+    run("setToolTo selectSuperContext");
+    EXPECT_GT(views.persp().scheduled, scheduled) << "else the number would stay";
 }
 
 TEST_F(ToolAdjustmentTest, ALegacyViewIsLeftAsItWas)
