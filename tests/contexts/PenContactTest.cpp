@@ -177,12 +177,18 @@ TEST_F(PenContactTest, IsThatOfOnePen)
     EXPECT_EQ(toolOfAPress(), ToolType::Eraser);
 }
 
-TEST_F(PenContactTest, EndsWithTheTool)
+TEST_F(PenContactTest, EndsWithTheToolAndWithTheView)
 {
     take({{Touches, 0.3}, {ButtonDown}});
     run("setToolTo selectSuperContext");
     EXPECT_EQ(penState::pressure(), 1.0f);
     pen(Touches, 0.3);
+    EXPECT_EQ(penState::pressure(), 1.0f);
+    run("setToolTo drawTool");
+    take({{Touches, 0.3}, {ButtonDown}});
+    views.activate(views.top());
+    views.persp().destroyWidget();
+    QCoreApplication::sendPostedEvents();
     EXPECT_EQ(penState::pressure(), 1.0f);
 }
 
