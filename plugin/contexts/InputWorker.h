@@ -21,6 +21,8 @@ public:
     /// Where the button went down, in the samples' pixels. When the pointer has left that place by the first poll (the
     /// host was busy), the stroke begins there all the same.
     void setPressPosition(const QPoint& position) { m_pressPosition = position; }
+    /// To be called between samples of the gate.
+    void setOptions(const SamplingOptions& options) { m_options = options; }
 
 public slots:
     /// Starts sampling; the thread's event loop waits between the polls, so that Shutdown ends a wait at once.
@@ -39,7 +41,7 @@ private:
     void send(const QPoint& position, float opacity, SampleTime time);
     QPoint firstPosition(const QPoint& polled) const;
 
-    const SamplingOptions m_options;
+    SamplingOptions m_options;
     const PointerSource m_pointer;
     const std::shared_ptr<SampleGate> m_gate;
     QPoint m_pressPosition;

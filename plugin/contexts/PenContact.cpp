@@ -27,6 +27,9 @@ void PenContact::follow(const QTabletEvent& event)
     m_isDown = true;
     m_pen = event.uniqueId();
     penState::setEraserTip(event.pointerType() == QTabletEvent::Eraser);
+    if (penState::isEraserTip() && m_buttonIsDown && !m_hasPressure) {
+        ThreadManager::instance().eraseInstead();
+    }
     if (!(event.pressure() > 0.0)) {
         return;  // says nothing
     }

@@ -17,7 +17,8 @@ struct PointerSighting {
 /// Looks at the pointer. May be called on any thread.
 using PointerSource = std::function<PointerSighting()>;
 
-/// What one stroke is sampled with; fixed when the stroke starts.
+/// What one stroke is sampled with; fixed when the stroke starts, unless it turns out to be an
+/// eraser's.
 struct SamplingOptions {
     int width;           ///< canvas pixels
     float opacity;       ///< 0..1

@@ -77,6 +77,15 @@ void StrokeFiller::weigh(float pressure, ActiveStroke& stroke)
     refill(stroke);
 }
 
+void StrokeFiller::remake(const SamplingOptions& options, ActiveStroke& stroke)
+{
+    m_smoother.setOpacity(options.opacity);
+    for (TimedPoint& timed : m_points) {
+        timed.point = {options.width, options.opacity, options.hardness, timed.point.position};
+    }
+    refill(stroke);
+}
+
 void StrokeFiller::refill(ActiveStroke& stroke)
 {
     stroke.points.clear();

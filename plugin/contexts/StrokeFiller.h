@@ -18,6 +18,8 @@ public:
     void cutAfter(SampleTime end, ActiveStroke& stroke);
     /// Weighs the opacity of all points so far, and of what is smoothed with them.
     void weigh(float pressure, ActiveStroke& stroke);
+    /// Gives all points so far what another tool draws with, without a pen.
+    void remake(const SamplingOptions& options, ActiveStroke& stroke);
     bool isEmpty() const { return m_points.empty(); }
 
 private:

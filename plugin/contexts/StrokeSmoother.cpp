@@ -50,6 +50,13 @@ void StrokeSmoother::weigh(float pressure)
     }
 }
 
+void StrokeSmoother::setOpacity(float opacity)
+{
+    for (Sample& sample : m_history) {
+        sample.opacity = opacity;
+    }
+}
+
 StrokeSmoother::Sample StrokeSmoother::mean() const
 {
     const size_t count = m_history.size();

@@ -19,6 +19,8 @@ public:
     bool accept(Sample& sample, int width);
     /// Weighs the opacity of the samples so far.
     void weigh(float pressure);
+    /// Gives the samples so far another opacity.
+    void setOpacity(float opacity);
 
 private:
     Sample mean() const;

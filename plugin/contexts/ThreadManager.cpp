@@ -96,22 +96,23 @@ void ThreadManager::start(QWidget* view, BaseNode* node, const QString& camera, 
 bool ThreadManager::startThread(const QRect& view)
 {
     m_gate = std::make_shared<SampleGate>(view);
-    auto* worker = new InputWorker(m_options, m_pointer, m_gate);
-    worker->setPressPosition(m_pressed);
-    connect(this, SIGNAL(RunInputWorker()), worker, SLOT(Run()));
-    connect(this, SIGNAL(ShutdownInputWorker()), worker, SLOT(Shutdown()));
-    connectSamples(*worker, Qt::AutoConnection);
+    m_worker = new InputWorker(m_options, m_pointer, m_gate);
+    m_worker->setPressPosition(m_pressed);
+    connect(this, SIGNAL(RunInputWorker()), m_worker, SLOT(Run()));
+    connect(this, SIGNAL(ShutdownInputWorker()), m_worker, SLOT(Shutdown()));
+    connectSamples(*m_worker, Qt::AutoConnection);
     m_thread = new QThread;
     // Both go by themselves when the thread ends, however late that is.
-    connect(m_thread, SIGNAL(finished()), worker, SLOT(deleteLater()));
+    connect(m_thread, SIGNAL(finished()), m_worker, SLOT(deleteLater()));
     connect(m_thread, SIGNAL(finished()), m_thread, SLOT(deleteLater()));
-    worker->moveToThread(m_thread);
+    m_worker->moveToThread(m_thread);
     m_thread->start(QThread::TimeCriticalPriority);
     if (m_thread->isRunning()) {
         return true;
     }
-    delete worker;
+    delete m_worker;
     delete m_thread;
+    m_worker = nullptr;
     m_thread = nullptr;
     return false;
 }
@@ -159,6 +160,7 @@ void ThreadManager::endThread()
     } else {
         m_detached.append(m_thread);  // a thread that runs must not be deleted
     }
+    m_worker = nullptr;
     m_thread = nullptr;
 }
 
@@ -173,6 +175,21 @@ void ThreadManager::weighStroke(float pressure)
     ActiveStroke* stroke = findTarget().stroke;
     if (stroke && m_options.tabletEnabled) {
         m_filler.weigh(pressure, *stroke);
+    }
+}
+
+void ThreadManager::eraseInstead()
+{
+    const ActiveStroke* begun = m_running ? findTarget().stroke : nullptr;
+    if (!begun || begun->tool == ToolType::Eraser) {
+        return;
+    }
+    m_options = samplingOptions(ToolType::Eraser);
+    m_gate->betweenSamples([this] { m_worker->setOptions(m_options); });
+    deliverSamples();  // the last ones of before
+    if (ActiveStroke* stroke = findTarget().stroke) {
+        stroke->tool = ToolType::Eraser;
+        m_filler.remake(m_options, *stroke);
     }
 }
 

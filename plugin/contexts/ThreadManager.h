@@ -52,6 +52,8 @@ public:
     /// The pen's pressure came to be known only now, after the stroke has begun: makes it the pen's, and weighs with it
     /// what has been sampled so far without any.
     void weighStroke(float pressure);
+    /// The pen came to be known to draw with its eraser end only now: makes an eraser's stroke of it, from its start.
+    void eraseInstead();
 
 signals:
     void RunInputWorker();
@@ -78,6 +80,7 @@ private:
     const PointerSource m_pointer;
     TimerResolution m_timerResolution;
     QThread* m_thread = nullptr;
+    InputWorker* m_worker = nullptr;  // lives with the thread
     std::shared_ptr<SampleGate> m_gate;
     QList<QPointer<QThread>> m_detached;  // did not end in time; they still run code of ours
     bool m_running = false;

@@ -87,6 +87,41 @@ TEST_F(PenContactTest, WeighsAStrokeFromItsFirstPointWhateverComesFirst)
     }
 }
 
+TEST_F(PenContactTest, TheOtherEndErasesFromTheFirstPointEvenWhenHeardAfterTheButton)
+{
+    Preferences& preferences = Preferences::instance();
+    preferences.setToolSize(ToolType::Eraser, 33);
+    preferences.setToolOpacity(ToolType::Eraser, 50);
+    preferences.setToolHardness(ToolType::Eraser, 70);
+    preferences.setTabletEnabled(ToolType::Eraser, true);
+    QCursor::setPos(views.persp().widget()->mapToGlobal(QPoint(400, 50)));
+    take({{ButtonDown}, {ButtonUp}});
+    const QString before = pixels("persp");
+    QCursor::setPos(views.persp().widget()->mapToGlobal(QPoint(100, 100)));
+    press();
+    ThreadManager::instance().OnMousePositionChanged(QPoint(150, 400), 3, 1.0f, 1.0f);
+    ASSERT_EQ(drawing().stroke("persp")->tool, ToolType::Pencil);
+    const QVector<StrokePoint> drawn = drawing().stroke("persp")->points;
+    ASSERT_NE(drawing().composite("persp"), nullptr);
+    pen(Touches, 0.3, QTabletEvent::Eraser);
+    ThreadManager::instance().stop();
+    const ActiveStroke& erasing = *drawing().stroke("persp");
+    EXPECT_EQ(erasing.tool, ToolType::Eraser);
+    ASSERT_GE(erasing.points.size(), drawn.size());
+    for (int i = 0; i < erasing.points.size(); ++i) {
+        EXPECT_EQ(erasing.points[i].width, 33);
+        EXPECT_FLOAT_EQ(erasing.points[i].opacity, 0.15f);
+        EXPECT_FLOAT_EQ(erasing.points[i].hardness, 0.7f);
+        if (i < drawn.size()) {
+            EXPECT_EQ(erasing.points[i].position, drawn[i].position);
+        }
+    }
+    release();
+    EXPECT_THAT(commits, testing::ElementsAre("-la 0 -fa persp", "persp"));
+    EXPECT_EQ(pixels("persp"), before) << "no ink, and nothing to rub out there";
+    EXPECT_EQ(toolOfAPress(), ToolType::Pencil);
+}
+
 TEST_F(PenContactTest, NothingOfAPenIsLeftToTheMouseAfterIt)
 {
     const std::vector<Step> contacts[] = {
@@ -142,12 +177,18 @@ TEST_F(PenContactTest, IsThatOfOnePen)
     EXPECT_EQ(toolOfAPress(), ToolType::Eraser);
 }
 
-TEST_F(PenContactTest, EndsWithTheTool)
+TEST_F(PenContactTest, EndsWithTheToolAndWithTheView)
 {
     take({{Touches, 0.3}, {ButtonDown}});
     run("setToolTo selectSuperContext");
     EXPECT_EQ(penState::pressure(), 1.0f);
     pen(Touches, 0.3);
+    EXPECT_EQ(penState::pressure(), 1.0f);
+    run("setToolTo drawTool");
+    take({{Touches, 0.3}, {ButtonDown}});
+    views.activate(views.top());
+    views.persp().destroyWidget();
+    QCoreApplication::sendPostedEvents();
     EXPECT_EQ(penState::pressure(), 1.0f);
 }
 
