@@ -205,6 +205,7 @@ TEST_F(ThreadManagerTest, AStrokeUnderPlaybackStaysOnItsFrameAndNothingIsEncoded
     showNext();
     sample(200, 100);
     showNext();
+    EXPECT_EQ(layer->currentFrame()->frameNumber(), 2);
     manager.stop();
     EXPECT_GT(stroke->points.size(), 1);
     EXPECT_EQ(pictures(), wanted);
@@ -212,7 +213,7 @@ TEST_F(ThreadManagerTest, AStrokeUnderPlaybackStaysOnItsFrameAndNothingIsEncoded
     ASSERT_TRUE(drawing().commitStroke("persp", undo));
     showNext();
     const std::vector<QString> drawn = pictures();
-    EXPECT_NE(drawn[1], wanted[1]) << "begun when frame 2 was shown";
+    EXPECT_NE(drawn[1], wanted[1]) << "the frame that was shown when it was begun";
     wanted[1] = drawn[1];
     EXPECT_EQ(drawn, wanted);
     EXPECT_EQ(layer->currentFrame()->frameNumber(), 5) << "its layer plays on";
