@@ -61,7 +61,7 @@ void measurePixels(DrawnStage& stage, const ShownView& view, const BenchArgument
         if (table.isWanted(row.name)) {
             view->setLegacy(row.legacy);
             const StrokeTiming::Samples samples =
-                timing.measure(row.tool, HandPath({2, kNormal, 60}), arguments.quick ? 60 : 600);
+                timing.measure(row.tool, HandPath({2, kNormal, 60}), arguments.quick ? 30 : 150);
             table.row(row.name, 0, samples.ours, samples.bare);
         }
     }
