@@ -1,6 +1,6 @@
 // What the commands cost: a stroke from the release of the pen until the next one can begin, its undo and redo, what
 // many strokes hold in memory, and every change of layers and frames, in scenes of many layers and frames.
-// The pen is read by no thread here: its end and its next start, and the samples it still holds, come on top.
+// The pen is read by no thread here: its end and its next start come on top, which bench_stroke measures.
 
 #include "AimTable.h"
 #include "CommandStage.h"

@@ -5,14 +5,10 @@
 #include "NodeStage.h"
 #include "PairedTiming.h"
 #include "Require.h"
-
-#include "view/Viewport.h"
-#include "view/Viewports.h"
+#include "ShownView.h"
 
 #include <QApplication>
-#include <QEventLoop>
 #include <QOpenGLFunctions>
-#include <QWidget>
 
 namespace {
 
@@ -27,13 +23,6 @@ public:
             drawing().addFrameAtCurrentTime("persp");
             drawing().activeLayer("persp")->setCurrentImage(Figure(seed).drawn());
         }
-        m_window.resize(64, 36);
-        m_view = m_views.add("modelPanel4", m_stage.camera(), &m_window);
-        m_view->setGeometry(0, 0, 64, 36);
-        QEventLoop firstFrame;
-        QObject::connect(m_view, SIGNAL(frameSwapped()), &firstFrame, SLOT(quit()));
-        m_window.show();
-        firstFrame.exec();
         m_view->makeCurrent();
         glGenTextures(1, &m_texture);
         glBindTexture(GL_TEXTURE_2D, m_texture);
@@ -64,9 +53,7 @@ private:
     LayerManager& drawing() { return m_stage.drawing(); }
 
     NodeStage m_stage;
-    QWidget m_window;
-    view::Viewports m_views{m_stage.session()};
-    view::Viewport* m_view = nullptr;
+    ShownView m_view{m_stage, QSize(64, 36)};
     unsigned m_texture = 0;
     QImage m_sheets[2] = {Figure(4).drawn(), Figure(5).drawn()};
     int m_turn = 0;

@@ -24,16 +24,17 @@ public:
         m_module->name = "bench";
         m_module->session = &session();
         MObject object = api::toObject(m_module);
-        MFnPlugin plugin(object);
+        m_plugin.setObject(object);
         const MString classification(names::kDrawClassification);
-        plugin.registerData(names::kLayerDataType, names::kLayerDataTypeId, BaseNodeLayerData::creator);
-        plugin.registerNode(names::kNodeType, names::kNodeTypeId, BaseNode::creator, BaseNode::initialize,
-                            MPxNode::kLocatorNode, &classification);
+        m_plugin.registerData(names::kLayerDataType, names::kLayerDataTypeId, BaseNodeLayerData::creator);
+        m_plugin.registerNode(names::kNodeType, names::kNodeTypeId, BaseNode::creator, BaseNode::initialize,
+                              MPxNode::kLocatorNode, &classification);
         MHWRender::MDrawRegistry::registerDrawOverrideCreator(names::kDrawClassification, names::kDrawRegistrant,
                                                               BaseNodeDrawOverride::creator);
         m_host.run("createNode tqLumisketch");
     }
 
+    MFnPlugin& plugin() { return m_plugin; }
     app::Host& host() { return m_host; }
     kernel::Session& session() { return m_host.session(); }
     kernel::NodePtr camera() { return session().scene.findOrNull("perspShape"); }
@@ -51,4 +52,5 @@ private:
     QTemporaryDir m_folder;
     app::Host m_host{hostOptions(m_folder)};
     api::ModulePtr m_module = std::make_shared<api::Module>();
+    MFnPlugin m_plugin;
 };

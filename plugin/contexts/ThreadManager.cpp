@@ -287,7 +287,7 @@ void ThreadManager::OnMousePositionChanged(const QPoint& position, int width, fl
     }
     if (isFreehand(stroke.tool) && stroke.points.size() == 2) {
         target.node->redrawActiveView();  // the first segment shows without waiting for the pointer to move on
-    } else {
+    } else if (stroke.tool == ToolType::Text || stroke.points.size() > 1) {  // nothing shows of a line's first point
         target.node->scheduleRedraw();
     }
 }

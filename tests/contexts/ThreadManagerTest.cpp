@@ -2,7 +2,10 @@
 
 #include "contexts/InputWorker.h"
 #include "contexts/ThreadManager.h"
+#include "model/PixelBudget.h"
+#include "node/Callbacks.h"
 #include "settings/PenState.h"
+#include "support/Drawings.h"
 #include "support/TestView.h"
 
 #include <QCoreApplication>
@@ -37,6 +40,23 @@ public:
 private:
     std::mutex m_mutex;
     PointerSighting m_sighting;
+};
+
+/// Has the drawing hear of the host's events.
+struct ListeningToTime {
+    ListeningToTime()
+    {
+        EXPECT_TRUE(callbacks::install([] {}));
+    }
+    ~ListeningToTime() { EXPECT_TRUE(callbacks::remove()); }
+};
+
+/// No picture but those in use is to stay unpacked.
+struct NoPixelBudget {
+    NoPixelBudget() { PixelBudget::instance().setLimit(0); }
+    ~NoPixelBudget() { PixelBudget::instance().setLimit(before); }
+
+    const qint64 before = PixelBudget::instance().limit();
 };
 
 class ThreadManagerTest : public NodeFixture {
@@ -141,6 +161,70 @@ TEST_F(ThreadManagerTest, FreehandPointsAreSmoothedAndTheFirstSegmentShowsAtOnce
     EXPECT_EQ(stroke->points[1].position.x(), 240);  // 2/3 of the way
     EXPECT_EQ(views.persp().refreshes, 1);
     EXPECT_GT(views.persp().scheduled, 0);
+}
+
+TEST_F(ThreadManagerTest, TheFirstRefreshAfterAPressShowsInk)
+{
+    for (ToolType tool :
+         {ToolType::Brush, ToolType::Pencil, ToolType::Line, ToolType::Arrow, ToolType::Ellipse, ToolType::Rectangle}) {
+        const QImage without = drawing().composite("persp")->copy();
+        std::vector<bool> inked;
+        views.persp().draw = [&] { inked.push_back(*drawing().composite("persp") != without); };
+        begin(tool);
+        manager.start(views.persp().widget(), &node(), "persp");
+        waitForReads(2);  // the press is under way
+        QCoreApplication::processEvents();
+        views.persp().draw = [] {};
+        manager.stop();
+        EXPECT_EQ(inked, std::vector<bool>{true}) << "tool " << int(tool);
+        drawing().dropStroke();
+    }
+}
+
+TEST_F(ThreadManagerTest, AStrokeUnderPlaybackStaysOnItsFrameAndNothingIsEncodedBetweenFrames)
+{
+    const ListeningToTime listening;
+    run("playbackOptions -min 1 -max 5; currentTime 1");
+    drawing().takeAllLayers("persp");
+    drawing().insertLayer("persp", -1, drawings::layer("Ink", {1, 2, 3, 4, 5}));
+    drawing().setActiveLayer("persp", 0, true);
+    const Layer* layer = drawing().layer("persp", 0);
+    run("play -state on");
+    const NoPixelBudget none;
+    const auto showNext = [&] {
+        session().playback.advance();
+        drawing().composite("persp");
+        for (int number = 1; number <= 5; ++number) {
+            EXPECT_TRUE(layer->frameNumbered(number)->isUnpacked()) << "frame " << number;
+        }
+    };
+    const auto pictures = [layer] {
+        std::vector<QString> hashes;
+        for (int number = 1; number <= 5; ++number) {
+            hashes.push_back(pixels::hash(layer->frameNumbered(number)->image()));
+        }
+        return hashes;
+    };
+    showNext();
+    std::vector<QString> wanted = pictures();
+    const ActiveStroke* stroke = begin(ToolType::Pencil);
+    manager.start(views.persp().widget(), &node(), "persp");
+    showNext();
+    sample(200, 100);
+    showNext();
+    EXPECT_EQ(layer->currentFrame()->frameNumber(), 2);
+    manager.stop();
+    EXPECT_GT(stroke->points.size(), 1);
+    EXPECT_EQ(pictures(), wanted);
+    Picture undo;
+    ASSERT_TRUE(drawing().commitStroke("persp", undo));
+    showNext();
+    const std::vector<QString> drawn = pictures();
+    EXPECT_NE(drawn[1], wanted[1]) << "the frame that was shown when it was begun";
+    wanted[1] = drawn[1];
+    EXPECT_EQ(drawn, wanted);
+    EXPECT_EQ(layer->currentFrame()->frameNumber(), 5) << "its layer plays on";
+    EXPECT_TRUE(MAnimControl::isPlaying());
 }
 
 TEST_F(ThreadManagerTest, APressureKnownLateWeighsAllThatWasSampledBefore)

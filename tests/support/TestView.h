@@ -5,6 +5,7 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 /// A host window with views that draw nothing: plain widgets of a given size.
@@ -23,8 +24,16 @@ public:
     int portHeight() const override { return m_widget->height() * pixelRatio; }
     bool isLegacy() const override { return legacy; }
     api::ViewMatrices matrices() const override { return projection; }
-    void refresh(bool) override { ++refreshes; }
-    void scheduleRefresh() override { ++scheduled; }
+    void refresh(bool) override
+    {
+        ++refreshes;
+        draw();
+    }
+    void scheduleRefresh() override
+    {
+        ++scheduled;
+        draw();
+    }
     void beginXorDrawing(float, const float[4]) override { ++invertedOutlines; }
     void endXorDrawing() override {}
     void destroyWidget() { m_widget.reset(); }  ///< another view must be active then
@@ -32,6 +41,7 @@ public:
     int pixelRatio = 1;  ///< port pixels for each of the widget's
     api::ViewMatrices projection;
     bool legacy = false;
+    std::function<void()> draw = [] {};  ///< also for a refresh that is scheduled: it may come before anything else
     int refreshes = 0;
     int scheduled = 0;
     int invertedOutlines = 0;
