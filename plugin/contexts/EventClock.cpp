@@ -30,5 +30,10 @@ void EventClock::note(unsigned long stamp, SampleTime now)
 
 SampleTime EventClock::latest(unsigned long stamp) const
 {
-    return m_isUsable && m_hasStamp ? m_zero + sinceZero(stamp) + kTick : SampleTime::max();
+    return isKnown() ? m_zero + sinceZero(stamp) + kTick : SampleTime::max();
+}
+
+SampleTime EventClock::likely(unsigned long stamp) const
+{
+    return isKnown() ? m_zero + sinceZero(stamp) : SampleTime::min();
 }

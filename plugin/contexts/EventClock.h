@@ -14,7 +14,12 @@ public:
     /// By when the event with this stamp, which has been noted, had surely happened; the end of time when unknown.
     SampleTime latest(unsigned long stamp) const;
 
+    /// When it happened, as far as that can be told; the beginning of time when unknown.
+    SampleTime likely(unsigned long stamp) const;
+
 private:
+    bool isKnown() const { return m_isUsable && m_hasStamp; }
+
     bool m_isUsable = true;
     bool m_hasStamp = false;
     unsigned long m_lastStamp = 0;

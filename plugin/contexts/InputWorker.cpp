@@ -13,15 +13,6 @@ const int kPeriod = 8;             // milliseconds
 const int kPressTolerance = 3;     // pixels; an event's position and the pointer's are rounded differently
 const double kFarthest = 1 << 24;  // pixels; no screen reaches as far, and sums of such places are whole numbers
 
-/// Where the view shows a place of the screen, counted from (1, 1) at its lower left.
-QPoint inView(const QPoint& place, const QRect& view)
-{
-    const double x = double(place.x()) - view.left() + 1;
-    const double y = double(view.height()) - (double(place.y()) - view.top()) + 1;
-    const auto held = [](double value) { return int(std::max(-kFarthest, std::min(kFarthest, value))); };
-    return QPoint(held(x), held(y));
-}
-
 }  // namespace
 
 InputWorker::InputWorker(const SamplingOptions& options, const PointerSource& pointer, std::shared_ptr<SampleGate> gate)
@@ -36,6 +27,14 @@ InputWorker::InputWorker(const SamplingOptions& options, const PointerSource& po
 QPoint InputWorker::unknownPosition()
 {
     return QPoint(std::numeric_limits<int>::max(), std::numeric_limits<int>::max());
+}
+
+QPoint InputWorker::inView(const QPoint& place, const QRect& view)
+{
+    const double x = double(place.x()) - view.left() + 1;
+    const double y = double(view.height()) - (double(place.y()) - view.top()) + 1;
+    const auto held = [](double value) { return int(std::max(-kFarthest, std::min(kFarthest, value))); };
+    return QPoint(held(x), held(y));
 }
 
 QPoint InputWorker::firstPosition(const QPoint& polled) const

@@ -15,6 +15,8 @@ class InputWorker : public QObject {
 
 public:
     static QPoint unknownPosition();
+    /// Where a view at `view` shows a place of the screen, counted from (1, 1) at its lower left.
+    static QPoint inView(const QPoint& place, const QRect& view);
 
     InputWorker(const SamplingOptions& options, const PointerSource& pointer, std::shared_ptr<SampleGate> gate);
 

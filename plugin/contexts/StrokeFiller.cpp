@@ -4,7 +4,8 @@
 
 namespace {
 
-const size_t kClick = 2;  // points that always stay
+const size_t kClick = 2;   // points that always stay
+const int kSamePlace = 3;  // canvas pixels; an event's position and the pointer's are rounded differently
 
 /// A shape is spanned by two points: where the pointer went down, and where it is now.
 void spanShape(QVector<StrokePoint>& points, const StrokePoint& point)
@@ -35,24 +36,37 @@ void StrokeFiller::clear()
     m_points.clear();
 }
 
-bool StrokeFiller::add(ActiveStroke& stroke, StrokePoint sample, SampleTime time)
+bool StrokeFiller::add(ActiveStroke& stroke, const StrokePoint& sample, SampleTime time)
 {
-    if (isFreehand(stroke.tool) && !smooth(sample)) {
+    StrokePoint point = sample;
+    if (isFreehand(stroke.tool) && !smooth(point)) {
         return false;
     }
-    m_points.push_back({sample, time});
-    addPoint(stroke, sample);
+    m_points.push_back({sample, point, time});
+    addPoint(stroke, point);
     stroke.changed = true;
     return true;
 }
 
-bool StrokeFiller::smooth(StrokePoint& sample)
+bool StrokeFiller::smooth(StrokePoint& point)
 {
-    StrokeSmoother::Sample smoothed = {sample.position.x(), sample.position.y(), sample.opacity};
-    const bool accepted = m_smoother.accept(smoothed, sample.width);
-    sample.position = QPoint(smoothed.x, smoothed.y);
-    sample.opacity = smoothed.opacity;
+    StrokeSmoother::Sample smoothed = {point.position.x(), point.position.y(), point.opacity};
+    const bool accepted = m_smoother.accept(smoothed, point.width);
+    point.position = QPoint(smoothed.x, smoothed.y);
+    point.opacity = smoothed.opacity;
     return accepted;
+}
+
+void StrokeFiller::endAt(const QPoint& place, SampleTime time, ActiveStroke& stroke)
+{
+    if (m_points.empty() || m_points.back().time > time) {
+        return;
+    }
+    StrokePoint last = m_points.back().sample;
+    if ((place - last.position).manhattanLength() > kSamePlace) {
+        last.position = place;
+        add(stroke, last, time);
+    }
 }
 
 void StrokeFiller::cutAfter(SampleTime end, ActiveStroke& stroke)
@@ -65,6 +79,11 @@ void StrokeFiller::cutAfter(SampleTime end, ActiveStroke& stroke)
         return;
     }
     m_points.erase(m_points.begin() + std::ptrdiff_t(kept), m_points.end());
+    m_smoother.clear();
+    for (const TimedPoint& timed : m_points) {
+        StrokePoint again = timed.sample;
+        smooth(again);
+    }
     refill(stroke);
 }
 
@@ -72,6 +91,7 @@ void StrokeFiller::weigh(float pressure, ActiveStroke& stroke)
 {
     m_smoother.weigh(pressure);
     for (TimedPoint& timed : m_points) {
+        timed.sample.opacity *= pressure;
         timed.point.opacity *= pressure;
     }
     refill(stroke);

@@ -78,6 +78,7 @@ void ThreadManager::start(QWidget* view, BaseNode* node, const QString& camera, 
     m_view = view;
     m_pressed = pressed;
     m_released = SampleTime::max();
+    m_lifted = {QPoint(), SampleTime::min()};
     m_filler.clear();
     const ActiveStroke* stroke = findTarget().stroke;
     if (!stroke) {
@@ -135,8 +136,10 @@ void ThreadManager::stop()
         if (m_filler.isEmpty()) {
             pollOnce();
         }
-        if (ActiveStroke* stroke = findTarget().stroke) {
-            m_filler.cutAfter(m_released, *stroke);
+        const Target target = findTarget();
+        if (target.stroke) {
+            m_filler.cutAfter(m_released, *target.stroke);
+            endWhereLifted(target);
         }
         m_eventClock.restart();
     }
@@ -145,6 +148,15 @@ void ThreadManager::stop()
     leaveView();
     m_node = MObject();
     m_camera.clear();
+}
+
+// The worker may have looked for the last time a while before the button went up.
+void ThreadManager::endWhereLifted(const Target& target)
+{
+    if (m_view) {
+        const QPoint place = InputWorker::inView(m_lifted.place, placeOnScreen(*m_view));
+        m_filler.endAt(target.node->viewToCanvas(place), m_lifted.time, *target.stroke);
+    }
 }
 
 void ThreadManager::endThread()
@@ -255,6 +267,7 @@ void ThreadManager::noteInput(const QEvent& event, SampleTime now)
     m_eventClock.note(mouse.timestamp(), now);
     if (event.type() == QEvent::MouseButtonRelease && mouse.button() == Qt::LeftButton) {
         m_released = m_eventClock.latest(mouse.timestamp());
+        m_lifted = {mouse.globalPos(), m_eventClock.likely(mouse.timestamp())};
     }
 }
 

@@ -74,6 +74,7 @@ private:
     void pollOnce();
     void connectSamples(InputWorker& worker, Qt::ConnectionType type);
     void deliverSamples();
+    void endWhereLifted(const Target& target);
     void followView();
     void leaveView();
 
@@ -93,5 +94,6 @@ private:
     SamplingOptions m_options;
     StrokeFiller m_filler;
     EventClock m_eventClock;
-    SampleTime m_released = SampleTime::max();
+    SampleTime m_released = SampleTime::max();  // by then, surely
+    PointerSighting m_lifted;                   // the release, where and about when it was
 };

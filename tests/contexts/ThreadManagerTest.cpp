@@ -78,9 +78,11 @@ protected:
     }
     void sample(int x, int y) { manager.OnMousePositionChanged(QPoint(x, y), 6, 1.0f, 1.0f); }
     /// The views get an event of the mouse.
-    void note(QEvent::Type type, unsigned long stamp, SampleTime heard, Qt::MouseButton button = Qt::LeftButton)
+    /// x: on the screen.
+    void note(QEvent::Type type, unsigned long stamp, SampleTime heard, Qt::MouseButton button = Qt::LeftButton,
+              int x = 140)
     {
-        QMouseEvent event(type, QPointF(), button, Qt::LeftButton, Qt::NoModifier);
+        QMouseEvent event(type, QPointF(), QPointF(x, 160), button, Qt::LeftButton, Qt::NoModifier);
         event.setTimestamp(stamp);
         manager.noteInput(event, heard);
     }
@@ -336,15 +338,19 @@ TEST_F(ThreadManagerTest, AStrokeEndsWhereTheButtonWentUpHoweverLateTheHostSaysS
         const char* what;
         unsigned long pressed, moved, released;  // stamps; the events are heard at 0, 60 and 400 ms
         Qt::MouseButton button;
+        int place;                 // x of the release, on the screen
         int freehand, line, text;  // x of the stroke's last point
     } cases[] = {
-        {"in time", 7000, 7060, 7400, Qt::LeftButton, 391, 522, 522},
-        {"release heard late", 7000, 7050, 7100, Qt::LeftButton, 262, 322, 322},
-        {"press heard late too", 6970, 7060, 7100, Qt::LeftButton, 262, 322, 322},
-        {"without stamps", 0, 0, 0, Qt::LeftButton, 391, 522, 522},
-        {"stamps run backwards", 7000, 6000, 7100, Qt::LeftButton, 391, 522, 522},
-        {"another button", 7000, 7050, 7100, Qt::RightButton, 391, 522, 522},
-        {"released at once", 7000, 7000, 7001, Qt::LeftButton, 201, 200, 202},
+        {"in time", 7000, 7060, 7400, Qt::LeftButton, 300, 391, 522, 522},
+        {"in time, the pointer unseen at the end", 7000, 7060, 7400, Qt::LeftButton, 310, 461, 542, 542},
+        {"release heard late", 7000, 7050, 7100, Qt::LeftButton, 200, 262, 322, 322},
+        {"late, the pointer unseen at the end", 7000, 7050, 7100, Qt::LeftButton, 210, 294, 342, 342},
+        {"press heard late too", 6970, 7060, 7100, Qt::LeftButton, 200, 262, 322, 322},
+        {"seen after the release only", 7000, 7050, 7080, Qt::LeftButton, 190, 262, 322, 322},
+        {"without stamps", 0, 0, 0, Qt::LeftButton, 140, 391, 522, 522},
+        {"stamps run backwards", 7000, 6000, 7100, Qt::LeftButton, 140, 391, 522, 522},
+        {"another button", 7000, 7050, 7100, Qt::RightButton, 140, 391, 522, 522},
+        {"released at once", 7000, 7000, 7001, Qt::LeftButton, 141, 201, 200, 202},
     };
     for (const ToolType tool : {ToolType::Pencil, ToolType::Eraser, ToolType::Line, ToolType::Text}) {
         for (const auto& c : cases) {
@@ -359,7 +365,7 @@ TEST_F(ThreadManagerTest, AStrokeEndsWhereTheButtonWentUpHoweverLateTheHostSaysS
                 pointer.moveTo(step.first, 160, kStart + milliseconds(step.second));
                 waitForReads(2);
             }
-            note(QEvent::MouseButtonRelease, c.released, kStart + milliseconds(400), c.button);
+            note(QEvent::MouseButtonRelease, c.released, kStart + milliseconds(400), c.button, c.place);
             manager.stop();
             const int end = isFreehand(tool) ? c.freehand : tool == ToolType::Line ? c.line : c.text;
             EXPECT_EQ(stroke->points.last().position.x(), end);
@@ -381,7 +387,7 @@ TEST_F(ThreadManagerTest, AStrokeIsNotCutByWhatAnEarlierOneToldOfTheClocks)
         note(QEvent::MouseMove, stamp + 10, pressed + milliseconds(10));
         pointer.moveTo(300, 160, pressed + milliseconds(20));
         waitForReads(2);
-        note(QEvent::MouseButtonRelease, stamp + 40, pressed + milliseconds(40));
+        note(QEvent::MouseButtonRelease, stamp + 40, pressed + milliseconds(40), Qt::LeftButton, 300);
         manager.stop();
         EXPECT_EQ(stroke->points.last().position.x(), 522);
         drawing().dropStroke();
