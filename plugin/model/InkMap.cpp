@@ -39,6 +39,16 @@ InkMap InkMap::of(const QImage& canvas)
     return map;
 }
 
+const InkMap& InkMap::everywhere()
+{
+    static const InkMap kAll = [] {
+        InkMap all;
+        all.m_rows.fill(~quint64(0));
+        return all;
+    }();
+    return kAll;
+}
+
 bool InkMap::isEmpty() const
 {
     return std::all_of(m_rows.begin(), m_rows.end(), [](quint64 row) { return row == 0; });
@@ -51,6 +61,15 @@ QRect InkMap::box() const
         forInkSpans(m_rows[y], [&box, y](int left, int end) { box |= QRect(left, y, end - left, 1); });
     }
     return box;
+}
+
+int InkMap::pixels() const
+{
+    int columns = 0;
+    for (const quint64 row : m_rows) {
+        columns += static_cast<int>(qPopulationCount(row));
+    }
+    return columns * kColumnWidth;
 }
 
 void InkMap::add(const QRect& area)

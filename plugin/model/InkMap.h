@@ -13,10 +13,12 @@ public:
 
     InkMap();                                ///< no ink
     static InkMap of(const QImage& canvas);  ///< RGBA8888 or ARGB32, of canvas size
+    static const InkMap& everywhere();
 
     bool isEmpty() const;
     quint64 row(int y) const { return m_rows[y]; }  ///< bit i: the pixels from 16 * i to 16 * i + 15
     QRect box() const;                              ///< null when there is no ink
+    int pixels() const;                             ///< in all the columns
 
     void add(const QRect& area);  ///< everything in it may be ink now; what lies beyond the canvas is left out
     void add(const InkMap& other);

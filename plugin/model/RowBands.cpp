@@ -13,6 +13,7 @@
 namespace {
 
 constexpr int kBandHeight = 64;
+constexpr int kFewPixels = kCanvasSize * kCanvasSize / 4;
 constexpr unsigned kMostThreads = 8;  // more wait for memory only
 
 /// Work that several threads do together.
@@ -155,6 +156,15 @@ void forRowBands(const std::function<void(int first, int end)>& work)
     Bands bands(work);
     helpers().help(bands);
     bands.passOnWhatWasThrown();
+}
+
+void forRowBands(int pixels, const std::function<void(int first, int end)>& work)
+{
+    if (pixels < kFewPixels) {
+        work(0, kCanvasSize);
+    } else {
+        forRowBands(work);
+    }
 }
 
 void stopRowHelpers()
