@@ -88,14 +88,15 @@ void colourRow(const InkMap& ink, const InkMap& touched, quint32* bits, int y)
 void colourRim(InkedImage& canvas, const InkMap& touched)
 {
     auto* const bits = reinterpret_cast<quint32*>(canvas.image.bits());
+    const RowSpan rows = RowSpan{touched.rows().first - 1, touched.rows().end + 1} & RowSpan{0, kCanvasSize};
     std::array<quint8, kCanvasSize> begins{};
-    forRowBands(touched.pixels(), [&](int first, int end) {
+    forRowBands(rows, touched.pixels(), [&](int first, int end) {
         begins[size_t(first)] = 1;
         for (int y = first + 1; y < end; ++y) {
             colourRow(canvas.ink, touched, bits, y);
         }
     });
-    for (int y = 0; y < kCanvasSize; ++y) {
+    for (int y = rows.first; y < rows.end; ++y) {
         if (begins[size_t(y)]) {
             colourRow(canvas.ink, touched, bits, y);
         }

@@ -68,14 +68,18 @@ void layOver(InkedImage& canvas, const std::vector<Ply>& plies, const InkMap& wi
 {
     const RowLoops& loops = rowLoops();
     const Rows rows(canvas.image);
+    const int mostPixels = within.pixels();
     int pixels = 0;
+    RowSpan allRows = {0, 0};
     for (const Ply& ply : plies) {
-        pixels += std::min(ply.sheet.ink.pixels(), within.pixels());
+        pixels += std::min(ply.sheet.ink.pixels(), mostPixels);
+        allRows = allRows | ply.sheet.ink.rows();
     }
-    forRowBands(pixels, [&](int first, int end) {
+    forRowBands(allRows & within.rows(), pixels, [&](int first, int end) {
         for (const Ply& ply : plies) {
             const bool swapped = ply.sheet.image.format() == QImage::Format_ARGB32;
-            for (int y = first; y < end; ++y) {
+            const RowSpan inked = ply.sheet.ink.rows() & RowSpan{first, end};
+            for (int y = inked.first; y < inked.end; ++y) {
                 fetchRowAhead(loops, ply.sheet, y, within);
                 forInkSpans(ply.sheet.ink.row(y) & within.row(y), [&](int left, int right) {
                     loops.over(rows.row(y) + left, sourceRow(ply.sheet.image, y) + left, right - left, swapped,

@@ -37,7 +37,7 @@ void PaintedBelow::copyTo(QImage& canvas, const InkMap& columns, const std::vect
         m_painted.assign(kBands, 0);
     }
     paintTiles(columns, paint);
-    for (int y = 0; y < kCanvasSize; ++y) {
+    for (int y = columns.rows().first; y < columns.rows().end; ++y) {
         forInkSpans(columns.row(y),
                     [&](int left, int end) { copyRect(canvas, m_image, QRect(left, y, end - left, 1)); });
     }
@@ -45,7 +45,8 @@ void PaintedBelow::copyTo(QImage& canvas, const InkMap& columns, const std::vect
 
 void PaintedBelow::paintTiles(const InkMap& columns, const Paint& paint)
 {
-    for (int band = 0; band < kBands; ++band) {
+    const RowSpan rows = columns.rows();
+    for (int band = rows.first / kTileSide; band * kTileSide < rows.end; ++band) {
         quint64& painted = m_painted[static_cast<size_t>(band)];
         const quint64 wanted = tilesIn(columns, band);
         paintColumns(band, wanted & ~painted, paint);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/RowSpan.h"
+
 #include <functional>
 
 /// Calls work(first, end) for bands of the canvas's rows, half open, on this thread and on the processors that are
@@ -8,6 +10,7 @@
 void forRowBands(const std::function<void(int first, int end)>& work);
 /// The same for work that changes so many pixels. Few are done sooner than other threads have started, on a busy
 /// machine much sooner, a stroke's for example: they are done on this thread.
-void forRowBands(int pixels, const std::function<void(int first, int end)>& work);
+/// rows: those that it touches; no more are given to it.
+void forRowBands(const RowSpan& rows, int pixels, const std::function<void(int first, int end)>& work);
 /// Ends the threads that help with that: before the module goes. The next call starts them again.
 void stopRowHelpers();
