@@ -1,5 +1,7 @@
 #include "model/DrawingPainter.h"
 
+#include "model/Canvas.h"
+
 void prepareDrawingPainter(QPainter& painter)
 {
     painter.setRenderHints(QPainter::Antialiasing | QPainter::HighQualityAntialiasing);
@@ -12,4 +14,16 @@ void drawPart(QPainter& painter, const QImage& image, const QRect& area)
     if (!part.isEmpty()) {
         painter.drawImage(part.topLeft(), image, part);
     }
+}
+
+QRect paintableArea(const QRect& area)
+{
+    constexpr int kGroup = 8;
+    const QRect inside = area & QRect(0, 0, kCanvasSize, kCanvasSize);
+    if (inside.isEmpty()) {
+        return QRect();
+    }
+    const int left = inside.left() / kGroup * kGroup;
+    const int end = (inside.left() + inside.width() + kGroup - 1) / kGroup * kGroup;
+    return QRect(left, inside.top(), end - left, inside.height());
 }

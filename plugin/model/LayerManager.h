@@ -162,8 +162,10 @@ private:
     void appendStroke(std::vector<Ply>& plies);
     void floatSelection(InkedImage& picture);
     void refreshStroke(CameraDrawing& drawing);
-    void copyBelow(CameraDrawing& drawing, const InkMap& touched);
-    void mixFromStroke(CameraDrawing& drawing, const InkMap& touched);
+    void refreshColumns(CameraDrawing& drawing, const InkMap& columns);
+    void refreshArea(CameraDrawing& drawing, const QRect& area);
+    const QImage& imageBelow(CameraDrawing& drawing, const InkMap& columns);
+    void mixFromStroke(CameraDrawing& drawing, const InkMap& columns);
     void paintFromStroke(CameraDrawing& drawing, const QRect& area);
     static void paintLayers(QPainter& painter, const CameraDrawing& drawing, int first, int end, const QRect& area);
     void paintStroke(QPainter& painter, Layer& layer, const QRect& area);

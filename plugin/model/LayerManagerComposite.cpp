@@ -11,6 +11,19 @@
 
 #include <maya/MAnimControl.h>
 
+namespace {
+
+void copyColumns(QImage& canvas, const QImage& source, const InkMap& columns)
+{
+    const RowSpan rows = columns.rows();
+    for (int y = rows.first; y < rows.end; ++y) {
+        forInkSpans(columns.row(y),
+                    [&](int left, int end) { copyRect(canvas, source, QRect(left, y, end - left, 1)); });
+    }
+}
+
+}  // namespace
+
 void LayerManager::markForRedraw(const QString& camera)
 {
     if (CameraDrawing* found = drawing(camera)) {
@@ -144,29 +157,41 @@ void LayerManager::floatSelection(InkedImage& picture)
     }
 }
 
-// The part of the picture that the stroke touched last. Over what lies below, a shape is mixed with all that is above,
-// for its ink goes around a large area. Everything else is painted, and has the very bytes that painting all of it
-// would give.
+// The part of the picture that the stroke touched last.
 void LayerManager::refreshStroke(CameraDrawing& drawing)
 {
-    InkMap touched = m_stroke.takeTouched();
-    const QRect area = touched.box();
+    const StrokeInProgress::Touched touched = m_stroke.takeTouched();
+    if (m_stroke.isDrawnAnew()) {
+        refreshColumns(drawing, touched.columns);
+    } else {
+        refreshArea(drawing, paintableArea(touched.area));
+    }
+}
+
+// A shape's ink goes around a large area: it is mixed, with all that is above, where it has ink.
+void LayerManager::refreshColumns(CameraDrawing& drawing, const InkMap& columns)
+{
+    copyColumns(drawing.picture.image, imageBelow(drawing, columns), columns);
+    mixFromStroke(drawing, columns);
+    drawing.picture.ink.add(columns);
+    colourRim(drawing.picture, columns);
+}
+
+// Painted, to the very bytes that painting all of the picture would give.
+void LayerManager::refreshArea(CameraDrawing& drawing, const QRect& area)
+{
     if (area.isEmpty()) {
         return;
     }
-    if (m_stroke.isDrawnAnew()) {
-        copyBelow(drawing, touched);
-        mixFromStroke(drawing, touched);
-    } else {
-        touched.add(area);
-        copyBelow(drawing, touched);
-        paintFromStroke(drawing, area);
-    }
-    drawing.picture.ink.add(touched);
-    colourRim(drawing.picture, touched);
+    InkMap columns;
+    columns.add(area);
+    copyRect(drawing.picture.image, imageBelow(drawing, columns), area);
+    paintFromStroke(drawing, area);
+    drawing.picture.ink.add(columns);
+    colourRim(drawing.picture, columns);
 }
 
-void LayerManager::copyBelow(CameraDrawing& drawing, const InkMap& touched)
+const QImage& LayerManager::imageBelow(CameraDrawing& drawing, const InkMap& columns)
 {
     const int index = drawing.indexOf(m_stroke.target().frame.layerId);
     const InkedImage* ghosts = shownGhosts(drawing);
@@ -174,7 +199,7 @@ void LayerManager::copyBelow(CameraDrawing& drawing, const InkMap& touched)
     for (int i = 0; i < index; ++i) {
         below.push_back(drawing.layer(i)->pictureIdAtOffset(0));
     }
-    drawing.below.copyTo(drawing.picture.image, touched, below, [&](QPainter& painter, const QRect& part) {
+    return drawing.below.image(columns, below, [&](QPainter& painter, const QRect& part) {
         if (ghosts) {
             drawPart(painter, ghosts->image, part);
         }
@@ -182,7 +207,7 @@ void LayerManager::copyBelow(CameraDrawing& drawing, const InkMap& touched)
     });
 }
 
-void LayerManager::mixFromStroke(CameraDrawing& drawing, const InkMap& touched)
+void LayerManager::mixFromStroke(CameraDrawing& drawing, const InkMap& columns)
 {
     const int index = drawing.indexOf(m_stroke.target().frame.layerId);
     std::vector<Ply> plies;
@@ -194,7 +219,7 @@ void LayerManager::mixFromStroke(CameraDrawing& drawing, const InkMap& touched)
     for (int i = index + 1; i < drawing.layerCount(); ++i) {
         appendPicture(plies, drawing.layer(i)->pictureAtOffset(0));
     }
-    layOver(drawing.picture, plies, touched);
+    layOver(drawing.picture, plies, columns);
 }
 
 void LayerManager::paintFromStroke(CameraDrawing& drawing, const QRect& area)

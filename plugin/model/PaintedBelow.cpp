@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int kTileSide = 64;
+constexpr int kTileSide = 32;
 constexpr int kBands = kCanvasSize / kTileSide;
 constexpr int kColumnsOfATile = kTileSide / InkMap::kColumnWidth;
 constexpr quint64 kTileColumns = (quint64(1) << kColumnsOfATile) - 1;
@@ -27,7 +27,7 @@ quint64 tilesIn(const InkMap& map, int band)
 
 }  // namespace
 
-void PaintedBelow::copyTo(QImage& canvas, const InkMap& columns, const std::vector<quint64>& madeOf, const Paint& paint)
+const QImage& PaintedBelow::image(const InkMap& columns, const std::vector<quint64>& madeOf, const Paint& paint)
 {
     if (m_image.isNull()) {
         m_image = blankCanvas();
@@ -37,10 +37,7 @@ void PaintedBelow::copyTo(QImage& canvas, const InkMap& columns, const std::vect
         m_painted.assign(kBands, 0);
     }
     paintTiles(columns, paint);
-    for (int y = columns.rows().first; y < columns.rows().end; ++y) {
-        forInkSpans(columns.row(y),
-                    [&](int left, int end) { copyRect(canvas, m_image, QRect(left, y, end - left, 1)); });
-    }
+    return m_image;
 }
 
 void PaintedBelow::paintTiles(const InkMap& columns, const Paint& paint)
@@ -54,7 +51,7 @@ void PaintedBelow::paintTiles(const InkMap& columns, const Paint& paint)
     }
 }
 
-// Whole columns: see drawPart.
+// Whole columns: see paintableArea.
 void PaintedBelow::paintColumns(int band, quint64 columns, const Paint& paint)
 {
     forInkSpans(columns, [&](int left, int end) {

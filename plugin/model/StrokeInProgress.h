@@ -30,8 +30,12 @@ public:
     /// Brings the working images up to date with the record: draws the newest points, renders the shape, takes the
     /// region. base: the drawing beneath.
     void advance(const Picture& base);
-    /// What may look different since this was asked last.
-    InkMap takeTouched();
+    /// What may look different: of what is drawn anew the columns of its ink, as it was and as it is, else an area.
+    struct Touched {
+        QRect area;
+        InkMap columns;
+    };
+    Touched takeTouched();  ///< since this was asked last
 
     // The drawing with the stroke or transform on it, as it is seen before it is committed: base, unless the stroke
     // works on a copy of it, then the canvas, then what floats.
@@ -57,7 +61,7 @@ private:
     bool m_regionTaken = false;
     bool m_showsFrame = true;  // a transform that has not been advanced yet
     bool m_showedCanvas = false;
-    InkMap m_touched;
+    Touched m_touched;
     InkedImage m_canvas;
     QImage m_selection;  // what floats in a transform
     QRect m_floatingBox;
