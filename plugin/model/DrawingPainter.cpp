@@ -1,6 +1,19 @@
 #include "model/DrawingPainter.h"
 
 #include "model/Canvas.h"
+#include "model/RowLoops.h"
+
+namespace {
+
+// A part's rows lie a page apart, where no processor looks ahead by itself: painting would wait for each.
+void fetchPart(const QImage& canvas, const QRect& part)
+{
+    for (int y = part.top(); y <= part.bottom(); ++y) {
+        rowLoops().fetch(reinterpret_cast<const quint32*>(canvas.constScanLine(y)) + part.left(), part.width());
+    }
+}
+
+}  // namespace
 
 void prepareDrawingPainter(QPainter& painter)
 {
@@ -12,6 +25,9 @@ void drawPart(QPainter& painter, const QImage& image, const QRect& area)
 {
     const QRect part = area & image.rect();
     if (!part.isEmpty()) {
+        if (isMixable(image)) {
+            fetchPart(image, part);
+        }
         painter.drawImage(part.topLeft(), image, part);
     }
 }

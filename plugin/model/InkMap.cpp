@@ -3,8 +3,6 @@
 #include "model/Canvas.h"
 #include "model/RowLoops.h"
 
-#include <algorithm>
-
 namespace {
 
 constexpr int kColumns = kCanvasSize / InkMap::kColumnWidth;
@@ -23,7 +21,7 @@ quint64 columnsOf(int left, int end)
 constexpr int InkMap::kColumnWidth;
 
 // Every picture has a map, and of most of them the ink is never asked for: these share one.
-InkMap::InkMap()
+InkMap::InkMap() : m_span{0, 0}
 {
     static const QVector<quint64> kNoInk(kCanvasSize, 0);
     m_rows = kNoInk;
@@ -35,22 +33,39 @@ InkMap InkMap::of(const QImage& canvas)
     InkMap map;
     for (int y = 0; y < kCanvasSize; ++y) {
         map.m_rows[y] = loops.inkColumns(reinterpret_cast<const quint32*>(canvas.constScanLine(y)), kColumns);
+        map.m_span = map.m_span | RowSpan{y, map.m_rows[y] ? y + 1 : y};
     }
     return map;
 }
 
-bool InkMap::isEmpty() const
+const InkMap& InkMap::everywhere()
 {
-    return std::all_of(m_rows.begin(), m_rows.end(), [](quint64 row) { return row == 0; });
+    static const InkMap kAll = [] {
+        InkMap all;
+        all.add(QRect(0, 0, kCanvasSize, kCanvasSize));
+        return all;
+    }();
+    return kAll;
 }
 
 QRect InkMap::box() const
 {
-    QRect box;
-    for (int y = 0; y < kCanvasSize; ++y) {
-        forInkSpans(m_rows[y], [&box, y](int left, int end) { box |= QRect(left, y, end - left, 1); });
+    quint64 columns = 0;
+    for (int y = m_span.first; y < m_span.end; ++y) {
+        columns |= m_rows[y];
     }
+    QRect box;
+    forInkSpans(columns, [&](int left, int end) { box |= QRect(left, m_span.first, end - left, m_span.length()); });
     return box;
+}
+
+int InkMap::pixels() const
+{
+    int columns = 0;
+    for (int y = m_span.first; y < m_span.end; ++y) {
+        columns += static_cast<int>(qPopulationCount(m_rows[y]));
+    }
+    return columns * kColumnWidth;
 }
 
 void InkMap::add(const QRect& area)
@@ -63,11 +78,13 @@ void InkMap::add(const QRect& area)
     for (int y = inside.top(); y <= inside.bottom(); ++y) {
         m_rows[y] |= columns;
     }
+    m_span = m_span | RowSpan{inside.top(), inside.top() + inside.height()};
 }
 
 void InkMap::add(const InkMap& other)
 {
-    for (int y = 0; y < kCanvasSize; ++y) {
+    for (int y = other.m_span.first; y < other.m_span.end; ++y) {
         m_rows[y] |= other.m_rows[y];
     }
+    m_span = m_span | other.m_span;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/RowSpan.h"
+
 #include <QImage>
 #include <QRect>
 #include <QVector>
@@ -13,16 +15,21 @@ public:
 
     InkMap();                                ///< no ink
     static InkMap of(const QImage& canvas);  ///< RGBA8888 or ARGB32, of canvas size
+    static const InkMap& everywhere();
 
-    bool isEmpty() const;
-    quint64 row(int y) const { return m_rows[y]; }  ///< bit i: the pixels from 16 * i to 16 * i + 15
-    QRect box() const;                              ///< null when there is no ink
+    bool isEmpty() const { return m_span.isEmpty(); }
+    /// Bit i: the pixels from 16 * i to 16 * i + 15.
+    quint64 row(int y) const { return m_rows[y]; }
+    RowSpan rows() const { return m_span; }  ///< from the first with ink to the last
+    QRect box() const;                       ///< null when there is no ink
+    int pixels() const;                      ///< in all the columns
 
     void add(const QRect& area);  ///< everything in it may be ink now; what lies beyond the canvas is left out
     void add(const InkMap& other);
 
 private:
     QVector<quint64> m_rows;
+    RowSpan m_span;
 };
 
 /// Calls span(left, end) for each run of columns in a row of an ink map, in pixels and half open.

@@ -67,42 +67,38 @@ void colourRow(const Neighbourhood& pixels, int left, int end)
     }
 }
 
-/// The part of a row that lies within reach.
-void colourRow(InkedImage& canvas, quint32* bits, int y, const QRect& reach)
+/// The columns of a row of an ink map and of those next to it.
+quint64 columnsAround(const InkMap& map, int y)
+{
+    return map.row(std::max(y - 1, 0)) | map.row(y) | map.row(std::min(y + 1, kLast));
+}
+
+void colourRow(const InkMap& ink, const InkMap& touched, quint32* bits, int y)
 {
     const int above = std::max(y - 1, 0);
     const int below = std::min(y + 1, kLast);
     const Neighbourhood pixels = {bits + above * kCanvasSize, bits + y * kCanvasSize, bits + below * kCanvasSize};
-    const InkMap& ink = canvas.ink;
-    forInkSpans(ink.row(above) | ink.row(y) | ink.row(below), [&](int left, int end) {
-        colourRow(pixels, std::max(left - 1, reach.left()), std::min(end + 1, reach.right() + 1));
-    });
+    forInkSpans(columnsAround(ink, y) & columnsAround(touched, y),
+                [&](int left, int end) { colourRow(pixels, std::max(left - 1, 0), std::min(end + 1, kCanvasSize)); });
 }
 
 }  // namespace
 
-void colourRim(InkedImage& canvas, const QRect& area)
+// A band reads the first row of the next one: these wait, so that nobody reads what another is writing.
+void colourRim(InkedImage& canvas, const InkMap& touched)
 {
-    const QRect wholeCanvas(0, 0, kCanvasSize, kCanvasSize);
-    const QRect reach = area.adjusted(-1, -1, 1, 1) & wholeCanvas;
     auto* const bits = reinterpret_cast<quint32*>(canvas.image.bits());
-    if (reach != wholeCanvas) {
-        for (int y = reach.top(); y <= reach.bottom(); ++y) {
-            colourRow(canvas, bits, y, reach);
-        }
-        return;
-    }
-    // A band reads the first row of the next one: these wait, so that nobody reads what another is writing.
+    const RowSpan rows = RowSpan{touched.rows().first - 1, touched.rows().end + 1} & RowSpan{0, kCanvasSize};
     std::array<quint8, kCanvasSize> begins{};
-    forRowBands([&](int first, int end) {
+    forRowBands(rows, touched.pixels(), [&](int first, int end) {
         begins[size_t(first)] = 1;
         for (int y = first + 1; y < end; ++y) {
-            colourRow(canvas, bits, y, reach);
+            colourRow(canvas.ink, touched, bits, y);
         }
     });
-    for (int y = 0; y < kCanvasSize; ++y) {
+    for (int y = rows.first; y < rows.end; ++y) {
         if (begins[size_t(y)]) {
-            colourRow(canvas, bits, y, reach);
+            colourRow(canvas.ink, touched, bits, y);
         }
     }
 }

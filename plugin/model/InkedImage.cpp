@@ -5,6 +5,7 @@
 #include "model/RowBands.h"
 #include "model/RowLoops.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -25,11 +26,11 @@ const quint32* sourceRow(const QImage& image, int y)
     return reinterpret_cast<const quint32*>(image.constScanLine(y));
 }
 
-void fetchRowAhead(const RowLoops& loops, const InkedImage& sheet, int y)
+void fetchRowAhead(const RowLoops& loops, const InkedImage& sheet, int y, const InkMap& within)
 {
     const int ahead = y + 2;
     if (ahead < kCanvasSize) {
-        forInkSpans(sheet.ink.row(ahead),
+        forInkSpans(sheet.ink.row(ahead) & within.row(ahead),
                     [&](int left, int end) { loops.fetch(sourceRow(sheet.image, ahead) + left, end - left); });
     }
 }
@@ -42,20 +43,6 @@ void forRows(Work work)
             work(y);
         }
     });
-}
-
-/// So many pixels are mixed sooner than other threads have started, on a busy machine much sooner: a stroke's, say.
-constexpr int kFewPixels = kCanvasSize * kCanvasSize / 4;
-
-bool haveFewPixels(const std::vector<Ply>& plies)
-{
-    int columns = 0;
-    for (const Ply& ply : plies) {
-        for (int y = 0; y < kCanvasSize; ++y) {
-            columns += static_cast<int>(qPopulationCount(ply.sheet.ink.row(y)));
-        }
-    }
-    return columns * InkMap::kColumnWidth < kFewPixels;
 }
 
 }  // namespace
@@ -71,28 +58,36 @@ InkedImage blankSheet()
     return {blankCanvas(), InkMap()};
 }
 
-// Band by band, so that what is changed stays in the processor's cache while ply after ply is laid over it.
 void layOver(InkedImage& canvas, const std::vector<Ply>& plies)
+{
+    layOver(canvas, plies, InkMap::everywhere());
+}
+
+// Band by band, so that what is changed stays in the processor's cache while ply after ply is laid over it.
+void layOver(InkedImage& canvas, const std::vector<Ply>& plies, const InkMap& within)
 {
     const RowLoops& loops = rowLoops();
     const Rows rows(canvas.image);
-    const auto layBand = [&](int first, int end) {
+    const int mostPixels = within.pixels();
+    int pixels = 0;
+    RowSpan allRows = {0, 0};
+    for (const Ply& ply : plies) {
+        pixels += std::min(ply.sheet.ink.pixels(), mostPixels);
+        allRows = allRows | ply.sheet.ink.rows();
+    }
+    forRowBands(allRows & within.rows(), pixels, [&](int first, int end) {
         for (const Ply& ply : plies) {
             const bool swapped = ply.sheet.image.format() == QImage::Format_ARGB32;
-            for (int y = first; y < end; ++y) {
-                fetchRowAhead(loops, ply.sheet, y);
-                forInkSpans(ply.sheet.ink.row(y), [&](int left, int right) {
+            const RowSpan inked = ply.sheet.ink.rows() & RowSpan{first, end};
+            for (int y = inked.first; y < inked.end; ++y) {
+                fetchRowAhead(loops, ply.sheet, y, within);
+                forInkSpans(ply.sheet.ink.row(y) & within.row(y), [&](int left, int right) {
                     loops.over(rows.row(y) + left, sourceRow(ply.sheet.image, y) + left, right - left, swapped,
                                ply.opacity);
                 });
             }
         }
-    };
-    if (haveFewPixels(plies)) {
-        layBand(0, kCanvasSize);
-    } else {
-        forRowBands(layBand);
-    }
+    });
     for (const Ply& ply : plies) {
         canvas.ink.add(ply.sheet.ink);
     }
@@ -103,7 +98,7 @@ void layUnder(InkedImage& canvas, const InkedImage& sheet)
     const RowLoops& loops = rowLoops();
     const Rows rows(canvas.image);
     forRows([&](int y) {
-        fetchRowAhead(loops, sheet, y);
+        fetchRowAhead(loops, sheet, y, InkMap::everywhere());
         forInkSpans(sheet.ink.row(y), [&](int left, int end) {
             loops.under(rows.row(y) + left, sourceRow(sheet.image, y) + left, end - left);
         });

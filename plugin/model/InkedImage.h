@@ -28,7 +28,9 @@ InkedImage blankSheet();  ///< a canvas without ink
 /// Mixing works on canvases in RGBA8888 and changes the inked parts only. Against a painter, which goes over every
 /// pixel, nothing but the colour of nearly transparent pixels differs.
 void layOver(InkedImage& canvas, const std::vector<Ply>& plies);  ///< one after the other, the first lowest
-void layUnder(InkedImage& canvas, const InkedImage& sheet);       ///< sheet: RGBA8888
-void wipe(InkedImage& canvas);                                    ///< makes it blank again
+/// The same in some columns only: those that within has.
+void layOver(InkedImage& canvas, const std::vector<Ply>& plies, const InkMap& within);
+void layUnder(InkedImage& canvas, const InkedImage& sheet);  ///< sheet: RGBA8888
+void wipe(InkedImage& canvas);                               ///< makes it blank again
 /// Gives every pixel that is not fully transparent the colour; alpha is kept.
 void tintImage(InkedImage& canvas, const QColor& colour);

@@ -158,9 +158,15 @@ private:
     const InkedImage* shownGhosts(const CameraDrawing& drawing) const;  // null when there are none to see
     void rebuild(const QString& camera, CameraDrawing& drawing);
     void rebuildGhosts(const QString& camera, CameraDrawing& drawing);
+    static void appendPicture(std::vector<Ply>& plies, const Picture& picture);
     void appendStroke(std::vector<Ply>& plies);
     void floatSelection(InkedImage& picture);
-    void refreshStroke(CameraDrawing& drawing, const QRect& area);
+    void refreshStroke(CameraDrawing& drawing);
+    void refreshColumns(CameraDrawing& drawing, const InkMap& columns);
+    void refreshArea(CameraDrawing& drawing, const QRect& area);
+    const QImage& imageBelow(CameraDrawing& drawing, const InkMap& columns);
+    void mixFromStroke(CameraDrawing& drawing, const InkMap& columns);
+    void paintFromStroke(CameraDrawing& drawing, const QRect& area);
     static void paintLayers(QPainter& painter, const CameraDrawing& drawing, int first, int end, const QRect& area);
     void paintStroke(QPainter& painter, Layer& layer, const QRect& area);
 

@@ -11,6 +11,19 @@
 
 #include <maya/MAnimControl.h>
 
+namespace {
+
+void copyColumns(QImage& canvas, const QImage& source, const InkMap& columns)
+{
+    const RowSpan rows = columns.rows();
+    for (int y = rows.first; y < rows.end; ++y) {
+        forInkSpans(columns.row(y),
+                    [&](int left, int end) { copyRect(canvas, source, QRect(left, y, end - left, 1)); });
+    }
+}
+
+}  // namespace
+
 void LayerManager::markForRedraw(const QString& camera)
 {
     if (CameraDrawing* found = drawing(camera)) {
@@ -33,7 +46,7 @@ const QImage* LayerManager::composite(const QString& camera)
     }
     advanceStroke(camera);
     if (onlyTheStrokeChanged(camera, *found)) {
-        refreshStroke(*found, paintableArea(m_stroke.takeTouched()));
+        refreshStroke(*found);
     } else {
         rebuild(camera, *found);
     }
@@ -86,11 +99,9 @@ void LayerManager::rebuild(const QString& camera, CameraDrawing& drawing)
     }
     const Layer* drawnOn = stroke(camera) ? shownStrokeLayer() : nullptr;
     for (const auto& layer : drawing.layers) {
-        const Picture picture = layer->pictureAtOffset(0);
+        const Picture picture = layer->pictureAtOffset(0);  // read even where the stroke is shown: then it is not dirty
         if (layer.get() != drawnOn) {
-            if (!picture.isBlank()) {
-                plies.push_back({inkedImage(picture)});
-            }
+            appendPicture(plies, picture);
             continue;
         }
         appendStroke(plies);
@@ -99,7 +110,7 @@ void LayerManager::rebuild(const QString& camera, CameraDrawing& drawing)
         floatSelection(drawing.picture);
     }
     layOver(drawing.picture, plies);
-    colourRim(drawing.picture, drawing.picture.image.rect());
+    colourRim(drawing.picture, drawing.picture.ink);
     if (stroke(camera)) {
         m_stroke.takeTouched();
     }
@@ -114,6 +125,13 @@ void LayerManager::rebuildGhosts(const QString& camera, CameraDrawing& drawing)
     Layer* active = drawing.layer(drawing.activeIndex());
     if (active && !drawingNow && !ghostsAreSilenced()) {
         drawing.ghosts.rebuild(*active, ghostOptions());
+    }
+}
+
+void LayerManager::appendPicture(std::vector<Ply>& plies, const Picture& picture)
+{
+    if (!picture.isBlank()) {
+        plies.push_back({inkedImage(picture)});
     }
 }
 
@@ -139,32 +157,78 @@ void LayerManager::floatSelection(InkedImage& picture)
     }
 }
 
-// The part of the picture that a stroke's newest segments touched. It is painted, and has the very bytes that painting
-// all of it would give; rebuild mixes instead, and nearly transparent colours may differ from it by a step.
-void LayerManager::refreshStroke(CameraDrawing& drawing, const QRect& area)
+// The part of the picture that the stroke touched last.
+void LayerManager::refreshStroke(CameraDrawing& drawing)
+{
+    const StrokeInProgress::Touched touched = m_stroke.takeTouched();
+    if (m_stroke.isDrawnAnew()) {
+        refreshColumns(drawing, touched.columns);
+    } else {
+        refreshArea(drawing, paintableArea(touched.area));
+    }
+}
+
+// A shape's ink goes around a large area: it is mixed, with all that is above, where it has ink.
+void LayerManager::refreshColumns(CameraDrawing& drawing, const InkMap& columns)
+{
+    copyColumns(drawing.picture.image, imageBelow(drawing, columns), columns);
+    mixFromStroke(drawing, columns);
+    drawing.picture.ink.add(columns);
+    colourRim(drawing.picture, columns);
+}
+
+// Painted, to the very bytes that painting all of the picture would give.
+void LayerManager::refreshArea(CameraDrawing& drawing, const QRect& area)
 {
     if (area.isEmpty()) {
         return;
     }
+    InkMap columns;
+    columns.add(area);
+    copyRect(drawing.picture.image, imageBelow(drawing, columns), area);
+    paintFromStroke(drawing, area);
+    drawing.picture.ink.add(columns);
+    colourRim(drawing.picture, columns);
+}
+
+const QImage& LayerManager::imageBelow(CameraDrawing& drawing, const InkMap& columns)
+{
     const int index = drawing.indexOf(m_stroke.target().frame.layerId);
     const InkedImage* ghosts = shownGhosts(drawing);
     std::vector<quint64> below = {ghosts ? drawing.ghosts.revision() : 0};
     for (int i = 0; i < index; ++i) {
         below.push_back(drawing.layer(i)->pictureIdAtOffset(0));
     }
-    drawing.below.copyTo(drawing.picture.image, area, below, [&](QPainter& painter, const QRect& part) {
+    return drawing.below.image(columns, below, [&](QPainter& painter, const QRect& part) {
         if (ghosts) {
             drawPart(painter, ghosts->image, part);
         }
         paintLayers(painter, drawing, 0, index, part);
     });
+}
+
+void LayerManager::mixFromStroke(CameraDrawing& drawing, const InkMap& columns)
+{
+    const int index = drawing.indexOf(m_stroke.target().frame.layerId);
+    std::vector<Ply> plies;
+    if (shownStrokeLayer()) {
+        appendStroke(plies);
+    } else {
+        appendPicture(plies, drawing.layer(index)->pictureAtOffset(0));
+    }
+    for (int i = index + 1; i < drawing.layerCount(); ++i) {
+        appendPicture(plies, drawing.layer(i)->pictureAtOffset(0));
+    }
+    layOver(drawing.picture, plies, columns);
+}
+
+void LayerManager::paintFromStroke(CameraDrawing& drawing, const QRect& area)
+{
+    const int index = drawing.indexOf(m_stroke.target().frame.layerId);
     QPainter painter(&drawing.picture.image);
     prepareDrawingPainter(painter);
     paintStroke(painter, *drawing.layer(index), area);
     paintLayers(painter, drawing, index + 1, drawing.layerCount(), area);
-    painter.end();
-    drawing.picture.ink.add(area);
-    colourRim(drawing.picture, area);
 }
 
 void LayerManager::paintLayers(QPainter& painter, const CameraDrawing& drawing, int first, int end, const QRect& area)

@@ -13,18 +13,21 @@
 namespace {
 
 constexpr int kBandHeight = 64;
+constexpr int kFewPixels = kCanvasSize * kCanvasSize / 4;
 constexpr unsigned kMostThreads = 8;  // more wait for memory only
 
 /// Work that several threads do together.
 class Bands {
 public:
-    explicit Bands(const std::function<void(int, int)>& work) : m_work(work) {}
+    Bands(const RowSpan& rows, const std::function<void(int, int)>& work)
+        : m_work(work), m_end(rows.end), m_next(rows.first)
+    {}
 
     void run()
     {
         try {
-            for (int first = next(); first < kCanvasSize; first = next()) {
-                m_work(first, first + kBandHeight);
+            for (int first = next(); first < m_end; first = next()) {
+                m_work(first, std::min(first + kBandHeight, m_end));
             }
         } catch (...) {
             const std::lock_guard<std::mutex> lock(m_mutex);
@@ -44,7 +47,8 @@ private:
     int next() { return m_next.fetch_add(kBandHeight); }
 
     const std::function<void(int, int)>& m_work;
-    std::atomic<int> m_next{0};
+    const int m_end;
+    std::atomic<int> m_next;
     std::mutex m_mutex;
     std::exception_ptr m_thrown;
 };
@@ -148,13 +152,27 @@ Helpers& helpers()
     return all;
 }
 
+void runBands(const RowSpan& rows, const std::function<void(int, int)>& work)
+{
+    Bands bands(rows, work);
+    helpers().help(bands);
+    bands.passOnWhatWasThrown();
+}
+
 }  // namespace
 
 void forRowBands(const std::function<void(int first, int end)>& work)
 {
-    Bands bands(work);
-    helpers().help(bands);
-    bands.passOnWhatWasThrown();
+    runBands(RowSpan{0, kCanvasSize}, work);
+}
+
+void forRowBands(const RowSpan& rows, int pixels, const std::function<void(int first, int end)>& work)
+{
+    if (pixels < kFewPixels) {
+        work(rows.first, rows.end);
+    } else {
+        runBands(rows, work);
+    }
 }
 
 void stopRowHelpers()

@@ -20,7 +20,7 @@ void StrokeInProgress::begin(const Target& target, const InkedImage& canvas)
     m_regionTaken = false;
     m_showsFrame = true;
     m_showedCanvas = false;
-    m_touched = QRect();
+    m_touched = Touched();
 }
 
 void StrokeInProgress::end()
@@ -37,11 +37,11 @@ void StrokeInProgress::advance(const Picture& base)
             startAnew(base);
         }
         drawNewestPoints();
-    } else if (m_record->tool != ToolType::Transform) {
-        m_touched |= m_canvas.ink.box();
+    } else if (isDrawnAnew()) {
+        m_touched.columns.add(m_canvas.ink);
         renderShape(m_canvas.image, *m_record, true);
         m_canvas.ink = InkMap::of(m_canvas.image);
-        m_touched |= m_canvas.ink.box();
+        m_touched.columns.add(m_canvas.ink);
     } else {
         advanceTransform(base);
     }
@@ -51,7 +51,7 @@ void StrokeInProgress::startAnew(const Picture& base)
 {
     m_record->drawAnew = false;
     m_lastRasterised = 0;
-    m_touched |= m_canvas.ink.box();
+    m_touched.area |= m_canvas.ink.box();
     if (m_record->tool == ToolType::Eraser) {
         m_canvas = {asCanvas(base.image()), base.ink()};
     } else {
@@ -64,7 +64,7 @@ void StrokeInProgress::drawNewestPoints()
 {
     const QRect touched = rasteriseStroke(m_canvas.image, m_record->points, m_lastRasterised, m_record->tool);
     m_lastRasterised = std::max(m_record->points.size() - 1, 0);
-    m_touched |= touched;
+    m_touched.area |= touched;
     if (m_record->tool != ToolType::Eraser) {
         m_canvas.ink.add(touched);
     }
@@ -77,13 +77,13 @@ void StrokeInProgress::advanceTransform(const Picture& base)
         takeRegion(base);
     }
     if (m_showsFrame || shows != m_showedCanvas) {
-        m_touched = m_canvas.image.rect();  // the drawing makes way for the canvas, or for nothing
+        m_touched.area = m_canvas.image.rect();  // the drawing makes way for the canvas, or for nothing
     }
     m_showsFrame = false;
     m_showedCanvas = shows;
-    m_touched |= m_floatingBox;
+    m_touched.area |= m_floatingBox;
     m_floatingBox = !shows || m_selection.isNull() ? QRect() : transformedBox(*m_record, m_selection.size());
-    m_touched |= m_floatingBox;
+    m_touched.area |= m_floatingBox;
 }
 
 // Once only: taken again, the region would be found empty where it was cleared.
@@ -104,16 +104,21 @@ void StrokeInProgress::takeRegion(const Picture& base)
     }
 }
 
-QRect StrokeInProgress::takeTouched()
+StrokeInProgress::Touched StrokeInProgress::takeTouched()
 {
-    const QRect touched = m_touched;
-    m_touched = QRect();
+    const Touched touched = m_touched;
+    m_touched = Touched();
     return touched;
 }
 
 bool StrokeInProgress::showsBase() const
 {
     return m_record->tool != ToolType::Eraser && m_record->tool != ToolType::Transform;
+}
+
+bool StrokeInProgress::isDrawnAnew() const
+{
+    return !isFreehand(m_record->tool) && m_record->tool != ToolType::Transform;
 }
 
 bool StrokeInProgress::showsCanvas() const

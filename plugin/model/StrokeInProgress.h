@@ -30,12 +30,17 @@ public:
     /// Brings the working images up to date with the record: draws the newest points, renders the shape, takes the
     /// region. base: the drawing beneath.
     void advance(const Picture& base);
-    /// The box of what may look different since this was asked last.
-    QRect takeTouched();
+    /// What may look different: of what is drawn anew the columns of its ink, as it was and as it is, else an area.
+    struct Touched {
+        QRect area;
+        InkMap columns;
+    };
+    Touched takeTouched();  ///< since this was asked last
 
     // The drawing with the stroke or transform on it, as it is seen before it is committed: base, unless the stroke
     // works on a copy of it, then the canvas, then what floats.
     bool showsBase() const;
+    bool isDrawnAnew() const;  ///< a shape or a text, with every step; another stroke only grows
     bool showsCanvas() const;  ///< a transform without a region shows nothing
     const InkedImage& canvas() const { return m_canvas; }
     void paintFloating(QPainter& painter) const;
@@ -56,7 +61,7 @@ private:
     bool m_regionTaken = false;
     bool m_showsFrame = true;  // a transform that has not been advanced yet
     bool m_showedCanvas = false;
-    QRect m_touched;
+    Touched m_touched;
     InkedImage m_canvas;
     QImage m_selection;  // what floats in a transform
     QRect m_floatingBox;

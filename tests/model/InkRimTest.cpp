@@ -52,7 +52,7 @@ TEST_F(InkRim, GoesAroundInkWhereverItLiesAndChangesNothingElse)
         QImage ink = blankCanvas();
         ink.setPixelColor(at, QColor(250, 240, 10, 40));
         InkedImage canvas = {ink, InkMap::of(ink)};
-        colourRim(canvas, QRect(at, QSize(1, 1)));
+        colourRim(canvas, canvas.ink);
         EXPECT_TRUE(isColoured(canvas.image)) << at.x() << ", " << at.y();
         EXPECT_EQ(canvas.image.convertToFormat(QImage::Format_RGBA8888_Premultiplied),
                   ink.convertToFormat(QImage::Format_RGBA8888_Premultiplied));
