@@ -1,8 +1,8 @@
 #include "commands/GhostActions.h"
 
 #include "commands/GhostRefresh.h"
-#include "commands/PanelActions.h"
 #include "commands/ToolActions.h"
+#include "settings/Panels.h"
 #include "settings/ScriptBridge.h"
 
 namespace {
@@ -13,7 +13,7 @@ MStatus announce()
 {
     rebuildGhosts();
     script::notifyMainMenu();
-    refreshPanel(Panel::Toolbox);
+    Panels::refreshInstalled(Panel::Toolbox);
     return MStatus::kSuccess;
 }
 

@@ -54,11 +54,6 @@ MStatus showPanel(Panel panel)
     return MStatus::kSuccess;
 }
 
-void refreshPanel(Panel panel)
-{
-    Panels::refreshInstalled(panel);
-}
-
 MStatus openDialog(Dialog dialog)
 {
     Panels* panels = openablePanels();

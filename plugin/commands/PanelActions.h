@@ -8,7 +8,6 @@
 
 /// Shows a hidden panel; gives a visible one the focus and raises it, out of the task bar if need be.
 MStatus showPanel(Panel panel);
-void refreshPanel(Panel panel);  ///< nothing happens to one that does not exist
 MStatus openDialog(Dialog dialog);
 /// The properties of the current camera's active layer; fails without one.
 MStatus openLayerProperties();

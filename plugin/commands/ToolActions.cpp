@@ -1,9 +1,9 @@
 #include "commands/ToolActions.h"
 
 #include "commands/Arguments.h"
-#include "commands/PanelActions.h"
 #include "settings/Messages.h"
 #include "settings/Names.h"
+#include "settings/Panels.h"
 #include "settings/Preferences.h"
 #include "settings/ScriptBridge.h"
 #include "settings/Text.h"
@@ -46,8 +46,8 @@ MStatus useTool(ToolType tool)
     if (status) {
         Preferences::instance().setActiveTool(tool);
         script::notifyMainMenu();
-        refreshPanel(Panel::Toolbox);
-        refreshPanel(Panel::ToolOptions);
+        Panels::refreshInstalled(Panel::Toolbox);
+        Panels::refreshInstalled(Panel::ToolOptions);
     }
     return status;
 }
@@ -67,8 +67,8 @@ MStatus setToolOptions(const MArgDatabase& args, const char* flag, ToolType tool
     if (tool == ToolType::Text) {
         preferences.setTextFontFamily(textArgument(args, flag, next++));
     }
-    refreshPanel(Panel::ToolOptions);
-    refreshPanel(Panel::Toolbox);
+    Panels::refreshInstalled(Panel::ToolOptions);
+    Panels::refreshInstalled(Panel::Toolbox);
     return MStatus::kSuccess;
 }
 

@@ -76,7 +76,7 @@ MStatus editDrawColour(const MArgDatabase& args, const char* flag)
         return MStatus::kFailure;
     }
     preferences().setActiveColor(colour);
-    refreshPanel(Panel::Toolbox);
+    Panels::refreshInstalled(Panel::Toolbox);
     return MStatus::kSuccess;
 }
 
@@ -175,7 +175,7 @@ MStatus open(const MArgDatabase&, const char*)
 
 MStatus refreshToolbox()
 {
-    refreshPanel(Panel::Toolbox);
+    Panels::refreshInstalled(Panel::Toolbox);
     return MStatus::kSuccess;
 }
 
