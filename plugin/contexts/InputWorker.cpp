@@ -15,8 +15,16 @@ const double kFarthest = 1 << 24;  // pixels; no screen reaches as far, and sums
 
 }  // namespace
 
-InputWorker::InputWorker(const SamplingOptions& options, const PointerSource& pointer, std::shared_ptr<SampleGate> gate)
-    : m_options(options), m_pointer(pointer), m_gate(std::move(gate)), m_pressPosition(unknownPosition()),
+/// What all samples of one poll have in common.
+struct InputWorker::Sampling {
+    int width;
+    float opacity;
+    float hardness;
+    SampleTime time;
+};
+
+InputWorker::InputWorker(const PointerSource& pointer, std::shared_ptr<SampleGate> gate)
+    : m_pointer(pointer), m_gate(std::move(gate)), m_pressPosition(unknownPosition()),
       m_lastPosition(unknownPosition()), m_timer(this)
 {
     m_timer.setInterval(kPeriod);
@@ -59,29 +67,31 @@ void InputWorker::Shutdown()
 void InputWorker::Poll()
 {
     const PointerSighting seen = m_pointer();
-    m_gate->ifOpen([&](const QRect& view) { sendMove(inView(seen.place, view), seen.time); });
+    m_gate->ifOpen([&](const QRect& view, const SamplingOptions& options) {
+        // Read within the gate: who changes the pressure there knows that all samples of before are under way.
+        const float opacity = options.tabletEnabled ? options.opacity * penState::pressure() : options.opacity;
+        sendMove(inView(seen.place, view), {options.width, opacity, options.hardness, seen.time});
+    });
 }
 
-void InputWorker::sendMove(const QPoint& position, SampleTime time)
+void InputWorker::sendMove(const QPoint& position, const Sampling& sampling)
 {
     if (position == m_lastPosition) {
         return;
     }
-    // Read within the gate: who changes the pressure there knows that all samples of before are under way.
-    const float opacity = m_options.tabletEnabled ? m_options.opacity * penState::pressure() : m_options.opacity;
     if (m_lastPosition == unknownPosition()) {
         const QPoint start = firstPosition(position);
-        send(start - QPoint(1, 0), opacity, time);
+        send(start - QPoint(1, 0), sampling);
         if (start != position) {
-            send(start, opacity, time);
+            send(start, sampling);
         }
     }
     m_lastPosition = position;
-    send(position, opacity, time);
+    send(position, sampling);
 }
 
-void InputWorker::send(const QPoint& position, float opacity, SampleTime time)
+void InputWorker::send(const QPoint& position, const Sampling& sampling)
 {
-    m_gate->noteTime(time);
-    emit MousePositionChanged(position, m_options.width, opacity, m_options.hardness);
+    m_gate->noteTime(sampling.time);
+    emit MousePositionChanged(position, sampling.width, sampling.opacity, sampling.hardness);
 }

@@ -18,13 +18,11 @@ public:
     /// Where a view at `view` shows a place of the screen, counted from (1, 1) at its lower left.
     static QPoint inView(const QPoint& place, const QRect& view);
 
-    InputWorker(const SamplingOptions& options, const PointerSource& pointer, std::shared_ptr<SampleGate> gate);
+    InputWorker(const PointerSource& pointer, std::shared_ptr<SampleGate> gate);
 
     /// Where the button went down, in the samples' pixels. When the pointer has left that place by the first poll (the
     /// host was busy), the stroke begins there all the same.
     void setPressPosition(const QPoint& position) { m_pressPosition = position; }
-    /// To be called between samples of the gate.
-    void setOptions(const SamplingOptions& options) { m_options = options; }
 
 public slots:
     /// Starts sampling; the thread's event loop waits between the polls, so that Shutdown ends a wait at once.
@@ -39,11 +37,11 @@ signals:
     void MousePositionChanged(const QPoint& position, int width, float opacity, float hardness);
 
 private:
-    void sendMove(const QPoint& position, SampleTime time);
-    void send(const QPoint& position, float opacity, SampleTime time);
+    struct Sampling;
+    void sendMove(const QPoint& position, const Sampling& sampling);
+    void send(const QPoint& position, const Sampling& sampling);
     QPoint firstPosition(const QPoint& polled) const;
 
-    SamplingOptions m_options;
     const PointerSource m_pointer;
     const std::shared_ptr<SampleGate> m_gate;
     QPoint m_pressPosition;

@@ -12,6 +12,12 @@ void SampleGate::moveView(const QRect& view)
     m_view = view;
 }
 
+void SampleGate::setOptions(const SamplingOptions& options)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_options = options;
+}
+
 SampleTime SampleGate::takeTime()
 {
     const std::lock_guard<std::mutex> lock(m_mutex);

@@ -11,12 +11,14 @@
 class SampleGate {
 public:
     /// view: see moveView.
-    explicit SampleGate(const QRect& view) : m_view(view) {}
+    SampleGate(const QRect& view, const SamplingOptions& options) : m_view(view), m_options(options) {}
 
     /// Once this has returned, no more samples pass.
     void close();
     /// Where the view is from now on, screen pixels; nothing is sampled while it is empty.
     void moveView(const QRect& view);
+    /// What is sampled from now on; the samples of before are under way.
+    void setOptions(const SamplingOptions& options);
     /// When the sample that arrives next was taken; now when it did not pass here. To be asked once for each.
     SampleTime takeTime();
 
@@ -27,13 +29,14 @@ public:
         const std::lock_guard<std::mutex> lock(m_mutex);
         change();
     }
-    /// Calls pass(view) while the gate is open and stays so. pass: may call noteTime, once for each sample it sends.
+    /// Calls pass(view, options) while the gate is open and stays so. pass: may call noteTime, once for each sample it
+    /// sends.
     template <typename Pass>
     void ifOpen(Pass pass)
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
         if (m_open && m_view.isValid()) {
-            pass(m_view);
+            pass(m_view, m_options);
         }
     }
     void noteTime(SampleTime time) { m_times.push_back(time); }
@@ -42,5 +45,6 @@ private:
     std::mutex m_mutex;
     bool m_open = true;
     QRect m_view;
+    SamplingOptions m_options;
     std::deque<SampleTime> m_times;  // of the samples under way
 };

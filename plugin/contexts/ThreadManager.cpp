@@ -96,24 +96,23 @@ void ThreadManager::start(QWidget* view, BaseNode* node, const QString& camera, 
 // Where the system has no thread to give, the toolkit says so, and there is no stroke.
 bool ThreadManager::startThread(const QRect& view)
 {
-    m_gate = std::make_shared<SampleGate>(view);
-    m_worker = new InputWorker(m_options, m_pointer, m_gate);
-    m_worker->setPressPosition(m_pressed);
-    connect(this, SIGNAL(RunInputWorker()), m_worker, SLOT(Run()));
-    connect(this, SIGNAL(ShutdownInputWorker()), m_worker, SLOT(Shutdown()));
-    connectSamples(*m_worker, Qt::AutoConnection);
+    m_gate = std::make_shared<SampleGate>(view, m_options);
+    auto* const worker = new InputWorker(m_pointer, m_gate);
+    worker->setPressPosition(m_pressed);
+    connect(this, SIGNAL(RunInputWorker()), worker, SLOT(Run()));
+    connect(this, SIGNAL(ShutdownInputWorker()), worker, SLOT(Shutdown()));
+    connectSamples(*worker, Qt::AutoConnection);
     m_thread = new QThread;
     // Both go by themselves when the thread ends, however late that is.
-    connect(m_thread, SIGNAL(finished()), m_worker, SLOT(deleteLater()));
+    connect(m_thread, SIGNAL(finished()), worker, SLOT(deleteLater()));
     connect(m_thread, SIGNAL(finished()), m_thread, SLOT(deleteLater()));
-    m_worker->moveToThread(m_thread);
+    worker->moveToThread(m_thread);
     m_thread->start(QThread::TimeCriticalPriority);
     if (m_thread->isRunning()) {
         return true;
     }
-    delete m_worker;
+    delete worker;
     delete m_thread;
-    m_worker = nullptr;
     m_thread = nullptr;
     return false;
 }
@@ -172,7 +171,6 @@ void ThreadManager::endThread()
     } else {
         m_detached.append(m_thread);  // a thread that runs must not be deleted
     }
-    m_worker = nullptr;
     m_thread = nullptr;
 }
 
@@ -197,7 +195,7 @@ void ThreadManager::eraseInstead()
         return;
     }
     m_options = samplingOptions(ToolType::Eraser);
-    m_gate->betweenSamples([this] { m_worker->setOptions(m_options); });
+    m_gate->setOptions(m_options);
     deliverSamples();  // the last ones of before
     if (ActiveStroke* stroke = findTarget().stroke) {
         stroke->tool = ToolType::Eraser;
@@ -207,8 +205,8 @@ void ThreadManager::eraseInstead()
 
 void ThreadManager::pollOnce()
 {
-    m_gate = std::make_shared<SampleGate>(m_view ? placeOnScreen(*m_view) : QRect());
-    InputWorker last(m_options, m_pointer, m_gate);
+    m_gate = std::make_shared<SampleGate>(m_view ? placeOnScreen(*m_view) : QRect(), m_options);
+    InputWorker last(m_pointer, m_gate);
     last.setPressPosition(m_pressed);
     connectSamples(last, Qt::QueuedConnection);
     last.Poll();

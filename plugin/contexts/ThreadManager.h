@@ -81,7 +81,6 @@ private:
     const PointerSource m_pointer;
     TimerResolution m_timerResolution;
     QThread* m_thread = nullptr;
-    InputWorker* m_worker = nullptr;  // lives with the thread
     std::shared_ptr<SampleGate> m_gate;
     QList<QPointer<QThread>> m_detached;  // did not end in time; they still run code of ours
     bool m_running = false;

@@ -22,12 +22,11 @@ struct Sample {
 /// A worker on this thread, its pointer where the test puts it, and what it has sent.
 struct Polled {
     explicit Polled(const SamplingOptions& options = kOptions)
-        : gate(std::make_shared<SampleGate>(kView)), worker(
-                                                         options,
-                                                         [this] {
-                                                             return PointerSighting{pointer, SampleTime()};
-                                                         },
-                                                         gate)
+        : gate(std::make_shared<SampleGate>(kView, options)), worker(
+                                                                  [this] {
+                                                                      return PointerSighting{pointer, SampleTime()};
+                                                                  },
+                                                                  gate)
     {
         QObject::connect(&worker, &InputWorker::MousePositionChanged,
                          [this](const QPoint& position, int width, float opacity, float hardness) {
