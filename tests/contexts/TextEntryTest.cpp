@@ -6,6 +6,8 @@
 
 #include <QCoreApplication>
 #include <QCursor>
+#include <QDeadlineTimer>
+#include <QEventLoop>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -68,6 +70,17 @@ protected:
     }
 
     QWidget& view() { return *views.persp().widget(); }
+    /// The window system takes its time to show a window, and one that is not shown gets no keyboard.
+    bool isGivenTheKeyboard()
+    {
+        QWidget& window = *view().window();
+        window.show();
+        for (QDeadlineTimer soon(20000); !window.isActiveWindow() && !soon.hasExpired();) {
+            window.activateWindow();
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        }
+        return window.isActiveWindow();
+    }
     void startTyping()
     {
         press();
@@ -208,9 +221,7 @@ private:
 
 TEST_F(TextEntryTest, WhatIsStillBeingComposedBelongsToTheTextHoweverItEnds)
 {
-    view().window()->show();
-    view().window()->activateWindow();
-    QCoreApplication::processEvents();
+    ASSERT_TRUE(isGivenTheKeyboard());
     std::vector<QString> committed;
     session().commands.remove(names::kStrokeCommand);
     session().commands.add(names::kStrokeCommand, [&](const kernel::ValueList& args) {
