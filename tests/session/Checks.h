@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <cstdio>
 
 /// What a session that leaves pictures says about what must hold.
@@ -18,5 +20,12 @@ public:
 private:
     int m_failures = 0;
 };
+
+/// Says why a session cannot go on; what its program then ends with.
+inline int failed(const QString& why)
+{
+    std::fprintf(stderr, "%s\n", qPrintable(why));
+    return 1;
+}
 
 }  // namespace session

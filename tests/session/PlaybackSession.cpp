@@ -3,6 +3,7 @@
 //
 //     playback-session WORKBENCH FOLDER
 
+#include "session/Checks.h"
 #include "session/Plates.h"
 #include "support/DrawingScene.h"
 #include "support/LiveWorkbench.h"
@@ -46,12 +47,6 @@ support::Sheets allNotes()
     return sheets;
 }
 
-int failed(const QString& why)
-{
-    std::fprintf(stderr, "%s\n", qPrintable(why));
-    return 1;
-}
-
 }  // namespace
 
 int main(int argc, char** argv)
@@ -67,12 +62,12 @@ int main(int argc, char** argv)
     const QMap<QString, support::Sheets> cameras = {{"persp", allNotes()}};
     if (!session::writePlates(QDir(work.path())) || !scene.open(QIODevice::WriteOnly)
         || scene.write(support::drawingScene(cameras)) < 0) {
-        return failed("The scene cannot be written.");
+        return session::failed("The scene cannot be written.");
     }
     scene.close();
     support::LiveWorkbench host(QDir::current().absoluteFilePath(arguments[1]), {"-prefs", work.path()});
     if (!host.isRunning()) {
-        return failed("The workbench did not start:\n" + host.output());
+        return session::failed("The workbench did not start:\n" + host.output());
     }
     // The film has the shape of the plates, and so has what is drawn on.
     const QString answer =
@@ -83,12 +78,12 @@ int main(int argc, char** argv)
                      .arg(scene.fileName(), work.filePath("plate.0001.png"))
                      .arg(session::kPlateCount));
     if (answer.startsWith("Error")) {
-        return failed(answer);
+        return session::failed(answer);
     }
     QThread::msleep(kPlayed);
     const QString file = QDir(arguments[2]).filePath("playback.png");
     if (!host.screenshot().save(file)) {
-        return failed(file + " cannot be written.");
+        return session::failed(file + " cannot be written.");
     }
     std::printf("%s\n", qPrintable(file));
     return 0;

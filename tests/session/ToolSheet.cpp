@@ -2,6 +2,7 @@
 //
 //     tool-sheet WORKBENCH FILE
 
+#include "session/Checks.h"
 #include "session/sheet/Page.h"
 #include "support/ViewStage.h"
 
@@ -198,12 +199,6 @@ private:
     int m_rows = 0;
 };
 
-int failed(const QString& why)
-{
-    std::fprintf(stderr, "%s\n", qPrintable(why));
-    return 1;
-}
-
 }  // namespace
 
 int main(int argc, char** argv)
@@ -218,7 +213,7 @@ int main(int argc, char** argv)
     LiveWorkbench host(QDir::current().absoluteFilePath(arguments[1]),
                        {"-prefs", work.path(), "-command", "setToolTo `tqLmDrawCtx`"});
     if (!host.isRunning()) {
-        return failed("The workbench did not start:\n" + host.output());
+        return session::failed("The workbench did not start:\n" + host.output());
     }
     host.run("tqLumisketchUtil -e -drawColor 250 205 110");
     ToolSheet sheet(host);
@@ -227,7 +222,7 @@ int main(int argc, char** argv)
     }
     sheet.addPen();
     if (!sheet.finished().save(arguments[2], "PNG", 0)) {
-        return failed(arguments[2] + " cannot be written.");
+        return session::failed(arguments[2] + " cannot be written.");
     }
     std::printf("%s\n", qPrintable(arguments[2]));
     return 0;
