@@ -56,7 +56,7 @@ private:
 
     MObjectHandle m_node;
     QString m_camera;
-    MTime m_begun;                // the scene's time then
+    MTime m_begun;  // the scene's time then
     CurrentCameras m_camerasBefore;
     bool m_layerCreated = false;  // for what is pasted
     bool m_frameCreated = false;

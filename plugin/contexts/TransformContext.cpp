@@ -352,9 +352,7 @@ TransformContext::Outcome TransformContext::endSelection()
 TransformContext::Outcome TransformContext::floatSelection()
 {
     const Aim aim = &FloatingRegion::aimAtSelection;
-    const Outcome outcome = !m_floating.node()   ? begin(aim)
-                          : (m_floating.*aim)() ? Outcome::Done
-                                                : Outcome::Refused;
+    const Outcome outcome = !m_floating.node() ? begin(aim) : (m_floating.*aim)() ? Outcome::Done : Outcome::Refused;
     return outcome == Outcome::Done ? floatRegion(regionOf(m_selection)) : outcome;
 }
 

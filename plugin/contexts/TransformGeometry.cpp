@@ -24,8 +24,9 @@ double signedScale(float scale, bool flipped)
 
 Selection normalised(const Selection& selection)
 {
-    return {QPointF(std::min(selection.start.x(), selection.end.x()), std::min(selection.start.y(), selection.end.y())),
-            QPointF(std::max(selection.start.x(), selection.end.x()), std::max(selection.start.y(), selection.end.y()))};
+    return {
+        QPointF(std::min(selection.start.x(), selection.end.x()), std::min(selection.start.y(), selection.end.y())),
+        QPointF(std::max(selection.start.x(), selection.end.x()), std::max(selection.start.y(), selection.end.y()))};
 }
 
 Corners cornersOf(const Selection& selection)

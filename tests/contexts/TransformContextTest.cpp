@@ -131,10 +131,7 @@ protected:
     }
     QImage drawn(const QString& camera = "persp") { return drawing().activeLayer(camera)->currentFrame()->image(); }
     /// Of the outline, where the tool's view shows it.
-    QPointF corner(size_t index)
-    {
-        return cornersInView(node().regionOutline().corners, node().toolMetrics())[index];
-    }
+    QPointF corner(size_t index) { return cornersInView(node().regionOutline().corners, node().toolMetrics())[index]; }
     QRect shownInk() { return pixels::inkBox(*drawing().composite("persp")); }
 
     const QRect kInk{100, 200, 40, 20};
@@ -405,8 +402,7 @@ TEST_F(TransformContextTest, ADragGoesOnFromWhereTheRegionIsWhenTheViewIsResized
     for (const auto& move : moves) {
         send(api::ToolEvent::Kind::Drag, move.pointer, left, false);
         EXPECT_EQ(record()->translation, move.translation);
-        EXPECT_EQ(corner(0),
-                  QPointF(100 + move.translation.x(), 1024 - 200 - move.translation.y()));
+        EXPECT_EQ(corner(0), QPointF(100 + move.translation.x(), 1024 - 200 - move.translation.y()));
     }
 
     send(api::ToolEvent::Kind::Press, {300, 300}, left, true);
