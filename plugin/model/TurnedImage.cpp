@@ -52,65 +52,88 @@ void paintPart(QImage& made, const Cutting& cutting, const QTransform& map)
     painter.drawImage(seen.topLeft(), cutting.copy(seen));
 }
 
-// So large that a pixel is as large as the canvas and more: beyond what painters can compute with.
+// The few pixels that are seen reach so far beyond the canvas that painters get slow, and in the end lost.
 bool isVast(const QTransform& map)
 {
-    return std::max(growthAcross(map), growthDown(map)) > kCanvasSize;
+    constexpr double kFarGrowth = 256;
+    return std::max(growthAcross(map), growthDown(map)) > kFarGrowth;
 }
 
-/// Reads a cutting anywhere between its pixels.
+/// Reads a cutting anywhere between the middles of its pixels; beyond those of the outermost ones these go on.
 class Sampler {
 public:
-    explicit Sampler(const Cutting& cutting)
-        : m_cutting(cutting), m_image(cutting.image.convertToFormat(QImage::Format_RGBA8888_Premultiplied))
+    Sampler(const QImage& image, const Cutting& cutting)
+        : m_image(image), m_at(cutting.at), m_width(cutting.size.width()), m_height(cutting.size.height())
     {}
 
-    // Bilinear; beyond the middle of the outermost pixels these go on.
-    void read(const QPointF& at, uchar* made) const
+    quint32 read(double x, double y)
     {
-        const QSize& size = m_cutting.size;
-        if (!QRectF(QPointF(0, 0), size).contains(at)) {
-            return;
+        if (x < 0 || x >= m_width || y < 0 || y >= m_height) {
+            return 0;
         }
-        const double x = std::min(std::max(at.x() - 0.5, 0.0), size.width() - 1.0);
-        const double y = std::min(std::max(at.y() - 0.5, 0.0), size.height() - 1.0);
-        const int left = static_cast<int>(x);
-        const int top = static_cast<int>(y);
-        const uchar* const pixels[] = {pixel(left, top), pixel(left + 1, top), pixel(left, top + 1),
-                                       pixel(left + 1, top + 1)};
-        const double right = x - left;
-        const double lower = y - top;
-        for (int channel = 0; channel < 4; ++channel) {
-            const double above = pixels[0][channel] * (1 - right) + pixels[1][channel] * right;
-            const double below = pixels[2][channel] * (1 - right) + pixels[3][channel] * right;
-            made[channel] = static_cast<uchar>(above * (1 - lower) + below * lower + 0.5);
-        }
+        const int fromLeft = stepsFromFirst(x, m_width);
+        const int fromTop = stepsFromFirst(y, m_height);
+        lookAt(fromLeft / kSteps, fromTop / kSteps);
+        const int right = fromLeft % kSteps;
+        return mixed(mixed(m_near[0], m_near[1], right), mixed(m_near[2], m_near[3], right), fromTop % kSteps);
     }
 
 private:
-    const uchar* pixel(int x, int y) const
+    static constexpr int kSteps = 256;  // from one pixel to the next
+
+    // From the middle of the first pixel, and to that of the last.
+    static int stepsFromFirst(double at, int length)
     {
-        static const uchar kNone[4] = {};
-        const QPoint inImage = QPoint(x, y) - m_cutting.at;
-        return m_image.rect().contains(inImage) ? m_image.constScanLine(inImage.y()) + 4 * inImage.x() : kNone;
+        return qBound(0, static_cast<int>(at * kSteps) - kSteps / 2, (length - 1) * kSteps);
     }
 
-    const Cutting& m_cutting;
-    const QImage m_image;
+    // Two channels at once.
+    static quint32 mixed(quint32 one, quint32 other, int step)
+    {
+        constexpr quint32 kEven = 0x00ff00ff;
+        constexpr quint32 kHalf = 0x00800080;
+        const auto share = static_cast<quint32>(step);
+        const quint32 rest = kSteps - share;
+        const quint32 even = (one & kEven) * rest + (other & kEven) * share + kHalf;
+        const quint32 odd = ((one >> 8) & kEven) * rest + ((other >> 8) & kEven) * share + kHalf;
+        return ((even >> 8) & kEven) | (odd & ~kEven);
+    }
+
+    // Many readings in a row are between the same four.
+    void lookAt(int left, int top)
+    {
+        if (left == m_left && top == m_top) {
+            return;
+        }
+        m_left = left;
+        m_top = top;
+        for (int i = 0; i < 4; ++i) {
+            const QPoint pixel = QPoint(left + i % 2, top + i / 2) - m_at;
+            m_near[i] = m_image.rect().contains(pixel) ? m_image.pixel(pixel) : 0;
+        }
+    }
+
+    const QImage m_image;  // ARGB32, premultiplied
+    const QPoint m_at;
+    const int m_width, m_height;
+    int m_left = -1, m_top = -1;  // of the four that were looked at last
+    quint32 m_near[4] = {};
 };
 
 QImage sampledPart(const Cutting& cutting, const QTransform& map, const QSize& size)
 {
-    QImage made(size, QImage::Format_RGBA8888_Premultiplied);
-    made.fill(Qt::transparent);
-    const Sampler sampler(cutting);
+    const QImage source = cutting.image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QImage made(size, QImage::Format_ARGB32_Premultiplied);
     const QTransform inverse = map.inverted();
     uchar* const bits = made.bits();
     const int stride = made.bytesPerLine();
     forRowBands(RowSpan{0, size.height()}, size.width() * size.height(), [&](int first, int end) {
+        Sampler sampler(source, cutting);
         for (int y = first; y < end; ++y) {
+            auto* const row = reinterpret_cast<quint32*>(bits + y * stride);
+            const QPointF start = inverse.map(QPointF(0.5, y + 0.5));
             for (int x = 0; x < size.width(); ++x) {
-                sampler.read(inverse.map(QPointF(x + 0.5, y + 0.5)), bits + y * stride + 4 * x);
+                row[x] = sampler.read(start.x() + x * inverse.m11(), start.y() + x * inverse.m12());
             }
         }
     });
