@@ -104,13 +104,16 @@ struct Measured {
     double mebibytes = 0;  // that resident memory rose at most
 };
 
-/// Does the work of every step, after the record was changed.
+/// Does the work of every step, after the record was changed. largestScale: where it ends.
 template <class Work>
-Measured measure(const Row& row, ActiveStroke& record, bool quick, Work work)
+Measured measure(const Row& row, ActiveStroke& record, double largestScale, bool quick, Work work)
 {
     Measured measured;
     for (int i = 0; i < row.steps; ++i) {
         row.step(record, i);
+        if (record.scaleX > largestScale) {
+            break;
+        }
         if (!quick || i % 10 == 0) {
             measured.redraws.push_back(tookOf(work));
             measured.bare.push_back(copyOfACanvas());
@@ -139,16 +142,19 @@ Measured redraws(LayerManager& drawing, const Row& row, bool quick)
         record->tool = ToolType::Transform;
         record->region = row.region;
         record->takeRegion = true;
-        const Measured measured = measure(row, *record, quick, [&] {
+        const auto redraw = [&] {
             record->changed = true;
             drawing.composite(kCamera);
-        });
+        };
+        const Took taken = tookOf(redraw);  // the region, as it is
+        Measured measured = measure(row, *record, 1e9, quick, redraw);
+        measured.redraws.push_back(taken);
         drawing.dropStroke();
         return measured;
     });
 }
 
-/// The piece alone, all of it made anew at every redraw. Scales of which a machine may not hold all are left out.
+/// The piece alone, all of it made anew at every redraw; up to a scale at which the machine can still hold it.
 Measured plainPieces(const Row& row, bool quick)
 {
     return withMemory([&] {
@@ -156,11 +162,9 @@ Measured plainPieces(const Row& row, bool quick)
         QImage canvas = blankCanvas();
         ActiveStroke record;
         record.region = row.region;
-        return measure(row, record, quick, [&] {
-            if (record.scaleX < 4) {
-                QPainter painter(&canvas);
-                literalTransform(painter, record, region);
-            }
+        return measure(row, record, 4, quick, [&] {
+            QPainter painter(&canvas);
+            literalTransform(painter, record, region);
         });
     });
 }
@@ -211,6 +215,9 @@ int main(int argc, char** argv)
             const std::string name = std::string("transform, ") + scene + row.name;
             if (table.isWanted(name)) {
                 const Measured measured = work();
+                if (measured.redraws.empty()) {
+                    return;
+                }
                 table.row(name, aim, measured.redraws, measured.bare);
                 memories.push_back({name, measured.mebibytes, memoryAim});
             }

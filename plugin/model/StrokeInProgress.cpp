@@ -75,8 +75,11 @@ void StrokeInProgress::advanceTransform(const Picture& base)
     if (shows && m_record->takeRegion) {
         takeRegion(base);
     }
-    if (m_showsFrame || shows != m_showedCanvas) {
-        m_touched.columns = InkMap::everywhere();  // the drawing makes way for the canvas, or for nothing
+    if (m_showsFrame && m_regionTaken) {
+        m_touched.columns.add(m_record->region);  // but for that the canvas is the drawing
+    } else if (m_showsFrame || shows != m_showedCanvas) {
+        m_touched.columns.add(base.ink());
+        m_touched.columns.add(m_canvas.ink);
     }
     m_showsFrame = false;
     m_showedCanvas = shows;
