@@ -17,6 +17,7 @@ struct Cutting {
     QPoint at;     ///< where the image's upper left corner is in the rectangle
 
     QRect inked() const { return QRect(at, image.size()); }
+    Cutting within(const QRect& area) const;  ///< with the ink in there only. area: pixels of the rectangle
     /// The part of the rectangle that area holds, transparent where it has no ink. area: pixels of the rectangle.
     QImage copy(const QRect& area) const { return image.copy(area.translated(-at)); }
 };

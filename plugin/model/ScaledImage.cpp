@@ -90,33 +90,16 @@ private:
     Mix m_mix;
 };
 
-Mix mixAlong(const Side& side, int count)
-{
-    return MixMaker(side).made(count);
-}
-
-/// The source's pixels that a mix has need of, half open.
-RowSpan sourceSpan(const Mix& mix)
-{
-    RowSpan all = {0, 0};
-    for (const Mix::Pixel& pixel : mix.pixels) {
-        all = all | RowSpan{pixel.first, pixel.first + static_cast<int>(pixel.weightsEnd - pixel.weights)};
-    }
-    return all;
-}
-
-void mixDown(std::vector<float>& row, const QImage& source, const Mix& mix, int y, const RowSpan& columns)
+void mixDown(std::vector<float>& row, const QImage& source, const Mix& mix, int y)
 {
     const Mix::Pixel& pixel = mix.pixels[static_cast<std::size_t>(y)];
-    const int first = columns.first * kChannels;
-    const int end = columns.end * kChannels;
-    std::fill(row.begin() + first, row.begin() + end, 0.0f);
+    std::fill(row.begin(), row.end(), 0.0f);
     int line = pixel.first;
     for (std::size_t i = pixel.weights; i < pixel.weightsEnd; ++i, ++line) {
         const uchar* const bytes = source.constScanLine(line);
         const float weight = mix.weights[i];
-        for (int x = first; x < end; ++x) {
-            row[static_cast<std::size_t>(x)] += weight * static_cast<float>(bytes[x]);
+        for (std::size_t x = 0; x < row.size(); ++x) {
+            row[x] += weight * static_cast<float>(bytes[x]);
         }
     }
 }
@@ -139,22 +122,24 @@ void mixAcross(uchar* made, const float* row, const Mix& mix)
 
 }  // namespace
 
-QImage scaledPart(const Cutting& cutting, const QTransform& map, const QSize& size)
+QImage scaledPart(const Cutting& whole, const QTransform& map, const QSize& size)
 {
-    const QImage source = cutting.image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+    Cutting seen =
+        whole.within(map.inverted().mapRect(QRectF(QPointF(0, 0), size)).toAlignedRect().adjusted(-1, -1, 1, 1));
+    const QImage source = std::move(seen.image).convertToFormat(QImage::Format_RGBA8888_Premultiplied);
     const Mix across =
-        mixAlong({cutting.size.width(), cutting.at.x(), source.width(), map.m11(), map.dx()}, size.width());
+        MixMaker({whole.size.width(), seen.at.x(), source.width(), map.m11(), map.dx()}).made(size.width());
     const Mix down =
-        mixAlong({cutting.size.height(), cutting.at.y(), source.height(), map.m22(), map.dy()}, size.height());
+        MixMaker({whole.size.height(), seen.at.y(), source.height(), map.m22(), map.dy()}).made(size.height());
     QImage made(size, QImage::Format_RGBA8888_Premultiplied);
     uchar* const bits = made.bits();
     const int stride = made.bytesPerLine();
     forRowBands(RowSpan{0, size.height()}, size.width() * size.height(), [&](int first, int end) {
         std::vector<float> row(static_cast<std::size_t>(source.width() * kChannels));
         for (int y = first; y < end; ++y) {
-            mixDown(row, source, down, y, sourceSpan(across));
+            mixDown(row, source, down, y);
             mixAcross(bits + y * stride, row.data(), across);
         }
     });
-    return made.convertToFormat(QImage::Format_RGBA8888);
+    return std::move(made).convertToFormat(QImage::Format_RGBA8888);
 }

@@ -62,8 +62,8 @@ bool isVast(const QTransform& map)
 /// Reads a cutting anywhere between the middles of its pixels; beyond those of the outermost ones these go on.
 class Sampler {
 public:
-    Sampler(const QImage& image, const Cutting& cutting)
-        : m_image(image), m_at(cutting.at), m_width(cutting.size.width()), m_height(cutting.size.height())
+    explicit Sampler(const Cutting& cutting)
+        : m_cutting(cutting), m_width(cutting.size.width()), m_height(cutting.size.height())
     {}
 
     quint32 read(double x, double y)
@@ -108,13 +108,12 @@ private:
         m_left = left;
         m_top = top;
         for (int i = 0; i < 4; ++i) {
-            const QPoint pixel = QPoint(left + i % 2, top + i / 2) - m_at;
-            m_near[i] = m_image.rect().contains(pixel) ? m_image.pixel(pixel) : 0;
+            const QPoint pixel = QPoint(left + i % 2, top + i / 2) - m_cutting.at;
+            m_near[i] = m_cutting.image.rect().contains(pixel) ? m_cutting.image.pixel(pixel) : 0;
         }
     }
 
-    const QImage m_image;  // ARGB32, premultiplied
-    const QPoint m_at;
+    const Cutting& m_cutting;  // ARGB32, premultiplied
     const int m_width, m_height;
     int m_left = -1, m_top = -1;  // of the four that were looked at last
     quint32 m_near[4] = {};
@@ -122,13 +121,14 @@ private:
 
 QImage sampledPart(const Cutting& cutting, const QTransform& map, const QSize& size)
 {
-    const QImage source = cutting.image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     QImage made(size, QImage::Format_ARGB32_Premultiplied);
     const QTransform inverse = map.inverted();
+    Cutting seen = cutting.within(seenIn(made.rect(), cutting, map));
+    seen.image = std::move(seen.image).convertToFormat(made.format());
     uchar* const bits = made.bits();
     const int stride = made.bytesPerLine();
     forRowBands(RowSpan{0, size.height()}, size.width() * size.height(), [&](int first, int end) {
-        Sampler sampler(source, cutting);
+        Sampler sampler(seen);
         for (int y = first; y < end; ++y) {
             auto* const row = reinterpret_cast<quint32*>(bits + y * stride);
             const QPointF start = inverse.map(QPointF(0.5, y + 0.5));
@@ -137,7 +137,7 @@ QImage sampledPart(const Cutting& cutting, const QTransform& map, const QSize& s
             }
         }
     });
-    return made.convertToFormat(QImage::Format_RGBA8888);
+    return std::move(made).convertToFormat(QImage::Format_RGBA8888);
 }
 
 }  // namespace
