@@ -106,11 +106,8 @@ inline uint32_t laidOver(uint32_t front, uint32_t back, uint16_t fade)
     const uint16_t rest = static_cast<uint16_t>(65535 - ahead);
     const uint16_t alpha = static_cast<uint16_t>(ahead + product(static_cast<uint16_t>(channel(back, 24) * 257), rest));
     const Cover cover = {fade, rest, 65535.0f / asFloat(alpha > 1 ? alpha : static_cast<uint16_t>(1))};
-    const uint32_t mixed = mixedChannel<kFaded>(front, back, cover, 0) | mixedChannel<kFaded>(front, back, cover, 8)
-                         | mixedChannel<kFaded>(front, back, cover, 16) | in8Bits(alpha) << 24;
-    // Mixed with nothing, the faintest colours would be rounded.
-    const uint32_t alone = (front & kAlphaMask) != 0 ? front : 0;
-    return !kFaded && (back & kAlphaMask) == 0 ? alone : mixed;
+    return mixedChannel<kFaded>(front, back, cover, 0) | mixedChannel<kFaded>(front, back, cover, 8)
+         | mixedChannel<kFaded>(front, back, cover, 16) | in8Bits(alpha) << 24;
 }
 
 /// Calls mix(changed block, source block) for each block; the last one is filled up with transparency.

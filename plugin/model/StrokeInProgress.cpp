@@ -6,6 +6,26 @@
 
 #include <algorithm>
 
+namespace {
+
+// Mixed with nothing, the faintest colours are rounded.
+void copyWhereAlone(QImage& canvas, const QImage& beneath, const InkedImage& sheet)
+{
+    const RowSpan rows = sheet.ink.rows();
+    for (int y = rows.first; y < rows.end; ++y) {
+        auto* const pixels = reinterpret_cast<QRgb*>(canvas.scanLine(y));
+        const auto* const under = reinterpret_cast<const QRgb*>(beneath.constScanLine(y));
+        const auto* const over = reinterpret_cast<const QRgb*>(sheet.image.constScanLine(y));
+        forInkSpans(sheet.ink.row(y), [&](int left, int end) {
+            for (int x = left; x < end; ++x) {
+                pixels[x] = qAlpha(under[x]) == 0 && qAlpha(over[x]) != 0 ? over[x] : pixels[x];
+            }
+        });
+    }
+}
+
+}  // namespace
+
 StrokeInProgress::StrokeInProgress() : m_target() {}
 
 void StrokeInProgress::begin(const Target& target, const InkedImage& canvas)
@@ -116,6 +136,7 @@ void StrokeInProgress::layFloating()
     const InkedImage& sheet = m_floating.sheet(*m_record);
     m_canvas.ink = m_emptied.ink;
     layOver(m_canvas, {{sheet}});
+    copyWhereAlone(m_canvas.image, m_emptied.image, sheet);
     m_touched.columns.add(old);
     m_touched.columns.add(sheet.ink);
 }
