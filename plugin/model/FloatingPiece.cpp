@@ -1,11 +1,9 @@
 #include "model/FloatingPiece.h"
 
 #include "model/Canvas.h"
-#include "model/CanvasMemory.h"
 #include "model/ScaledImage.h"
 #include "model/TurnedImage.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstring>
 
@@ -15,7 +13,7 @@ namespace {
 constexpr double kMostPixels = 2.25 * kCanvasSize * kCanvasSize;
 
 constexpr int kBytesPerPixel = 4;
-const QRectF kCanvas(0, 0, kCanvasSize, kCanvasSize);
+constexpr QRectF kCanvas(0, 0, kCanvasSize, kCanvasSize);
 
 bool isUnit(double value)
 {
