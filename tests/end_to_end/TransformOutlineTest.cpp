@@ -107,11 +107,11 @@ const struct {
     {"turned", [](PointedTransform& tool) { tool.turn(33); }},
     {"scaled",
      [](PointedTransform& tool) {
-         tool.scale({-60, 0}, 3);
+         tool.scale({-60, 0}, 15);
      }},
     {"all of it",
      [](PointedTransform& tool) {
-         tool.scale({-60, 30}, 3, true);
+         tool.scale({-60, 30}, 15, true);
          tool.turn(-70);
          tool.choose("Flip Horizontal");
          tool.move({-30, -5});

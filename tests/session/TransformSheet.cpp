@@ -204,9 +204,9 @@ void addActions(TransformSheet& sheet)
     sheet.addRow("Move", "left button", begun([&] { tool.move({150, 12}); }), "Enter", applied);
     sheet.addRow("Turn", "Shift + left button", begun([&] { tool.turn(35); }), "Enter", applied);
     sheet.addRow("Turn by 90", "Shift + left button", begun([&] { tool.turn(90); }), "Enter", applied);
-    sheet.addRow("Scale", "middle button", begun([&] { tool.scale({150, 0}, 24); }), "Enter", applied);
+    sheet.addRow("Scale", "middle button", begun([&] { tool.scale({100, 0}, 30); }), "Enter", applied);
     sheet.addRow("Scale one side", "Shift + middle button", begun([&] {
-                     tool.scale({150, 0}, 40, true);
+                     tool.scale({100, 0}, 40, true);
                  }),
                  "Enter", applied);
     sheet.addRow("Flip", "Flip Horizontal", begun([&] { sheet.choose("Flip Horizontal"); }), "Enter", applied);

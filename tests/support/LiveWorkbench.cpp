@@ -159,12 +159,12 @@ QStringList LiveWorkbench::release()
     return {"mouseup", QString::number(int(std::exchange(m_held, PointerButton::None)))};
 }
 
-void LiveWorkbench::drag(const QVector<QPoint>& path, int stepMs, int restMs)
+void LiveWorkbench::drag(const QVector<QPoint>& path, int stepMs, int restMs, PointerButton button)
 {
     if (path.isEmpty()) {
         return;
     }
-    pressAt(path.first());
+    pressAt(path.first(), button);
     pointer(pause(stepMs) + movements(path.mid(1), stepMs) + pause(restMs) + release());
     settle();
 }

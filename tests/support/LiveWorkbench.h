@@ -43,9 +43,9 @@ public:
     /// The same for an entry of a menu that is open, by its label as it is shown.
     QRect menuEntryRect(const QString& label);
 
-    /// Moves the real pointer along `path` (screen pixels) with the left button down; `stepMs` between points, which
-    /// is a hand's pace. It moves off when the press has been handled, and rests for `restMs` at the end.
-    void drag(const QVector<QPoint>& path, int stepMs = 8, int restMs = 30);
+    /// Moves the real pointer along `path` (screen pixels) with a button down; `stepMs` between points, which is a
+    /// hand's pace. It moves off when the press has been handled, and rests for `restMs` at the end.
+    void drag(const QVector<QPoint>& path, int stepMs = 8, int restMs = 30, PointerButton button = PointerButton::Left);
     void click(const QPoint& point);
     /// The same without waiting for the views, which is most of the time a click takes.
     void clickControl(const QPoint& point);

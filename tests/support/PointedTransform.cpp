@@ -4,6 +4,12 @@
 
 namespace support {
 
+namespace {
+
+constexpr int kStepMs = 8;
+
+}  // namespace
+
 void PointedTransform::takeUp()
 {
     m_host.run("tqLumisketchUtil -transform");
@@ -13,8 +19,7 @@ void PointedTransform::takeUp()
 void PointedTransform::select(const QPoint& corner, const QPoint& opposite)
 {
     const QPoint origin = this->corner();
-    m_host.hold(origin + corner, origin + opposite);
-    m_host.letGo();
+    drag({origin + corner, origin + opposite});
 }
 
 void PointedTransform::begin(const QPoint& corner, const QPoint& opposite)
@@ -25,27 +30,27 @@ void PointedTransform::begin(const QPoint& corner, const QPoint& opposite)
 
 void PointedTransform::move(const QPoint& by)
 {
-    drag(by);
+    const QPoint from = middle();
+    drag({from, from + by});
 }
 
 void PointedTransform::turn(int degrees)
 {
     m_host.keyDown("shift");
-    drag(QPoint(degrees, 0));
+    move(QPoint(degrees, 0));
     m_host.keyUp("shift");
 }
 
 void PointedTransform::scale(const QPoint& reach, int steps, bool separately)
 {
-    const QPoint middle = m_host.viewRect(m_panel).center();
+    QVector<QPoint> way = {middle()};
+    for (int step = 0; step < steps; ++step) {
+        way << way.first() + reach + QPoint(step % 2, 0);
+    }
     if (separately) {
         m_host.keyDown("shift");
     }
-    m_host.hold(middle, middle + reach, PointerButton::Middle);
-    for (int step = 1; step < steps; ++step) {
-        m_host.moveTo(middle + reach + QPoint(step % 2, 0));
-    }
-    m_host.letGo();
+    drag(way, PointerButton::Middle);
     if (separately) {
         m_host.keyUp("shift");
     }
@@ -60,14 +65,12 @@ bool PointedTransform::choose(const QString& entry, const QPoint& at)
 
 bool PointedTransform::choose(const QString& entry)
 {
-    return choose(entry, m_host.viewRect(m_panel).center() - corner());
+    return choose(entry, middle() - corner());
 }
 
-void PointedTransform::drag(const QPoint& by, PointerButton button)
+void PointedTransform::drag(const QVector<QPoint>& way, PointerButton button)
 {
-    const QPoint middle = m_host.viewRect(m_panel).center();
-    m_host.hold(middle, middle + by, button);
-    m_host.letGo();
+    m_host.drag(way, kStepMs, 0, button);
 }
 
 }  // namespace support

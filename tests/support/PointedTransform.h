@@ -17,8 +17,8 @@ public:
     void begin(const QPoint& corner, const QPoint& opposite);
     void move(const QPoint& by);
     void turn(int degrees);  ///< clockwise
-    /// Drags with the middle button as far as `reach`, and so many steps about there; every step scales by a hundredth
-    /// of a percent for each pixel of the reach. separately: the height as the pointer goes up and down.
+    /// Drags with the middle button as far as `reach`, and so many steps about there: how much that scales is a matter
+    /// of how long it takes. separately: the height as the pointer goes up and down.
     void scale(const QPoint& reach, int steps, bool separately = false);
     /// An entry of the menu that the right button opens at a place. False when it is not to be seen.
     bool choose(const QString& entry, const QPoint& at);
@@ -29,7 +29,8 @@ public:
 
 private:
     QPoint corner() { return m_host.viewRect(m_panel).topLeft(); }
-    void drag(const QPoint& by, PointerButton button = PointerButton::Left);
+    QPoint middle() { return m_host.viewRect(m_panel).center(); }
+    void drag(const QVector<QPoint>& way, PointerButton button = PointerButton::Left);
 
     LiveWorkbench& m_host;
     const QString m_panel;
