@@ -35,6 +35,7 @@ TransformContext::TransformContext() : m_inputHandler(*this), m_anchor()
 void TransformContext::toolOnSetup(MEvent&)
 {
     handle(Event::Leave);
+    showHelp();
     TimelineMarks::setToolActive(true);
     listen();
     m_inputHandler.setUp();
