@@ -45,21 +45,6 @@ TEST_F(MFnCameraTest, ServesShapesAndPathsThatEndAtTheTransform)
     EXPECT_FALSE(status);
 }
 
-TEST_F(MFnCameraTest, LooksDownItsOwnNegativeZ)
-{
-    MDagPath path = pathOf("top");
-    const MFnCamera camera(path);
-    EXPECT_TRUE(camera.viewDirection(MSpace::kWorld).isEquivalent(MVector(0, -1, 0), 1e-9));
-    EXPECT_TRUE(camera.upDirection(MSpace::kWorld).isEquivalent(MVector(0, 0, -1), 1e-9));
-    EXPECT_TRUE(camera.rightDirection(MSpace::kWorld).isEquivalent(MVector(1, 0, 0), 1e-9));
-    EXPECT_TRUE(camera.eyePoint(MSpace::kWorld).isEquivalent(MPoint() * path.inclusiveMatrix(), 1e-9));
-    EXPECT_TRUE(camera.viewDirection().isEquivalent(MVector::zNegAxis));
-    MStatus status;
-    path.extendToShape();
-    MFnCamera(path.node()).eyePoint(MSpace::kWorld, &status);
-    EXPECT_FALSE(status);  // without a path there is no world
-}
-
 TEST_F(MFnCameraTest, FitsTheFilmToTheWindow)
 {
     MFnCamera camera(pathOf("persp"));
