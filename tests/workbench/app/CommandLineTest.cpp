@@ -46,13 +46,3 @@ TEST(CommandLine, RefusesWhatMakesNoSense)
         EXPECT_NE(parseCommandLine(c.arguments).error.find(c.names), std::string::npos) << c.names;
     }
 }
-
-TEST(CommandLine, UsageNamesEveryOptionItTakes)
-{
-    const std::string usage = app::usageText();
-    for (const char* option : {"-batch", "-file", "-script", "-command", "-noPlugin", "-prefs", "-help", "-version"}) {
-        EXPECT_NE(usage.find(std::string("[") + option), std::string::npos) << option;
-        const CommandLine line = parseCommandLine({option, "value"});
-        EXPECT_EQ(line.error.find("unknown option \"" + std::string(option)), std::string::npos) << option;
-    }
-}
