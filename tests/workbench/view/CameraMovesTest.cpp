@@ -164,25 +164,3 @@ TEST_F(CameraMoves, ZoomingStaysWithinWhatIsOfUse)
     EXPECT_DOUBLE_EQ(view::zoomed({0, 0, 0.02}, 1e-9).zoom, 0.01);
     EXPECT_DOUBLE_EQ(view::zoomed({0, 0, 2}, 1e9).zoom, 10);
 }
-
-TEST_F(CameraMoves, PanAndZoomLeaveLockedAttributesAlone)
-{
-    kernel::Node& persp = camera("persp");
-    const auto lock = [&](const char* name) {
-        kernel::PlugFlags flags = persp.flags(*persp.attribute(name));
-        flags.locked = true;
-        persp.setFlags(*persp.attribute(name), flags);
-    };
-    lock("zoom");
-    view::applyPanZoom(session.scene, persp, {0.5, 0.25, 0.1});
-    EXPECT_DOUBLE_EQ(persp.number("zoom"), 1);
-    EXPECT_DOUBLE_EQ(persp.number("verticalPan"), 0.25);
-    EXPECT_DOUBLE_EQ(persp.number("panZoomEnabled"), 1);
-
-    kernel::Node& front = camera("front");
-    kernel::PlugFlags flags = front.flags(*front.attribute("panZoomEnabled"));
-    flags.locked = true;
-    front.setFlags(*front.attribute("panZoomEnabled"), flags);
-    view::applyPanZoom(session.scene, front, {0.5, 0.25, 0.1});
-    EXPECT_DOUBLE_EQ(front.number("horizontalPan"), 0) << "nobody would see it move";
-}

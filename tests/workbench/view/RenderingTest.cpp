@@ -157,17 +157,6 @@ TEST_F(Rendering, PicturesStandUprightAndBlendByTheirAlpha)
     textures()->releaseTexture(texture);
 }
 
-TEST_F(Rendering, AChangedTextureShowsAtTheNextFrame)
-{
-    MHWRender::MTexture* const texture = makeTexture(2, 2, std::vector<QRgb>(4, qRgba(200, 0, 0, 255)));
-    picture(square(texture, 30));
-    const std::vector<unsigned char> bytes = bytesOf(std::vector<QRgb>(4, qRgba(0, 0, 200, 255)));
-    ASSERT_TRUE(texture->update(bytes.data(), false));
-    expectNear(at(picture(square(texture, 30)), kWidth / 2, kHeight / 2), QColor(0, 0, 200), "after the update");
-    textures()->releaseTexture(texture);
-    EXPECT_EQ(picture(nullptr), empty);
-}
-
 TEST_F(Rendering, HigherPrioritiesLieAboveLowerOnes)
 {
     const QImage image = picture([](MHWRender::MUIDrawManager& manager) {
