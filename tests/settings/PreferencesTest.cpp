@@ -300,26 +300,6 @@ TEST_F(PreferencesTest, ALargeDamagedValueCostsNoOther)
     EXPECT_EQ(loaded.mainMenuName(), saved.mainMenuName());
 }
 
-TEST_F(PreferencesTest, ToolOptionsAreClampedPerTool)
-{
-    Preferences p;
-    const struct {
-        ToolType tool;
-        int largest;
-    } tools[] = {{ToolType::Pencil, 100}, {ToolType::Brush, 100}, {ToolType::Eraser, 100}, {ToolType::Text, 100},
-                 {ToolType::Line, 50},    {ToolType::Arrow, 50},  {ToolType::Ellipse, 50}, {ToolType::Rectangle, 50}};
-    for (const auto& t : tools) {
-        p.setToolSize(t.tool, 1000);
-        EXPECT_EQ(p.toolSize(t.tool), t.largest) << static_cast<int>(t.tool);
-        p.setToolSize(t.tool, -3);
-        EXPECT_EQ(p.toolSize(t.tool), 1) << static_cast<int>(t.tool);
-        p.setToolOpacity(t.tool, 0);
-        EXPECT_EQ(p.toolOpacity(t.tool), 1) << static_cast<int>(t.tool);
-        p.setToolOpacity(t.tool, 101);
-        EXPECT_EQ(p.toolOpacity(t.tool), 100) << static_cast<int>(t.tool);
-    }
-}
-
 TEST_F(PreferencesTest, UnusableHardnessFallsToTheFloorOfItsTool)
 {
     Preferences p;
@@ -353,25 +333,6 @@ TEST_F(PreferencesTest, AnUnknownToolIsReportedAndChangesNothing)
     forgetLines();
     p.setToolHardness(ToolType::Transform, 5);
     EXPECT_THAT(errors(), IsEmpty());
-}
-
-TEST_F(PreferencesTest, TheEraserEndOfThePenOverridesTheActiveTool)
-{
-    Preferences p;
-    p.setActiveTool(ToolType::Line);
-    EXPECT_EQ(p.effectiveTool(), ToolType::Line);
-    penState::setEraserTip(true);
-    EXPECT_EQ(p.effectiveTool(), ToolType::Eraser);
-}
-
-TEST_F(PreferencesTest, TheFileLiesInTheHostsPreferenceFolder)
-{
-    EXPECT_EQ(Preferences::filePath(), QDir(prefsDir()).absoluteFilePath("lumisketch2.ini"));
-    Preferences::instance().setToolSize(ToolType::Pencil, 33);
-    Preferences::instance().save();
-    Preferences::instance() = Preferences();
-    Preferences::instance().load();
-    EXPECT_EQ(Preferences::instance().toolSize(ToolType::Pencil), 33);
 }
 
 TEST_F(PreferencesTest, WithoutAPreferenceFolderNothingIsReadOrWritten)
