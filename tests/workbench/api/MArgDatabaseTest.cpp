@@ -53,7 +53,8 @@ protected:
 
 TEST_F(MArgDatabaseTest, ReadsFlagsByEitherNameWithOrWithoutDash)
 {
-    const MArgDatabase parsed = parse({text("-n"), -3, 2.5, text("a"), text("-label"), text("two words"), text("b")});
+    const MArgDatabase parsed =
+        parse({text("-n"), text("-3"), 2.5, text("a"), text("-label"), text("two words"), text("-1")});
     int whole = 0;
     double real = 0;
     MString label;
@@ -63,7 +64,7 @@ TEST_F(MArgDatabaseTest, ReadsFlagsByEitherNameWithOrWithoutDash)
     EXPECT_EQ(whole, -3);
     EXPECT_EQ(real, 2.5);
     EXPECT_EQ(label, MString("two words"));
-    EXPECT_EQ(objects(parsed), (std::vector<std::string>{"a", "b"}));
+    EXPECT_EQ(objects(parsed), (std::vector<std::string>{"a", "-1"}));
     EXPECT_EQ(parsed.numberOfFlagsUsed(), 2u);
 
     MStatus status;

@@ -104,8 +104,10 @@ TEST_F(TextureManagerTest, QueuedDrawingKeepsATextureAlive)
         const auto draw = api::makeDrawManager(list);
         draw->beginDrawable();
         draw->setTexture(texture);
+        draw->line2d(MPoint(0, 0), MPoint(9, 9));
         draw->rect2d(MPoint(0, 0), MVector(0, 1, 0), 1, 1, true);
         draw->endDrawable();
+        EXPECT_FALSE(list.items[0].state.texture) << "only what is filled has one";
         manager().releaseTexture(texture);
         EXPECT_TRUE(released().empty());
     }

@@ -86,6 +86,11 @@ TEST_F(PanelsTest, AViewInAnotherWindowIsOneOfTheHosts)
     MDagPath camera;
     EXPECT_TRUE(view.getCamera(camera));
     EXPECT_EQ(camera.partialPathName(), MString("topShape"));
+    MPoint point;
+    MVector direction;
+    short x = 0, y = 0;
+    EXPECT_TRUE(view.viewToWorld(40, 70, point, direction) && view.worldToView(point, x, y));
+    EXPECT_EQ(QPoint(x, y), QPoint(40, 70));
     EXPECT_FALSE(run("modelPanel floating"));
     EXPECT_THAT(lastError(), testing::HasSubstr("is not unique"));
 }
