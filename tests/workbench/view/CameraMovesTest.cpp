@@ -164,3 +164,17 @@ TEST_F(CameraMoves, ZoomingStaysWithinWhatIsOfUse)
     EXPECT_DOUBLE_EQ(view::zoomed({0, 0, 0.02}, 1e-9).zoom, 0.01);
     EXPECT_DOUBLE_EQ(view::zoomed({0, 0, 2}, 1e9).zoom, 10);
 }
+
+TEST_F(CameraMoves, PanAndZoomLeaveLockedAttributesAlone)
+{
+    for (const char* locked : {"zoom", "panZoomEnabled"}) {
+        kernel::Node& persp = camera("persp");
+        kernel::PlugFlags flags;
+        flags.locked = true;
+        persp.setFlags(*persp.attribute(locked), flags);
+        view::applyPanZoom(session.scene, persp, {0.5, locked == std::string("zoom") ? 0.25 : 0.75, 0.1});
+        EXPECT_EQ(persp.number("zoom"), 1);
+        EXPECT_EQ(persp.number("verticalPan"), 0.25) << locked;
+        persp.setValue(*persp.attribute("panZoomEnabled"), 0.0);
+    }
+}

@@ -115,19 +115,6 @@ void expectNear(const QColor& colour, const QColor& wanted, const char* what)
 
 }  // namespace
 
-TEST_F(Rendering, TheSameStateGivesTheSamePicture)
-{
-    EXPECT_EQ(picture(nullptr), empty);
-    const Draw stroke = [](MHWRender::MUIDrawManager& manager) {
-        manager.line2d(MPoint(3, 5, 0), MPoint(200, 131, 0));
-        manager.text2d(MPoint(100, 60, 0), "Frame 12");
-    };
-    const QImage drawn = picture(stroke);
-    EXPECT_NE(drawn, empty);
-    EXPECT_EQ(picture(stroke), drawn);
-    EXPECT_EQ(picture(nullptr), empty) << "what a tool drew is gone with the next frame";
-}
-
 TEST_F(Rendering, ATransparentPictureLeavesNoTrace)
 {
     // Ink's own colour stands behind alpha 0 too; linear filtering must not let it through.

@@ -255,6 +255,22 @@ TEST_F(ViewportTest, TheLeftButtonIsTheToolsWhateverKeyIsHeld)
     EXPECT_FALSE(views.panZoomKey().release()) << "it was not held";
 }
 
+TEST_F(ViewportTest, FlatViewsDoNotOrbitAndDollyByTheirWidth)
+{
+    const auto before = pose("top");
+    drag(top, {100, 100}, {180, 140}, Qt::LeftButton, Qt::AltModifier);
+    EXPECT_EQ(pose("top"), before);
+    drag(top, {100, 100}, {180, 100}, Qt::RightButton, Qt::AltModifier);
+    EXPECT_LT(shape("top").number("orthographicWidth"), 30);
+
+    QWheelEvent wheel(QPointF(50, 50), QPointF(50, 50), QPoint(), QPoint(0, -240), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    const double narrow = shape("top").number("orthographicWidth");
+    QApplication::sendEvent(top, &wheel);
+    EXPECT_GT(shape("top").number("orthographicWidth"), narrow);
+    EXPECT_DOUBLE_EQ(transform("top").number("translateY"), 1000.1);
+}
+
 TEST_F(ViewportTest, LooksThroughTheCameraOfItsNameInAnotherSceneOrThroughPersp)
 {
     const kernel::NodePtr oldTop = top->camera();
