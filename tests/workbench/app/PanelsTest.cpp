@@ -409,6 +409,18 @@ TEST_F(Panels, AttributeEditorShowsEveryNode)
     EXPECT_THAT(errors(), testing::IsEmpty());
 }
 
+TEST_F(Panels, ATabThatIsClickedTakesOverWhatIsTyped)
+{
+    QApplication::setActiveWindow(&window);
+    line("radius").setFocus();
+    line("radius").selectAll();
+    type(&line("radius"), "4");
+    clickTab(0);
+    EXPECT_EQ(value("getAttr ballShape.radius"), "4");
+    EXPECT_TRUE(find("translateY"));
+    EXPECT_FALSE(find("radius"));
+}
+
 // A script that asks the user something turns the event loop, and with it go fields whose node is no longer shown.
 TEST_F(Panels, AFieldIsDoneWithItsKeyBeforeTheActionRuns)
 {
@@ -545,20 +557,3 @@ TEST_F(Panels, RenderSettingsSetTheSizeAsOneStep)
 }
 
 // --- docks ---------------------------------------------------------------------------------------------------------
-
-TEST_F(Panels, AreShownAndHiddenByCommand)
-{
-    EXPECT_EQ(value("workbenchPanel -q -visible outliner"), "1");
-    run("workbenchPanel -toggle outliner");
-    EXPECT_EQ(value("workbenchPanel -q -visible outliner"), "0");
-    run("createNode transform -n late");
-    run("workbenchPanel -toggle outliner");
-    EXPECT_TRUE(item("late").isValid()) << "what came while it was hidden";
-    run("workbenchPanel -toggle attributeEditor");
-    EXPECT_FALSE(find("attributeEditor")->visibleRegion().isEmpty()) << "behind another, it comes to the front";
-    run("workbenchPanel -toggle attributeEditor");
-    EXPECT_EQ(value("workbenchPanel -q -visible attributeEditor"), "0");
-    EXPECT_FALSE(run("workbenchPanel -toggle nothing"));
-    EXPECT_EQ(errorOf("workbenchPanel outliner"), "workbenchPanel: -visible or -toggle is needed");
-    EXPECT_EQ(value("workbenchPanel -q -visible outliner"), "1");
-}
