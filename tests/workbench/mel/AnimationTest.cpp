@@ -115,15 +115,9 @@ TEST_F(Animation, AKeyedAttributeCanBeSetUntilTimeChanges)
 TEST_F(Animation, KeysOfALockedAttributeStayAsTheyAre)
 {
     run("setKeyframe -t 1 -t 9 -v 2 ball.tx ball.ty; connectAttr ball_translateX.o ball.tz; setAttr -l on ball.tx");
-    for (const char* text : {
-             "cutKey ball.tx",
-             "cutKey -t 1 -at tx ball",
-             "cutKey ball_translateX",
-             "keyframe -e -vc 5 ball.tx",
-             "keyTangent -ott step ball.tx",
-             "disconnectAttr ball_translateX.o ball.tx",
-             "setKeyframe -t 1 -v 5 ball.tz",
-         }) {
+    for (const char* text : {"cutKey ball.tx", "cutKey -t 1 -at tx ball", "cutKey ball_translateX",
+                             "keyframe -e -vc 5 ball.tx", "keyTangent -ott step ball.tx",
+                             "disconnectAttr ball_translateX.o ball.tx", "setKeyframe -t 1 -v 5 ball.tz"}) {
         errors.clear();
         EXPECT_EQ(error(text), "The attribute 'ball.translateX' is locked or connected and cannot be modified.")
             << text;
@@ -367,24 +361,22 @@ TEST_F(AnimationFiles, ReadWhatOtherHostsWrite)
 
 TEST_F(AnimationFiles, ABadStatementGivesOneErrorAndLosesNothing)
 {
-    const char* const statements[] = {
-        "setAttr -s 2 \".ktv[0:1]\"  1 1 24;",
-        "setAttr -s 2 \".ktv[0:1]\"  5 1 4 2;",
-        "setAttr -s 2 \".ktv[0:1]\"  5 1 5 2;",
-        "setAttr \".ktv[0]\"  nan 1;",
-        "setAttr \".ktv[0]\"  1e308 1;",
-        "setAttr \".ktv[7]\"  1 1;",
-        "setAttr \".ktv[0:2000000000]\"  1 1;",
-        "setAttr \".ktv[1:0]\"  1 1;",
-        "setAttr \".ktv[-1]\"  1 1;",
-        "setAttr \".ktv[99999999999]\"  1 1;",
-        "setAttr \".ktv\"  1 1;",
-        "setAttr \".ktv[0].kt\"  1;",
-        "setAttr \".kot[0]\"  5;",
-        "setAttr \".ktv[0]\";",
-        "setAttr \".ktv[\"  1 1;",
-        "setAttr \".ktv[0:x]\"  1 1;",
-    };
+    const char* const statements[] = {"setAttr -s 2 \".ktv[0:1]\"  1 1 24;",
+                                      "setAttr -s 2 \".ktv[0:1]\"  5 1 4 2;",
+                                      "setAttr -s 2 \".ktv[0:1]\"  5 1 5 2;",
+                                      "setAttr \".ktv[0]\"  nan 1;",
+                                      "setAttr \".ktv[0]\"  1e308 1;",
+                                      "setAttr \".ktv[7]\"  1 1;",
+                                      "setAttr \".ktv[0:2000000000]\"  1 1;",
+                                      "setAttr \".ktv[1:0]\"  1 1;",
+                                      "setAttr \".ktv[-1]\"  1 1;",
+                                      "setAttr \".ktv[99999999999]\"  1 1;",
+                                      "setAttr \".ktv\"  1 1;",
+                                      "setAttr \".ktv[0].kt\"  1;",
+                                      "setAttr \".kot[0]\"  5;",
+                                      "setAttr \".ktv[0]\";",
+                                      "setAttr \".ktv[\"  1 1;",
+                                      "setAttr \".ktv[0:x]\"  1 1;"};
     for (const std::string statement : statements) {
         write("bad.ma", "createNode transform -n \"box\";\ncreateNode animCurveTL -n \"box_translateX\";\n\t"
                             + statement
