@@ -115,6 +115,19 @@ TEST_F(LayerTest, InsertingShowsTheFrameOfTheSceneTimeAndTakingThatOfTheTakenFra
     EXPECT_EQ(layer->takeFrame(timeOfFrame(1)), nullptr);
 }
 
+TEST_F(LayerTest, CopiesAndTakesByExactNumber)
+{
+    const auto layer = layerAt({1, 5});
+    goTo(5);
+    EXPECT_EQ(layer->copyFrame(timeOfFrame(4)), nullptr);
+    const std::unique_ptr<Frame> copy = layer->copyFrame(timeOfFrame(5));
+    ASSERT_TRUE(copy);
+    EXPECT_FALSE(copy->isUnpacked());
+    EXPECT_EQ(numberOf(layer->takeFrameAtCurrentTime().get()), 5);
+    EXPECT_EQ(layer->takeFrameAtCurrentTime(), nullptr);
+    EXPECT_EQ(layer->frameNumbers(), (QList<int>{1}));
+}
+
 TEST_F(LayerTest, OnlyWhatChangesThePictureMarksItDirtyAndReadingClears)
 {
     const auto layer = layerAt({1, 5});
@@ -218,15 +231,6 @@ TEST_F(LayerTest, AListLeftOutOfOrderIsSearchedWholeAndPutInOrderByTheNextFrames
     EXPECT_EQ(layer->frameNumbers(), QList<int>{9});
     layer->restoreFrames(std::move(taken));
     EXPECT_EQ(layer->frameNumbers(), (QList<int>{2, 4, 7, 9}));
-}
-
-TEST_F(LayerTest, RetimingWithAShorterListLeavesTheRest)
-{
-    const auto layer = layerAt({1, 5, 10});
-    layer->retime({2, 4});
-    EXPECT_EQ(layer->frameNumbers(), (QList<int>{2, 4, 10}));
-    layer->retime({3, 6, 9, 12});
-    EXPECT_EQ(layer->frameNumbers(), (QList<int>{3, 6, 9}));
 }
 
 TEST_F(LayerTest, OpacityStaysWithinItsRange)
