@@ -231,38 +231,13 @@ TEST_F(PreferencesTest, ValuesOfAnotherTypeAreReadAsFarAsTheyMakeSense)
 TEST_F(PreferencesTest, AnythingMayStandInTheFile)
 {
     QList<QByteArray> texts;
-    const char* const values[] = {"",
-                                  "some text",
-                                  "1, 2, 3",
-                                  "\"\", \"\"",
-                                  "@Invalid()",
-                                  "@Invalid",
-                                  "@Variant(garbage)",
-                                  "@Variant(\\0\\0\\0\\x43\\x7f)",
-                                  "@Variant(\\0\\0\\0\\b\\xff\\xff\\xff\\xfe)",
-                                  "@Variant(\\0\\0\\0\\x43\\xff\\xff\\xff\\0\\0\\xff\\xff\\xff\\xff\\0\\0)",
-                                  "@Variant(\\0\\0\\0\\t\\x7f\\xff\\xff\\xff)",
-                                  "@ByteArray(",
-                                  "@ByteArray(\\x1\\xd9\\xd0\\xcb\\0\\x3)",
-                                  "@Rect(1 2 3)",
-                                  "@@",
-                                  "@",
-                                  "\\",
-                                  "\"unclosed",
-                                  "#ff8000",
-                                  "#12",
-                                  "nan",
-                                  "-inf",
-                                  "-1",
-                                  "0",
-                                  "1e400",
-                                  "99999999999999999999",
-                                  "-2147483649",
-                                  "0x10",
-                                  "1,5",
-                                  "true",
-                                  "false"};
-    for (const char* value : values) {
+    const char kValues[] =
+        R"(|some text|1, 2, 3|"", ""|@Invalid()|@Invalid|@Variant(garbage)|@Variant(\0\0\0\x43\x7f)|)"
+        R"(@Variant(\0\0\0\b\xff\xff\xff\xfe)|@Variant(\0\0\0\x43\xff\xff\xff\0\0\xff\xff\xff\xff\0\0)|)"
+        R"(@Variant(\0\0\0\t\x7f\xff\xff\xff)|@ByteArray(|@ByteArray(\x1\xd9\xd0\xcb\0\x3)|@Rect(1 2 3)|)"
+        R"(@@|@|\|"unclosed|#ff8000|#12|nan|-inf|-1|0|1e400|99999999999999999999|-2147483649|0x10|1,5|)"
+        R"(true|false)";
+    for (const QByteArray& value : QByteArray(kValues).split('|')) {
         texts << everyKeySetTo(value);
     }
     const QByteArray whole = everyKeySetTo("7");
