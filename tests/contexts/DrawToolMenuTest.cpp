@@ -2,6 +2,7 @@
 
 #include "contexts/DrawContextCommand.h"
 #include "contexts/TimelineMenu.h"
+#include "support/MenuOutline.h"
 #include "support/QtPrint.h"
 #include "support/ToolFixture.h"
 
@@ -73,23 +74,6 @@ protected:
     }
     QMenu* openIn(TestView& view) { return press(view.widget()); }
 
-    /// The entries from top to bottom, those of a submenu behind its label; "-" for a divider, "*" before what is
-    /// marked, brackets around what cannot be chosen.
-    static QStringList outline(const QMenu& menu)
-    {
-        QStringList lines;
-        for (const QAction* action : menu.actions()) {
-            if (action->isSeparator()) {
-                lines << "-";
-            } else if (action->menu()) {
-                lines << action->text() + ": " + outline(*action->menu()).join(", ");
-            } else {
-                const QString label = (action->isChecked() ? "*" : action->isCheckable() ? "." : "") + action->text();
-                lines << (action->isEnabled() ? label : "(" + label + ")");
-            }
-        }
-        return lines;
-    }
     /// The labels of the entries before the first divider.
     static QStringList layersIn(const QMenu* menu)
     {
@@ -132,14 +116,6 @@ TEST_F(DrawToolMenuTest, StandsAsTheHandWantsItAndShowsWhatIsSet)
                            "Tool Options...", "Layer Manager...", "Retiming Tool...", "-",
                            "Display Timeline Frames: Always, *Selection/Context Active, Off", "-",
                            "Cleanup: Delete Active Layer, Delete Active Camera Layers, -, Clear All"}));
-}
-
-TEST_F(DrawToolMenuTest, NoToolIsMarkedWhileTheTransformToolsNumberIsTheActiveOne)
-{
-    Preferences::instance().setActiveTool(ToolType::Transform);
-    const std::unique_ptr<QMenu> menu(openIn(views.persp()));
-    ASSERT_TRUE(menu);
-    EXPECT_TRUE(outline(*menu).filter("Draw Tool").join("").contains("Pencil, Brush, Eraser, Text, Line"));
 }
 
 TEST_F(DrawToolMenuTest, TheTimeSlidersMenuHasATitleAndTheEntriesThatChangeFrames)

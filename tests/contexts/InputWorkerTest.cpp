@@ -44,18 +44,6 @@ struct InputWorkerTest : testing::Test {
     ~InputWorkerTest() override { penState::reset(); }
 };
 
-TEST_F(InputWorkerTest, BeginsWithTwoSamplesOnePixelApartCountedFromTheLowerLeft)
-{
-    Polled polled;
-    polled.worker.Poll();
-    ASSERT_EQ(polled.samples.size(), 2u);
-    EXPECT_EQ(polled.samples[0].position, QPoint(50, 381));
-    EXPECT_EQ(polled.samples[1].position, QPoint(51, 381));
-    EXPECT_EQ(polled.samples[0].width, 7);
-    EXPECT_FLOAT_EQ(polled.samples[0].opacity, 0.8f);
-    EXPECT_FLOAT_EQ(polled.samples[0].hardness, 0.5f);
-}
-
 TEST_F(InputWorkerTest, BeginsWhereTheButtonWentDownWhenThePointerHasMovedOn)
 {
     const struct {
@@ -90,24 +78,6 @@ TEST_F(InputWorkerTest, SendsASampleForEachMoveAndNoneWhileThePointerRests)
     EXPECT_EQ(polled.samples[2].position, QPoint(54, 379));
 }
 
-TEST_F(InputWorkerTest, WeighsOpacityByThePressureOfEachPollWhereTheToolSaysSo)
-{
-    SamplingOptions withTablet = kOptions;
-    withTablet.tabletEnabled = true;
-    Polled pressed(withTablet);
-    Polled unpressed;
-    penState::setPressure(0.5f);
-    pressed.worker.Poll();
-    unpressed.worker.Poll();
-    EXPECT_FLOAT_EQ(pressed.samples.at(1).opacity, 0.4f);
-    EXPECT_FLOAT_EQ(unpressed.samples.at(1).opacity, 0.8f);
-
-    penState::setPressure(0.25f);
-    pressed.pointer += QPoint(1, 0u);
-    pressed.worker.Poll();
-    EXPECT_FLOAT_EQ(pressed.samples.at(2).opacity, 0.2f);
-}
-
 TEST_F(InputWorkerTest, HoldsWhatAPenDriverMayNotSayWithinNoneAndFull)
 {
     SamplingOptions options = kOptions;
@@ -123,18 +93,6 @@ TEST_F(InputWorkerTest, HoldsWhatAPenDriverMayNotSayWithinNoneAndFull)
         polled.worker.Poll();
         EXPECT_EQ(polled.samples.at(1).opacity, c.opacity) << c.pressure;
     }
-}
-
-TEST_F(InputWorkerTest, CountsFromWhereTheViewIsNow)
-{
-    Polled polled;
-    polled.worker.Poll();
-    polled.gate->moveView(kView.translated(10, 20));
-    polled.worker.Poll();
-    EXPECT_EQ(polled.samples.back().position, QPoint(41, 401)) << "the pointer rests on another place of the view";
-    polled.gate->moveView(QRect(110, 220, 640, 500));
-    polled.worker.Poll();
-    EXPECT_EQ(polled.samples.back().position, QPoint(41, 421));
 }
 
 TEST_F(InputWorkerTest, PlacesBeyondAnyScreenAreHeldWithinWhatCanBeReckonedWith)

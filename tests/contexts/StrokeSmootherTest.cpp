@@ -40,58 +40,12 @@ struct Stroke {
 
 using Positions = std::vector<std::pair<int, int>>;
 
-TEST(StrokeSmoother, AClickLeavesTwoPointsOnePixelApart)
-{
-    Stroke stroke(40);  // the thinning distance, 4 pixels, does not apply to a stroke's first two points
-    EXPECT_TRUE(stroke.add(99, 50));
-    EXPECT_TRUE(stroke.add(100, 50));
-    EXPECT_EQ(stroke.positions(), (Positions{{99, 50}, {100, 50}}));
-}
-
-TEST(StrokeSmoother, WeighsTheLastFiveSamplesNewestMost)
-{
-    Stroke stroke(1);
-    for (int x : {0, 30, 90, 180, 300, 450}) {
-        EXPECT_TRUE(stroke.add(x, -x));
-    }
-    // 30 * 2/3; (90*3 + 30*2) / 6; (180*4 + 90*3 + 30*2) / 10; then five of them, then without the first
-    EXPECT_EQ(stroke.positions(), (Positions{{0, 0}, {20, -20}, {55, -55}, {105, -105}, {170, -170}, {280, -280}}));
-}
-
-TEST(StrokeSmoother, RoundsHalvesAwayFromZero)
-{
-    Stroke stroke(1);
-    stroke.add(0, 0);
-    stroke.add(0, 0);
-    stroke.add(5, -5);  // 15 / 6 = 2.5
-    EXPECT_EQ(stroke.positions().back(), (std::pair<int, int>{3, -3}));
-}
-
 TEST(StrokeSmoother, SmoothsOpacityToo)
 {
     Stroke stroke(10);
     stroke.add(0, 0, 0.25f);
     stroke.add(30, 0, 1.f);
     EXPECT_FLOAT_EQ(stroke.points.back().opacity, 0.75f);
-}
-
-TEST(StrokeSmoother, DropsShortMovesAndForgetsThem)
-{
-    Stroke stroke(100);
-    stroke.add(0, 0);
-    stroke.add(0, 0);
-    EXPECT_FALSE(stroke.add(18, 0));  // smoothed 9: nearer than a tenth of the width
-    EXPECT_FALSE(stroke.add(18, 0));  // had the first stayed, this one would be at 13
-    EXPECT_TRUE(stroke.add(20, 0));   // smoothed 10: exactly a tenth is far enough
-    EXPECT_EQ(stroke.positions().back(), (std::pair<int, int>{10, 0}));
-}
-
-TEST(StrokeSmoother, DropsASampleAtTheStrokesEnd)
-{
-    Stroke stroke(1);
-    stroke.add(0, 0);
-    stroke.add(3, 0);
-    EXPECT_FALSE(stroke.add(stroke.points.back().x, stroke.points.back().y));
 }
 
 TEST(StrokeSmoother, TakesToolsWithoutWidthAndPlacesBeyondReckoning)

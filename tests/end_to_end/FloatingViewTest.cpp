@@ -73,20 +73,6 @@ TEST_F(FloatingView, TakesAStrokeOfItsOwnCameraAndTheUndoKey)
     EXPECT_EQ(picture("floatPanel"), empty);
 }
 
-TEST_F(FloatingView, IsMadeAndClosedAgainAndAgain)
-{
-    for (int round = 0; round < 3; ++round) {
-        drawIn("floatPanel");
-        host().run("deleteUI floatWindow; window -widthHeight 420 320 -topLeftCorner 140 120 floatWindow;"
-                   "paneLayout floatPanes; modelPanel floatPanel; lookThru floatPanel front; showWindow floatWindow");
-        host().settle();
-    }
-    const QImage drawn = picture("floatPanel");
-    host().run("undo");
-    EXPECT_NE(picture("floatPanel"), drawn);
-    EXPECT_TRUE(host().isRunning()) << host().output().toStdString();
-}
-
 TEST_F(FloatingView, OfTheMenuLooksThroughItsOwnCameraAndTakesAStrokeAlone)
 {
     host().run("deleteUI floatWindow");

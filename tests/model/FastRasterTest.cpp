@@ -76,11 +76,6 @@ void rasteriseInParts(QImage& canvas, const QVector<StrokePoint>& points, ToolTy
     }
 }
 
-int alphaAt(const QImage& canvas, int x, int y)
-{
-    return canvas.constScanLine(y)[x * 4 + 3];
-}
-
 class FastRaster : public testing::Test {
 protected:
     ~FastRaster() override { allowAvx2(true); }
@@ -106,36 +101,6 @@ TEST_F(FastRaster, EqualsThePlainOneByteForByteWhateverTheStroke)
                                             << static_cast<int>(tool) << (avx2 ? "" : " without AVX2");
                 EXPECT_TRUE(inParts == plain) << "in parts: seed " << seed << " width " << points[0].width << " tool "
                                               << static_cast<int>(tool) << (avx2 ? "" : " without AVX2");
-            }
-        }
-    }
-}
-
-// On a drawing that is there already, unlike on the empty canvas of a new stroke.
-TEST_F(FastRaster, InkOnlyRaisesAlphaToAtMostItsOwnAndErasingOnlyTakesAllOfIt)
-{
-    const QImage before = mottled();
-    for (unsigned seed = 1000; seed < 1040; ++seed) {
-        Dice dice(seed);
-        const QVector<StrokePoint> points = wander(seed, dice);
-        float strongest = 0;
-        for (const StrokePoint& p : points) {
-            strongest = std::max(strongest, p.opacity);
-        }
-        for (const ToolType tool : kFreehand) {
-            const bool narrow = tool == ToolType::Brush && points[0].width > 1 && points[0].width < 20;
-            const int limit = static_cast<int>((narrow ? 0.4f * strongest : strongest) * 255.0f);
-            QImage after = before;
-            rasteriseStroke(after, points, 0, tool);
-            for (int y = 0; y < kCanvasSize; ++y) {
-                for (int x = 0; x < kCanvasSize; ++x) {
-                    const int was = alphaAt(before, x, y);
-                    const int is = alphaAt(after, x, y);
-                    if (is != was) {
-                        ASSERT_TRUE(tool == ToolType::Eraser ? is == 0 : is > was && is <= limit)
-                            << "seed " << seed << " tool " << static_cast<int>(tool) << ": " << was << " to " << is;
-                    }
-                }
             }
         }
     }

@@ -110,35 +110,6 @@ TEST_F(FrameTest, FrameNumbersTruncateTowardZeroInTheUiUnitAndStayWithin32Bits)
     }
 }
 
-TEST_F(FrameTest, ForeignPicturesBecomeCanvasesOfTheFixedSizeAndFormat)
-{
-    const struct {
-        int width;
-        int height;
-        QImage::Format format;
-    } cases[] = {{1, 1, QImage::Format_Mono},
-                 {16, 16, QImage::Format_Indexed8},
-                 {1024, 1024, QImage::Format_ARGB32},
-                 {2000, 10, QImage::Format_Grayscale8},
-                 {10, 2000, QImage::Format_RGB32}};
-    for (const auto& c : cases) {
-        QImage image(c.width, c.height, c.format);
-        if (image.colorCount() == 0 && c.format == QImage::Format_Indexed8) {
-            image.setColorCount(2);
-        }
-        image.fill(0);
-        const QImage canvas = asCanvas(image);
-        EXPECT_EQ(canvas.size(), QSize(kCanvasSize, kCanvasSize));
-        EXPECT_EQ(canvas.format(), QImage::Format_RGBA8888);
-        const int inside = std::min(c.height, kCanvasSize) - 1;
-        EXPECT_EQ(pixels::plain(canvas).pixel(0, inside), pixels::plain(image).pixel(0, inside));
-        if (c.height < kCanvasSize) {
-            EXPECT_EQ(canvas.pixel(0, c.height), 0u);
-        }
-    }
-    EXPECT_EQ(asCanvas(QImage()), blankCanvas());
-}
-
 TEST_F(FrameTest, ClearedRegionsMayReachBeyondTheCanvas)
 {
     QImage canvas(kCanvasSize, kCanvasSize, QImage::Format_RGBA8888);

@@ -6,7 +6,6 @@
 
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 class LayerManagerTest : public DrawingFixture {
@@ -58,11 +57,6 @@ protected:
     int insert(const char* camera, int index, const char* name) { return drawing.insertLayer(camera, index, name); }
     int take(const char* camera, int index) { return drawing.takeLayer(camera, index) ? 1 : 0; }
     int takeAll(const char* camera) { return static_cast<int>(drawing.takeAllLayers(camera).size()); }
-    int move(const char* camera, int from, int to) { return drawing.moveLayer(camera, from, to); }
-    int moveTo(const char* camera, int index, const char* toCamera, int toIndex)
-    {
-        return drawing.moveLayerToCamera(camera, index, toCamera, toIndex);
-    }
     int activate(const char* camera, int index, bool makeCurrent)
     {
         return drawing.setActiveLayer(camera, index, makeCurrent) ? 1 : 0;
@@ -107,14 +101,6 @@ TEST_F(LayerManagerTest, TheFirstLayerOfAllMakesItsCameraCurrentLaterCamerasDoNo
         {[&] { return insert("Cam", 0, "G"); }, 0, "Cam: G*; persp: C D A* E; top: B* F", "persp < "},
     });
     EXPECT_EQ(drawing.totalLayerCount(), 7);
-}
-
-TEST_F(LayerManagerTest, CamerasAreListedInCaseSensitiveOrder)
-{
-    for (const char* camera : {"b", "A", "a", "B"}) {
-        drawing.insertLayer(camera, -1, "L");
-    }
-    EXPECT_EQ(drawing.cameras(), (QStringList{"A", "B", "a", "b"}));
 }
 
 TEST_F(LayerManagerTest, NamesAreUniqueAcrossCamerasAndAlwaysNumberedOnLayer)
@@ -236,35 +222,6 @@ TEST_F(LayerManagerTest, ATakenLayerComesBackAsTheSameOne)
     EXPECT_EQ(taken[0]->name() + taken[1]->name() + taken[2]->name(), QString("ABC"));
 }
 
-TEST_F(LayerManagerTest, TheActiveMarkMovesWithItsLayerWithinACamera)
-{
-    addLayers("persp", {"A", "B", "C"});
-    addLayers("top", {"D"});
-    follow({
-        {[&] { return move("persp", 0, 99); }, 2, "persp: B C A*; top: D*", "persp < "},
-        {[&] { return move("persp", 2, -5); }, 0, "persp: A* B C; top: D*", "persp < "},
-        {[&] { return move("persp", 0, 1); }, 1, "persp: B A* C; top: D*", "persp < "},
-        {[&] { return move("persp", 2, 1); }, 1, "persp: B C A*; top: D*", "persp < "},
-        {[&] { return move("persp", 1, 1); }, 1, "persp: B C A*; top: D*", "persp < "},
-        {[&] { return move("persp", 2, 0); }, 0, "persp: A* B C; top: D*", "persp < "},
-        {[&] { return move("top", 0, 1); }, 0, "persp: A* B C; top: D*", "persp < "},
-    });
-}
-
-TEST_F(LayerManagerTest, ALayerLosesTheActiveMarkOnItsWayToAnotherCameraOfTheScene)
-{
-    addLayers("persp", {"A", "B"});
-    addLayers("top", {"C"});
-    follow({
-        {[&] { return moveTo("persp", 0, "top", 0); }, 0, "persp: B*; top: A C*", "persp < "},
-        {[&] { return moveTo("persp", 0, "top", 9); }, 2, "top: A C* B", "persp < "},
-        {[&] { return moveTo("top", 1, "side", 1); }, 0, "side: C*; top: A* B", "persp < "},
-        {[&] { return moveTo("top", 0, "top", -1); }, 1, "side: C*; top: B* A", "persp < "},
-        {[&] { return takeAll("top"); }, 2, "side: C*", "persp < "},
-        {[&] { return moveTo("side", 0, "front", 0); }, 0, "front: C*", "front < persp"},
-    });
-}
-
 TEST_F(LayerManagerTest, ActivatingMovesTheMarkAndTheCurrentCamera)
 {
     addLayers("persp", {"A", "B", "C"});
@@ -279,33 +236,6 @@ TEST_F(LayerManagerTest, ActivatingMovesTheMarkAndTheCurrentCamera)
         {[&] { return insert("none", -1, "F"); }, 0, "none: F*; persp: A B C*; top: D E*", "none < persp"},
         {[&] { return take("persp", 2); }, 1, "none: F*; persp: A B*; top: D E*", "none < persp"},
     });
-}
-
-TEST_F(LayerManagerTest, WhatItRefusesIsReportedAndChangesNothing)
-{
-    addLayers("persp", {"A", "B", "C"});
-    addLayers("top", {"D"});
-    drawing.setActiveLayer("persp", 1, true);
-    const struct {
-        std::function<int()> run;
-        int result;
-        const char* error;
-    } cases[] = {
-        {[&] { return move("persp", 3, 0); }, -1, "[Lumisketch2] Invalid layer: persp (3)"},
-        {[&] { return move("none", 0, 0); }, -1, "[Lumisketch2] Invalid layer: none (0)"},
-        {[&] { return moveTo("persp", 0, "nonesuch", 0); }, -1, "[Lumisketch2] Camera does not exist: nonesuch"},
-        {[&] { return moveTo("persp", 4, "top", 0); }, -1, "[Lumisketch2] Invalid layer: persp (4)"},
-        {[&] { return activate("top", 1, true); }, 0, "[Lumisketch2] Invalid layer index: 1"},
-        {[&] { return activate("top", -1, true); }, 0, "[Lumisketch2] Invalid layer index: -1"},
-        {[&] { return activate("none", 0, true); }, 0, "[Lumisketch2] Invalid layer index: 0"},
-    };
-    for (const auto& c : cases) {
-        forgetLines();
-        EXPECT_EQ(c.run(), c.result);
-        EXPECT_THAT(errors(), ElementsAre(c.error));
-        EXPECT_EQ(stacks(), QString("persp: A B* C; top: D*")) << c.error;
-        EXPECT_EQ(drawing.currentCamera(), QString("persp")) << c.error;
-    }
 }
 
 TEST_F(LayerManagerTest, FollowsTheActiveView)
@@ -355,39 +285,6 @@ TEST_F(LayerManagerTest, TellsOfTheOpacityThatTheOptionsShow)
     drawing.setLayerOpacity("persp", 0, 7.0f);
     EXPECT_EQ(views.opacities, 1);
     EXPECT_EQ(drawing.layerOpacity("persp", 0), 1.0f);
-}
-
-TEST_F(LayerManagerTest, WithoutAnActiveLayerFrameOperationsRefuse)
-{
-    const MTime time = timeOfFrame(3);
-    EXPECT_EQ(drawing.addFrame("persp", time), -1);
-    EXPECT_EQ(drawing.addFrameAtCurrentTime("persp"), -1);
-    EXPECT_EQ(drawing.insertFrame("persp", std::make_unique<Frame>(time)), -1);
-    EXPECT_EQ(drawing.copyFrame("persp", time), nullptr);
-    EXPECT_EQ(drawing.takeFrame("persp", time), nullptr);
-    EXPECT_EQ(drawing.takeFrameAtCurrentTime("persp"), nullptr);
-    EXPECT_EQ(drawing.nextFrame("persp", true), nullptr);
-    EXPECT_EQ(drawing.previousFrame("persp", true), nullptr);
-    EXPECT_EQ(drawing.frameNumbers("persp"), QList<int>());
-    EXPECT_FALSE(drawing.hasFrameAtCurrentTime("persp"));
-    EXPECT_EQ(drawing.layerName("persp", 0), QString());
-    EXPECT_EQ(drawing.layerOpacity("persp", 0), 0.0f);
-    EXPECT_FALSE(drawing.layerVisible("persp", 0));
-}
-
-TEST_F(LayerManagerTest, FrameOperationsGoToTheActiveLayer)
-{
-    addLayer("persp", "A", {1});
-    addLayer("persp", "B", {4, 8});
-    drawing.setActiveLayer("persp", 1, true);
-    EXPECT_EQ(drawing.frameNumbers("persp"), (QList<int>{4, 8}));
-    EXPECT_EQ(drawing.addFrame("persp", timeOfFrame(6)), 1);
-    goTo(6);
-    EXPECT_EQ(drawing.previousFrame("persp", false), drawing.layer("persp", 1)->frameAt(0));
-    EXPECT_EQ(drawing.nextFrame("persp", false), drawing.layer("persp", 1)->frameAt(2));
-    drawing.retime("persp", {5, 6, 7});
-    EXPECT_EQ(drawing.frameNumbers("persp"), (QList<int>{5, 6, 7}));
-    EXPECT_EQ(drawing.layer("persp", 0)->frameNumbers(), (QList<int>{1}));
 }
 
 TEST_F(LayerManagerTest, ATimeChangeLeavesTheLayerDrawnOnAndOnRequestTheCurrentCamerasActiveOne)

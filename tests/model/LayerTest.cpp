@@ -88,12 +88,6 @@ TEST_F(LayerTest, HoldsTheLastKeyAndStepsToTheNeighboursOfTheSceneTime)
     }
 }
 
-TEST_F(LayerTest, KeepsItsFramesSortedHoweverTheyCome)
-{
-    const auto layer = layerAt({10, 1, -4, 5});
-    EXPECT_EQ(layer->frameNumbers(), (QList<int>{-4, 1, 5, 10}));
-}
-
 TEST_F(LayerTest, AKeyedTimeIsNeverReplaced)
 {
     const auto layer = layerAt({1, 5});
@@ -134,23 +128,6 @@ TEST_F(LayerTest, CopiesAndTakesByExactNumber)
     EXPECT_EQ(layer->frameNumbers(), (QList<int>{1}));
 }
 
-TEST_F(LayerTest, AnAnimatedLayerIsDrawnOnAtKeysAndAStaticOneWhereverItHolds)
-{
-    const auto layer = layerAt({5});
-    const struct {
-        int state;
-        int time;
-        bool drawable;
-    } cases[] = {{kLayerAnim, 4, false},  {kLayerAnim, 5, true},    {kLayerAnim, 6, false},  {kLayerStatic, 4, false},
-                 {kLayerStatic, 5, true}, {kLayerStatic, 60, true}, {kLayerLocked, 5, true}, {kLayerLocked, 6, false}};
-    for (const auto& c : cases) {
-        goTo(c.time);
-        layer->setState(c.state);
-        layer->updateCurrentFrame(c.time);
-        EXPECT_EQ(layer->hasFrameAtCurrentTime(), c.drawable) << c.state << " at " << c.time;
-    }
-}
-
 TEST_F(LayerTest, OnlyWhatChangesThePictureMarksItDirtyAndReadingClears)
 {
     const auto layer = layerAt({1, 5});
@@ -185,20 +162,6 @@ TEST_F(LayerTest, OnlyWhatChangesThePictureMarksItDirtyAndReadingClears)
         c.change(*layer);
         EXPECT_EQ(layer->isDirty(), c.dirty) << c.what;
     }
-}
-
-TEST_F(LayerTest, GivesNeighbouringKeysForDisplayUnlessHidden)
-{
-    const auto layer = layerAt({1, 5, 10});
-    layer->updateCurrentFrame(6);
-    EXPECT_TRUE(pixels::same(layer->imageAtOffset(0), pixels::marked(5)));
-    EXPECT_TRUE(pixels::same(layer->imageAtOffset(-1), pixels::marked(1)));
-    EXPECT_TRUE(pixels::same(layer->imageAtOffset(1), pixels::marked(10)));
-    EXPECT_TRUE(layer->imageAtOffset(2).isNull());
-    EXPECT_TRUE(layer->imageAtOffset(-2).isNull());
-    layer->setVisible(false);
-    EXPECT_TRUE(layer->imageAtOffset(0).isNull());
-    EXPECT_FALSE(layer->isDirty());
 }
 
 // Many at once against one after the other. 15 frames a second after 24 hide some frames behind others.
@@ -268,15 +231,6 @@ TEST_F(LayerTest, AListLeftOutOfOrderIsSearchedWholeAndPutInOrderByTheNextFrames
     EXPECT_EQ(layer->frameNumbers(), QList<int>{9});
     layer->restoreFrames(std::move(taken));
     EXPECT_EQ(layer->frameNumbers(), (QList<int>{2, 4, 7, 9}));
-}
-
-TEST_F(LayerTest, RetimingWithAShorterListLeavesTheRest)
-{
-    const auto layer = layerAt({1, 5, 10});
-    layer->retime({2, 4});
-    EXPECT_EQ(layer->frameNumbers(), (QList<int>{2, 4, 10}));
-    layer->retime({3, 6, 9, 12});
-    EXPECT_EQ(layer->frameNumbers(), (QList<int>{3, 6, 9}));
 }
 
 TEST_F(LayerTest, OpacityStaysWithinItsRange)

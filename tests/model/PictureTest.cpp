@@ -185,25 +185,4 @@ TEST_F(RowLoopsTest, GiveTheSameBytesWhicheverProcessorTheyAreCompiledFor)
     EXPECT_EQ(plain.inkColumns(row.data(), 64), avx2->inkColumns(row.data(), 64));
 }
 
-// Both orders of the same two, and nothing lost where one of them is empty.
-TEST_F(RowLoopsTest, OverAndUnderAreTheSameFromEitherSide)
-{
-    const std::vector<quint32> front = noise(512);
-    const std::vector<quint32> back = noise(512);
-    std::vector<quint32> over = back;
-    std::vector<quint32> under = front;
-    rowLoops().over(over.data(), front.data(), 512, false, 255);
-    rowLoops().under(under.data(), back.data(), 512);
-    for (size_t i = 0; i < 512; ++i) {
-        if (front[i] >> 24 != 0 && back[i] >> 24 != 0) {
-            ASSERT_EQ(over[i], under[i]) << i;
-        }
-        if (front[i] >> 24 == 255) {
-            ASSERT_EQ(over[i], front[i]);
-        } else if (front[i] >> 24 == 0 && back[i] >> 24 != 0) {
-            ASSERT_EQ(over[i], back[i]);
-        }
-    }
-}
-
 }  // namespace

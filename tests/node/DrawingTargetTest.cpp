@@ -52,28 +52,19 @@ TEST_F(DrawingTargetTest, AFirstStrokeGetsALayerAndAFrame)
     EXPECT_THAT(errors(), IsEmpty());
 }
 
-TEST_F(DrawingTargetTest, AnAnimatedLayerIsKeyedWhereItHolds)
+TEST_F(DrawingTargetTest, WhereALayerHoldsAnAnimatedOneIsKeyedAndAStaticOneDrawnOn)
 {
     drawing().insertLayer("persp", -1, "Ink");
     drawing().addFrame("persp", timeOfFrame(3));
     goTo(7);
-    const Outcome outcome = resolve();
-    EXPECT_TRUE(outcome.found);
-    EXPECT_EQ(outcome.newLayer, -1);
-    EXPECT_TRUE(outcome.frameCreated);
-    EXPECT_EQ(drawing().frameNumbers("persp"), (QList<int>{3, 7}));
-}
-
-TEST_F(DrawingTargetTest, AStaticLayerIsDrawnOnWhereItHolds)
-{
-    drawing().insertLayer("persp", -1, "Ink");
-    drawing().setLayerState("persp", 0, kLayerStatic);
-    drawing().addFrame("persp", timeOfFrame(3));
-    goTo(7);
-    const Outcome outcome = resolve();
-    EXPECT_TRUE(outcome.found);
-    EXPECT_FALSE(outcome.frameCreated);
-    EXPECT_EQ(drawing().frameNumbers("persp"), QList<int>{3});
+    for (const int state : {kLayerStatic, kLayerAnim}) {
+        drawing().setLayerState("persp", 0, state);
+        const Outcome outcome = resolve();
+        EXPECT_TRUE(outcome.found);
+        EXPECT_EQ(outcome.newLayer, -1);
+        EXPECT_EQ(outcome.frameCreated, state == kLayerAnim);
+        EXPECT_EQ(drawing().frameNumbers("persp"), state == kLayerAnim ? (QList<int>{3, 7}) : QList<int>{3});
+    }
 }
 
 TEST_F(DrawingTargetTest, AStaticLayerWithoutAFrameTakesTheDefaultOneWhenThatIsNotAhead)

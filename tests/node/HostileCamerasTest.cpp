@@ -60,29 +60,27 @@ protected:
     TestViews views;
 };
 
-const char* const kNonsense[] = {
-    "perspShape.overscan 0",
-    "perspShape.overscan -1",
-    "perspShape.overscan 1e-300",
-    "perspShape.overscan 1e300",
-    "perspShape.horizontalFilmAperture 0",
-    "perspShape.verticalFilmAperture 0",
-    "perspShape.verticalFilmAperture -3",
-    "perspShape.verticalFilmAperture 1e-300",
-    "perspShape.lensSqueezeRatio 0",
-    "perspShape.focalLength 0",
-    "perspShape.farClipPlane 1e300",
-    "perspShape.horizontalPan 1e300",
-    "perspShape.zoom 1e-300",
-    "perspShape.zoom -1",
-    "perspShape.filmFit 99",
-    "perspShape.filmFit -1",
-    "defaultResolution.width 0",
-    "defaultResolution.height 0",
-    "defaultResolution.width -1280",
-    "defaultResolution.height -720",
-    "defaultResolution.height 2147483647",
-};
+const char* const kNonsense[] = {"perspShape.overscan 0",
+                                 "perspShape.overscan -1",
+                                 "perspShape.overscan 1e-300",
+                                 "perspShape.overscan 1e300",
+                                 "perspShape.horizontalFilmAperture 0",
+                                 "perspShape.verticalFilmAperture 0",
+                                 "perspShape.verticalFilmAperture -3",
+                                 "perspShape.verticalFilmAperture 1e-300",
+                                 "perspShape.lensSqueezeRatio 0",
+                                 "perspShape.focalLength 0",
+                                 "perspShape.farClipPlane 1e300",
+                                 "perspShape.horizontalPan 1e300",
+                                 "perspShape.zoom 1e-300",
+                                 "perspShape.zoom -1",
+                                 "perspShape.filmFit 99",
+                                 "perspShape.filmFit -1",
+                                 "defaultResolution.width 0",
+                                 "defaultResolution.height 0",
+                                 "defaultResolution.width -1280",
+                                 "defaultResolution.height -720",
+                                 "defaultResolution.height 2147483647"};
 
 TEST_F(HostileCameras, NonsenseIsSurvivedAndForgotten)
 {

@@ -125,33 +125,6 @@ TEST_F(JoinedScenes, TheScenesOwnDrawingIsTheOneThatIsEditedAndSaved)
     EXPECT_THAT(list.rows, ElementsAre("persp Mine"));
 }
 
-TEST_F(JoinedScenes, OfTwoMastersTheFirstInTheHierarchyIsUsedAndListed)
-{
-    writeDrawing("other.ma", "Theirs");
-    addDrawing("Mine");
-    const std::string mine = nameOf(BaseNode::masterNode());
-    ASSERT_TRUE(file("-import", "other.ma"));
-    EXPECT_EQ(BaseNode::allNodes().size(), 2u);
-    EXPECT_EQ(nameOf(BaseNode::masterNode()), mine);
-    EXPECT_THAT(list.rows, ElementsAre("persp Mine"));
-    EXPECT_THAT(errors(), IsEmpty());
-
-    ASSERT_TRUE(save("both.ma"));
-    ASSERT_TRUE(file("-force -open", "both.ma"));
-    EXPECT_EQ(nameOf(BaseNode::masterNode()), mine);
-    EXPECT_THAT(list.rows, ElementsAre("persp Mine"));
-}
-
-TEST_F(JoinedScenes, AnImportedDrawingServesASceneWithoutOne)
-{
-    writeDrawing("other.ma", "Theirs");
-    ASSERT_TRUE(file("-import", "other.ma"));
-    ASSERT_NE(BaseNode::masterNode(), nullptr);
-    EXPECT_THAT(list.rows, ElementsAre("persp Theirs"));
-    run("currentTime 5");
-    EXPECT_EQ(drawing().activeLayer("persp")->currentFrame()->frameNumber(), 5);
-}
-
 TEST_F(JoinedScenes, FramesOfAnImportKeepTheirInstants)
 {
     run("currentUnit -time pal");

@@ -7,10 +7,7 @@
 
 namespace {
 
-using testing::Each;
-using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 using testing::SizeIs;
 
 class NodeRules : public NodeFixture {

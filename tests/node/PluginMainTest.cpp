@@ -223,24 +223,6 @@ TEST_F(PluginMainInAWindow, HasItsMenuUnderTheNameAndInTheSetTheUserWants)
     EXPECT_THAT(warnings(), IsEmpty());
 }
 
-TEST_F(PluginMainInAWindow, WhatItsMenuItemsRunIsUnderstood)
-{
-    const QStringList opensAWindow = {"Reset UI", "Lumisketch View", "Move layers to Lumisketch View"};
-    ASSERT_TRUE(load());
-    ASSERT_TRUE(run("tqLumisketchNode -l -c persp -f"));
-    for (const QMenu* menu : menus() + menus().first()->findChildren<QMenu*>()) {
-        for (QAction* action : menu->actions()) {
-            if (!action->menu() && !opensAWindow.contains(action->text())) {
-                action->trigger();
-                host().drainIdle();
-                EXPECT_THAT(errors(), Each(StartsWith(names::kMessagePrefix))) << action->text().toStdString();
-            }
-        }
-    }
-    EXPECT_EQ(checkedItems(), (QStringList{"Rectangle", "Ghost Previous", "Ghost Next", "Off"}));
-    EXPECT_EQ(value("objExists lumisketch"), "0") << "cleared";
-}
-
 TEST_F(PluginMainTest, LeavesNothingBehindHoweverOftenItIsLoaded)
 {
     for (int round = 0; round < 100; ++round) {

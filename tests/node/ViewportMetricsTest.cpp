@@ -49,22 +49,6 @@ TEST(ViewportMetrics, SizesTheCanvasByTheFilmFit)
     }
 }
 
-TEST(ViewportMetrics, KeepsAbsurdCamerasFinite)
-{
-    const CameraFilm cases[] = {
-        {MFnCamera::kHorizontalFilmFit, false, 0.0, 1.5, 1.6},
-        {MFnCamera::kOverscanFilmFit, false, 1.0, 1.5, 0.0},
-        {MFnCamera::kFillFilmFit, false, 1.0, 0.0, 0.0},
-    };
-    for (const CameraFilm& film : cases) {
-        const ViewportMetrics metrics = viewportMetrics(film, 1000, 500, nullptr);
-        EXPECT_GE(metrics.canvasSize, 0);
-        canvasPixelAt(metrics, 10, 10);  // overflow would be caught by the sanitizer
-    }
-    EXPECT_EQ(canvasSizeInView(cases[0], 0, 0), 0);
-    EXPECT_EQ(canvasPixelAt(ViewportMetrics(), 5, 5), QPoint());
-}
-
 TEST(ViewportMetrics, AreReadyWhereverTheCanvasShowsAndOnlyThere)
 {
     const int horizontal = MFnCamera::kHorizontalFilmFit;

@@ -171,8 +171,7 @@ int main(int argc, char** argv)
     LiveWorkbench host(absolute(arguments[1]),
                        {"-prefs", work.path(), "-file", absolute(arguments[2]), "-command", arguments[3]});
     if (!host.isRunning()) {
-        std::fprintf(stderr, "The workbench did not start:\n%s\n", qPrintable(host.output()));
-        return 1;
+        return session::failed("The workbench did not start:\n" + host.output());
     }
     host.run(QString("global int $gAnimatorsSessionByHand = 1; source \"%1\"").arg(absolute(arguments[4])));
     session::Checks check;

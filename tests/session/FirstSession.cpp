@@ -30,8 +30,7 @@ int main(int argc, char** argv)
         QDir::current().absoluteFilePath(arguments[1]),
         {"-prefs", work.path(), "-file", QDir::current().absoluteFilePath(arguments[2]), "-command", arguments[3]});
     if (!host.isRunning()) {
-        std::fprintf(stderr, "The workbench did not start:\n%s\n", qPrintable(host.output()));
-        return 1;
+        return session::failed("The workbench did not start:\n" + host.output());
     }
     session::Checks check;
     int number = 0;

@@ -4,6 +4,7 @@
 //     menu-session WORKBENCH SCENE FOLDER
 
 #include "session/BouncingBall.h"
+#include "session/Checks.h"
 #include "support/PointedMenu.h"
 #include "support/PointedPopup.h"
 
@@ -131,8 +132,7 @@ int main(int argc, char** argv)
                        {"-prefs", work.path(), "-file", QDir::current().absoluteFilePath(arguments[2]), "-command",
                         "setToolTo `tqLmDrawCtx`"});
     if (!host.isRunning()) {
-        std::fprintf(stderr, "The workbench did not start:\n%s\n", qPrintable(host.output()));
-        return 1;
+        return session::failed("The workbench did not start:\n" + host.output());
     }
     const QRect shownView = host.viewRect() & kWindowPart;
     for (const QVector<QPoint>& stroke : session::bouncingBall(shownView)) {

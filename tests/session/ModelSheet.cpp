@@ -4,6 +4,7 @@
 //     model-sheet FOLDER
 
 #include "app/Host.h"
+#include "session/Checks.h"
 #include "session/sheet/Sections.h"
 
 #include <QApplication>
@@ -33,8 +34,7 @@ int main(int argc, char** argv)
     sheet::addGhosts(page);
     const QString file = QDir(argv[1]).filePath("model.png");
     if (!page.finished().save(file, "PNG", 0)) {
-        std::fprintf(stderr, "%s cannot be written.\n", qPrintable(file));
-        return 1;
+        return session::failed(file + " cannot be written.");
     }
     std::printf("%s\n", qPrintable(file));
     return 0;

@@ -3,6 +3,7 @@
 //
 //     view-sheet WORKBENCH SCENE FILE
 
+#include "session/Checks.h"
 #include "session/sheet/Page.h"
 #include "support/DrawingScene.h"
 #include "support/ViewStage.h"
@@ -209,20 +210,17 @@ int main(int argc, char** argv)
         || drawing.write(
                support::drawingScene({{"persp", picture}, {"top", picture}, {"front", picture}, {"side", picture}}))
                < 0) {
-        std::fprintf(stderr, "%s cannot be written.\n", qPrintable(drawing.fileName()));
-        return 1;
+        return session::failed(drawing.fileName() + " cannot be written.");
     }
     drawing.close();
     LiveWorkbench host(QDir::current().absoluteFilePath(arguments[1]),
                        {"-prefs", work.path(), "-file", QDir::current().absoluteFilePath(arguments[2])});
     if (!host.isRunning()) {
-        std::fprintf(stderr, "The workbench did not start:\n%s\n", qPrintable(host.output()));
-        return 1;
+        return session::failed("The workbench did not start:\n" + host.output());
     }
     const QString imported = host.run(QString("file -import -type \"mayaAscii\" \"%1\"").arg(drawing.fileName()));
     if (imported.startsWith("Error")) {
-        std::fprintf(stderr, "%s\n", qPrintable(imported));
-        return 1;
+        return session::failed(imported);
     }
     ViewSheet sheet(host);
     sheet.addFits();
@@ -231,8 +229,7 @@ int main(int argc, char** argv)
     sheet.addRenderers();
     sheet.addFourViews();
     if (!sheet.finished().save(arguments[3], "PNG", 0)) {
-        std::fprintf(stderr, "%s cannot be written.\n", qPrintable(arguments[3]));
-        return 1;
+        return session::failed(arguments[3] + " cannot be written.");
     }
     std::printf("%s\n", qPrintable(arguments[3]));
     return 0;

@@ -231,38 +231,13 @@ TEST_F(PreferencesTest, ValuesOfAnotherTypeAreReadAsFarAsTheyMakeSense)
 TEST_F(PreferencesTest, AnythingMayStandInTheFile)
 {
     QList<QByteArray> texts;
-    const char* const values[] = {"",
-                                  "some text",
-                                  "1, 2, 3",
-                                  "\"\", \"\"",
-                                  "@Invalid()",
-                                  "@Invalid",
-                                  "@Variant(garbage)",
-                                  "@Variant(\\0\\0\\0\\x43\\x7f)",
-                                  "@Variant(\\0\\0\\0\\b\\xff\\xff\\xff\\xfe)",
-                                  "@Variant(\\0\\0\\0\\x43\\xff\\xff\\xff\\0\\0\\xff\\xff\\xff\\xff\\0\\0)",
-                                  "@Variant(\\0\\0\\0\\t\\x7f\\xff\\xff\\xff)",
-                                  "@ByteArray(",
-                                  "@ByteArray(\\x1\\xd9\\xd0\\xcb\\0\\x3)",
-                                  "@Rect(1 2 3)",
-                                  "@@",
-                                  "@",
-                                  "\\",
-                                  "\"unclosed",
-                                  "#ff8000",
-                                  "#12",
-                                  "nan",
-                                  "-inf",
-                                  "-1",
-                                  "0",
-                                  "1e400",
-                                  "99999999999999999999",
-                                  "-2147483649",
-                                  "0x10",
-                                  "1,5",
-                                  "true",
-                                  "false"};
-    for (const char* value : values) {
+    const char kValues[] =
+        R"(|some text|1, 2, 3|"", ""|@Invalid()|@Invalid|@Variant(garbage)|@Variant(\0\0\0\x43\x7f)|)"
+        R"(@Variant(\0\0\0\b\xff\xff\xff\xfe)|@Variant(\0\0\0\x43\xff\xff\xff\0\0\xff\xff\xff\xff\0\0)|)"
+        R"(@Variant(\0\0\0\t\x7f\xff\xff\xff)|@ByteArray(|@ByteArray(\x1\xd9\xd0\xcb\0\x3)|@Rect(1 2 3)|)"
+        R"(@@|@|\|"unclosed|#ff8000|#12|nan|-inf|-1|0|1e400|99999999999999999999|-2147483649|0x10|1,5|)"
+        R"(true|false)";
+    for (const QByteArray& value : QByteArray(kValues).split('|')) {
         texts << everyKeySetTo(value);
     }
     const QByteArray whole = everyKeySetTo("7");
@@ -300,26 +275,6 @@ TEST_F(PreferencesTest, ALargeDamagedValueCostsNoOther)
     EXPECT_EQ(loaded.mainMenuName(), saved.mainMenuName());
 }
 
-TEST_F(PreferencesTest, ToolOptionsAreClampedPerTool)
-{
-    Preferences p;
-    const struct {
-        ToolType tool;
-        int largest;
-    } tools[] = {{ToolType::Pencil, 100}, {ToolType::Brush, 100}, {ToolType::Eraser, 100}, {ToolType::Text, 100},
-                 {ToolType::Line, 50},    {ToolType::Arrow, 50},  {ToolType::Ellipse, 50}, {ToolType::Rectangle, 50}};
-    for (const auto& t : tools) {
-        p.setToolSize(t.tool, 1000);
-        EXPECT_EQ(p.toolSize(t.tool), t.largest) << static_cast<int>(t.tool);
-        p.setToolSize(t.tool, -3);
-        EXPECT_EQ(p.toolSize(t.tool), 1) << static_cast<int>(t.tool);
-        p.setToolOpacity(t.tool, 0);
-        EXPECT_EQ(p.toolOpacity(t.tool), 1) << static_cast<int>(t.tool);
-        p.setToolOpacity(t.tool, 101);
-        EXPECT_EQ(p.toolOpacity(t.tool), 100) << static_cast<int>(t.tool);
-    }
-}
-
 TEST_F(PreferencesTest, UnusableHardnessFallsToTheFloorOfItsTool)
 {
     Preferences p;
@@ -353,25 +308,6 @@ TEST_F(PreferencesTest, AnUnknownToolIsReportedAndChangesNothing)
     forgetLines();
     p.setToolHardness(ToolType::Transform, 5);
     EXPECT_THAT(errors(), IsEmpty());
-}
-
-TEST_F(PreferencesTest, TheEraserEndOfThePenOverridesTheActiveTool)
-{
-    Preferences p;
-    p.setActiveTool(ToolType::Line);
-    EXPECT_EQ(p.effectiveTool(), ToolType::Line);
-    penState::setEraserTip(true);
-    EXPECT_EQ(p.effectiveTool(), ToolType::Eraser);
-}
-
-TEST_F(PreferencesTest, TheFileLiesInTheHostsPreferenceFolder)
-{
-    EXPECT_EQ(Preferences::filePath(), QDir(prefsDir()).absoluteFilePath("lumisketch2.ini"));
-    Preferences::instance().setToolSize(ToolType::Pencil, 33);
-    Preferences::instance().save();
-    Preferences::instance() = Preferences();
-    Preferences::instance().load();
-    EXPECT_EQ(Preferences::instance().toolSize(ToolType::Pencil), 33);
 }
 
 TEST_F(PreferencesTest, WithoutAPreferenceFolderNothingIsReadOrWritten)

@@ -29,12 +29,9 @@ protected:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
-    /// The environment of the programs that are started from now on.
-    void setEnvironment(const QString& name, const QString& value) { m_environment.insert(name, value); }
-
     void start(QProcess& process, const QStringList& arguments) const
     {
-        process.setProcessEnvironment(m_environment);
+        process.setProcessEnvironment(withoutDisplay());
         process.setProcessChannelMode(QProcess::MergedChannels);
         process.start(LUMISKETCH_BIN "/lumisketch-workbench",
                       QStringList{"-batch", "-prefs", path("prefs")} + arguments);
@@ -70,5 +67,4 @@ private:
     }
 
     QTemporaryDir m_folder;
-    QProcessEnvironment m_environment = withoutDisplay();
 };

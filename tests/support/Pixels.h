@@ -5,7 +5,6 @@
 #include <QCryptographicHash>
 #include <QImage>
 #include <QString>
-#include <QStringList>
 
 #include <algorithm>
 #include <cstdlib>
@@ -57,21 +56,6 @@ inline int farthest(const QImage& a, const QImage& b)
         }
     }
     return distance;
-}
-
-/// One text a row, one character a pixel: "." for alpha 0, else 1 to 9 for ever stronger alpha, 9 being 255.
-inline QStringList alphaRows(const QImage& image, const QRect& rect)
-{
-    QStringList rows;
-    for (int y = rect.top(); y <= rect.bottom(); ++y) {
-        QString row;
-        for (int x = rect.left(); x <= rect.right(); ++x) {
-            const int a = alpha(image, x, y);
-            row += a == 0 ? QLatin1Char('.') : QLatin1Char(static_cast<char>('1' + a * 8 / 255));
-        }
-        rows << row;
-    }
-    return rows;
 }
 
 /// Box of the pixels that are not fully transparent; null when there are none.

@@ -1,12 +1,8 @@
 #include <maya/MBoundingBox.h>
-#include <maya/MColor.h>
 #include <maya/MMatrix.h>
 #include <maya/MPoint.h>
-#include <maya/MVector.h>
 
 #include <gtest/gtest.h>
-
-#include <cmath>
 
 namespace {
 
@@ -15,15 +11,6 @@ MMatrix turnAndMove()
 {
     const double values[4][4] = {{0, 1, 0, 0}, {-1, 0, 0, 0}, {0, 0, 1, 0}, {10, 20, 30, 1}};
     return MMatrix(values);
-}
-
-TEST(Geometry, PointsAreMovedByAMatrixAndVectorsAreNot)
-{
-    EXPECT_TRUE((MPoint(1, 0, 0) * turnAndMove()).isEquivalent(MPoint(10, 21, 30)));
-    EXPECT_TRUE((MVector(1, 0, 0) * turnAndMove()).isEquivalent(MVector(0, 1, 0)));
-    // The left factor acts first.
-    const MMatrix twice = turnAndMove() * turnAndMove();
-    EXPECT_TRUE((MPoint(1, 0, 0) * twice).isEquivalent((MPoint(1, 0, 0) * turnAndMove()) * turnAndMove()));
 }
 
 TEST(Geometry, AMatrixTimesItsInverseIsTheIdentity)
@@ -37,16 +24,6 @@ TEST(Geometry, AMatrixTimesItsInverseIsTheIdentity)
     MMatrix flat;
     flat(2, 2) = 0;
     EXPECT_TRUE(flat.isSingular());
-}
-
-TEST(Geometry, PointsAndVectorsSubtract)
-{
-    EXPECT_EQ((MPoint(3, 4) - MPoint(0, 0)).length(), 5);
-    EXPECT_EQ(MPoint(3, 4, 5) - MVector(1, 1, 1), MPoint(2, 3, 4));
-    EXPECT_EQ(MVector::xAxis ^ MVector::yAxis, MVector::zAxis);
-    EXPECT_NEAR(MVector(1, 1, 0).angle(MVector::xAxis), std::acos(std::sqrt(0.5)), 1e-12);
-    EXPECT_EQ(MVector::zero.normal(), MVector::zero);
-    EXPECT_EQ(MPoint(2, 4, 6, 2).cartesianize(), MPoint(1, 2, 3, 1));
 }
 
 TEST(Geometry, ABoxOfOnePointIsNotTheEmptyBox)
@@ -64,23 +41,6 @@ TEST(Geometry, ABoxOfOnePointIsNotTheEmptyBox)
     EXPECT_TRUE(box.max().isEquivalent(MPoint(11, 21, 32)));
     EXPECT_TRUE(box.intersects(MBoundingBox(MPoint(11.5, 20, 31), MPoint(12, 20, 31)), 0.6));
     EXPECT_FALSE(box.intersects(MBoundingBox(MPoint(11.5, 20, 31), MPoint(12, 20, 31))));
-}
-
-TEST(Geometry, ColoursSurviveOtherModels)
-{
-    const MColor colours[] = {MColor(1, 0, 0), MColor(0.2f, 0.4f, 0.9f), MColor(0.5f, 0.5f, 0.5f), MColor(0, 0, 0),
-                              MColor(0.9f, 0.1f, 0.8f)};
-    for (const auto model : {MColor::kRGB, MColor::kHSV, MColor::kCMY}) {
-        for (const MColor& colour : colours) {
-            float a = 0, b = 0, c = 0;
-            ASSERT_TRUE(colour.get(model, a, b, c));
-            const MColor back(model, a, b, c);
-            EXPECT_NEAR(back.r, colour.r, 1e-5);
-            EXPECT_NEAR(back.g, colour.g, 1e-5);
-            EXPECT_NEAR(back.b, colour.b, 1e-5);
-        }
-    }
-    EXPECT_EQ(MColor(), MColor(0, 0, 0, 1));
 }
 
 }  // namespace

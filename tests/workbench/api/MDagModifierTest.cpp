@@ -64,25 +64,6 @@ TEST_F(MDagModifierTest, PutsATransformAboveAShapeWithoutParent)
     EXPECT_THAT(paths(), ElementsAre());
 }
 
-TEST_F(MDagModifierTest, RefusesWhatItCannotMake)
-{
-    MDagModifier modifier;
-    MStatus status;
-    EXPECT_TRUE(modifier.createNode("noSuchType", MObject::kNullObj, &status).isNull());
-    EXPECT_FALSE(status);
-    EXPECT_TRUE(modifier.createNode("time", MObject::kNullObj, &status).isNull());  // not of the DAG
-    EXPECT_FALSE(status);
-    EXPECT_TRUE(modifier.createNode("transform", createShape(), &status).isNull());  // a shape is no parent
-    EXPECT_FALSE(status);
-    EXPECT_FALSE(modifier.renameNode(MObject(), "x"));
-    EXPECT_FALSE(modifier.newPlugValueDouble(MPlug(), 1));
-    MDGModifier plain;
-    EXPECT_TRUE(plain.createNode("transform", &status).isNull());
-    EXPECT_FALSE(status);
-    EXPECT_FALSE(plain.createNode("script", &status).isNull());
-    EXPECT_TRUE(status);
-}
-
 TEST_F(MDagModifierTest, TakesBackWhatItDidWhenAStepIsRefused)
 {
     MDagModifier modifier;
@@ -92,39 +73,6 @@ TEST_F(MDagModifierTest, TakesBackWhatItDidWhenAStepIsRefused)
     EXPECT_FALSE(modifier.doIt());
     EXPECT_THAT(paths(), ElementsAre());
     EXPECT_NE(session.scene.findOrNull("persp"), nullptr);
-}
-
-TEST_F(MDagModifierTest, SetsValuesAndParentsReversibly)
-{
-    const MObject shape = createShape("a");
-    const MObject a = MFnDagNode(shape).parent(0);
-    const MObject b = MFnDagNode(createShape("b")).parent(0);
-    MDagModifier modifier;
-    modifier.newPlugValueFloat(plugOf(shape, "amount"), 0.5f);
-    modifier.reparentNode(b, a);
-    ASSERT_TRUE(modifier.doIt());
-    EXPECT_EQ(plugOf(shape, "amount").asFloat(), 0.5f);
-    EXPECT_EQ(MFnDagNode(b).fullPathName(), "|a|b");
-    ASSERT_TRUE(modifier.undoIt());
-    EXPECT_EQ(plugOf(shape, "amount").asFloat(), 1);
-    EXPECT_EQ(MFnDagNode(b).fullPathName(), "|b");
-    EXPECT_FALSE(modifier.newPlugValueFloat(plugOf(shape, "amount"), 2));
-}
-
-TEST_F(MDagModifierTest, LaterStepsJoinTheDoneOnes)
-{
-    MDagModifier modifier;
-    const MObject first = modifier.createNode("transform");
-    modifier.renameNode(first, "first");
-    ASSERT_TRUE(modifier.doIt());
-    const MObject second = modifier.createNode("transform", first);
-    modifier.renameNode(second, "second");
-    ASSERT_TRUE(modifier.doIt());
-    EXPECT_THAT(paths(), ElementsAre("|first", "|first|second"));
-    ASSERT_TRUE(modifier.undoIt());
-    EXPECT_THAT(paths(), ElementsAre());
-    ASSERT_TRUE(modifier.doIt());
-    EXPECT_THAT(paths(), ElementsAre("|first", "|first|second"));
 }
 
 }  // namespace

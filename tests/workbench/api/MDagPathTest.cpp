@@ -59,38 +59,6 @@ TEST_F(MDagPathTest, GoesUpAndDown)
     EXPECT_TRUE(path.node().hasFn(MFn::kWorld));
 }
 
-TEST_F(MDagPathTest, NeedsExactlyOneShapeToExtend)
-{
-    makeGroup();
-    MDagPath group = pathOf("group");
-    EXPECT_FALSE(group.extendToShape());
-    MObject left = pathOf("left").node();
-    MFnDagNode().create("locator", "second", left);
-    MDagPath two = pathOf("left");
-    EXPECT_FALSE(two.extendToShape());
-    unsigned int number = 0;
-    EXPECT_TRUE(two.numberOfShapesDirectlyBelow(number));
-    EXPECT_EQ(number, 2u);
-    ASSERT_TRUE(two.extendToShapeDirectlyBelow(1));
-    EXPECT_EQ(two.partialPathName(), "second");
-}
-
-TEST_F(MDagPathTest, MatricesIncludeTheAncestors)
-{
-    makeGroup();
-    plugOf(pathOf("group").node(), "tx").setDouble(10);
-    plugOf(pathOf("left").node(), "ty").setDouble(5);
-    MDagPath path = pathOf("leftShape");
-    EXPECT_TRUE((MPoint() * path.inclusiveMatrix()).isEquivalent(MPoint(10, 5, 0)));
-    path.pop();
-    EXPECT_TRUE((MPoint() * path.exclusiveMatrix()).isEquivalent(MPoint(10, 0, 0)));
-    EXPECT_TRUE((MPoint(10, 5, 0) * path.inclusiveMatrixInverse()).isEquivalent(MPoint()));
-    plugOf(pathOf("group").node(), "visibility").setBool(false);
-    EXPECT_FALSE(path.isVisible());
-    plugOf(pathOf("group").node(), "template").setBool(true);
-    EXPECT_TRUE(path.isTemplated());
-}
-
 TEST_F(MDagPathTest, EndsWithItsNode)
 {
     const MObject shape = createShape();
@@ -120,29 +88,6 @@ TEST_F(MDagPathTest, AWalkVisitsTheWholeDagInOrder)
     EXPECT_THAT(visited(below), ElementsAre("group", "left", "right", "leftShape", "rightShape"));
 }
 
-TEST_F(MDagPathTest, AWalkSkipsWhatIsPrunedAndWhatGoesOnTheWay)
-{
-    const MObject group = makeGroup();
-    MItDag walk;
-    walk.reset(group);
-    walk.next();
-    EXPECT_EQ(walk.partialPathName(), "left");
-    EXPECT_EQ(walk.depth(), 1u);
-    walk.prune();
-    walk.next();
-    EXPECT_EQ(walk.partialPathName(), "right");
-
-    walk.reset(group);
-    walk.next();
-    session.scene.detach(api::nodeOf(pathOf("right").node()));
-    walk.next();
-    EXPECT_EQ(walk.partialPathName(), "leftShape");
-    walk.next();
-    EXPECT_TRUE(walk.isDone());
-    EXPECT_FALSE(walk.next());
-    EXPECT_TRUE(walk.currentItem().isNull());
-}
-
 TEST_F(MDagPathTest, SelectionListsTakeNamesPatternsAndPlugs)
 {
     makeGroup();
@@ -169,32 +114,6 @@ TEST_F(MDagPathTest, SelectionListsTakeNamesPatternsAndPlugs)
     list.getSelectionStrings(texts);
     ASSERT_EQ(texts.length(), 3u);
     EXPECT_EQ(texts[1], "left.translateX");
-}
-
-TEST_F(MDagPathTest, SelectionListsMerge)
-{
-    makeGroup();
-    const auto listOf = [](std::initializer_list<const char*> names) {
-        MSelectionList list;
-        for (const char* name : names)
-            list.add(name);
-        return list;
-    };
-    const auto namesOf = [](const MSelectionList& list) {
-        std::vector<std::string> names;
-        MStringArray texts;
-        list.getSelectionStrings(texts);
-        for (const MString& text : texts)
-            names.push_back(text.asUTF8());
-        return names;
-    };
-    MSelectionList list = listOf({"left", "right"});
-    list.merge(listOf({"right", "group"}));
-    EXPECT_THAT(namesOf(list), ElementsAre("left", "right", "group"));
-    list.merge(listOf({"right", "persp"}), MSelectionList::kXORWithList);
-    EXPECT_THAT(namesOf(list), ElementsAre("left", "group", "persp"));
-    list.merge(list, MSelectionList::kRemoveFromList);
-    EXPECT_TRUE(list.isEmpty());
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <maya/MAnimControl.h>
 #include <maya/MConditionMessage.h>
 #include <maya/MEventMessage.h>
-#include <maya/MFileIO.h>
 
 namespace {
 
@@ -13,19 +12,6 @@ class MEventMessageTest : public HostFixture {};
 void count(void* data)
 {
     ++*static_cast<int*>(data);
-}
-
-struct SelfRemoving {
-    MCallbackId id = 0;
-    int calls = 0;
-};
-
-void removeSelf(void* data)
-{
-    auto& self = *static_cast<SelfRemoving*>(data);
-    ++self.calls;
-    EXPECT_EQ(MMessage::currentCallbackId(), self.id);
-    EXPECT_TRUE(MMessage::removeCallback(self.id));
 }
 
 void note(bool state, void* data)
@@ -53,48 +39,6 @@ TEST_F(MEventMessageTest, CallsBackUntilItIsRemoved)
     EXPECT_FALSE(MMessage::removeCallback(ids[0]));
     ASSERT_TRUE(run("currentTime 8"));
     EXPECT_EQ(times, 2);
-}
-
-TEST_F(MEventMessageTest, RefusesUnknownEvents)
-{
-    int times = 0;
-    MStatus status;
-    EXPECT_EQ(MEventMessage::addEventCallback("timechanged", count, &times, &status), 0);
-    EXPECT_FALSE(status);
-    EXPECT_FALSE(MMessage::removeCallback(0));
-    MMessage::currentCallbackId(&status);
-    EXPECT_FALSE(status);
-
-    MStringArray names;
-    MEventMessage::getEventNames(names);
-    for (const char* wanted :
-         {"SelectionChanged", "timeChanged", "timeUnitChanged", "SceneOpened", "quitApplication", "Undo", "Redo"}) {
-        EXPECT_TRUE(std::any_of(names.begin(), names.end(), [&](const MString& n) { return n == wanted; })) << wanted;
-    }
-}
-
-TEST_F(MEventMessageTest, ACallbackMayRemoveItself)
-{
-    SelfRemoving self;
-    self.id = MEventMessage::addEventCallback("timeChanged", removeSelf, &self);
-    MAnimControl::setCurrentTime(MTime(3.0, MTime::uiUnit()));
-    MAnimControl::setCurrentTime(MTime(4.0, MTime::uiUnit()));
-    EXPECT_EQ(self.calls, 1);
-}
-
-TEST_F(MEventMessageTest, ReportsBothEdgesOfACondition)
-{
-    std::vector<bool> states;
-    const MCallbackId id = MConditionMessage::addConditionCallback("playingBack", note, &states);
-    ASSERT_NE(id, 0);
-    EXPECT_FALSE(MAnimControl::isPlaying());
-    session().events.setCondition("playingBack", true);
-    EXPECT_TRUE(MAnimControl::isPlaying());
-    session().events.setCondition("playingBack", false);
-    EXPECT_TRUE(MMessage::removeCallback(id));
-    session().events.setCondition("playingBack", true);
-    EXPECT_EQ(states, (std::vector<bool>{true, false}));
-    EXPECT_EQ(MConditionMessage::addConditionCallback("dreaming", note, &states), 0);
 }
 
 TEST_F(MEventMessageTest, DropsWhatAModuleLeftBehind)
@@ -126,24 +70,4 @@ TEST_F(MEventMessageTest, AnimationControlSpeaksInTheUiUnit)
     EXPECT_EQ(MAnimControl::minTime().value(), 12.0);
     EXPECT_EQ(MAnimControl::maxTime().value(), 12.0);
     EXPECT_FALSE(MAnimControl::setMinMaxTime(MTime(5.0, MTime::kPALFrame), MTime(4.0, MTime::kPALFrame)));
-}
-
-TEST_F(MEventMessageTest, FileStateFollowsWhatTheHostDoes)
-{
-    EXPECT_FALSE(MFileIO::isReadingFile());
-    {
-        const kernel::Scene::Activity activity(session().scene, kernel::FileActivity::Import);
-        EXPECT_TRUE(MFileIO::isReadingFile());
-        EXPECT_TRUE(MFileIO::isImportingFile());
-        EXPECT_FALSE(MFileIO::isOpeningFile());
-        const kernel::Scene::Activity inner(session().scene, kernel::FileActivity::Reference);
-        EXPECT_TRUE(MFileIO::isReferencingFile());
-    }
-    EXPECT_FALSE(MFileIO::isReadingFile());
-
-    session().scene.setModified();
-    EXPECT_FALSE(MFileIO::newFile());
-    EXPECT_EQ(errors(), std::vector<std::string>{"Unsaved changes"});
-    EXPECT_TRUE(MFileIO::newFile(true));
-    EXPECT_FALSE(MFileIO::open("/nowhere/at/all.ma", nullptr, true));
 }

@@ -45,48 +45,6 @@ TEST_F(MFnCameraTest, ServesShapesAndPathsThatEndAtTheTransform)
     EXPECT_FALSE(status);
 }
 
-TEST_F(MFnCameraTest, LooksDownItsOwnNegativeZ)
-{
-    MDagPath path = pathOf("top");
-    const MFnCamera camera(path);
-    EXPECT_TRUE(camera.viewDirection(MSpace::kWorld).isEquivalent(MVector(0, -1, 0), 1e-9));
-    EXPECT_TRUE(camera.upDirection(MSpace::kWorld).isEquivalent(MVector(0, 0, -1), 1e-9));
-    EXPECT_TRUE(camera.rightDirection(MSpace::kWorld).isEquivalent(MVector(1, 0, 0), 1e-9));
-    EXPECT_TRUE(camera.eyePoint(MSpace::kWorld).isEquivalent(MPoint() * path.inclusiveMatrix(), 1e-9));
-    EXPECT_TRUE(camera.viewDirection().isEquivalent(MVector::zNegAxis));
-    MStatus status;
-    path.extendToShape();
-    MFnCamera(path.node()).eyePoint(MSpace::kWorld, &status);
-    EXPECT_FALSE(status);  // without a path there is no world
-}
-
-TEST_F(MFnCameraTest, FitsTheFilmToTheWindow)
-{
-    MFnCamera camera(pathOf("persp"));
-    camera.setHorizontalFilmAperture(1.5);
-    camera.setVerticalFilmAperture(1);
-    camera.setOverscan(1);
-    const double wide = 2;
-    const double narrow = 1;
-    const struct {
-        MFnCamera::FilmFit fit;
-        double window;
-        double x;
-        double y;
-    } cases[] = {{MFnCamera::kFillFilmFit, wide, 1.5, 0.75},       {MFnCamera::kFillFilmFit, narrow, 1, 1},
-                 {MFnCamera::kHorizontalFilmFit, wide, 1.5, 0.75}, {MFnCamera::kHorizontalFilmFit, narrow, 1.5, 1.5},
-                 {MFnCamera::kVerticalFilmFit, wide, 2, 1},        {MFnCamera::kVerticalFilmFit, narrow, 1, 1},
-                 {MFnCamera::kOverscanFilmFit, wide, 2, 1},        {MFnCamera::kOverscanFilmFit, narrow, 1.5, 1.5}};
-    for (const auto& c : cases) {
-        ASSERT_TRUE(camera.setFilmFit(c.fit));
-        const Aperture a = apertureOf(camera, c.window);
-        EXPECT_NEAR(a.x, c.x, 1e-12) << "fit " << c.fit << " window " << c.window;
-        EXPECT_NEAR(a.y, c.y, 1e-12) << "fit " << c.fit << " window " << c.window;
-    }
-    EXPECT_EQ(camera.aspectRatio(), 1.5);
-    EXPECT_FALSE(camera.setFilmFit(MFnCamera::kInvalid));
-}
-
 TEST_F(MFnCameraTest, PanAndZoomCountOnlyWhileEnabled)
 {
     MFnCamera camera(pathOf("persp"));

@@ -73,16 +73,6 @@ TEST_F(MGlobalTest, RunsIdleCommandsLaterInOrderEachAStepOfItsOwn)
     EXPECT_FALSE(session().scene.findOrNull("second"));
 }
 
-TEST_F(MGlobalTest, IdleCommandsAndDeferredTextsWaitInOneLine)
-{
-    MGlobal::executeCommandOnIdle("print 2");
-    session().script().execute("evalDeferred \"print 3\"; evalDeferred -low \"print 5\"; evalDeferred -en \"print 1\"",
-                               false, true);
-    MGlobal::executeCommandOnIdle("print 4");
-    host().drainIdle();
-    EXPECT_EQ(said(kernel::Severity::Plain), (std::vector<std::string>{"1", "2", "3", "4", "5"}));
-}
-
 TEST_F(MGlobalTest, AdjustsTheSelection)
 {
     ASSERT_TRUE(run("createNode \"transform\" -n \"a\"; createNode \"transform\" -n \"b\"; select -clear;"));
@@ -112,19 +102,4 @@ TEST_F(MGlobalTest, AdjustsTheSelection)
     EXPECT_EQ(selected(), Names{"a"});
     session().undo.undo();
     EXPECT_EQ(selected(), (Names{"b", "a"}));
-}
-
-TEST_F(MGlobalTest, TellsAMissingOptionVariableFromAZero)
-{
-    bool exists = true;
-    EXPECT_EQ(MGlobal::optionVarIntValue("lmpNone", &exists), 0);
-    EXPECT_FALSE(exists);
-    MGlobal::setOptionVarValue("lmpNone", 2.5);
-    EXPECT_EQ(MGlobal::optionVarDoubleValue("lmpNone", &exists), 2.5);
-    EXPECT_TRUE(exists);
-    EXPECT_EQ(MGlobal::optionVarIntValue("lmpNone"), 2);
-    EXPECT_EQ(evaluate("optionVar -q \"lmpNone\""), kernel::Value(2.5));
-    MGlobal::setOptionVarValue("lmpNone", MString("word"));
-    EXPECT_EQ(MGlobal::optionVarStringValue("lmpNone"), MString("word"));
-    EXPECT_EQ(MGlobal::optionVarIntValue("lmpNone"), 0);
 }

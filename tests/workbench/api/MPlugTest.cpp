@@ -1,7 +1,6 @@
 #include "kernel/Keying.h"
 #include "workbench/api/SampleTypes.h"
 
-#include <maya/MAngle.h>
 #include <maya/MFnPluginData.h>
 
 namespace {
@@ -43,60 +42,6 @@ TEST_F(MPlugTest, LockedPlugsKeepTheirValue)
     EXPECT_TRUE(plugOf(transform, "sx").setDouble(3));
 }
 
-TEST_F(MPlugTest, FlagsBelongToThePlugNotTheType)
-{
-    const MObject other = createShape();
-    MPlug amount = plugOf(shape, "amount");
-    EXPECT_TRUE(amount.isKeyable());
-    amount.setKeyable(false);
-    amount.setChannelBox(true);
-    EXPECT_FALSE(amount.isKeyable());
-    EXPECT_TRUE(amount.isChannelBoxFlagSet());
-    EXPECT_TRUE(plugOf(other, "amount").isKeyable());
-    EXPECT_FALSE(plugOf(other, "amount").isChannelBoxFlagSet());
-}
-
-TEST_F(MPlugTest, NumbersOutsideTheRangeAreRefused)
-{
-    MPlug amount = plugOf(shape, "amount");
-    EXPECT_EQ(amount.asFloat(), 1);
-    EXPECT_TRUE(amount.setFloat(0.25f));
-    EXPECT_FALSE(amount.setFloat(1.5f));
-    EXPECT_FALSE(amount.setFloat(-0.1f));
-    EXPECT_EQ(amount.asFloat(), 0.25f);
-    EXPECT_TRUE(amount.setInt(0));
-}
-
-TEST_F(MPlugTest, AnglesAreRadiansAndWholeNumbersAreCut)
-{
-    MPlug turn = plugOf(transform, "rotateY");
-    ASSERT_TRUE(turn.setDouble(MAngle(90, MAngle::kDegrees).asRadians()));
-    EXPECT_NEAR(api::nodeOf(transform)->number("rotateY"), 90, 1e-12);
-    EXPECT_NEAR(turn.asDouble(), 1.5707963267948966, 1e-12);
-    ASSERT_TRUE(turn.setMAngle(MAngle(45, MAngle::kDegrees)));
-    EXPECT_NEAR(api::nodeOf(transform)->number("rotateY"), 45, 1e-12);
-
-    MPlug order = plugOf(transform, "rotateOrder");
-    ASSERT_TRUE(order.setDouble(2.9));
-    EXPECT_EQ(order.asInt(), 2);
-    MPlug shown = plugOf(transform, "visibility");
-    ASSERT_TRUE(shown.setDouble(0.3));
-    EXPECT_EQ(shown.asInt(), 1);
-}
-
-TEST_F(MPlugTest, AsksForTheRightKindOfValue)
-{
-    MStatus status;
-    plugOf(shape, "amount").asString(&status);
-    EXPECT_FALSE(status);
-    plugOf(transform, "translate").asDouble(&status);
-    EXPECT_FALSE(status);
-    double kept = 7;
-    EXPECT_FALSE(plugOf(shape, "sampleList").getValue(kept));
-    EXPECT_EQ(kept, 7);
-    EXPECT_FALSE(plugOf(shape, "amount").setString("1"));
-}
-
 TEST_F(MPlugTest, FollowsTheCurveThatAnimatesIt)
 {
     kernel::Session& session = kernel::Session::current();
@@ -120,19 +65,6 @@ TEST_F(MPlugTest, FollowsTheCurveThatAnimatesIt)
     EXPECT_EQ(amount.asFloat(), 0.75f);
     edits.undo(session.scene);
     EXPECT_FALSE(amount.isConnected());
-}
-
-TEST_F(MPlugTest, NamesItself)
-{
-    MPlug x = plugOf(transform, "tx");
-    EXPECT_EQ(x.name(), "sample.translateX");
-    EXPECT_EQ(x.partialName(), "tx");
-    EXPECT_EQ(x.partialName(true, false, false, false, true, true), "sample.translate.translateX");
-    EXPECT_EQ(x.parent().name(), "sample.translate");
-    EXPECT_TRUE(x.parent().child(0) == x);
-    EXPECT_EQ(x.parent().numChildren(), 3u);
-    EXPECT_TRUE(x.parent().child(3).isNull());
-    EXPECT_TRUE(plugOf(shape, "amount").parent().isNull());
 }
 
 TEST_F(MPlugTest, HasNoDataUntilSomeIsSet)
@@ -161,25 +93,6 @@ TEST_F(MPlugTest, AdoptsTheDataItIsGiven)
     EXPECT_EQ(SampleData::s_living, 0);
 }
 
-TEST_F(MPlugTest, SharesWhatADataObjectOwns)
-{
-    MStatus status;
-    MPlug plug = plugOf(shape, "sampleList");
-    {
-        MFnPluginData set;
-        const MObject value = set.create(MTypeId(SampleData::kId), &status);
-        ASSERT_TRUE(status);
-        ASSERT_TRUE(plug.setMPxData(set.data()));
-        EXPECT_EQ(plug.asMObject(), value);
-    }
-    EXPECT_EQ(SampleData::s_living, 1);
-    ASSERT_TRUE(plug.setMObject(MObject()));
-    EXPECT_EQ(SampleData::s_living, 0);
-    MFnPluginData unknown;
-    EXPECT_TRUE(unknown.create(MTypeId(0x7fff), &status).isNull());
-    EXPECT_FALSE(status);
-}
-
 class OtherData : public SampleData {
 public:
     MTypeId typeId() const override { return MTypeId(SampleData::kId + 100); }
@@ -194,15 +107,6 @@ TEST_F(MPlugTest, LeavesRefusedDataWithTheCaller)
     MPlug locked = plugOf(shape, "sampleList");
     locked.setLocked(true);
     EXPECT_FALSE(locked.setMPxData(&same));
-}
-
-TEST_F(MPlugTest, TimesAreInTheUiUnit)
-{
-    MPlug end = plugOf(api::toObject(session.scene.findOne("defaultRenderGlobals")), "endFrame");
-    ASSERT_TRUE(end.setMTime(MTime(2, MTime::kSeconds)));
-    EXPECT_EQ(end.asMTime(), MTime(48, MTime::kFilm));
-    session.scene.setTimeUnit(kernel::TimeUnit::PalFrame);
-    EXPECT_EQ(end.asMTime(), MTime(2, MTime::kSeconds));
 }
 
 }  // namespace

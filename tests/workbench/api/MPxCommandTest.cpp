@@ -91,31 +91,6 @@ public:
     }
 };
 
-/// Sets a result of the kind its argument names.
-class Results : public MPxCommand {
-public:
-    static void* creator() { return new Results; }
-    MStatus doIt(const MArgList& args) override
-    {
-        const MString kind = args.asString(0);
-        if (kind == "bool")
-            setResult(true);
-        else if (kind == "real")
-            setResult(0.5f);
-        else if (kind == "ints") {
-            appendToResult(1);
-            appendToResult(2);
-        } else if (kind == "texts") {
-            setResult("a");
-            appendToResult(MString("b"));
-        } else if (kind == "mixed") {
-            setResult(7);
-            appendToResult("not a number");
-        }
-        return MStatus::kSuccess;
-    }
-};
-
 class MPxCommandTest : public HostFixture {
 protected:
     MPxCommandTest()
@@ -123,12 +98,11 @@ protected:
         journal().clear();
         api::registerCommand(session(), "probes", "probe", Probe::creator, Probe::newSyntax);
         api::registerCommand(session(), "probes", "nesting", Nesting::creator, nullptr);
-        api::registerCommand(session(), "probes", "results", Results::creator, nullptr);
     }
     ~MPxCommandTest() override
     {
         session().undo.flush();
-        for (const char* name : {"probe", "nesting", "results"})
+        for (const char* name : {"probe", "nesting"})
             api::deregisterCommand(session(), name);
         EXPECT_EQ(s_alive, 0) << "a command outlived the undo queue";
     }
@@ -201,27 +175,16 @@ TEST_F(MPxCommandTest, IsNotRunWhenItsArgumentsDoNotFitItsSyntax)
 TEST_F(MPxCommandTest, GivesEachExecutionAResultOfItsOwn)
 {
     EXPECT_EQ(evaluate("nesting \"probe -words x\""), kernel::Value(std::string("outer 41, inner x")));
-    // the inner one's result does not stand in for a missing outer one
-    EXPECT_FALSE(kernel::hasValue(evaluate("results none")));
-}
-
-TEST_F(MPxCommandTest, GivesResultsAsScriptTypes)
-{
-    EXPECT_EQ(evaluate("results bool"), kernel::Value(1));
-    EXPECT_EQ(evaluate("results real"), kernel::Value(0.5));
-    EXPECT_EQ(evaluate("results ints"), kernel::Value(kernel::IntArray{1, 2}));
-    EXPECT_EQ(evaluate("results texts"), kernel::Value(kernel::StringArray{"a", "b"}));
-    EXPECT_EQ(evaluate("results mixed"), kernel::Value(7));
 }
 
 TEST_F(MPxCommandTest, ANameIsRegisteredOnceAndGoesWithItsModule)
 {
     EXPECT_FALSE(api::registerCommand(session(), "others", "probe", Probe::creator, nullptr));
     EXPECT_FALSE(api::registerCommand(session(), "others", "createNode", Probe::creator, nullptr));
-    EXPECT_THAT(api::commandsOf("probes"), ElementsAre("probe", "nesting", "results"));
+    EXPECT_THAT(api::commandsOf("probes"), ElementsAre("probe", "nesting"));
 
     EXPECT_FALSE(api::deregisterCommand(session(), "createNode"));  // the host's own
-    EXPECT_THAT(api::dropLeftoversOf(session(), "probes"), testing::SizeIs(3));
+    EXPECT_THAT(api::dropLeftoversOf(session(), "probes"), testing::SizeIs(2));
     EXPECT_FALSE(run("probe"));
     EXPECT_THAT(errors(), testing::Contains(testing::HasSubstr("Cannot find procedure \"probe\"")));
 }

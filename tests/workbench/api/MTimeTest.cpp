@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <locale>
 #include <sstream>
 
 namespace {
@@ -106,23 +105,6 @@ TEST(MTime, PrintsInTheUiUnitWithEnoughDigitsToReadBack)
         ASSERT_TRUE(kernel::parseDouble(printed(MTime(value, MTime::kFilm)), read));
         EXPECT_EQ(read, value);
     }
-}
-
-/// Groups digits by threes and writes a decimal comma.
-class Grouping : public std::numpunct<char> {
-protected:
-    char do_decimal_point() const override { return ','; }
-    char do_thousands_sep() const override { return '.'; }
-    std::string do_grouping() const override { return "\3"; }
-};
-
-TEST(MTime, PrintsAlikeInAnyLocale)
-{
-    kernel::Session session;
-    std::ostringstream out;
-    out.imbue(std::locale(std::locale::classic(), new Grouping));
-    out << MTime(12345.5, MTime::kFilm);
-    EXPECT_EQ(out.str(), "12345.5");
 }
 
 }  // namespace

@@ -161,21 +161,6 @@ TEST_F(ModuleLoaderTest, StaysWhileItsCodeRunsEvenWhenForced)
     EXPECT_TRUE(run("unloadPlugin SampleModule"));
 }
 
-TEST_F(ModuleLoaderTest, ManyRoundsWithNodesAndUndoLeaveNothing)
-{
-    for (int round = 0; round < 10; ++round) {
-        ASSERT_TRUE(run(m_load));
-        ASSERT_TRUE(run("createNode sampleModulePin -n one; createNode sampleModulePin -n two"));
-        ASSERT_TRUE(run("delete two; undo; delete two"));
-        ASSERT_TRUE(run("sampleModuleCount; undo"));
-        EXPECT_EQ(evaluate("sampleModuleCount"), kernel::Value(1)) << "a fresh library each time";
-        ASSERT_TRUE(run("unloadPlugin -f SampleModule"));
-        ASSERT_TRUE(run("file -f -new"));
-    }
-    EXPECT_THAT(errors(), IsEmpty());
-    EXPECT_THAT(warnings(), IsEmpty());
-}
-
 TEST_F(ModuleLoaderTest, UnloadedNodesComeBackWithTheirDataWhenTheSceneIsReadAgain)
 {
     ASSERT_TRUE(run(m_load));

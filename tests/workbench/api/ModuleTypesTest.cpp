@@ -3,15 +3,12 @@
 #include "workbench/api/SampleTypes.h"
 
 #include <maya/MDagModifier.h>
-#include <maya/MFnEnumAttribute.h>
 #include <maya/MFnPluginData.h>
 #include <maya/MObjectHandle.h>
 
 #include <locale>
-#include <sstream>
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 
 namespace {
 
@@ -45,15 +42,6 @@ TEST_F(ModuleTypesTest, TheObjectLivesAsLongAsAnyoneHoldsTheNode)
     EXPECT_EQ(SampleNode::s_living, 0);
 }
 
-TEST_F(ModuleTypesTest, InheritsTheHostsAttributes)
-{
-    const MFnDependencyNode shape(createShape());
-    for (const char* name : {"localPositionX", "lsz", "template", "visibility", "amount", "sampleList"})
-        EXPECT_TRUE(shape.hasAttribute(name)) << name;
-    EXPECT_FALSE(MPlug(shape.object(), SampleNode::localScaleY).isNull());
-    EXPECT_EQ(MFnDependencyNode::classification("sampleNode"), "");
-}
-
 MStatus failingInitialize()
 {
     return MStatus::kFailure;
@@ -63,21 +51,6 @@ MStatus clashingInitialize()
 {
     MFnNumericAttribute number;
     return MPxNode::addAttribute(number.create("elsewhere", "v", MFnNumericData::kInt));
-}
-
-MStatus richInitialize()
-{
-    MFnNumericAttribute number;
-    const MObject colour = number.createColor("tint", "tn");
-    number.setDefault(0.25f, 0.5f, 0.75f);
-    const MObject pair = number.create("pair", "pr", MFnNumericData::k2Int, 4);
-    MFnEnumAttribute choice;
-    const MObject mode = choice.create("mode", "md", 1);
-    choice.addField("Off", 0);
-    choice.addField("On", 1);
-    const bool added = MPxNode::addAttribute(colour) && MPxNode::addAttribute(pair) && MPxNode::addAttribute(mode)
-                    && !MPxNode::addAttribute(mode) && MPxNode::attributeAffects(pair, colour);
-    return added ? MStatus::kSuccess : MStatus::kFailure;
 }
 
 TEST_F(ModuleTypesTest, RefusesTakenNamesIdsAndFailedInitialisation)
@@ -97,29 +70,6 @@ TEST_F(ModuleTypesTest, RefusesTakenNamesIdsAndFailedInitialisation)
     EXPECT_FALSE(plugin.registerData("moreData", MTypeId(SampleData::kId), SampleData::create));
     EXPECT_FALSE(MPxNode::addAttribute(SampleNode::s_amount));  // not while a type is being registered
     EXPECT_THAT(module->nodeTypes, ElementsAre("sampleNode"));
-}
-
-TEST_F(ModuleTypesTest, CompoundAndEnumAttributesWork)
-{
-    ASSERT_TRUE(
-        pluginSet().registerNode("rich", MTypeId(0x7020), SampleNode::create, richInitialize, MPxNode::kLocatorNode));
-    const MObject top = MFnDagNode().create("rich");
-    const MObject shape = MFnDagNode(top).child(0);
-    EXPECT_EQ(plugOf(shape, "tintG").asFloat(), 0.5f);
-    EXPECT_EQ(plugOf(shape, "tnb").parent().partialName(false, false, false, false, false, true), "tint");
-    EXPECT_EQ(plugOf(shape, "pair1").asInt(), 4);
-    EXPECT_EQ(plugOf(shape, "mode").asShort(), 1);
-    EXPECT_FALSE(plugOf(shape, "mode").setInt(2));
-}
-
-TEST_F(ModuleTypesTest, TypedAttributesNeedTheirDataType)
-{
-    MFnTypedAttribute typed;
-    MStatus status;
-    EXPECT_TRUE(typed.create("other", "ot", MTypeId(0x7fff), MObject::kNullObj, &status).isNull());
-    EXPECT_FALSE(status);
-    EXPECT_FALSE(typed.create("text", "tx", MFnData::kString, MObject::kNullObj, &status).isNull());
-    EXPECT_TRUE(status);
 }
 
 TEST_F(ModuleTypesTest, NothingOfAModuleLivesOnWithoutItsTypes)
@@ -149,43 +99,6 @@ TEST_F(ModuleTypesTest, NothingOfAModuleLivesOnWithoutItsTypes)
     EXPECT_FALSE(plugin.deregisterNode(MTypeId(SampleNode::kId)));
     EXPECT_FALSE(plugin.deregisterData(MTypeId(SampleData::kId)));
     EXPECT_TRUE(module->nodeTypes.empty());
-}
-
-TEST_F(ModuleTypesTest, DataIsCopiedByItsCreatorAndCopy)
-{
-    auto* given = new SampleData;
-    given->numbers = {1, 2.5};
-    const MObject shape = createShape();
-    plugOf(shape, "sampleList").setMPxData(given);
-    const auto copy = api::dataOf(plugOf(shape, "sampleList").asMObject())->copy();
-    const MObject copied = api::toObject(copy);
-    const auto* object = dynamic_cast<const SampleData*>(MFnPluginData(copied).constData());
-    ASSERT_NE(object, nullptr);
-    EXPECT_NE(object, given);
-    EXPECT_THAT(object->numbers, ElementsAre(1, 2.5));
-}
-
-/// Groups digits and writes a decimal comma.
-class Grouping : public std::numpunct<char> {
-protected:
-    char do_decimal_point() const override { return ','; }
-    char do_thousands_sep() const override { return '.'; }
-    std::string do_grouping() const override { return "\3"; }
-};
-
-TEST_F(ModuleTypesTest, DataIsWrittenInTheClassicLocale)
-{
-    auto* given = new SampleData;
-    given->name_ = "n";
-    given->numbers = {12345.5};
-    const MObject shape = createShape();
-    plugOf(shape, "sampleList").setMPxData(given);
-    std::ostringstream out;
-    out.imbue(std::locale(std::locale::classic(), new Grouping));
-    ASSERT_TRUE(api::dataOf(plugOf(shape, "sampleList").asMObject())->writeText(out));
-    EXPECT_EQ(out.str(), "\"n\" 1 12345.5");
-    out << 1000;
-    EXPECT_THAT(out.str(), HasSubstr("1.000"));  // the stream's own locale is back
 }
 
 }  // namespace

@@ -71,16 +71,6 @@ TEST_F(TextureManagerTest, ANameIsSharedAndKeepsItsFirstPixels)
     manager().releaseTexture(again);
 }
 
-TEST_F(TextureManagerTest, WithoutANameNothingIsShared)
-{
-    MTexture* const a = manager().acquireTexture("", description(2, 2), nullptr);
-    MTexture* const b = manager().acquireTexture("", description(2, 2), nullptr);
-    EXPECT_NE(a, b);
-    manager().releaseTexture(a);
-    manager().releaseTexture(b);
-    EXPECT_EQ(released().size(), 2u);
-}
-
 TEST_F(TextureManagerTest, UpdatesKeepTheSizeAndCountOnlyRealChanges)
 {
     MTexture* const texture = manager().acquireTexture("t", description(2, 2), nullptr);
@@ -106,38 +96,6 @@ TEST_F(TextureManagerTest, UpdatesKeepTheSizeAndCountOnlyRealChanges)
     manager().releaseTexture(texture);
 }
 
-TEST_F(TextureManagerTest, ARegionTouchesOnlyItsOwnPixels)
-{
-    MTexture* const texture = manager().acquireTexture("t", description(3, 3), nullptr);
-    const unsigned char pixel[] = {1, 2, 3, 4};
-    MHWRender::MTextureUpdateRegion region;
-    region.fXRangeMin = 2;
-    region.fXRangeMax = 3;
-    region.fYRangeMin = 1;
-    region.fYRangeMax = 2;
-    EXPECT_TRUE(texture->update(pixel, false, 0, &region));
-    std::vector<unsigned char> expected(36, 0);
-    std::copy(pixel, pixel + 4, expected.begin() + (1 * 3 + 2) * 4);
-    EXPECT_EQ(content(texture).pixels, expected);
-    region.fXRangeMax = 4;
-    EXPECT_FALSE(texture->update(pixel, false, 0, &region));
-    manager().releaseTexture(texture);
-}
-
-TEST_F(TextureManagerTest, RefusesWhatItCannotHold)
-{
-    EXPECT_EQ(manager().acquireTexture("none", description(0, 4), nullptr), nullptr);
-    MTextureDescription cube = description(4, 4);
-    cube.fTextureType = MHWRender::kCubeMap;
-    EXPECT_EQ(manager().acquireTexture("cube", cube, nullptr), nullptr);
-    MTextureDescription floats = description(4, 4);
-    floats.fFormat = MHWRender::kR32G32B32A32_FLOAT;
-    EXPECT_EQ(manager().acquireTexture("floats", floats, nullptr), nullptr);
-    MTextureDescription narrow = description(4, 4);
-    narrow.fBytesPerRow = 8;
-    EXPECT_EQ(manager().acquireTexture("narrow", narrow, nullptr), nullptr);
-}
-
 TEST_F(TextureManagerTest, QueuedDrawingKeepsATextureAlive)
 {
     MTexture* const texture = manager().acquireTexture("t", description(2, 2), nullptr);
@@ -146,8 +104,10 @@ TEST_F(TextureManagerTest, QueuedDrawingKeepsATextureAlive)
         const auto draw = api::makeDrawManager(list);
         draw->beginDrawable();
         draw->setTexture(texture);
+        draw->line2d(MPoint(0, 0), MPoint(9, 9));
         draw->rect2d(MPoint(0, 0), MVector(0, 1, 0), 1, 1, true);
         draw->endDrawable();
+        EXPECT_FALSE(list.items[0].state.texture) << "only what is filled has one";
         manager().releaseTexture(texture);
         EXPECT_TRUE(released().empty());
     }

@@ -214,21 +214,6 @@ TEST_F(ToolBoxTest, SwitchingFromInsideAToolWaitsForIdle)
     EXPECT_EQ(journal().size(), 3u);
 }
 
-TEST_F(ToolBoxTest, TellsItsListenerOfToolAndHelp)
-{
-    static int s_changes;
-    s_changes = 0;
-    ToolBox& tools = ToolBox::instance();
-    tools.setListener([] { ++s_changes; });
-    ASSERT_TRUE(run("penCtx a"));
-    EXPECT_EQ(s_changes, 0);
-    ASSERT_TRUE(run("setToolTo a"));
-    EXPECT_GE(s_changes, 1);
-    EXPECT_EQ(tools.helpString(), "Draw");
-    EXPECT_STREQ(tools.title(), "Pen");
-    tools.setListener(nullptr);
-}
-
 TEST_F(ToolBoxTest, TakingTheCommandAwayLeavesAndDeletesItsTools)
 {
     ASSERT_TRUE(run("penCtx a; penCtx b; setToolTo a"));

@@ -61,13 +61,6 @@ TEST_F(Batch, StopsAtTheFirstFailure)
     EXPECT_EQ(session().scene.findOrNull("after"), nullptr);
 }
 
-TEST_F(Batch, EveryStatementIsAnUndoStep)
-{
-    EXPECT_EQ(runSteps({"-command", "createNode transform -n a; createNode transform -n b; undo; objExists a;"}), 0);
-    EXPECT_EQ(results(), "1;");
-    EXPECT_EQ(session().scene.findOrNull("b"), nullptr);
-}
-
 TEST_F(Batch, AModuleThatIsMissingOrNoModuleEndsTheRun)
 {
     EXPECT_EQ(runLine({"-command", "createNode transform -n after"}), 1);

@@ -5,22 +5,6 @@
 using app::CommandLine;
 using app::parseCommandLine;
 
-TEST(CommandLine, KeepsStepsInTheirOrderWhateverStandsBetween)
-{
-    const CommandLine line = parseCommandLine({"-command", "a", "-batch", "-script", "b.mel", "-file", "scene.ma",
-                                               "-command", "-x", "-prefs", "p", "-noPlugin"});
-    ASSERT_EQ(line.error, "");
-    ASSERT_EQ(line.steps.size(), 3u);
-    EXPECT_EQ(line.steps[0].text, "a");
-    EXPECT_EQ(line.steps[1].kind, CommandLine::Step::Kind::Script);
-    EXPECT_EQ(line.steps[1].text, "b.mel");
-    EXPECT_EQ(line.steps[2].text, "-x") << "what follows an option is its value, dash or not";
-    EXPECT_TRUE(line.batch);
-    EXPECT_FALSE(line.loadPlugin);
-    EXPECT_EQ(line.file, "scene.ma");
-    EXPECT_EQ(line.prefsDir, "p");
-}
-
 TEST(CommandLine, OpensAWindowWithTheModuleWhenNothingIsSaid)
 {
     const CommandLine line = parseCommandLine({});
@@ -44,15 +28,5 @@ TEST(CommandLine, RefusesWhatMakesNoSense)
     };
     for (const auto& c : cases) {
         EXPECT_NE(parseCommandLine(c.arguments).error.find(c.names), std::string::npos) << c.names;
-    }
-}
-
-TEST(CommandLine, UsageNamesEveryOptionItTakes)
-{
-    const std::string usage = app::usageText();
-    for (const char* option : {"-batch", "-file", "-script", "-command", "-noPlugin", "-prefs", "-help", "-version"}) {
-        EXPECT_NE(usage.find(std::string("[") + option), std::string::npos) << option;
-        const CommandLine line = parseCommandLine({option, "value"});
-        EXPECT_EQ(line.error.find("unknown option \"" + std::string(option)), std::string::npos) << option;
     }
 }

@@ -47,17 +47,3 @@ TEST(Host, TellsThatItEndsOnceWhileCommandsStillWork)
     host.shutDown();
     EXPECT_EQ(told, 1);
 }
-
-TEST(Host, RunsWhatIsDueAtIdleAfterATextAndSaysWhetherItWorked)
-{
-    QTemporaryDir folder;
-    app::Host host(optionsFor(folder.path()));
-    EXPECT_TRUE(host.run("evalDeferred \"createNode transform -n later\""));
-    EXPECT_NE(host.session().scene.findOrNull("later"), nullptr);
-    EXPECT_FALSE(host.run("select noSuchThing"));
-    EXPECT_FALSE(kernel::hasValue(host.evaluate("select noSuchThing")));
-    // One text is one step.
-    EXPECT_TRUE(host.run("createNode transform -n a; createNode transform -n b"));
-    EXPECT_TRUE(host.run("undo"));
-    EXPECT_EQ(kernel::toText(host.evaluate("objExists a")), "0");
-}

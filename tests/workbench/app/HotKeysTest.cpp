@@ -156,47 +156,38 @@ TEST_F(HotKeys, RepeatTheLastActionButNotWhatStandsBetween)
     EXPECT_FALSE(run("repeatLast -addCommand \"select noSuchThing\"; repeatLast"));
 }
 
-TEST_F(HotKeys, StepThroughTime)
+TEST_F(HotKeys, StepThroughTimeAndItsKeysAndPlay)
 {
-    run("currentTime 5");
-    press(Qt::Key_Period, Qt::AltModifier);
-    EXPECT_EQ(value("currentTime -q"), "6");
+    const int alt = Qt::AltModifier;
+    const struct {
+        const char* before;
+        int key;
+        int modifiers;
+        const char* query;
+        const char* answer;
+    } cases[] = {
+        {"currentTime 5", Qt::Key_Period, alt, "currentTime -q", "6"},
+        {"playbackOptions -by 2", Qt::Key_Comma, alt, "currentTime -q", "4"},
+        {"", Qt::Key_Period, 0, "currentTime -q", "4"},  // nothing has a key
+        {"createNode transform -n ball; currentTime 3", Qt::Key_S, 0, "keyframe -q -kc ball.tx", "1"},
+        {"currentTime 8", Qt::Key_S, 0, "keyframe -q -tc ball.tx", "3 8"},
+        {"currentTime 5", Qt::Key_Period, 0, "currentTime -q", "8"},
+        {"", Qt::Key_Comma, 0, "currentTime -q", "3"},
+        {"select -cl; currentTime 4", Qt::Key_Period, 0, "currentTime -q", "4"},
+        {"", Qt::Key_V, alt, "play -q -state", "1"},
+        {"", Qt::Key_V, alt, "play -q -state", "0"},
+        {"currentTime 20", Qt::Key_V, alt | Qt::ShiftModifier, "currentTime -q", "1"},
+    };
+    for (const auto& c : cases) {
+        run(c.before);
+        press(c.key, Qt::KeyboardModifiers(c.modifiers));
+        EXPECT_EQ(value(c.query), c.answer) << c.before;
+    }
+    run("playbackOptions -by 1; currentTime 9");
     hold(Qt::Key_Comma, Qt::AltModifier);
-    EXPECT_EQ(value("currentTime -q"), "3");
-    run("playbackOptions -by 2");
-    press(Qt::Key_Period, Qt::AltModifier);
-    EXPECT_EQ(value("currentTime -q"), "5");
-    press(Qt::Key_Period);
-    EXPECT_EQ(value("currentTime -q"), "5") << "not without Alt: nothing has a key";
-}
-
-TEST_F(HotKeys, KeyTheSelectionAndJumpBetweenItsKeys)
-{
-    run("createNode transform -n ball; currentTime 3");
+    EXPECT_EQ(value("currentTime -q"), "6") << "a step for each repeat";
     hold(Qt::Key_S);
-    EXPECT_EQ(value("keyframe -q -kc ball.tx"), "1");
-    run("currentTime 8");
-    press(Qt::Key_S);
-    run("currentTime 5");
-    press(Qt::Key_Period);
-    EXPECT_EQ(value("currentTime -q"), "8");
-    press(Qt::Key_Comma);
-    EXPECT_EQ(value("currentTime -q"), "3");
-    run("select -cl; currentTime 4");
-    press(Qt::Key_Period);
-    EXPECT_EQ(value("currentTime -q"), "4") << "nothing is selected";
-}
-
-TEST_F(HotKeys, PlayAndStop)
-{
-    press(Qt::Key_V, Qt::AltModifier);
-    EXPECT_EQ(value("play -q -state"), "1");
-    press(Qt::Key_V, Qt::AltModifier);
-    EXPECT_EQ(value("play -q -state"), "0");
-    EXPECT_THAT(echoed, testing::ElementsAre("play -state on", "play -state off"));
-    run("currentTime 20");
-    press(Qt::Key_V, Qt::AltModifier | Qt::ShiftModifier);
-    EXPECT_EQ(value("currentTime -q"), "1");
+    EXPECT_EQ(value("undo; keyframe -q -kc ball.tx"), "2") << "once, however long it is held";
 }
 
 TEST_F(HotKeys, EscapeStopsPlaybackFirst)
@@ -230,16 +221,6 @@ TEST_F(HotKeys, FrameTheSelectionOrEverything)
     EXPECT_FALSE(run("viewFit -fitFactor 0"));
 }
 
-TEST_F(HotKeys, ShowEdgesOrSurfacesInTheViewWorkedIn)
-{
-    run("workbenchView -panes 2; modelEditor -e -activeView modelPanel1");
-    press(Qt::Key_4);
-    EXPECT_EQ(value("modelEditor -q -displayAppearance modelPanel1"), "wireframe");
-    EXPECT_EQ(value("modelEditor -q -displayAppearance modelPanel4"), "smoothShaded");
-    press(Qt::Key_5);
-    EXPECT_EQ(value("modelEditor -q -displayAppearance modelPanel1"), "smoothShaded");
-}
-
 TEST_F(HotKeys, SpaceShowsTheViewWorkedInAloneAndAllAgain)
 {
     const auto panels = [this] { return value("paneLayout -q -childArray $gMainPane"); };
@@ -257,25 +238,6 @@ TEST_F(HotKeys, SpaceShowsTheViewWorkedInAloneAndAllAgain)
     EXPECT_EQ(view()->panelName(), "modelPanel2");
     EXPECT_EQ(echoed.back(), "workbenchView -swap");
     EXPECT_FALSE(session().undo.canUndo());
-}
-
-TEST_F(HotKeys, SpaceRestoresTheLayoutThereWas)
-{
-    run("workbenchView -panes 2; modelEditor -e -activeView modelPanel1");
-    press(Qt::Key_Space);
-    EXPECT_EQ(view()->panelName(), "modelPanel1");
-    run("deleteUI modelPanel1");
-    EXPECT_EQ(view()->panelName(), "modelPanel4") << "the next one has the pane";
-    press(Qt::Key_Space);
-    EXPECT_EQ(value("paneLayout -q -configuration $gMainPane"), "vertical2");
-    EXPECT_EQ(value("paneLayout -q -childArray $gMainPane"), "modelPanel4 modelPanel2 modelPanel3");
-    run("workbenchView -panes 1; workbenchView -swap");
-    EXPECT_EQ(value("paneLayout -q -configuration $gMainPane"), "vertical2") << "also when left by a menu";
-    run("workbenchView -swap -panel modelPanel2");
-    EXPECT_EQ(view()->panelName(), "modelPanel2");
-    EXPECT_FALSE(run("workbenchView -swap -panel modelPanel1"));
-    run("deleteUI $gMainPane");
-    EXPECT_TRUE(run("workbenchView -swap; workbenchView -panes 4"));
 }
 
 TEST_F(HotKeys, ControlAndSpaceLeaveTheViewsTheRoomOfThePanels)
@@ -403,41 +365,6 @@ TEST_F(HotKeys, GoOnFromRowsThatAreNotTypedIn)
                 rows->clearFocus();
             }
         }
-    }
-}
-
-TEST_F(HotKeys, GoOnFromAPanelThatFloats)
-{
-    showUnpainted();
-    run("createNode transform -n ball; select ball");
-    turnEventLoop();
-    find<QDockWidget>("channelBox")->setFloating(true);
-    auto* const channels = find<QTableView>("channels");
-    pressKey(channels, Qt::Key_W);
-    EXPECT_EQ(value("currentCtx"), "moveSuperContext");
-    channels->setCurrentIndex(channels->model()->index(1, 1));
-    channels->edit(channels->currentIndex());
-    QWidget* const field = channels->indexWidget(channels->currentIndex());
-    QApplication::setActiveWindow(field->window());
-    field->setFocus();
-    ASSERT_EQ(QApplication::focusWidget(), field);
-    pressKey(field, Qt::Key_E);
-    EXPECT_EQ(value("currentCtx"), "moveSuperContext") << "but not while typing";
-}
-
-TEST_F(HotKeys, GoToTheToolWhenAPanelIsClosed)
-{
-    showUnpainted();
-    run("createNode transform -n ball; select ball; workbenchPanel -visible 1 outliner");
-    for (const char* close : {"workbenchPanel -visible 0 channelBox", "workbenchView -panels 0",
-                              "workbenchPanel -visible 1 attributeEditor"}) {
-        run("workbenchView -panels 1; workbenchPanel -visible 0 attributeEditor; workbenchPanel -visible 1 channelBox");
-        turnEventLoop();
-        find("channels")->setFocus();
-        ASSERT_EQ(QApplication::focusWidget(), find("channels"));
-        run(close);
-        turnEventLoop();
-        EXPECT_EQ(QApplication::focusWidget(), nullptr) << close;
     }
 }
 

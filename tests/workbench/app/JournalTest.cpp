@@ -72,22 +72,6 @@ TEST_F(Journal, TakesMuchAtOnceAndForgetsTheOldest)
     EXPECT_EQ(lines(), QStringList(""));
 }
 
-TEST_F(Journal, GivesItsLastLinesToTheNextRun)
-{
-    output.say(Severity::Echo, "early");
-    output.say(Severity::Echo, "doIt");
-    output.say(Severity::Plain, "\n  indented\n");
-    output.error("no");
-    const QVector<app::KeptText> kept = journal.lastLines(40);
-    app::Journal next(output);
-    next.restore(kept);
-    output.say(Severity::Result, "1");
-    turnEventLoop();
-    EXPECT_EQ(next.document()->toPlainText(), "doIt\n\n  indented\n// Error: no //\n// Result: 1 //\n");
-    const QTextBlock error = next.document()->findBlockByNumber(3);
-    EXPECT_EQ(error.begin().fragment().charFormat().foreground().color(), app::messageTextColour(Severity::Error));
-}
-
 TEST(KeptTexts, ComeBackAsTheyWere)
 {
     QTemporaryDir folder;

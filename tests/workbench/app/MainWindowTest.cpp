@@ -9,7 +9,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -69,28 +68,6 @@ TEST_F(MainWindow, MenusUndoAndRedoByName)
     action("Redo")->trigger();
     EXPECT_EQ(value("objExists thing"), "1");
     EXPECT_FALSE(action("Redo")->isEnabled());
-}
-
-TEST_F(MainWindow, MenusDuplicateAndRemoveReferences)
-{
-    const std::string path = m_prefs.filePath("set.ma").toStdString();
-    host->run("createNode transform -n thing; file -rename \"" + path
-              + "\"; file -save -type \"mayaAscii\"; file -new");
-    QAction* const menu = action("Remove Reference");
-    const auto openFileMenu = [&] { QMetaObject::invokeMethod(action("File")->menu(), "aboutToShow"); };
-    openFileMenu();
-    EXPECT_FALSE(menu->isEnabled());
-    host->run("file -reference \"" + path + "\"");
-    openFileMenu();
-    EXPECT_TRUE(menu->isEnabled());
-    ASSERT_EQ(menu->menu()->actions().size(), 1);
-    EXPECT_EQ(menu->menu()->actions().front()->text(), "set.ma");
-    host->run("select set:thing");
-    action("Duplicate")->trigger();
-    EXPECT_EQ(value("ls -sl"), "thing");
-    openFileMenu();
-    menu->menu()->actions().front()->trigger();
-    EXPECT_EQ(value("ls \"*thing\" \"*:thing\""), "thing");
 }
 
 // An entry is one undo step, whatever it does.
@@ -188,28 +165,6 @@ TEST_F(MainWindow, EveryMenuEntryHasALetterAndAShortcutOfItsOwn)
     }
     EXPECT_EQ(letters.removeDuplicates(), 0) << letters.join(", ").toStdString();
     EXPECT_EQ(shortcuts.removeDuplicates(), 0) << shortcuts.join(", ").toStdString();
-}
-
-TEST_F(MainWindow, MenusLeadThroughCamerasAndPanes)
-{
-    host->run("camera; rename camera1 shot");
-    const auto openDisplayMenu = [&] { QMetaObject::invokeMethod(action("Display")->menu(), "aboutToShow"); };
-    openDisplayMenu();
-    EXPECT_EQ(value("menu -q -numberOfItems lookThroughItem"), "6");
-    EXPECT_TRUE(action("persp")->isChecked());
-    action("shot")->trigger();
-    EXPECT_EQ(value("lookThru -q"), "shot");
-    host->run("workbenchView -panes 2");
-    openDisplayMenu();
-    EXPECT_EQ(value("menuItem -q -rb twoPanesItem"), "1");
-    action("One View")->trigger();
-    EXPECT_EQ(value("workbenchView -q -panes"), "1");
-    action("Maximise or Restore")->trigger();
-    EXPECT_EQ(value("workbenchView -q -panes"), "2");
-    action("Four Views")->trigger();
-    EXPECT_EQ(value("workbenchView -q -panes"), "4");
-    openDisplayMenu();
-    EXPECT_EQ(value("menuItem -q -rb fourPanesItem"), "1");
 }
 
 namespace {
@@ -312,59 +267,6 @@ TEST_F(MainWindow, CommandsThatMayAskTheUserActWhenTheScriptHasEnded)
     EXPECT_FALSE(host->run("NewScene now"));
 }
 
-TEST_F(MainWindow, ChoosesTheSetOfItsMenus)
-{
-    EXPECT_EQ(value("menuSet -q -allMenuSets"), "commonMenuSet modelingMenuSet riggingMenuSet animationMenuSet"
-                                                " dynamicsMenuSet renderingMenuSet");
-    EXPECT_EQ(value("findMenuSetFromLabel(\"FX\")"), "dynamicsMenuSet");
-    EXPECT_EQ(value("menuSet -q -menuArray commonMenuSet"), "mainFileMenu mainEditMenu mainCreateMenu mainSelectMenu"
-                                                            " mainModifyMenu mainDisplayMenu mainWindowMenu");
-    EXPECT_EQ(value("findMenuFromMenuSet(\"commonMenuSet\", \"Windows\")"), value("$m = $gMainWindowMenu"));
-    EXPECT_EQ(window->findChild<QComboBox*>("menuSetBox")->currentText(), "Modeling");
-
-    host->run("menu -label Ink -parent $gMainWindow");
-    QStringList bar;
-    for (const QAction* menu : window->menuBar()->actions()) {
-        bar << menu->text().remove('&');
-    }
-    EXPECT_EQ(bar.mid(6).join(' '), "Windows Ink Help");
-}
-
-TEST_F(MainWindow, ItsOwnMenusCanBeTakenAway)
-{
-    host->ui().destroy(host->ui().get("test", "mainEditMenu"));
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(window->runAction("createNode transform -n thing; undo"));
-    QCoreApplication::processEvents();
-    EXPECT_EQ(value("menu -exists mainEditMenu"), "0");
-}
-
-TEST_F(MainWindow, ItsViewsCanBeTakenAway)
-{
-    EXPECT_TRUE(host->run("deleteUI $gMainPane"));
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(value("getPanel -allPanels"), "");
-    EXPECT_EQ(value("workbenchView -q -panes"), "0");
-    host->run("workbenchView -panes 2");
-    QMetaObject::invokeMethod(action("Display")->menu(), "aboutToShow");
-    EXPECT_EQ(value("menu -q -numberOfItems lookThroughItem"), "5");
-}
-
-TEST_F(MainWindow, MenuOfWindowsChecksThePanelsThatAreShown)
-{
-    const auto openMenu = [&] { QMetaObject::invokeMethod(action("Windows")->menu(), "aboutToShow"); };
-    const auto checks = [&] {
-        return value("menuItem -q -checkBox outlinerItem") + value("menuItem -q -checkBox channelBoxItem")
-             + value("menuItem -q -checkBox attributeEditorItem");
-    };
-    openMenu();
-    EXPECT_EQ(checks(), "010");
-    action("Outliner")->trigger();
-    host->run("workbenchPanel -visible 0 channelBox");
-    openMenu();
-    EXPECT_EQ(checks(), "100");
-}
-
 TEST_F(MainWindow, TitleNamesTheFileAndMarksChanges)
 {
     EXPECT_TRUE(window->windowTitle().startsWith("untitled - "));
@@ -444,19 +346,6 @@ TEST_F(MainWindow, KeysThatNobodyWantedGoToTheTool)
     EXPECT_EQ(log.size(), 5);
 }
 
-TEST_F(MainWindow, TheSelectToolDeletesWhatIsSelected)
-{
-    host->run("createNode transform -n thing; select thing");
-    view::Viewport* const view = window->viewports().active();
-    pressKey(view, Qt::Key_Delete);
-    EXPECT_EQ(value("objExists thing"), "0");
-    action("Undo")->trigger();
-    EXPECT_EQ(value("objExists thing"), "1");
-    host->run("select -cl");
-    pressKey(view, Qt::Key_Delete);
-    EXPECT_EQ(value("objExists thing"), "1");
-}
-
 TEST_F(MainWindow, ShowsOneTwoOrFourViewsAndLooksThroughCameras)
 {
     EXPECT_EQ(value("workbenchView -q -panes"), "1");
@@ -483,12 +372,6 @@ TEST_F(MainWindow, ShowsOneTwoOrFourViewsAndLooksThroughCameras)
         EXPECT_FALSE(host->run(wrong)) << wrong;
     }
     EXPECT_EQ(value("workbenchView -q -panes"), "2");
-}
-
-TEST_F(MainWindow, NamesItsPartsForScripts)
-{
-    EXPECT_EQ(value("$window = $gMainWindow"), "MayaWindow");
-    EXPECT_EQ(host->ui().findControl(value("$slider = $gPlayBackSlider")), window->findChild<QWidget*>("timeControl1"));
 }
 
 TEST_F(MainWindow, ScriptsArrangeItsPanes)
@@ -532,12 +415,4 @@ TEST_F(MainWindow, TheCommandFieldRunsALineAndRemembersIt)
     EXPECT_EQ(field->text(), "");
     pressKey(field, Qt::Key_Up);
     EXPECT_EQ(field->text(), "createNode transform -n typed");
-}
-
-TEST_F(MainWindow, WorkForIdleTimeIsDoneByTheEventLoop)
-{
-    host->session().script().execute("evalDeferred \"createNode transform -n later\"", false, true);
-    EXPECT_EQ(host->session().scene.findOrNull("later"), nullptr);
-    m_run.finishIdleWork();
-    EXPECT_NE(host->session().scene.findOrNull("later"), nullptr);
 }

@@ -236,22 +236,6 @@ TEST_F(Panels, BadInputIsToldAndTakenBack)
     EXPECT_EQ(value("objExists ball"), "1");
 }
 
-TEST_F(Panels, KeysGoFromFieldToFieldAndEscapeKeepsTheValue)
-{
-    QWidget* const first = edit("Translate X");
-    type(first, "1");
-    pressKey(first, Qt::Key_Down);
-    type(table().indexWidget(field("Translate Y")), "2");
-    pressKey(table().indexWidget(field("Translate Y")), Qt::Key_Tab);
-    QWidget* const third = table().indexWidget(field("Translate Z"));
-    ASSERT_TRUE(third);
-    type(third, "3");
-    pressKey(third, Qt::Key_Escape);
-    turnEventLoop();
-    EXPECT_EQ(value("getAttr ball.t"), "1 2 0");
-    EXPECT_FALSE(table().hasFocus());
-}
-
 TEST_F(Panels, WhatGoesWhileItsFieldIsOpenTakesTheFieldAlong)
 {
     for (const char* end : {"delete ball", "select box", "file -force -new"}) {
@@ -311,38 +295,6 @@ TEST_F(Panels, FieldsTellWhetherTheyAreKeyed)
     EXPECT_EQ(ground(), keyed);
     run("undo; undo; undo; undo; undo");
     EXPECT_EQ(ground(), usual);
-}
-
-TEST_F(Panels, ShowTheFrameAtWhichPlaybackStops)
-{
-    run("playbackOptions -min 1 -max 10; currentTime 1; setKeyframe -attribute tx -time 1 -value 1 ball;"
-        "setKeyframe -attribute tx -time 10 -value 10 ball");
-    session().playback.start();
-    session().playback.advance(3);
-    session().playback.advance(3);
-    session().playback.stop();
-    turnEventLoop();
-    EXPECT_EQ(field("Translate X").data().toString(), "7");
-}
-
-TEST_F(Panels, EnumsAreChosenByName)
-{
-    run("setAttr -channelBox on ball.rotateOrder");
-    auto* const names = qobject_cast<QComboBox*>(edit("Rotate Order"));
-    ASSERT_TRUE(names);
-    EXPECT_EQ(names->itemText(2), "zxy");
-    names->setCurrentIndex(2);
-    emit names->activated(2);
-    turnEventLoop();
-    EXPECT_EQ(value("getAttr ball.rotateOrder"), "2");
-    EXPECT_EQ(field("Rotate Order").data().toString(), "zxy");
-
-    auto* const none = qobject_cast<QComboBox*>(edit("Rotate Order"));
-    none->setCurrentIndex(-1);
-    pressKey(none, Qt::Key_Return);
-    turnEventLoop();
-    EXPECT_EQ(value("getAttr ball.rotateOrder"), "2");
-    EXPECT_THAT(errors(), testing::IsEmpty());
 }
 
 // --- attribute editor ----------------------------------------------------------------------------------------------
@@ -554,19 +506,6 @@ TEST_F(Panels, OutlinerRenamesAndParents)
     EXPECT_EQ(value("ls -long globe"), "|globe");
 }
 
-TEST_F(Panels, OutlinerHoldsLargeAndDeepScenes)
-{
-    run("int $i; for ($i = 0; $i < 20000; ++$i) createNode transform -n (\"n\" + $i); select -all");
-    EXPECT_EQ(tree().model()->rowCount(), 20006);
-    EXPECT_EQ(tree().selectionModel()->selectedRows().size(), 20002);
-    EXPECT_LE(tree().selectionModel()->selection().size(), 2) << "neighbours are one range";
-    run("file -force -new; createNode transform -n top1; int $i; for ($i = 0; $i < 20000; ++$i)"
-        " createNode transform -p `ls -sl`");
-    EXPECT_EQ(tree().model()->rowCount(), 5);
-    run("delete top1");
-    EXPECT_EQ(treeText(), "persp top front side");
-}
-
 // A script that asks the user something turns the event loop, and with it goes the editor of the name.
 TEST_F(Panels, OutlinerIsDoneWithItsRowBeforeTheActionRuns)
 {
@@ -618,61 +557,3 @@ TEST_F(Panels, RenderSettingsSetTheSizeAsOneStep)
 }
 
 // --- docks ---------------------------------------------------------------------------------------------------------
-
-TEST_F(Panels, AreShownAndHiddenByCommand)
-{
-    EXPECT_EQ(value("workbenchPanel -q -visible outliner"), "1");
-    run("workbenchPanel -toggle outliner");
-    EXPECT_EQ(value("workbenchPanel -q -visible outliner"), "0");
-    run("createNode transform -n late");
-    run("workbenchPanel -toggle outliner");
-    EXPECT_TRUE(item("late").isValid()) << "what came while it was hidden";
-    run("workbenchPanel -toggle attributeEditor");
-    EXPECT_FALSE(find("attributeEditor")->visibleRegion().isEmpty()) << "behind another, it comes to the front";
-    run("workbenchPanel -toggle attributeEditor");
-    EXPECT_EQ(value("workbenchPanel -q -visible attributeEditor"), "0");
-    EXPECT_FALSE(run("workbenchPanel -toggle nothing"));
-    EXPECT_EQ(errorOf("workbenchPanel outliner"), "workbenchPanel: -visible or -toggle is needed");
-    EXPECT_EQ(value("workbenchPanel -q -visible outliner"), "1");
-}
-
-TEST_F(Panels, LeaveTheKeysThatTypeNothingToTheWindow)
-{
-    const auto isTaken = [](QWidget& widget, int key, const QString& text, Qt::KeyboardModifiers modifiers = {}) {
-        QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
-        QApplication::sendEvent(&widget, &press);
-        return press.isAccepted();
-    };
-    tree().setCurrentIndex(item("ball"));
-    EXPECT_FALSE(isTaken(tree(), Qt::Key_W, "w"));
-    table().setCurrentIndex(channels().index(rowOf("Scale X"), app::ChannelModel::kLabel));
-    EXPECT_FALSE(isTaken(table(), Qt::Key_4, "4")) << "a label";
-    table().setCurrentIndex(channels().index(rowOf("ball"), app::ChannelModel::kLabel));
-    EXPECT_FALSE(isTaken(table(), Qt::Key_4, "4")) << "a name";
-
-    const struct {
-        const char* channel;
-        int key;
-        const char* text;
-        Qt::KeyboardModifiers modifiers;
-        bool isTyped;
-    } cases[] = {
-        {"Scale X", Qt::Key_4, "4", Qt::NoModifier, true},
-        {"Scale X", Qt::Key_4, "4", Qt::KeypadModifier, true},
-        {"Scale X", Qt::Key_Period, ".", Qt::NoModifier, true},
-        {"Scale X", Qt::Key_Period, ".", Qt::AltModifier, false},
-        {"Scale X", Qt::Key_S, "s", Qt::NoModifier, false},
-        {"Scale X", Qt::Key_Space, " ", Qt::NoModifier, false},
-        {"Visibility", Qt::Key_O, "o", Qt::NoModifier, true},
-        {"Visibility", Qt::Key_F, "f", Qt::NoModifier, false},
-    };
-    for (const auto& c : cases) {
-        table().setCurrentIndex(field(c.channel));
-        EXPECT_FALSE(isTaken(table(), c.key, c.text, c.modifiers) && !c.isTyped) << c.channel << ' ' << c.text;
-        auto* const open = qobject_cast<QLineEdit*>(table().indexWidget(field(c.channel)));
-        EXPECT_EQ(open ? open->text() : QString(), c.isTyped ? c.text : "") << c.channel;
-        if (open) {
-            pressKey(open, Qt::Key_Escape);
-        }
-    }
-}

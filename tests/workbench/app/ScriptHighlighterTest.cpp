@@ -8,8 +8,6 @@
 #include <QTextLayout>
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 namespace {
 
 using Style = app::ScriptHighlighter::Style;
@@ -49,13 +47,6 @@ QStringList styles(const QString& text)
     return lines;
 }
 
-/// Relative luminance as the web's accessibility guidelines (WCAG 2) define it.
-double luminance(const QColor& colour)
-{
-    const auto linear = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-}
-
 }  // namespace
 
 TEST(ScriptHighlighter, ColoursTheWordsOfTheLanguage)
@@ -88,18 +79,4 @@ TEST(ScriptHighlighter, CarriesCommentsAndJoinedStringsOverLines)
     EXPECT_EQ(styles("\"a\n1"), (QStringList{"ss", "n"})) << "a string that is not joined ends with its line";
     EXPECT_EQ(styles("// /*\n1"), (QStringList{"//.//", "n"}));
     EXPECT_EQ(styles("/* // */ /*\n1"), (QStringList{"//.//.//.//", "/"}));
-}
-
-TEST(ScriptHighlighter, AllColoursCanBeRead)
-{
-    const double ground = luminance(QColor("#2b2b2b"));
-    const auto isReadable = [ground](const QColor& colour) {
-        return (luminance(colour) + 0.05) / (ground + 0.05) >= 4.5;
-    };
-    for (int style = 0; style <= int(Style::Comment); ++style) {
-        EXPECT_TRUE(isReadable(app::ScriptHighlighter::colour(Style(style)))) << style;
-    }
-    for (int severity = 0; severity <= int(kernel::Severity::Error); ++severity) {
-        EXPECT_TRUE(isReadable(app::messageTextColour(kernel::Severity(severity)))) << severity;
-    }
 }

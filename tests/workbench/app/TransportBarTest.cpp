@@ -19,13 +19,6 @@ protected:
     void click(const char* name) { button(name)->click(); }
     bool stops(const char* name) { return button(name)->toolTip().startsWith("Stop"); }
     std::string value(const std::string& script) { return kernel::toText(evaluate(script)); }
-    /// What a press did to the time.
-    double timeAfter(const char* name)
-    {
-        click(name);
-        return session().scene.currentTime().value;
-    }
-
     std::vector<std::string> ran;
     app::TransportBar bar{session(), [this](const std::string& text) {
                               ran.push_back(text);
@@ -34,25 +27,6 @@ protected:
 };
 
 }  // namespace
-
-TEST_F(TransportBarTest, ButtonsStepAndGoToTheEnds)
-{
-    EXPECT_EQ(timeAfter("stepForward"), 12);
-    EXPECT_EQ(timeAfter("stepBack"), 10);
-    EXPECT_EQ(timeAfter("goToStart"), 5);
-    EXPECT_EQ(timeAfter("goToEnd"), 30);
-    EXPECT_TRUE(run("undo"));
-    EXPECT_EQ(session().scene.currentTime().value, 5) << "each press is a step";
-}
-
-TEST_F(TransportBarTest, ButtonsGoFromKeyToKeyOfTheSelection)
-{
-    EXPECT_EQ(timeAfter("nextKey"), 10) << "nothing is selected";
-    run("createNode transform -n ball; setKeyframe -attribute tx -time 8 -time 20 ball; select ball");
-    EXPECT_EQ(timeAfter("nextKey"), 20);
-    EXPECT_EQ(timeAfter("previousKey"), 8);
-    EXPECT_EQ(timeAfter("previousKey"), 20) << "round and round";
-}
 
 TEST_F(TransportBarTest, ThePlayButtonInUseStops)
 {

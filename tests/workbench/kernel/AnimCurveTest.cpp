@@ -23,17 +23,6 @@ kernel::CurveKey linear(double ticks, double value)
 
 }  // namespace
 
-TEST(AnimCurve, HoldsAValueBehindAStepUntilTheNextKey)
-{
-    for (const int step : {kernel::kStepTangent, kernel::kStepNextTangent}) {
-        const AnimCurve curve = curveOf({{10, 1, kernel::kLinearTangent, step}, linear(20, 3)});
-        EXPECT_EQ(curve.valueAt(19), 1);
-        EXPECT_EQ(curve.valueAt(20), 3);
-    }
-    const AnimCurve smooth = curveOf({{10, 1, 18, 18}, {20, 3, 18, 18}});
-    EXPECT_EQ(smooth.valueAt(15), 2) << "tangents that are not computed with are straight";
-}
-
 TEST(AnimCurve, StaysFiniteAndLevelWhateverItsValues)
 {
     constexpr double kMost = std::numeric_limits<double>::max();

@@ -64,23 +64,6 @@ TEST(Events, CallbacksMayGoWhileTheEventIsDelivered)
     EXPECT_EQ(events.removeOf("wobblePlugin"), 1u);
 }
 
-TEST(Events, WatchersHearOfChangesOnly)
-{
-    Events events;
-    std::string log;
-    EXPECT_EQ(events.watch("nonsense", [](bool) {}), 0u);
-    const unsigned id = events.watch("playingBack", [&](bool on) { log += on ? '1' : '0'; });
-    for (const bool on : {false, true, true, false, true})
-        events.setCondition("playingBack", on);
-    EXPECT_EQ(log, "101");
-    EXPECT_TRUE(events.unwatch(id));
-    events.setCondition("playingBack", false);
-    EXPECT_EQ(log, "101");
-    EXPECT_FALSE(events.isCondition("mine"));
-    events.setCondition("mine", true);
-    EXPECT_TRUE(events.isCondition("mine") && events.condition("mine"));
-}
-
 TEST(Events, EveryWatcherHearsOfTheChangesInTheirOrder)
 {
     Events events;
@@ -102,21 +85,6 @@ TEST(Events, EveryWatcherHearsOfTheChangesInTheirOrder)
     const int before = told;
     events.setCondition("busy", !events.condition("busy"));
     EXPECT_GT(told, before);
-}
-
-TEST(IdleQueue, APassInsideAnEntryKeepsTheOrder)
-{
-    IdleQueue queue;
-    std::string log;
-    queue.post([&] {
-        log += 'a';
-        queue.post([&] { log += 'c'; });
-        queue.runPass();
-        log += 'd';
-    });
-    queue.post([&] { log += 'b'; });
-    queue.runPass();
-    EXPECT_EQ(log, "abcd");
 }
 
 TEST(IdleQueue, AnEndlessChainOfEntriesEndsAtTheLimit)

@@ -49,22 +49,3 @@ TEST(ImageSequence, AFileIsOfOneWhenItsNeighbourIsThere)
     EXPECT_FALSE(isOf("p.99999999999999999999.png"));
     std::filesystem::remove_all(folder);
 }
-
-TEST(ImageSequence, APlaneShowsTheNumberOfTheTimeOnlyWhenAskedTo)
-{
-    kernel::Session session;
-    const kernel::NodePtr plane = session.scene.makeNode(*session.nodeTypes.find("imagePlane"), "plane");
-    const auto set = [&plane](const char* attribute, kernel::PlugValue value) {
-        plane->setValue(*plane->attribute(attribute), std::move(value));
-    };
-    EXPECT_EQ(kernel::shownImage(*plane, 5), "");
-    set("imageName", std::string("p.0001.png"));
-    EXPECT_EQ(kernel::shownImage(*plane, 5), "p.0001.png");
-    set("useFrameExtension", 1.0);
-    EXPECT_EQ(kernel::shownImage(*plane, 5), "p.0005.png");
-    EXPECT_EQ(kernel::shownImage(*plane, 5.9), "p.0005.png") << "between frames the earlier one";
-    EXPECT_EQ(kernel::shownImage(*plane, 5.9999999), "p.0006.png") << "rounding of steps does not count";
-    set("frameOffset", 1000.0);
-    EXPECT_EQ(kernel::shownImage(*plane, 5), "p.1005.png");
-    EXPECT_EQ(kernel::shownImage(*plane, 1e300), "p.2147483647.png");
-}

@@ -72,17 +72,6 @@ TEST(ObjFile, NeighboursShareAnEdge)
     EXPECT_THAT(objects[0].mesh->faces, ElementsAre(ElementsAre(0, 1, 2), ElementsAre(-3, 3, 4)));
 }
 
-TEST(ObjFile, EachObjectHasItsOwnPoints)
-{
-    const auto objects = kernel::readObj(kSquare + "o left\nf 1 2 3\no empty\no right\nf 2 3 4\nf 4 3 1\n");
-    ASSERT_EQ(objects.size(), 2u);
-    EXPECT_EQ(objects[0].name, "left");
-    EXPECT_EQ(objects[0].mesh->points.size(), 3u);
-    EXPECT_EQ(objects[1].name, "right");
-    EXPECT_EQ(objects[1].mesh->points.size(), 4u);
-    EXPECT_EQ(objects[1].mesh->points[0], (kernel::Vector3{1, 0, 0}));
-}
-
 TEST(ObjFile, EdgesAreSmoothWhereBothFacesAre)
 {
     EXPECT_THAT(smoothEdges(kSquare + "f 1 2 3\nf 1 3 4\n"), ElementsAre(false, false, false, false, false));

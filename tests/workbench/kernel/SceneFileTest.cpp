@@ -10,7 +10,6 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
-#include <locale>
 #include <ostream>
 #include <sstream>
 
@@ -22,7 +21,6 @@ using namespace kernel;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
-using testing::UnorderedElementsAre;
 namespace fs = std::filesystem;
 
 namespace {
@@ -306,24 +304,6 @@ TEST_F(SceneFileTest, ModuleDataIsWrittenWordForWordAndAsksForItsModule)
     EXPECT_EQ(text(), once) << "the data's own stream settings do not stay";
     set(node, "wobbleText", std::shared_ptr<CustomData>());
     EXPECT_THAT(text(), HasSubstr("requires -nodeType \"wobble\" \"wobblePlugin\" \"1.4\";\n"));
-}
-
-TEST_F(SceneFileTest, TheProcessLocaleChangesNothing)
-{
-    struct Comma : std::numpunct<char> {
-        char do_decimal_point() const override { return ','; }
-        char do_thousands_sep() const override { return '.'; }
-        std::string do_grouping() const override { return "\3"; }
-    };
-    addWobbleModule();
-    set(addWobble(), "speed", 123456.5);
-    const std::string expected = text();
-    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new Comma));
-    const std::string written = text();
-    saveScene(session, path("a.ma"));
-    std::locale::global(before);
-    EXPECT_EQ(written, expected);
-    EXPECT_EQ(content(path("a.ma")), expected);
 }
 
 TEST_F(SceneFileTest, KeptStatementsGoToTheirSectionsOnce)

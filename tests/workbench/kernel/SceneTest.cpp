@@ -126,20 +126,6 @@ TEST_F(SceneTest, NamesAreMadeLegal)
     EXPECT_FALSE(Scene::isLegalName(""));
 }
 
-TEST_F(SceneTest, AShapeFollowsItsTransformsName)
-{
-    const NodePtr ball = transform("ball");
-    const NodePtr shape = make("implicitSphere", "ballShape", ball);
-    const NodePtr other = make("implicitSphere", "cheese", ball);
-    EXPECT_EQ(scene.rename(*ball, "pea7"), "pea7");
-    EXPECT_EQ(shape->name(), "peaShape7");
-    EXPECT_EQ(scene.rename(*ball, "pea"), "pea");
-    EXPECT_EQ(shape->name(), "peaShape");
-    EXPECT_EQ(other->name(), "cheese");
-    EXPECT_EQ(scene.rename(*ball, "persp"), "persp1") << "clash";
-    EXPECT_EQ(scene.rename(*ball, "persp1"), "persp1") << "its own name is free";
-}
-
 TEST_F(SceneTest, FindsNamesPathsAndPatterns)
 {
     const NodePtr a = transform("a");
@@ -161,20 +147,6 @@ TEST_F(SceneTest, FindsNamesPathsAndPatterns)
     EXPECT_THAT(namesOf("|"), ElementsAre());
 }
 
-TEST_F(SceneTest, PathsAreAsShortAsTheyCanBe)
-{
-    const NodePtr a = transform("a");
-    const NodePtr inner = transform("a", a);
-    const NodePtr deep = transform("a", inner);
-    EXPECT_EQ(scene.partialPath(*a), "|a");
-    EXPECT_EQ(scene.partialPath(*inner), "|a|a");
-    EXPECT_EQ(scene.partialPath(*deep), "a|a|a");
-    for (const NodePtr& node : {a, inner, deep})
-        EXPECT_EQ(scene.findOne(scene.partialPath(*node)), node);
-    EXPECT_EQ(scene.fullPath(*deep), "|a|a|a");
-    EXPECT_EQ(scene.fullPath(*scene.findOne("time1")), "time1");
-}
-
 TEST_F(SceneTest, ParentsMustBeAbleToHaveTheChild)
 {
     const NodePtr a = transform("a");
@@ -188,18 +160,6 @@ TEST_F(SceneTest, ParentsMustBeAbleToHaveTheChild)
     EXPECT_THAT(a->children(), ElementsAre(b, shape)) << "a refusal changes nothing";
     scene.setParent(b, nullptr, 0);
     EXPECT_EQ(scene.roots().front(), b);
-}
-
-TEST_F(SceneTest, CamerasAreListedAsTheHostDoes)
-{
-    transform("zebra");
-    make("camera", "zebraShape", scene.findOne("zebra"));
-    transform("ant");
-    make("camera", "antShape", scene.findOne("ant"));
-    std::vector<std::string> names;
-    for (const NodePtr& camera : scene.cameras())
-        names.push_back(camera->name());
-    EXPECT_THAT(names, ElementsAre("frontShape", "perspShape", "sideShape", "topShape", "zebraShape", "antShape"));
 }
 
 TEST_F(SceneTest, SelectionIsToldOnceWhenTheHostIsIdle)
@@ -225,21 +185,6 @@ TEST_F(SceneTest, SelectionIsToldOnceWhenTheHostIsIdle)
     session.idle.drain();
     EXPECT_EQ(told, 3);
     EXPECT_FALSE(session.events.condition("SomethingSelected"));
-}
-
-TEST_F(SceneTest, ASelectionMadeByWhoeverIsToldIsToldInALaterPass)
-{
-    int told = 0;
-    session.events.add("SelectionChanged", [&] {
-        if (++told == 1)
-            scene.setSelection({});
-    });
-    scene.setSelection({scene.findOne("persp")});
-    session.idle.runPass();
-    EXPECT_EQ(told, 1);
-    session.idle.runPass();
-    EXPECT_EQ(told, 2);
-    EXPECT_TRUE(session.idle.isEmpty());
 }
 
 TEST_F(SceneTest, ValuesFitTheirAttribute)
@@ -328,21 +273,4 @@ TEST_F(SceneTest, AChangeOfUnitKeepsTheInstants)
     EXPECT_EQ(scene.findOne("time1")->number("o"), 50);
     scene.setTimeUnit(TimeUnit::Invalid);
     EXPECT_EQ(scene.timeUnit(), TimeUnit::PalFrame);
-}
-
-TEST_F(SceneTest, HostTypesHaveNoNameTwiceAndWholeCompounds)
-{
-    for (const std::string& typeName : session.nodeTypes.names()) {
-        const NodeType& type = *session.nodeTypes.find(typeName);
-        for (const AttributePtr& attribute : type.allAttributes()) {
-            EXPECT_EQ(type.attribute(attribute->longName), attribute) << typeName << '.' << attribute->longName;
-            EXPECT_EQ(type.attribute(attribute->shortName), attribute) << typeName << '.' << attribute->shortName;
-            for (const std::string& child : attribute->children) {
-                ASSERT_TRUE(type.attribute(child)) << child;
-                EXPECT_EQ(type.attribute(child)->parent, attribute->longName);
-            }
-            EXPECT_EQ(attribute->kind == ValueKind::Compound, !attribute->children.empty()) << attribute->longName;
-            EXPECT_TRUE(attribute->parent.empty() || type.attribute(attribute->parent)) << attribute->longName;
-        }
-    }
 }

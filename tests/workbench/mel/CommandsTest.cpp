@@ -296,23 +296,6 @@ TEST(SessionCommands, OneBadOptionVariableDoesNotCostTheOthers)
     EXPECT_EQ(host.eval("optionVar -q a"), "1") << "a refused command sets nothing";
 }
 
-TEST(SessionCommands, AboutAndFolders)
-{
-    ScriptHost host;
-    host.session.prefsDir = "/srv/x/app/prefs/";
-    expectValues(host, {
-                           {"about -batch", "1"},
-                           {"about -version", "2019"},
-                           {"about -api", "20190000"},
-                           {"internalVar -userPrefDir", "/srv/x/app/prefs/"},
-                           {"internalVar -usd", "/srv/x/app/prefs/scripts/"},
-                           {"internalVar -uad", "/srv/x/app/"},
-                           {"isTrue playingBack", "0"},
-                           {"isTrue SomethingSelected", "0"},
-                       });
-    expectErrors(host, {{"isTrue nonsense", "isTrue: Unknown condition: nonsense"}});
-}
-
 TEST(DeferredCommands, TextsRunAtIdleInOrder)
 {
     ScriptHost host;

@@ -67,11 +67,6 @@ TEST_F(Import, GoesUnderANamespaceOfItsOwnUnlessMerged)
     EXPECT_EQ(eval("getAttr red1:ball.ty"), "7");
     ASSERT_TRUE(file("-import -namespace \"red\" -mergeNamespacesOnClash true", "a.ma"));
     EXPECT_EQ(eval("getAttr red:ball1.ty"), "7");
-}
-
-TEST_F(Import, TheRootNamespaceIsNone)
-{
-    write("a.ma", kBall);
     run("createNode transform -n ball");
     EXPECT_EQ(eval("file -import -namespace \":\" -returnNewNodes \"" + path("a.ma") + "\""), "a_ball ballShape");
 }

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int kCommands = 200;
+constexpr int kCommands = 300;
 
 /// Makes up commands that suit the scene as it is; some are refused all the same. The same seed gives the same ones.
 class Animator {
@@ -18,7 +18,7 @@ public:
 
     std::string nextCommand()
     {
-        switch (upTo(18)) {
+        switch (upTo(27)) {
         case 0: return "createNode transform -n " + name();
         case 1: return "createNode transform -n " + name() + " -p " + node();
         case 2: return "createNode locator -n " + name() + "Shape -p " + node();
@@ -36,7 +36,16 @@ public:
         case 14: return "parent -w " + oneOf({"-r ", ""}) + node();
         case 15: return "currentTime " + number(-20, 200) + "; select " + node();
         case 16: return "duplicate " + oneOf({"", "-n " + name() + " "}) + node();
-        case 17: return "playbackOptions -min " + number(1, 20) + " -max " + number(10, 90) + " -ast 0";
+        case 17: return "setKeyframe -t " + number(1, 9) + " -v " + number(-5, 5) + " " + keyable();
+        case 18: return "setKeyframe -ott " + oneOf({"step", "linear"}) + " -t 5 " + node();
+        case 19: return "cutKey -t \"" + number(1, 6) + ":" + number(4, 9) + "\" " + node();
+        case 20: return "keyframe -e -r -tc " + number(-3, 3) + " -vc 1 " + keyable();
+        case 21: return "keyTangent -itt linear -ott " + oneOf({"step", "linear"}) + " " + keyable();
+        case 22: return "connectAttr " + oneOf({"", "-f "}) + curve() + ".o " + keyable();
+        case 23: return "disconnectAttr " + curve() + ".o " + keyable();
+        case 24: return "delete " + curve();
+        case 25: return "setKeyframe -t " + number(1, 9) + " ball.tx; setAttr ball.tx " + number(-5, 5);
+        case 26: return "playbackOptions -min " + number(1, 20) + " -max " + number(10, 90) + " -ast 0";
         default: return "currentUnit -t " + oneOf({"film", "pal", "ntsc", "ntscf", "2fps"});
         }
     }
@@ -45,6 +54,8 @@ private:
     unsigned upTo(unsigned last) { return unsigned(m_random() % (last + 1)); }
     std::string number(int low, int high) { return std::to_string(low + int(upTo(unsigned(high - low)))); }
     std::string oneOf(const std::vector<std::string>& words) { return words[upTo(unsigned(words.size() - 1))]; }
+    std::string keyable() { return node() + "." + oneOf({"tx", "ty", "ry", "v"}); }
+    std::string curve() { return name() + oneOf({"_translateX", "_translateY", "_visibility"}); }
     std::string name() { return oneOf({"ball", "arm", "leg", "leg2", "shot"}); }
 
     std::string node()
@@ -68,6 +79,11 @@ std::string stateOf(ScriptHost& host)
     std::ostringstream state;
     kernel::writeSceneText(host.session, state, "long");
     kernel::writeSceneBinary(host.session, state, "long");
+    host.session.scene.walkDag([&](const kernel::Node& node) {
+        for (const char* name : {"translateX", "translateY", "rotateY", "visibility"})
+            state << kernel::exactNumberText(node.number(name)) << ' ';
+        return true;
+    });
     for (const kernel::NodePtr& node : host.session.scene.selection())
         state << host.session.scene.fullPath(*node) << '\n';
     state << kernel::exactNumberText(host.session.scene.currentTime().value);

@@ -124,15 +124,6 @@ TEST_F(ReferencedFile, ChangesThatCannotBeMadeAreWrittenBackAsTheyWere)
                                                                 "\"set.ma\";"));
 }
 
-TEST_F(ReferencedFile, AWrongChangeIsReportedWhereItStands)
-{
-    write("shot.ma", "file -r -ns \"set\" -rfn \"setRN\" \"set.ma\";\ncreateNode reference -n \"setRN\";\n"
-                     "\tsetAttr \".ed\" -type \"dataReferenceEdits\" \"setRN\" \"setRN\" 1\n"
-                     "\t\t2 \"|set:house\" \"translateX\" \" word\";\n");
-    reopen("shot.ma");
-    EXPECT_THAT(errors, ElementsAre(HasSubstr("shot.ma line 4: setAttr: Error reading data element number 1: word")));
-}
-
 TEST_F(ReferencedFile, AChangeThatIsRefusedIsWrittenBack)
 {
     write("fixed.ma", "createNode transform -n \"house\";\n\tsetAttr -l on \".tx\" 5;\n");
@@ -382,16 +373,6 @@ TEST_F(ReferencedFile, ANodeBelowOneThatIsNotLoadedKeepsItsParent)
     EXPECT_THAT(content("third.ma"), HasSubstr("createNode transform -n \"below\";"));
 }
 
-TEST_F(ReferencedFile, ANodeOfAnImportedFileFindsItsParentUnderTheNewName)
-{
-    write("room.ma", "file -r -ns \"set\" -dr 1 -rfn \"setRN\" \"set.ma\";\n"
-                     "createNode transform -n \"below\" -p \"|set:house\";\n");
-    run("createNode transform -n \"set:taken\"");
-    file("-import", "room.ma");
-    ASSERT_TRUE(run("file -loadReference \"setRN\"")) << errors.back();
-    EXPECT_EQ(eval("listRelatives -parent below"), "set1:house");
-}
-
 TEST_F(ReferencedFile, ARelativePathIsFoundFromWhereverTheSceneIsSaved)
 {
     write("shots/shot.ma", "file -r -ns \"set\" -rfn \"setRN\" \"../set.ma\";\n");
@@ -449,17 +430,6 @@ TEST_F(ReferencedFile, TheScenesOwnNodesStayInPlaceWhenRemoved)
     EXPECT_EQ(eval("getAttr mark.lpx"), "4");
 }
 
-TEST_F(ReferencedFile, TheScenesOwnNodesStayInPlaceWhenItHoldsOthers)
-{
-    write("room.ma", "file -r -ns \"set\" -rfn \"setRN\" \"set.ma\";\n"
-                     "createNode transform -n \"table\" -p \"set:house\";\n\tsetAttr \".ty\" 3;\n");
-    file("-reference -namespace \"room\"", "room.ma");
-    run("createNode transform -n below -p \"room:table\"; setAttr below.tz 1");
-    run("file -removeReference -referenceNode \"roomRN\"");
-    EXPECT_EQ(eval("ls -long below"), "|below");
-    EXPECT_EQ(eval("getAttr below.t"), "5 3 1");
-}
-
 TEST_F(ReferencedFile, WhatWasDoneBeforeItsReadingCannotBeUndone)
 {
     write("shot.ma", "file -r -ns \"set\" -dr 1 -rfn \"setRN\" \"set.ma\";\n"
@@ -513,15 +483,4 @@ TEST_F(ReferencedFile, NodesBelowOneThatMissesItsParentFindIt)
         EXPECT_EQ(eval("getAttr " + start + "box1.tx"), "4");
         EXPECT_EQ(eval("getAttr " + start + "box.tx"), "2");
     }
-}
-
-TEST_F(ReferencedFile, TimesAreReadInTheFilesUnit)
-{
-    write("pal.ma", "currentUnit -t pal;\ncreateNode renderGlobals -n \"rg\";\n\tsetAttr \".fs\" 25;\n");
-    file("-reference -namespace \"set\"", "pal.ma");
-    EXPECT_EQ(eval("currentUnit -q -time"), "film");
-    EXPECT_EQ(eval("getAttr set:rg.fs"), "24");
-    run("currentUnit -time ntsc");
-    saveAs("shot.ma");
-    EXPECT_THAT(content("shot.ma"), Not(HasSubstr(".ed"))) << "a change of unit changes no node";
 }

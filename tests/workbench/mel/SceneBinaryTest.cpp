@@ -194,8 +194,9 @@ TEST(SceneBinary, TextToBinaryToTextLosesNothing)
     const std::string path = testing::TempDir() + "sceneBinary.mb";
     kernel::saveScene(first.session, path);
     const std::string text = first.text();
-    for (const char* part : {"\"some bytes\"", "setAttr \".ex\" 4.50;", "lockNode", "mysteryPlugin", "file -rdi",
-                             "-min 3 -max 40", "-t pal", "connectAttr", "\\\"3\\\"", "createNode joint"})
+    for (const char* part :
+         {"\"some bytes\"", "setAttr \".ex\" 4.50;", "lockNode", "mysteryPlugin", "file -rdi", "-min 3 -max 40",
+          "-t pal", "connectAttr", "\\\"3\\\"", "createNode joint", "\"strange type\" -s", ":renderPartition"})
         EXPECT_THAT(text, HasSubstr(part));
 
     SceneHost second;

@@ -288,27 +288,6 @@ TEST(SceneReader, ChildrenOfUnknownNodesKeepTheirPlace)
     EXPECT_EQ(written(again), once);
 }
 
-TEST(SceneReader, WhatHasNoEffectHereIsWrittenBack)
-{
-    const Texts pieces = {
-        "\tlockNode -l 1;\n",
-        "\taddAttr -ln \"extra\" -at \"double\";\n\tsetAttr \".extra\" 3;\n",
-        "select -ne :renderPartition;\n\tsetAttr -s 2 \".st\";\n\taddAttr -ln \"more\" -at \"double\";\n",
-        "select -ne :lightList1;\n\tsetAttr -s 4 \".l\";\n",
-        "createNode \"strange type\" -s -n \"odd\";\n",
-    };
-    ScriptHost host;
-    EXPECT_TRUE(read(host, pieces[4] + "createNode transform -n \"a\";\n" + pieces[0] + "select -ne :time1;\n"
-                               + pieces[1] + pieces[2] + pieces[3]));
-    EXPECT_EQ(host.errors, Texts());
-    const std::string once = written(host);
-    for (const std::string& piece : pieces)
-        EXPECT_NE(once.find(piece), std::string::npos) << piece << "is not in\n" << once;
-    ScriptHost again;
-    EXPECT_TRUE(read(again, once));
-    EXPECT_EQ(written(again), once);
-}
-
 TEST(SceneReader, WhatANewerHostSaysIsReportedAndCostsLittle)
 {
     ScriptHost host;

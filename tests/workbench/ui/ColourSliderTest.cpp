@@ -39,13 +39,6 @@ TEST_F(ColourSliderTest, KeepsTheColourItIsGivenAndTellsNobody)
     EXPECT_EQ(log(), "");
 }
 
-TEST_F(ColourSliderTest, ValuesStandBeforeTheName)
-{
-    EXPECT_FALSE(run("colorSliderGrp -e -rgbValue ink 1 0.5 0"));
-    EXPECT_THAT(lastError(), testing::HasSubstr("rgbValue"));
-    EXPECT_EQ(rgb(), (kernel::DoubleArray{0, 0, 0}));
-}
-
 TEST_F(ColourSliderTest, DraggingChangesTheBrightnessAndTellsOfIt)
 {
     run("colorSliderGrp -e -rgbValue 0.2 0.4 0.8 ink");
@@ -78,14 +71,6 @@ TEST_F(ColourSliderTest, TheSwatchOpensADialogWhoseColourIsTaken)
     dialog->accept();
     EXPECT_EQ(log(), "c ");
     EXPECT_NEAR(rgb()[2], 0.2, 0.001);
-}
-
-TEST_F(ColourSliderTest, CallbacksSeeTheColour)
-{
-    run("colorSliderGrp -e -changeCommand \"$log = \\\"#1 #2 #3 #4\\\"\" ink; colorSliderGrp -e -rgbValue 0.25 0.5 1 "
-        "ink");
-    slider()->setValue(slider()->maximum() / 2);
-    EXPECT_EQ(log(), "0.125 0.25 0.5 #4");
 }
 
 TEST_F(ColourSliderTest, ColumnsOfWidthZeroAreHidden)

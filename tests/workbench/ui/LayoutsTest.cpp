@@ -85,48 +85,6 @@ TEST_F(LayoutsTest, PanesKeepTheSizesTheyWereGivenBeforeTheirChildrenCame)
     EXPECT_NEAR(widget("a")->height(), 150, 10) << "another arrangement starts evenly";
 }
 
-TEST_F(LayoutsTest, ChildrenChangePanesAndGo)
-{
-    run("window w; paneLayout -configuration vertical2 panes; button a; button b; button c");
-    EXPECT_EQ(value("paneLayout -q -childArray panes"), "a b c");
-    EXPECT_EQ(value("paneLayout -q -numberOfChildren panes"), "3");
-    EXPECT_TRUE(run("paneLayout -e -setPane c 1 panes"));
-    EXPECT_EQ(value("paneLayout -q -childArray panes"), "c b a");
-    show("w");
-    EXPECT_TRUE(widget("c")->isVisible());
-    EXPECT_FALSE(widget("a")->isVisible());
-    EXPECT_TRUE(run("paneLayout -e -paneSize 1 25 100 panes"));
-    QCoreApplication::processEvents();
-    EXPECT_NEAR(widget("c")->width(), 100, 8);
-    EXPECT_TRUE(run("deleteUI c"));
-    EXPECT_EQ(value("paneLayout -q -childArray panes"), "b a");
-    EXPECT_TRUE(widget("a")->isVisible()) << "moves up into the pane that came free";
-    deliverDeletions();
-    EXPECT_FALSE(run("paneLayout -e -setPane none 1 panes"));
-    EXPECT_FALSE(run("paneLayout -e -setPane a 3 panes"));
-}
-
-TEST_F(LayoutsTest, AnArrangementOfPanesComesBackAsItWasDragged)
-{
-    makePanes(4, "-configuration quad");
-    run("paneLayout -e -paneSize 1 30 25 panes");
-    QCoreApplication::processEvents();
-    const QSize dragged = widget("a")->size();
-    auto* const panes = widget<ui::PaneLayout>("panes");
-    const ui::PaneLayout::Arrangement before = panes->arrangement();
-    panes->setArrangement({"single", {widget("c")}, {}});
-    QCoreApplication::processEvents();
-    EXPECT_EQ(value("paneLayout -q -childArray panes"), "c a b d");
-    EXPECT_EQ(widget("c")->size(), panes->size());
-    EXPECT_FALSE(widget("a")->isVisible());
-    run("deleteUI b; setParent panes; button e");
-    panes->setArrangement(before);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(value("paneLayout -q -childArray panes"), "a c d e") << "what is new stands last";
-    EXPECT_EQ(value("paneLayout -q -configuration panes"), "quad");
-    EXPECT_EQ(widget("a")->size(), dragged);
-}
-
 TEST_F(LayoutsTest, ColumnsAndRowsSizeTheirChildren)
 {
     run("window w; columnLayout column; button -label x narrow; columnLayout -adjustableColumn 1 -parent column inner;"
@@ -162,15 +120,4 @@ TEST_F(LayoutsTest, FormsPlaceChildrenByTheirEdges)
     delete widget("a");
     EXPECT_TRUE(run("formLayout -e -attachForm b left 1 form")) << "an edge may be attached to what is gone";
     EXPECT_EQ(value("formLayout -q -childArray form"), "b c");
-}
-
-TEST_F(LayoutsTest, FramesFoldTheirChildrenAway)
-{
-    run("window w; frameLayout -label Ghosts -collapsable 1 frame; columnLayout; button a");
-    show("w");
-    EXPECT_TRUE(widget("a")->isVisible());
-    EXPECT_TRUE(run("frameLayout -e -collapse 1 frame"));
-    EXPECT_FALSE(widget("a")->isVisible());
-    EXPECT_EQ(value("frameLayout -q -collapse frame"), "1");
-    EXPECT_EQ(value("frameLayout -q -label frame"), "Ghosts");
 }

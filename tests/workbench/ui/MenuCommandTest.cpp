@@ -114,15 +114,4 @@ TEST_F(MenuCommandTest, DeletedMenusAndSubmenusGoWithAllThatIsInThem)
     EXPECT_TRUE(window.menuBar()->actions().isEmpty());
 }
 
-TEST_F(MenuCommandTest, SubmenusAreEditedLikeMenus)
-{
-    run("menu ink; menuItem -subMenu true -label Pick pick; menuItem one");
-    EXPECT_EQ(value("menu -q -itemArray pick"), "one");
-    run("menu -e -label Choose -dai pick");
-    EXPECT_EQ(value("menuItem -q -label pick"), "Choose");
-    EXPECT_EQ(item("pick")->text(), "Choose");
-    EXPECT_EQ(value("menu -q -numberOfItems pick"), "0");
-    EXPECT_EQ(errorOf("menu -q -itemArray one"), "menu: Object 'one' not found.");
-}
-
 }  // namespace

@@ -68,61 +68,6 @@ TEST_F(MenuItemCommandTest, NewItemsGoIntoTheLatestMenuOrSubmenu)
     EXPECT_EQ(value("menu -q -itemArray ink"), "menuItem1 pick beside");
 }
 
-TEST_F(MenuItemCommandTest, WhatIsSetIsReadBack)
-{
-    run("menuItem plain; menuItem -parent ink -subMenu true sub");
-    const struct {
-        const char* object;
-        const char* flag;
-        const char* value;
-        const char* initial;
-    } rows[] = {
-        {"plain", "-label", "Über uns", "plain"},
-        {"plain", "-mnemonic", "u", ""},
-        {"plain", "-command", "print 1", ""},
-        {"plain", "-sourceType", "python", "mel"},
-        {"plain", "-echoCommand", "0", "1"},
-        {"plain", "-enableCommandRepeat", "0", "1"},
-        {"plain", "-enable", "0", "1"},
-        {"plain", "-visible", "0", "1"},
-        {"plain", "-annotation", "what it does", ""},
-        {"plain", "-image", "nowhere.png", ""},
-        {"plain", "-boldFont", "1", "0"},
-        {"plain", "-italicized", "1", "0"},
-        {"plain", "-data", "7", "0"},
-        {"plain", "-longDivider", "0", "1"},
-        {"plain", "-docTag", "mine", ""},
-        {"sub", "-tearOff", "1", "0"},
-        {"sub", "-postMenuCommand", "print 1", ""},
-    };
-    for (const auto& row : rows) {
-        const std::string query = std::string("menuItem -q ") + row.flag + " " + row.object;
-        EXPECT_EQ(value(query), row.initial) << query;
-        run(std::string("menuItem -e ") + row.flag + " \"" + row.value + "\" " + row.object);
-        EXPECT_EQ(value(query), row.value) << query;
-    }
-    EXPECT_EQ(errorOf("menuItem -q -collection plain"), "menuItem: Flag '-collection' cannot be queried");
-    EXPECT_TRUE(item("plain")->font().bold());
-    EXPECT_FALSE(item("plain")->isVisible());
-}
-
-TEST_F(MenuItemCommandTest, SaysWhatAnItemIs)
-{
-    run("menuItem -divider true -dividerLabel \"Group\" line; menuItem -checkBox on check;"
-        "menuItem -radioButton on radio; menuItem base; menuItem -optionBox true box; menuItem -subMenu true sub");
-    const char* const flags[] = {"-divider", "-isCheckBox", "-isRadioButton", "-isOptionBox", "-subMenu"};
-    const std::pair<const char*, int> items[] = {{"line", 0}, {"check", 1}, {"radio", 2}, {"box", 3}, {"sub", 4}};
-    for (const auto& [name, which] : items) {
-        for (int i = 0; i < 5; ++i) {
-            const std::string query = std::string("menuItem -q ") + flags[i] + " " + name;
-            EXPECT_EQ(value(query), std::to_string(int(i == which))) << query;
-        }
-    }
-    EXPECT_EQ(item("line")->text(), "Group");
-    EXPECT_EQ(errorOf("menuItem -e -checkBox on base"), "menuItem: 'base' is not a check box");
-    EXPECT_EQ(errorOf("menuItem -e -radioButton on check"), "menuItem: 'check' is not a radio button");
-}
-
 TEST_F(MenuItemCommandTest, AChosenItemIsOneEchoedUndoStep)
 {
     run("menuItem -command \"createNode transform -n a; createNode transform -n b\" go;"

@@ -43,32 +43,6 @@ TEST_F(MenuSetsTest, ShowsTheCommonMenusThoseOfTheCurrentSetAndThoseOfNone)
     EXPECT_EQ(bar(), "file edit ink late help");
 }
 
-TEST_F(MenuSetsTest, EditsTheCurrentSetOrTheNamedOne)
-{
-    run("menuSet -am ink; menuSet -insertMenu help 0; menuSet -moveMenu mesh 5");
-    EXPECT_EQ(value("menuSet -q -menuArray"), "help ink mesh");
-    run("menuSet -removeMenu ink modelingMenuSet");
-    EXPECT_EQ(value("menuSet -q -ma modelingMenuSet"), "help mesh");
-    EXPECT_EQ(value("menuSet -q -numberOfMenus commonMenuSet"), "2");
-    EXPECT_EQ(value("menuSet -q -label animationMenuSet"), "Animation");
-    EXPECT_EQ(value("menuSet -q -allMenuSets"), "commonMenuSet modelingMenuSet animationMenuSet");
-    EXPECT_EQ(value("menuSet -label \"My Set\" mySet"), "mySet");
-    EXPECT_EQ(value("menuSet -q -numberOfMenuSets"), "4");
-    EXPECT_EQ(value("menuSet -exists mySet"), "1");
-    EXPECT_EQ(value("menuSet -exists yourSet"), "0");
-    EXPECT_EQ(value("menuSet -q -currentMenuSet"), "modelingMenuSet") << "making one does not show it";
-}
-
-TEST_F(MenuSetsTest, RefusesWhatIsNotThere)
-{
-    EXPECT_EQ(errorOf("menuSet -currentMenuSet nowhere"), "menuSet: Object 'nowhere' not found.");
-    EXPECT_EQ(errorOf("menuSet -addMenu nowhere"), "menuSet: Object 'nowhere' not found.");
-    EXPECT_EQ(errorOf("menuSet -moveMenu ink 0"), "menuSet: Object 'ink' not found.");
-    EXPECT_EQ(errorOf("menuSet -removeMenu ink"), "menuSet: Object 'ink' not found.");
-    EXPECT_EQ(errorOf("menuSet -q -menuArray nowhere"), "menuSet: Object 'nowhere' not found.");
-    EXPECT_EQ(value("menuSet -q -currentMenuSet"), "modelingMenuSet");
-}
-
 // "Set, add, restore": how a script adds its menu to one set.
 TEST_F(MenuSetsTest, MenusDeletedJustNowHaveNoPlaceInASet)
 {
@@ -89,16 +63,6 @@ TEST_F(MenuSetsTest, ScriptsFindSetsAndMenusByTheirLabels)
     EXPECT_EQ(bar(), "file edit mesh help");
     EXPECT_EQ(value("workingMode(\"animationMenuSet\")"), "animationMenuSet");
     EXPECT_EQ(bar(), "file edit keys ink help");
-}
-
-TEST_F(MenuSetsTest, TellsOfAChangeOfTheCurrentSetOnly)
-{
-    int told = 0;
-    session().events.add("MenuModeChanged", [&] { ++told; });
-    run("menuSet -cms modelingMenuSet; menuSet -am ink; menuSet -label x y");
-    EXPECT_EQ(told, 0);
-    run("menuSet -cms animationMenuSet");
-    EXPECT_EQ(told, 1);
 }
 
 TEST_F(MenuSetsTest, TheBoxFollowsTheSetAndChoosesIt)

@@ -3,7 +3,6 @@
 #include "view/Viewport.h"
 
 #include <QApplication>
-#include <QMenuBar>
 #include <QMouseEvent>
 #include <QPointer>
 
@@ -87,6 +86,12 @@ TEST_F(PanelsTest, AViewInAnotherWindowIsOneOfTheHosts)
     MDagPath camera;
     EXPECT_TRUE(view.getCamera(camera));
     EXPECT_EQ(camera.partialPathName(), MString("topShape"));
+    MPoint point;
+    MVector direction;
+    short x = 0, y = 0;
+    EXPECT_TRUE(view.viewToWorld(40, 70, point, direction));
+    view.worldToView(point + direction, x, y);
+    EXPECT_EQ(QPoint(x, y), QPoint(40, 70));
     EXPECT_FALSE(run("modelPanel floating"));
     EXPECT_THAT(lastError(), testing::HasSubstr("is not unique"));
 }
@@ -183,17 +188,6 @@ TEST_F(PanelsTest, ClosingTheWindowDeletesItsPanelAndItCanBeMadeAgain)
     EXPECT_TRUE(errors().empty()) << lastError();
 }
 
-TEST_F(PanelsTest, PanelsMoveBetweenWindows)
-{
-    EXPECT_TRUE(run("window other; paneLayout otherPanes; modelPanel -e -parent otherPanes floating"));
-    EXPECT_EQ(value("modelPanel -q -control floating"), "other|otherPanes|floating");
-    EXPECT_EQ(value("paneLayout -q -numberOfChildren panes"), "0");
-    EXPECT_TRUE(run("modelPanel -e -unParent floating; deleteUI other"));
-    EXPECT_EQ(value("modelPanel -exists floating"), "1") << "it stands in no window any more";
-    EXPECT_TRUE(run("deleteUI -panel floating"));
-    EXPECT_EQ(value("modelPanel -exists floating"), "0");
-}
-
 // A module takes the panel's widget into a panel of its own.
 TEST_F(PanelsTest, PanelsThatWereTakenAwayComeBack)
 {
@@ -205,66 +199,4 @@ TEST_F(PanelsTest, PanelsThatWereTakenAwayComeBack)
         EXPECT_EQ(value("paneLayout -q -childArray panes"), "floating");
     }
     EXPECT_EQ(value("modelPanel -q -control floating"), "tools|panes|floating");
-}
-
-TEST_F(PanelsTest, ADeletedCameraLeavesTheViewToPersp)
-{
-    run("lookThru lookCam floating");
-    EXPECT_EQ(value("lookThru -q floating"), "lookCam");
-    run("delete lookCam");
-    EXPECT_EQ(value("lookThru -q floating"), "persp");
-    run("undo");
-    EXPECT_EQ(value("lookThru -nearClip 0.5 -farClip 500 floating lookCam; getAttr lookCamShape.farClipPlane"), "500");
-    EXPECT_TRUE(run("file -force -new"));
-    EXPECT_EQ(value("lookThru -q floating"), "persp");
-}
-
-TEST_F(PanelsTest, EditorsSwitchWhatTheirViewShows)
-{
-    for (const char* flag : {"grid", "headsUpDisplay", "pluginShapes", "manipulators", "locators"}) {
-        const std::string name = flag;
-        EXPECT_EQ(value("modelEditor -q -" + name + " floating"), "1") << flag;
-        EXPECT_TRUE(run("modelEditor -e -" + name + " 0 floating"));
-        EXPECT_EQ(value("modelEditor -q -" + name + " floating"), "0") << flag;
-    }
-    EXPECT_FALSE(floating()->options().grid);
-    EXPECT_TRUE(main->options().grid);
-    run("modelEditor -e -displayAppearance wireframe -allObjects 0 floating");
-    EXPECT_TRUE(floating()->options().wireframe);
-    EXPECT_FALSE(floating()->options().objects);
-    for (const std::string renderer : {"base_OpenGL_Renderer", "vp2Renderer"}) {
-        EXPECT_TRUE(run("modelEditor -e -rendererName " + renderer + " floating"));
-        EXPECT_EQ(value("modelEditor -q -rendererName floating"), renderer);
-        EXPECT_EQ(floating()->isLegacy(), renderer != "vp2Renderer");
-    }
-    EXPECT_FALSE(run("modelEditor -e -rendererName nonsense floating"));
-    EXPECT_FALSE(run("modelEditor other"));
-}
-
-TEST_F(PanelsTest, MenusStandAboveTheViewUnlessTheyAreHidden)
-{
-    EXPECT_EQ(value("menu -label Shot -parent floating shot"), "floating|shot");
-    auto* const bar = widget("floating")->findChild<QMenuBar*>();
-    ASSERT_NE(bar, nullptr);
-    EXPECT_EQ(bar->actions(), QList<QAction*>{menu("shot")->menuAction()});
-    run("showWindow tools");
-    QCoreApplication::sendPostedEvents();
-    EXPECT_GT(bar->height(), 0);
-    EXPECT_LE(bar->geometry().bottom(), floating()->geometry().top());
-    const int height = floating()->height();
-    run("modelPanel -e -menuBarVisible 0 floating");
-    EXPECT_EQ(value("modelPanel -q -menuBarVisible floating"), "0");
-    QCoreApplication::sendPostedEvents();
-    EXPECT_GT(floating()->height(), height) << "the view has its room";
-    run("deleteUI -panel floating");
-    EXPECT_EQ(value("menu -exists shot"), "0");
-}
-
-TEST_F(PanelsTest, ToolContextsAreDeletedByName)
-{
-    EXPECT_EQ(value("currentCtx"), "scriptedToolCtx1");
-    EXPECT_TRUE(run("deleteUI -toolContext scriptedToolCtx1"));
-    EXPECT_EQ(value("currentCtx"), "selectSuperContext");
-    EXPECT_FALSE(run("deleteUI -toolContext scriptedToolCtx1"));
-    EXPECT_FALSE(run("deleteUI -toolContext selectSuperContext"));
 }

@@ -187,16 +187,6 @@ TEST_F(WindowsTest, KeysThatNothingWantsGoToTheMainWindow)
     EXPECT_EQ(filter.seen, (QList<QEvent::Type>{QEvent::KeyPress, QEvent::KeyRelease}));
 }
 
-TEST_F(WindowsTest, WindowButtonsAndSizeFollowTheirFlags)
-{
-    run("window -minimizeButton 0 -maximizeButton 1 -widthHeight 200 150 -sizeable 0 tools");
-    EXPECT_EQ(value("window -q -minimizeButton tools"), "0");
-    EXPECT_EQ(value("window -q -maximizeButton tools"), "1");
-    EXPECT_EQ(value("window -q -sizeable tools"), "0");
-    run("window -e -sizeable 1 tools; window -e -widthHeight 240 160 tools");
-    EXPECT_EQ(value("window -q -widthHeight tools"), "240 160");
-}
-
 // What a module does: it takes a control into a panel of its own, and deletes that.
 TEST_F(WindowsTest, AControlWithoutAWindowCanBeTakenAwayAndDeleted)
 {

@@ -47,14 +47,3 @@ TEST_F(Bounds, HoldsTheVisibleSurfacesBelowANode)
     EXPECT_EQ(box->low, (kernel::Vector3{-0.5, -0.5, -0.5})) << "in the space asked for";
     EXPECT_EQ(box->high, (kernel::Vector3{0.5, 0.5, 0.5}));
 }
-
-TEST_F(Bounds, NodesWithoutASurfaceCountByTheirPlaceWhenAsked)
-{
-    const kernel::NodePtr empty = add("transform", "empty");
-    set(empty, "translateY", 7);
-    EXPECT_FALSE(view::boxAround({empty}, {}, false));
-    EXPECT_FALSE(view::boxAround({}, {}, true));
-    const std::optional<view::Box> box = view::boxAround({empty}, {}, true);
-    ASSERT_TRUE(box);
-    EXPECT_EQ(box->centre(), (kernel::Vector3{0, 7, 0}));
-}

@@ -213,18 +213,6 @@ TEST(CameraMath, GatesGoWithThePictureThatIsPannedAndZoomed)
     }
 }
 
-TEST(CameraMath, AGateOfAPortOrFilmThatIsNoneIsStillARectangle)
-{
-    for (const int side : {0, 1}) {
-        Lens lens = wideLens(Lens::Fit::Fill);
-        lens.verticalAperture = 1e-4;
-        const view::PortRect rect = view::gateRect(lens, side, side, 1.78);
-        EXPECT_TRUE(std::isfinite(rect.left) && std::isfinite(rect.bottom));
-        EXPECT_GT(rect.width, 0);
-        EXPECT_GT(rect.height, 0);
-    }
-}
-
 TEST(CameraMath, NearAndFarPlanesAreTheEndsOfClipSpace)
 {
     for (const bool orthographic : {false, true}) {
@@ -233,19 +221,6 @@ TEST(CameraMath, NearAndFarPlanesAreTheEndsOfClipSpace)
         EXPECT_NEAR(depthOf(lens, 1), -1, kClose);
         EXPECT_NEAR(depthOf(lens, 1000), 1, kClose);
         EXPECT_LT(depthOf(lens, 20), depthOf(lens, 21));
-    }
-}
-
-TEST(CameraMath, APixelCoversTheUnitsItSays)
-{
-    for (const bool orthographic : {false, true}) {
-        Lens lens = wideLens(Lens::Fit::Fill);
-        lens.orthographic = orthographic;
-        const double units = view::unitsPerPixel(view::frustumOf(lens, 300, 200), 200, 12);
-        const Pixel a = pixelOf(lens, 300, 200, {1, 1, -12});
-        const Pixel b = pixelOf(lens, 300, 200, {1 + units, 1 - 2 * units, -12});
-        EXPECT_NEAR(b.x - a.x, 1, 1e-6);
-        EXPECT_NEAR(b.y - a.y, -2, 1e-6);
     }
 }
 

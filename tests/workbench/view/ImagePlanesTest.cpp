@@ -340,15 +340,3 @@ TEST_F(ImagePlanes, WarnOnceAboutWhatCannotBeShown)
     picture();
     EXPECT_THAT(warnings, IsEmpty()) << "a plane without a file is no fault";
 }
-
-TEST_F(ImagePlanes, ThatAreDeletedAreGoneAndBackAfterwards)
-{
-    set(plane, "imageName", write("plate.png", kPlate, QSize(1500, 1000)));
-    const QImage shown = picture();
-    EXPECT_NE(shown, empty);
-    const kernel::NodePtr transform = plane->parent()->shared_from_this();
-    session.scene.detach(transform);
-    EXPECT_TRUE(isEmpty());
-    session.scene.attach(transform, camera->parent());
-    EXPECT_EQ(picture(), shown);
-}

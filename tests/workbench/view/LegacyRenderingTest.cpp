@@ -157,15 +157,12 @@ TEST_F(LegacyRendering, WhatAModuleLeavesBehindSpoilsNothing)
         const char* what;
         std::function<void()> leave;
     } cases[] = {
-        {"matrices pushed",
+        {"matrices",
          [] {
              glMatrixMode(GL_PROJECTION);
              glPushMatrix();
              glMatrixMode(GL_MODELVIEW);
              glPushMatrix();
-         }},
-        {"a texture matrix",
-         [] {
              glMatrixMode(GL_TEXTURE);
              glScalef(9, 9, 9);
          }},
@@ -174,19 +171,16 @@ TEST_F(LegacyRendering, WhatAModuleLeavesBehindSpoilsNothing)
              glPushAttrib(GL_ALL_ATTRIB_BITS);
              glPushClientAttrib(GL_CLIENT_ALL_ATTRIB_BITS);
          }},
-        {"switches",
+        {"switches, masks and a port",
          [] {
              glEnable(GL_CULL_FACE);
              glEnable(GL_SCISSOR_TEST);
              glScissor(0, 0, 1, 1);
              glEnable(GL_LIGHTING);
-         }},
-        {"a colour mask",
-         [] {
+             glViewport(0, 0, 3, 3);
              glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
              glDepthMask(GL_FALSE);
          }},
-        {"a port", [] { glViewport(0, 0, 3, 3); }},
         {"arrays",
          [] {
              glEnableClientState(GL_VERTEX_ARRAY);

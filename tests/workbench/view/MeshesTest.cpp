@@ -88,14 +88,3 @@ TEST(Meshes, AreClosedFaceOutwardAndHaveTheirSize)
     EXPECT_NEAR(volume(cone) / (M_PI * 1.5 * 1.5 * 4 / 3), 1, 0.01);
     EXPECT_NEAR(cone.positions[1], -2, 1e-6) << "stands on its base";
 }
-
-TEST(Meshes, EdgesJoinPointsOfTheMesh)
-{
-    for (const Mesh& mesh : {view::boxMesh(1, 1, 1), view::sphereMesh(1), view::coneMesh(1, 2)}) {
-        EXPECT_FALSE(mesh.edges.empty());
-        EXPECT_EQ(mesh.edges.size() % 2, 0u);
-        for (const unsigned index : mesh.edges) {
-            EXPECT_LT(index, mesh.positions.size() / 3);
-        }
-    }
-}

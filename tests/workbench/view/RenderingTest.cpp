@@ -115,19 +115,6 @@ void expectNear(const QColor& colour, const QColor& wanted, const char* what)
 
 }  // namespace
 
-TEST_F(Rendering, TheSameStateGivesTheSamePicture)
-{
-    EXPECT_EQ(picture(nullptr), empty);
-    const Draw stroke = [](MHWRender::MUIDrawManager& manager) {
-        manager.line2d(MPoint(3, 5, 0), MPoint(200, 131, 0));
-        manager.text2d(MPoint(100, 60, 0), "Frame 12");
-    };
-    const QImage drawn = picture(stroke);
-    EXPECT_NE(drawn, empty);
-    EXPECT_EQ(picture(stroke), drawn);
-    EXPECT_EQ(picture(nullptr), empty) << "what a tool drew is gone with the next frame";
-}
-
 TEST_F(Rendering, ATransparentPictureLeavesNoTrace)
 {
     // Ink's own colour stands behind alpha 0 too; linear filtering must not let it through.
@@ -155,17 +142,6 @@ TEST_F(Rendering, PicturesStandUprightAndBlendByTheirAlpha)
     const QImage faint = picture(square(texture, 60, MColor(1, 1, 1, 0)));
     EXPECT_EQ(faint, empty) << "the drawing colour's alpha counts";
     textures()->releaseTexture(texture);
-}
-
-TEST_F(Rendering, AChangedTextureShowsAtTheNextFrame)
-{
-    MHWRender::MTexture* const texture = makeTexture(2, 2, std::vector<QRgb>(4, qRgba(200, 0, 0, 255)));
-    picture(square(texture, 30));
-    const std::vector<unsigned char> bytes = bytesOf(std::vector<QRgb>(4, qRgba(0, 0, 200, 255)));
-    ASSERT_TRUE(texture->update(bytes.data(), false));
-    expectNear(at(picture(square(texture, 30)), kWidth / 2, kHeight / 2), QColor(0, 0, 200), "after the update");
-    textures()->releaseTexture(texture);
-    EXPECT_EQ(picture(nullptr), empty);
 }
 
 TEST_F(Rendering, HigherPrioritiesLieAboveLowerOnes)
