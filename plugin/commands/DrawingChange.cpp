@@ -6,6 +6,7 @@
 #include "node/BaseNode.h"
 #include "node/MadeTarget.h"
 #include "node/TimelineMarks.h"
+#include "settings/ToolGesture.h"
 
 namespace {
 
@@ -38,6 +39,7 @@ MStatus DrawingChange::executeOn(BaseNode& node)
     }
     if (changesAnything()) {
         made.drop();
+        toolGesture::drawingChanged();
     } else {
         made.putBack();
     }

@@ -4,7 +4,7 @@
 
 class LayerManager;
 
-/// An edit of layers or frames. A first run that fails leaves a stroke in progress as it was, too. Whenever it
+/// An edit of layers or frames. A first run that fails leaves what the tool has under way as it was, too. Whenever it
 /// succeeded, done or undone, every layer shows what it has at the scene's time and all views and marks are drawn anew.
 class DrawingChange : public DrawingEdit {
 protected:
@@ -18,7 +18,7 @@ protected:
     /// Fixes, after that, what every later run goes by; what was made for the paste is out of the drawing from here on.
     /// False, and reported, when the edit cannot be done.
     virtual bool prepare(LayerManager& manager);
-    virtual bool changesAnything() const;  ///< a first run that changes nothing leaves a stroke in progress, too
+    virtual bool changesAnything() const;  ///< a first run that changes nothing leaves what is under way, too
     // False leaves the drawing as it was.
     virtual bool apply(LayerManager& manager) = 0;
     virtual bool reapply(LayerManager& manager);  ///< the redo, when it differs

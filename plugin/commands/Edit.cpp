@@ -1,6 +1,7 @@
 #include "commands/Edit.h"
 
 #include "node/BaseNode.h"
+#include "settings/ToolGesture.h"
 
 MStatus DrawingEdit::execute()
 {
@@ -20,6 +21,7 @@ MStatus DrawingEdit::undo()
 
 MStatus DrawingEdit::rerun(MStatus (DrawingEdit::*step)(BaseNode&))
 {
+    toolGesture::takeBack();
     BaseNode* node = BaseNode::masterNode();
     if (!node) {
         return MStatus::kFailure;

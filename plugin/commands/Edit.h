@@ -14,8 +14,8 @@ public:
     virtual MStatus undo() = 0;
 };
 
-/// An edit of the scene's drawing; fails in a scene without one. Undone or redone under a floating paste, it finds the
-/// drawing without the layer and the frame that were made for the paste.
+/// An edit of the scene's drawing; fails in a scene without one. Undone or redone while the tool in use has something
+/// under way, it finds the drawing without what that is, and without the layer and the frame that were made for it.
 class DrawingEdit : public Edit {
 public:
     MStatus execute() final;

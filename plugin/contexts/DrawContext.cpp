@@ -58,14 +58,16 @@ void DrawContext::toolOnSetup(MEvent&)
         script::createDrawingNodeOnIdle();
     }
     TimelineMarks::setToolActive(true);
-    toolGesture::setFinish([this] { finish(); });
+    toolGesture::Answers answers;
+    answers.finish = [this] { finish(); };
+    toolGesture::setAnswers(answers);
     m_inputHandler.setUp();
 }
 
 void DrawContext::toolOffCleanup()
 {
     finish();
-    toolGesture::setFinish(nullptr);
+    toolGesture::setAnswers({});
     TimelineMarks::setToolActive(false);
     m_inputHandler.cleanUp();
 }

@@ -18,6 +18,7 @@ bool FloatingRegion::open()
         return false;
     }
     m_node = master->thisMObject();
+    m_camerasBefore = master->layerManager()->currentCameras();
     m_camera = HostViews().activeCamera();
     return isOpen();
 }
@@ -34,6 +35,14 @@ void FloatingRegion::close()
     m_camera.clear();
     m_layerCreated = false;
     m_frameCreated = false;
+}
+
+void FloatingRegion::letGo()
+{
+    const std::shared_ptr<LayerManager> drawing = manager();
+    if (recordIn(drawing.get())) {
+        drawing->dropStroke();
+    }
 }
 
 BaseNode* FloatingRegion::node() const
@@ -141,8 +150,10 @@ void FloatingRegion::takeBack(BaseNode& node)
     if (!m_layerCreated && layerIndex >= 0 && drawing->activeLayerIndex(m_camera) != layerIndex) {
         drawing->setActiveLayer(m_camera, layerIndex, false);
     }
+    if (drawing->currentCamera() == m_camera) {
+        drawing->restoreCurrentCameras(m_camerasBefore);
+    }
     publishMasterDrawing();
-    node.redrawActiveView();
 }
 
 bool FloatingRegion::hasClipboard() const

@@ -20,6 +20,7 @@ public:
     /// node.
     bool open();
     void close();  ///< takes back what still floats, its outline too, and forgets where
+    void letGo();  ///< drops what floats, for the drawing has changed beneath it, and leaves the rest as it is now
     bool isOpen() const { return !m_camera.isEmpty(); }
     const QString& camera() const { return m_camera; }  ///< empty unless open
     BaseNode* node() const;                             ///< null unless open and when it is gone
@@ -55,7 +56,8 @@ private:
 
     MObjectHandle m_node;
     QString m_camera;
-    MTime m_begun;                // the scene's time then
+    MTime m_begun;  // the scene's time then
+    CurrentCameras m_camerasBefore;
     bool m_layerCreated = false;  // for what is pasted
     bool m_frameCreated = false;
     QRect m_clipboard;  // the region that was kept last

@@ -1,13 +1,16 @@
 #include "contexts/TransformContext.h"
 
+#include "model/TransformMap.h"
 #include "node/BaseNode.h"
 #include "node/TimelineMarks.h"
 #include "settings/Names.h"
 #include "settings/ScriptBridge.h"
+#include "settings/ToolGesture.h"
+
+#include <QApplication>
 
 #include <maya/M3dView.h>
 #include <maya/MCursor.h>
-#include <maya/MEvent.h>
 
 namespace {
 
@@ -16,13 +19,7 @@ const char kSelectingHelp[] =
 const char kTransformingHelp[] =
     "Translate(LMB)  Rotate(Shift+LMB)  Scale(MMB)  Apply Changes(Enter)  Revert(Backspace)  Cancel(ESC)";
 
-QPoint positionOf(const MEvent& event)
-{
-    short x = 0;
-    short y = 0;
-    event.getPosition(x, y);
-    return QPoint(x, y);
-}
+const int kScalingInterval = 16;  // ms
 
 }  // namespace
 
@@ -31,21 +28,38 @@ TransformContext::TransformContext() : m_inputHandler(*this), m_anchor()
     setTitleString("Transform Context");
     setImage(":/icons/transform_context_01.png", MPxContext::kImage1);
     setCursor(MCursor::editCursor);
+    m_scaling.setInterval(kScalingInterval);
+    QObject::connect(&m_scaling, &QTimer::timeout, [this] { goOnScaling(); });
 }
 
 void TransformContext::toolOnSetup(MEvent&)
 {
-    reset();
-    m_failed = false;
+    handle(Event::Leave);
+    showHelp();
     TimelineMarks::setToolActive(true);
+    listen();
     m_inputHandler.setUp();
 }
 
 void TransformContext::toolOffCleanup()
 {
-    reset();
+    handle(Event::Leave);
+    toolGesture::setAnswers({});
     TimelineMarks::setToolActive(false);
     m_inputHandler.cleanUp();
+}
+
+void TransformContext::listen()
+{
+    toolGesture::Answers answers;
+    answers.takeBack = [this] { handle(Event::TakeBack); };
+    answers.drawingChanged = [this] { handle(Event::DrawingChanged); };
+    answers.timeChanged = [this] {
+        if (BaseNode* const node = m_floating.node()) {
+            node->scheduleRedraw();
+        }
+    };
+    toolGesture::setAnswers(answers);
 }
 
 void TransformContext::getClassName(MString& name) const
@@ -60,117 +74,133 @@ MStatus TransformContext::helpStateHasChanged(MEvent&)
 
 MStatus TransformContext::showHelp()
 {
-    return setHelpString(isTransforming() ? kTransformingHelp : kSelectingHelp);
+    return setHelpString(m_state == State::Transforming ? kTransformingHelp : kSelectingHelp);
+}
+
+// What happens, and what comes of it ----------------------------------------------------------------------------------
+
+struct TransformContext::Transition {
+    State state;
+    Event event;
+    Outcome (TransformContext::*act)();
+    State done;
+    State refused;
+};
+
+// What does not stand here is ignored. Where an act comes to nothing the state stays.
+const TransformContext::Transition TransformContext::kTransitions[] = {
+    {State::Selecting, Event::Press, &TransformContext::beginSelection, State::Selecting, State::Failed},
+    {State::Selecting, Event::Drag, &TransformContext::dragSelection, State::Selecting, State::Selecting},
+    {State::Selecting, Event::Release, &TransformContext::endSelection, State::Selecting, State::Selecting},
+    {State::Selecting, Event::Float, &TransformContext::floatSelection, State::Transforming, State::Failed},
+    {State::Selecting, Event::Paste, &TransformContext::floatClipboard, State::Transforming, State::Failed},
+    {State::Selecting, Event::Lost, &TransformContext::close, State::Selecting, State::Selecting},
+    {State::Selecting, Event::Leave, &TransformContext::close, State::Selecting, State::Selecting},
+
+    {State::Transforming, Event::Press, &TransformContext::beginDrag, State::Transforming, State::Failed},
+    {State::Transforming, Event::Drag, &TransformContext::dragOn, State::Transforming, State::Transforming},
+    {State::Transforming, Event::Release, &TransformContext::endDrag, State::Transforming, State::Transforming},
+    {State::Transforming, Event::Flip, &TransformContext::flipNow, State::Transforming, State::Transforming},
+    {State::Transforming, Event::PutDown, &TransformContext::putDown, State::Selecting, State::Selecting},
+    {State::Transforming, Event::TakeBack, &TransformContext::close, State::Selecting, State::Selecting},
+    {State::Transforming, Event::DrawingChanged, &TransformContext::letGo, State::Selecting, State::Selecting},
+    {State::Transforming, Event::Lost, &TransformContext::close, State::Selecting, State::Selecting},
+    {State::Transforming, Event::Leave, &TransformContext::close, State::Selecting, State::Selecting},
+
+    {State::Failed, Event::TakeBack, &TransformContext::close, State::Failed, State::Failed},
+    {State::Failed, Event::DrawingChanged, &TransformContext::letGo, State::Failed, State::Failed},
+    {State::Failed, Event::Lost, &TransformContext::close, State::Failed, State::Failed},
+    {State::Failed, Event::Leave, &TransformContext::close, State::Selecting, State::Selecting},
+};
+
+void TransformContext::handle(Event event)
+{
+    if (isLost()) {
+        step(Event::Lost);
+    }
+    step(event);
+}
+
+void TransformContext::step(Event event)
+{
+    for (const Transition& transition : kTransitions) {
+        if (transition.state != m_state || transition.event != event) {
+            continue;
+        }
+        const Outcome outcome = (this->*transition.act)();
+        if (outcome != Outcome::Nothing) {
+            enter(outcome == Outcome::Done ? transition.done : transition.refused);
+        }
+        return;
+    }
+}
+
+void TransformContext::enter(State state)
+{
+    if (m_state != state) {
+        m_state = state;
+        stopDrag();
+        showHelp();
+    }
+}
+
+// With its node or its scene, or with the drawing that it was a copy of.
+bool TransformContext::isLost() const
+{
+    const bool isThere = m_state == State::Transforming ? m_floating.record() != nullptr : m_floating.node() != nullptr;
+    return m_floating.isOpen() && !isThere;
 }
 
 // Pointer -------------------------------------------------------------------------------------------------------------
 
+bool TransformContext::isOfSecondButton(const MEvent& event) const
+{
+    return m_drag != Drag::None && event.mouseButton() != m_button;
+}
+
+void TransformContext::follow(const MEvent& event)
+{
+    short x = 0;
+    short y = 0;
+    event.getPosition(x, y);
+    m_pointer = QPoint(x, y);
+    m_shift = event.isModifierShift();
+}
+
 MStatus TransformContext::doPress(MEvent& event)
 {
-    m_drag = Drag::None;
-    if (m_failed) {
+    if (isOfSecondButton(event)) {
         return MStatus::kSuccess;
     }
+    follow(event);
+    stopDrag();  // of a press whose release never came
+    m_button = event.mouseButton();
     m_inputHandler.watchActiveView();
     MStatus status;
     M3dView view = M3dView::active3dView(&status);
     m_view = status ? view.widget() : nullptr;
-    letGoOfWhatIsGone();
-    const QPoint position = positionOf(event);
-    if (isTransforming()) {
-        pressTransforming(event, position);
-    } else if (event.mouseButton() == MEvent::kLeftMouse && begin(&FloatingRegion::aimAtSelection)) {
-        m_drag = Drag::Select;
-        m_span = {position, position};
-        showChange();
-    }
+    handle(Event::Press);
     return MStatus::kSuccess;
-}
-
-// With its node or its scene, or with the drawing that it was a copy of.
-void TransformContext::letGoOfWhatIsGone()
-{
-    const bool isThere = isTransforming() ? m_floating.record() != nullptr : m_floating.node() != nullptr;
-    if (m_floating.isOpen() && !isThere) {
-        reset();
-    }
-}
-
-void TransformContext::pressTransforming(const MEvent& event, const QPoint& position)
-{
-    if (!m_floating.isInActiveView()) {
-        m_failed = true;
-        return;
-    }
-    if (!followView(position)) {
-        return;
-    }
-    m_anchor = anchorOf(position, m_transform);
-    if (event.mouseButton() == MEvent::kMiddleMouse) {
-        m_drag = Drag::Scale;
-    } else {
-        m_drag = event.isModifierShift() ? Drag::Rotate : Drag::Translate;
-    }
-    showChange();
-}
-
-// The view may have been resized, zoomed or panned: what was begun stays where it is on the canvas, and a drag goes on
-// from there. In a view as it was nothing is worked out anew, for the move in view pixels is the exact one.
-bool TransformContext::followView(const QPoint& pointer)
-{
-    BaseNode& node = *m_floating.node();
-    const QPoint start = node.portToCanvas(m_span.start);
-    const QPoint startBefore = node.canvasToPort(start);
-    if (!node.followToolView(m_view, m_floating.camera())) {
-        return false;
-    }
-    const ActiveStroke* const record = m_floating.record();
-    if (!record) {
-        m_span.start += node.canvasToPort(start) - startBefore;
-        return true;
-    }
-    const ViewSpan span = spanOf(record->region);
-    if (span.start != m_span.start || span.end != m_span.end) {
-        m_span = span;
-        const QPoint moved = record->region.topLeft() + m_transform.translation;
-        m_transform.viewTranslation = node.canvasToPort(moved) - span.start;
-        m_anchor = anchorOf(pointer, m_transform);
-    }
-    return true;
 }
 
 MStatus TransformContext::doDrag(MEvent& event)
 {
-    letGoOfWhatIsGone();
-    if (m_drag != Drag::None) {
-        const QPoint position = positionOf(event);
-        followView(position);
-        dragTo(position, event.isModifierShift());
-        showChange();
+    follow(event);
+    handle(Event::Drag);
+    return MStatus::kSuccess;
+}
+
+MStatus TransformContext::doRelease(MEvent& event)
+{
+    if (!isOfSecondButton(event)) {
+        handle(Event::Release);
     }
     return MStatus::kSuccess;
 }
 
-void TransformContext::dragTo(const QPoint& position, bool shift)
+void TransformContext::releaseLost()
 {
-    switch (m_drag) {
-    case Drag::None: break;
-    case Drag::Select: m_span.end = position; break;
-    case Drag::Translate: {
-        const BaseNode& node = *m_floating.node();
-        m_transform.viewTranslation = position - m_anchor.translation;
-        m_transform.translation = node.portToCanvas(position) - node.portToCanvas(m_anchor.translation);
-        break;
-    }
-    case Drag::Rotate: turnTo(m_transform, m_anchor, position.x()); break;
-    case Drag::Scale: scaleTowards(m_transform, m_anchor, position, shift); break;
-    }
-}
-
-MStatus TransformContext::doRelease(MEvent&)
-{
-    m_drag = Drag::None;
-    return MStatus::kSuccess;
+    handle(Event::Release);
 }
 
 MStatus TransformContext::doPress(MEvent& event, MHWRender::MUIDrawManager& drawManager,
@@ -195,168 +225,288 @@ MStatus TransformContext::doRelease(MEvent& event, MHWRender::MUIDrawManager&, c
     return doRelease(event);
 }
 
-// Keys ----------------------------------------------------------------------------------------------------------------
+// Keys and the menu ---------------------------------------------------------------------------------------------------
+
+bool TransformContext::isTransforming()
+{
+    if (isLost()) {
+        step(Event::Lost);
+    }
+    return m_state == State::Transforming;
+}
 
 void TransformContext::completeAction()
 {
-    if (isTransforming()) {
-        apply();
-    } else {
+    if (m_state != State::Transforming) {
         transform(false);
+        return;
     }
+    handle(Event::PutDown);  // of what has been lost meanwhile, too
+    // The tool is ready for the next region by itself; the host may enter it anew without leaving it first.
+    script::switchToTransformToolDeferred();
 }
 
-// The ways out stay open when the tool has failed: they only take back, and set the tool up again.
 void TransformContext::deleteAction()
 {
-    restart();
+    handle(Event::Leave);
+    script::switchToTransformToolDeferred();
 }
 
 void TransformContext::abortAction()
 {
-    reset();
+    handle(Event::Leave);
     script::switchToDrawToolDeferred();
 }
 
-// The menu ------------------------------------------------------------------------------------------------------------
+void TransformContext::floatAs(const FloatingRegion::Taking& taking)
+{
+    m_taking = taking;
+    handle(taking.paste ? Event::Paste : Event::Float);
+}
 
 void TransformContext::transform(bool keepSource)
 {
-    start({false, keepSource, false});
-}
-
-void TransformContext::flip(bool RegionTransform::*direction)
-{
-    if (!m_failed && m_floating.record()) {
-        m_transform.*direction = !(m_transform.*direction);
-        showChange();
-    }
+    floatAs({false, keepSource, false});
 }
 
 void TransformContext::cut()
 {
-    if (start({true, true, false})) {
-        apply();
+    floatAs({true, true, false});
+    if (isTransforming()) {
+        completeAction();
     }
 }
 
 void TransformContext::copy()
 {
-    if (start({false, true, false})) {
+    floatAs({false, true, false});
+    if (isTransforming()) {
         deleteAction();
     }
 }
 
-bool TransformContext::paste(const QPoint& position)
+void TransformContext::pasteAndTransform(const QPoint& position)
 {
-    if (m_failed || isTransforming() || !canPaste() || !begin(&FloatingRegion::aimAtPasteTarget)) {
-        return false;
-    }
-    const QPoint corner = withinReach(m_floating.node()->viewToCanvas(position));
-    return floatRegion(QRect(corner, m_floating.clipboardSize()), {false, false, true});
+    m_pastePosition = position;
+    floatAs({false, false, true});
 }
 
-// From the selection to the commit ------------------------------------------------------------------------------------
+void TransformContext::paste(const QPoint& position)
+{
+    pasteAndTransform(position);
+    if (isTransforming()) {
+        completeAction();
+    }
+}
+
+void TransformContext::flip(bool RegionTransform::*direction)
+{
+    m_flip = direction;
+    handle(Event::Flip);
+}
+
+// While a region is selected ------------------------------------------------------------------------------------------
 
 // Without a drawing node nothing happens; with nothing to aim at the tool has failed.
-bool TransformContext::begin(Aim aim)
+TransformContext::Outcome TransformContext::begin(Aim aim)
 {
-    reset();
-    return m_floating.open() && aimAt(aim);
-}
-
-bool TransformContext::aimAt(Aim aim)
-{
-    m_failed = !(m_floating.*aim)();
-    return !m_failed;
-}
-
-bool TransformContext::start(const FloatingRegion::Taking& taking)
-{
-    if (m_failed || isTransforming()) {
-        return false;
+    close();
+    if (!m_floating.open()) {
+        return Outcome::Nothing;
     }
-    // The time and the layer may have changed since the region was selected, so both are taken up anew.
+    return (m_floating.*aim)() ? Outcome::Done : Outcome::Refused;
+}
+
+TransformContext::Outcome TransformContext::beginSelection()
+{
+    if (m_button != MEvent::kLeftMouse) {
+        return Outcome::Nothing;
+    }
+    const Outcome outcome = begin(&FloatingRegion::aimAtSelection);
+    if (outcome == Outcome::Done) {
+        const QPointF point = m_floating.node()->portToCanvasPoint(m_pointer);
+        m_selection = {point, point};
+        m_drag = Drag::Select;
+        showSelection();
+    }
+    return outcome;
+}
+
+TransformContext::Outcome TransformContext::dragSelection()
+{
+    if (m_drag == Drag::Select) {
+        followView();
+        m_selection.end = m_floating.node()->portToCanvasPoint(m_pointer);
+        showSelection();
+    }
+    return Outcome::Done;
+}
+
+TransformContext::Outcome TransformContext::endSelection()
+{
+    m_selection = normalised(m_selection);
+    stopDrag();
+    return Outcome::Done;
+}
+
+// The time and the layer may have changed since the region was selected, so both are taken up anew.
+TransformContext::Outcome TransformContext::floatSelection()
+{
     const Aim aim = &FloatingRegion::aimAtSelection;
-    const bool ready = m_floating.node() ? aimAt(aim) : begin(aim);
-    return ready && floatRegion(selectedRegion(), taking);
+    const Outcome outcome = !m_floating.node() ? begin(aim) : (m_floating.*aim)() ? Outcome::Done : Outcome::Refused;
+    return outcome == Outcome::Done ? floatRegion(regionOf(m_selection)) : outcome;
 }
 
-QRect TransformContext::selectedRegion() const
+TransformContext::Outcome TransformContext::floatClipboard()
 {
-    if (m_span.start == m_span.end) {
-        return wholeCanvas();
+    if (!canPaste()) {
+        return Outcome::Nothing;
     }
-    const BaseNode& node = *m_floating.node();
-    return canvasRegion(node.portToCanvas(m_span.start), node.portToCanvas(m_span.end));
-}
-
-ViewSpan TransformContext::spanOf(const QRect& region) const
-{
-    const BaseNode& node = *m_floating.node();
-    return {node.canvasToPort(region.topLeft()), node.canvasToPort(region.bottomRight() + QPoint(1, 1))};
-}
-
-bool TransformContext::floatRegion(const QRect& region, const FloatingRegion::Taking& taking)
-{
-    if (!m_floating.take(region, taking)) {
-        return false;
+    const Outcome outcome = begin(&FloatingRegion::aimAtPasteTarget);
+    if (outcome != Outcome::Done) {
+        return outcome;
     }
-    m_span = spanOf(region);
+    const QPoint corner = withinReach(m_floating.node()->viewToCanvas(m_pastePosition));
+    return floatRegion(QRect(corner, m_floating.clipboardSize()));
+}
+
+TransformContext::Outcome TransformContext::floatRegion(const QRect& region)
+{
+    if (!m_floating.take(region, m_taking)) {
+        return Outcome::Nothing;
+    }
+    showTransform();
+    return Outcome::Done;
+}
+
+// While it floats -----------------------------------------------------------------------------------------------------
+
+TransformContext::Outcome TransformContext::beginDrag()
+{
+    if (!m_floating.isInActiveView()) {
+        return Outcome::Refused;
+    }
+    if (!followView()) {
+        return Outcome::Nothing;
+    }
+    m_anchor = anchorOf(m_pointer, m_floating.node()->portToCanvas(m_pointer), m_transform);
+    if (m_button == MEvent::kMiddleMouse) {
+        m_drag = Drag::Scale;
+    } else {
+        m_drag = m_shift ? Drag::Rotate : Drag::Translate;
+    }
+    return Outcome::Done;
+}
+
+// The view may have been resized, zoomed or panned: a drag goes on from where the region is.
+bool TransformContext::followView()
+{
+    BaseNode& node = *m_floating.node();
+    const BaseNode::ToolView view = node.followToolView(m_view, m_floating.camera());
+    if (view == BaseNode::ToolView::Changed) {
+        m_anchor = anchorOf(m_pointer, node.portToCanvas(m_pointer), m_transform);
+    }
+    return view != BaseNode::ToolView::Gone;
+}
+
+TransformContext::Outcome TransformContext::dragOn()
+{
+    if (m_drag != Drag::None) {
+        followView();
+        moveTransform();
+        showTransform();
+    }
+    return Outcome::Done;
+}
+
+void TransformContext::moveTransform()
+{
+    switch (m_drag) {
+    case Drag::None:
+    case Drag::Select: break;
+    case Drag::Translate:
+        m_transform.translation = m_floating.node()->portToCanvas(m_pointer) - m_anchor.translation;
+        break;
+    case Drag::Rotate: turnTo(m_transform, m_anchor, m_pointer.x()); break;
+    case Drag::Scale:
+        scaleTowards(m_transform, m_anchor, m_pointer, m_shift);
+        m_scaling.start();
+        break;
+    }
+}
+
+// The button may have been let go where nobody heard of it.
+void TransformContext::goOnScaling()
+{
+    handle(QApplication::mouseButtons() & Qt::MiddleButton ? Event::Drag : Event::Release);
+}
+
+TransformContext::Outcome TransformContext::endDrag()
+{
+    stopDrag();
+    return Outcome::Done;
+}
+
+void TransformContext::stopDrag()
+{
     m_drag = Drag::None;
-    m_state = State::Transforming;
-    showHelp();
-    showChange();
-    return true;
+    m_scaling.stop();
 }
 
-void TransformContext::apply()
+TransformContext::Outcome TransformContext::flipNow()
 {
-    if (m_failed) {
-        return;
-    }
-    if (m_floating.record() && m_floating.isWhereItBegan()) {
+    m_transform.*m_flip = !(m_transform.*m_flip);
+    showTransform();
+    return Outcome::Done;
+}
+
+TransformContext::Outcome TransformContext::putDown()
+{
+    if (m_floating.isWhereItBegan()) {
         m_floating.commit();
     }
-    restart();  // which takes back what was not committed
+    return close();  // takes back what was not committed
 }
 
-void TransformContext::reset()
+TransformContext::Outcome TransformContext::letGo()
+{
+    m_floating.letGo();
+    return close();
+}
+
+TransformContext::Outcome TransformContext::close()
 {
     m_floating.close();
-    m_state = State::Selecting;
-    m_drag = Drag::None;
-    m_span = ViewSpan();
+    m_selection = Selection();
     m_transform = RegionTransform();
-    showHelp();
-}
-
-// The tool is ready for the next region by itself; the host may enter it anew without leaving it first.
-void TransformContext::restart()
-{
-    reset();
-    script::switchToTransformToolDeferred();
+    stopDrag();
+    return Outcome::Done;
 }
 
 // Display -------------------------------------------------------------------------------------------------------------
 
-void TransformContext::showChange()
+void TransformContext::showTransform()
 {
-    if (ActiveStroke* const stroke = m_floating.record()) {
-        fillRecord(*stroke, m_transform);
-    }
-    const Outline corners = transformedOutline(m_span, m_transform);
-    m_floating.node()->setRegionOutline({m_floating.camera(), corners});
-    m_floating.node()->redrawActiveView();
+    ActiveStroke& record = *m_floating.record();
+    fillRecord(record, m_transform);
+    show(transformedCorners(record));
+}
+
+void TransformContext::show(const Corners& corners)
+{
+    BaseNode& node = *m_floating.node();
+    node.setRegionOutline({m_floating.camera(), corners});
+    node.redrawActiveView();
+    const Corners inView = cornersInView(corners, node.toolMetrics());
     if (m_drawManager) {
         m_drawManager->beginDrawable();
-        drawOutline(*m_drawManager, corners);
+        drawOutline(*m_drawManager, inView);
         m_drawManager->endDrawable();
         return;
     }
     MStatus status;
     M3dView view = M3dView::active3dView(&status);
     if (status) {
-        drawOutline(view, corners);
+        drawOutline(view, inView);
     }
 }

@@ -5,12 +5,14 @@
 #include "contexts/TransformGeometry.h"
 
 #include <QPointer>
+#include <QTimer>
 #include <QWidget>
 
+#include <maya/MEvent.h>
 #include <maya/MPxContext.h>
 
 /// The transform tool: a region of the drawing is selected, moved, turned, scaled and flipped, and put back as one undo
-/// step.
+/// step. What it does when something happens stands in a table of transitions.
 class TransformContext : public MPxContext {
 public:
     TransformContext();
@@ -35,47 +37,80 @@ public:
     void abortAction() override;     ///< takes the transform back and goes on to the draw tool
 
     // The menu's actions; each does nothing where the menu does not offer it.
-    bool isTransforming() const { return m_state == State::Transforming; }
+    bool isTransforming();
     bool canPaste() const { return m_floating.hasClipboard(); }
     void transform(bool keepSource);  ///< floats what is selected; keepSource: a copy of it
     void flip(bool RegionTransform::*direction);
     void cut();
     void copy();
-    /// Floats what was kept last, its upper left corner at a point of the active view's widget (y pointing up). False
-    /// when it cannot.
-    bool paste(const QPoint& position);
+    /// Floats what was kept last, its upper left corner at a point of the active view's widget (y pointing up).
+    void pasteAndTransform(const QPoint& position);
+    void paste(const QPoint& position);  ///< and puts it down there
+
+    /// The button that was pressed in the view has been let go elsewhere; nothing when none is held.
+    void releaseLost();
 
 private:
-    enum class State { Selecting, Transforming };
+    enum class State { Selecting, Transforming, Failed };  // failed: until the tool is set up again
+    enum class Event { Press, Drag, Release, Float, Paste, Flip, PutDown, TakeBack, DrawingChanged, Lost, Leave };
+    enum class Outcome { Done, Refused, Nothing };
+    struct Transition;
+    static const Transition kTransitions[];
     enum class Drag { None, Select, Translate, Rotate, Scale };
 
-    using Aim = bool (FloatingRegion::*)();
-    bool begin(Aim aim);
-    bool aimAt(Aim aim);
-    bool start(const FloatingRegion::Taking& taking);
-    bool floatRegion(const QRect& region, const FloatingRegion::Taking& taking);
-    QRect selectedRegion() const;
-    ViewSpan spanOf(const QRect& region) const;
-    void apply();
-    void reset();
-    void restart();
+    void handle(Event event);
+    void step(Event event);
+    void enter(State state);
+    bool isLost() const;
+    void floatAs(const FloatingRegion::Taking& taking);
 
-    void letGoOfWhatIsGone();
-    void pressTransforming(const MEvent& event, const QPoint& position);
-    bool followView(const QPoint& pointer);  // false: the view shows no canvas to work on
-    void dragTo(const QPoint& position, bool shift);
-    void showChange();
+    // What the table names
+    Outcome beginSelection();
+    Outcome dragSelection();
+    Outcome endSelection();
+    Outcome floatSelection();
+    Outcome floatClipboard();
+    Outcome beginDrag();
+    Outcome dragOn();
+    Outcome endDrag();
+    Outcome flipNow();
+    Outcome putDown();
+    Outcome close();
+    Outcome letGo();
+
+    using Aim = bool (FloatingRegion::*)();
+    Outcome begin(Aim aim);
+    Outcome floatRegion(const QRect& region);
+    void follow(const MEvent& event);
+    bool isOfSecondButton(const MEvent& event) const;
+    bool followView();  // false: the view shows no canvas to work on
+    void moveTransform();
+    void stopDrag();
+    void goOnScaling();
+    void listen();
+
+    void showSelection() { show(cornersOf(m_selection)); }
+    void showTransform();
+    void show(const Corners& corners);
     MStatus showHelp();
 
     TransformContextInputHandler m_inputHandler;
     MHWRender::MUIDrawManager* m_drawManager = nullptr;  // during an event in Viewport 2.0
-    QPointer<QWidget> m_view;                            // of the last press
     FloatingRegion m_floating;
     State m_state = State::Selecting;
-    bool m_failed = false;  // nothing more is begun until the tool is set up again
+
+    // What the event in hand is about
+    QPointer<QWidget> m_view;  // of the last press
+    MEvent::MouseButtonType m_button = MEvent::kLeftMouse;
+    QPoint m_pointer;  // port pixels
+    bool m_shift = false;
+    FloatingRegion::Taking m_taking = {false, false, false};
+    QPoint m_pastePosition;
+    bool RegionTransform::*m_flip = nullptr;
 
     Drag m_drag = Drag::None;
     DragAnchor m_anchor;
-    ViewSpan m_span;
+    QTimer m_scaling;  // the host tells of a pointer only while that moves
+    Selection m_selection;
     RegionTransform m_transform;
 };

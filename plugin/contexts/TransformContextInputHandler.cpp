@@ -57,7 +57,7 @@ void addRows(QMenu& menu, const MenuRow (&rows)[count], QObject* receiver, bool 
 
 void TransformContextInputHandler::setUp()
 {
-    m_backslashHeld = false;
+    m_keys.clear();
     watchActiveView();
 }
 
@@ -77,11 +77,13 @@ bool TransformContextInputHandler::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::KeyPress:
-    case QEvent::KeyRelease:
-        if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Backslash) {
-            m_backslashHeld = event->type() == QEvent::KeyPress;
+    case QEvent::KeyRelease: m_keys.follow(static_cast<QKeyEvent&>(*event)); break;
+    case QEvent::MouseMove:
+        if (m_views.contains(watched) && static_cast<QMouseEvent*>(event)->buttons() == Qt::NoButton) {
+            m_tool.releaseLost();
         }
         break;
+    case QEvent::WindowDeactivate: m_tool.releaseLost(); break;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
         if (m_views.contains(watched) && asksForMenu(static_cast<QMouseEvent&>(*event))) {
@@ -96,7 +98,7 @@ bool TransformContextInputHandler::eventFilter(QObject* watched, QEvent* event)
 
 bool TransformContextInputHandler::asksForMenu(const QMouseEvent& event) const
 {
-    return asksForContextMenu(event) && !m_backslashHeld && Preferences::instance().transformToolContextMenu();
+    return asksForContextMenu(event) && !m_keys.sparesMenus() && Preferences::instance().transformToolContextMenu();
 }
 
 void TransformContextInputHandler::openMenu(QWidget& view, const QPoint& position)
@@ -144,14 +146,12 @@ void TransformContextInputHandler::Copy()
 
 void TransformContextInputHandler::Paste()
 {
-    if (m_tool.paste(m_menuPosition)) {
-        m_tool.completeAction();
-    }
+    m_tool.paste(m_menuPosition);
 }
 
 void TransformContextInputHandler::PasteAndTransform()
 {
-    m_tool.paste(m_menuPosition);
+    m_tool.pasteAndTransform(m_menuPosition);
 }
 
 void TransformContextInputHandler::Apply()

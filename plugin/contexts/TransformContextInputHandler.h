@@ -1,15 +1,16 @@
 #pragma once
 
+#include "contexts/HeldKeys.h"
 #include "contexts/WatchedViews.h"
 
 #include <QObject>
 #include <QPoint>
 
-class QKeyEvent;
 class QMouseEvent;
 class TransformContext;
 
-/// Opens the transform tool's menu in the view that the tool works in, and carries out what is chosen there.
+/// Opens the transform tool's menu in the view that the tool works in, and carries out what is chosen there. Notices
+/// when a press has lost its release.
 class TransformContextInputHandler : public QObject {
     Q_OBJECT
 
@@ -42,6 +43,6 @@ private:
 
     TransformContext& m_tool;
     WatchedViews m_views{*this};
-    bool m_backslashHeld = false;
+    HeldKeys m_keys;
     QPoint m_menuPosition;  // pixels of the view, y pointing up
 };

@@ -1,8 +1,7 @@
 #include "contexts/TransformGeometry.h"
 
 #include "model/Canvas.h"
-
-#include <QMatrix>
+#include "settings/Rounding.h"
 
 #include <algorithm>
 
@@ -23,26 +22,37 @@ double signedScale(float scale, bool flipped)
 
 }  // namespace
 
+Selection normalised(const Selection& selection)
+{
+    return {
+        QPointF(std::min(selection.start.x(), selection.end.x()), std::min(selection.start.y(), selection.end.y())),
+        QPointF(std::max(selection.start.x(), selection.end.x()), std::max(selection.start.y(), selection.end.y()))};
+}
+
+Corners cornersOf(const Selection& selection)
+{
+    const QPointF& start = selection.start;
+    const QPointF& end = selection.end;
+    return {{start, QPointF(end.x(), start.y()), end, QPointF(start.x(), end.y())}};
+}
+
+QRect regionOf(const Selection& selection)
+{
+    if (selection.isEmpty()) {
+        return QRect(0, 0, kCanvasSize, kCanvasSize);
+    }
+    const Selection corners = normalised(selection);
+    return QRect(withinReach(roundedHalfUp(corners.start)), withinReach(roundedHalfUp(corners.end)));
+}
+
 QPoint withinReach(const QPoint& pixel)
 {
     return QPoint(withinReach(pixel.x()), withinReach(pixel.y()));
 }
 
-QRect canvasRegion(const QPoint& corner, const QPoint& opposite)
+DragAnchor anchorOf(const QPoint& press, const QPoint& pixel, const RegionTransform& transform)
 {
-    const QPoint topLeft(std::min(corner.x(), opposite.x()), std::min(corner.y(), opposite.y()));
-    const QPoint bottomRight(std::max(corner.x(), opposite.x()), std::max(corner.y(), opposite.y()));
-    return QRect(withinReach(topLeft), withinReach(bottomRight));
-}
-
-QRect wholeCanvas()
-{
-    return QRect(0, 0, kCanvasSize, kCanvasSize);
-}
-
-DragAnchor anchorOf(const QPoint& press, const RegionTransform& transform)
-{
-    return {press - transform.viewTranslation, float(press.x()) - transform.angle, float(press.x()) - transform.scaleX,
+    return {pixel - transform.translation, float(press.x()) - transform.angle, float(press.x()) - transform.scaleX,
             float(press.y()) - transform.scaleY};
 }
 
@@ -61,22 +71,6 @@ void scaleTowards(RegionTransform& transform, const DragAnchor& anchor, const QP
     }
     transform.scaleX = std::max(transform.scaleX, kSmallestScale);
     transform.scaleY = std::max(transform.scaleY, kSmallestScale);
-}
-
-Outline transformedOutline(const ViewSpan& span, const RegionTransform& transform)
-{
-    const QPointF centre = (QPointF(span.start) + QPointF(span.end)) / 2.0;
-    QMatrix matrix;
-    matrix.translate(centre.x(), centre.y());
-    matrix.rotate(-double(transform.angle));  // the view's y points up: clockwise is the other way round
-    matrix.scale(double(transform.scaleX), double(transform.scaleY));
-    matrix.translate(-centre.x(), -centre.y());
-    Outline corners = {
-        {span.start, QPointF(span.end.x(), span.start.y()), span.end, QPointF(span.start.x(), span.end.y())}};
-    for (QPointF& corner : corners) {
-        corner = matrix.map(corner) + transform.viewTranslation;
-    }
-    return corners;
 }
 
 void fillRecord(ActiveStroke& record, const RegionTransform& transform)

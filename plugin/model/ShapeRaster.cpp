@@ -3,6 +3,7 @@
 #include "model/Canvas.h"
 #include "model/DabMask.h"
 #include "model/DrawingPainter.h"
+#include "model/TransformMap.h"
 #include "settings/Rounding.h"
 
 #include <QVector2D>
@@ -107,43 +108,13 @@ void drawText(QPainter& painter, const ActiveStroke& record, bool preview)
     }
 }
 
-// The middle of the region; where there is no middle pixel, the right or lower one of the middle two.
-QPoint centreOf(const QRect& region)
-{
-    QPoint centre = region.center();
-    if (region.width() % 2 == 0) {
-        centre.rx() += 1;
-    }
-    if (region.height() % 2 == 0) {
-        centre.ry() += 1;
-    }
-    return centre;
-}
-
-QMatrix turnAndScale(const ActiveStroke& record)
-{
-    QMatrix matrix;
-    matrix.rotate(static_cast<double>(record.angle));
-    matrix.scale(record.scaleX, record.scaleY);
-    return matrix;
-}
-
-/// What would be made of the image is far larger than the canvas on which a part of it is seen.
-bool isVast(const ActiveStroke& record, const QSize& size)
-{
-    constexpr double kLargest = 16.0 * kCanvasSize * kCanvasSize;
-    const QRectF box = turnAndScale(record).mapRect(QRectF(QPointF(0, 0), size));
-    return box.width() * box.height() > kLargest;
-}
-
 // Only the part on the canvas is made: all of it would take seconds, and may not fit into memory.
-void drawVast(QPainter& painter, const ActiveStroke& record, const QImage& image)
+void drawVast(QPainter& painter, const QTransform& map, const QImage& image)
 {
     painter.save();
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.translate(centreOf(record.region) + record.translation);
-    painter.setTransform(QTransform(turnAndScale(record)), true);
-    painter.drawImage(QPointF(-image.width() / 2.0, -image.height() / 2.0), image);
+    painter.setTransform(map, true);
+    painter.drawImage(0, 0, image);
     painter.restore();
 }
 
@@ -169,27 +140,16 @@ void renderShape(QImage& canvas, const ActiveStroke& record, bool preview)
 
 void drawTransformed(QPainter& painter, const ActiveStroke& record, const QImage& image)
 {
-    if (record.pasteAsIs) {
-        painter.drawImage(record.region.topLeft() + record.translation, image);
-        return;
+    constexpr double kLargest = 16.0 * kCanvasSize * kCanvasSize;
+    const TransformMap placed = transformMap(record, image.size());
+    if (placed.box.width() * placed.box.height() > kLargest) {
+        drawVast(painter, placed.map, image);
+    } else {
+        painter.drawImage(placed.box.topLeft(), image.transformed(placed.map, Qt::SmoothTransformation));
     }
-    if (isVast(record, image.size())) {
-        drawVast(painter, record, image);
-        return;
-    }
-    const QImage transformed = image.transformed(turnAndScale(record), Qt::SmoothTransformation);
-    const QPoint corner = centreOf(record.region) - QPoint(transformed.width() / 2, transformed.height() / 2);
-    painter.drawImage(record.translation + corner, transformed);
 }
 
 QRect transformedBox(const ActiveStroke& record, const QSize& size)
 {
-    constexpr qreal kRounding = 2;
-    QRectF box(record.region.topLeft(), size);
-    if (!record.pasteAsIs) {
-        box = turnAndScale(record).mapRect(QRectF(QPointF(0, 0), size));
-        box.moveCenter(centreOf(record.region));
-        box.adjust(-kRounding, -kRounding, kRounding, kRounding);
-    }
-    return (box.translated(record.translation) & QRectF(0, 0, kCanvasSize, kCanvasSize)).toAlignedRect();
+    return (transformMap(record, size).box & QRectF(0, 0, kCanvasSize, kCanvasSize)).toAlignedRect();
 }

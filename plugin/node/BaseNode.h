@@ -114,23 +114,23 @@ public:
     /// From now on viewToCanvas maps points of this view; drawing other views does not change that. False, and the
     /// mapping stays as it was, when the view is gone or shows no canvas that points could be told on.
     bool prepareToolView(M3dView& view);
-    /// Prepares the view of a widget again as it is now: it may have been resized, zoomed or panned. False, and the
-    /// mapping stays, when it is gone, looks through another camera or shows no canvas.
-    bool followToolView(const QWidget* widget, const QString& camera);
+    enum class ToolView { Gone, AsBefore, Changed };
+    /// Prepares the view of a widget again as it is now: it may have been resized, zoomed or panned. Gone, and the
+    /// mapping stays, when it is no more, looks through another camera or shows no canvas.
+    ToolView followToolView(const QWidget* widget, const QString& camera);
+    const ViewportMetrics& toolMetrics() const { return m_toolMetrics; }
     /// Canvas pixel under a point of the tool's view (its widget's pixels, but y pointing up).
     QPoint viewToCanvas(const QPoint& point) const;
     /// The same for a point as the tools' events give it: port pixels, y pointing up.
     QPoint portToCanvas(const QPoint& point) const;
-    /// Where the tool's view shows the upper left corner of a canvas pixel; port pixels.
-    QPoint canvasToPort(const QPoint& pixel) const;
+    QPointF portToCanvasPoint(const QPoint& point) const;  ///< not rounded to a pixel
     /// How large the tool's view shows the canvas.
     double portPixelsPerCanvasPixel() const;
 
     /// Shown in Viewport 2.0 from the next redraw on.
     void setRegionOutline(const RegionOutline& outline) { m_regionOutline = outline; }
     const RegionOutline& regionOutline() const { return m_regionOutline; }
-    /// The outline belongs into a view of this camera whose metrics were worked out last: its corners fit views that
-    /// show the canvas where the tool's view did.
+    /// The outline belongs into the view of this camera whose metrics were worked out last.
     bool showsRegionOutline(const QString& camera) const;
 
     /// Has the views draw the node anew at their next refresh.

@@ -109,7 +109,7 @@ MUserData* BaseNodeDrawOverride::prepareForDraw(const MDagPath& objPath, const M
     data->cameraHasDrawing = node->hasDrawingFor(camera);
     data->opacity = node->opacity();
     data->showRegion = node->showsRegionOutline(camera);
-    data->corners = node->regionOutline().corners;
+    data->corners = cornersInView(node->regionOutline().corners, node->metrics());
     data->frameNumber = node->currentFrameNumber();
     return data;
 }

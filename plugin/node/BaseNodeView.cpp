@@ -6,12 +6,9 @@
 #include "model/FrameNumber.h"
 #include "node/CameraMetrics.h"
 #include "node/ViewOfWidget.h"
-#include "settings/Rounding.h"
 #include "settings/ScriptBridge.h"
 
 #include <maya/MViewport2Renderer.h>
-
-#include <cmath>
 
 namespace {
 
@@ -37,14 +34,6 @@ void endGl(M3dView& view)
 #else
 #pragma GCC diagnostic pop
 #endif
-
-/// Points of one view are the same points of the other. The two kinds of views work their pan out in different ways.
-bool showAlike(const ViewportMetrics& a, const ViewportMetrics& b)
-{
-    const double kSame = 0.5;  // pixels
-    return a.width == b.width && a.height == b.height && std::abs(double(a.drawnSize) - double(b.drawnSize)) < kSame
-        && a.panOffset.isEquivalent(b.panOffset, kSame);
-}
 
 bool looksThrough(M3dView& view, const QString& camera)
 {
@@ -119,10 +108,14 @@ bool BaseNode::prepareToolView(M3dView& view)
     return true;
 }
 
-bool BaseNode::followToolView(const QWidget* widget, const QString& camera)
+BaseNode::ToolView BaseNode::followToolView(const QWidget* widget, const QString& camera)
 {
+    const ViewportMetrics before = m_toolMetrics;
     M3dView view;
-    return findView(widget, view) && looksThrough(view, camera) && prepareToolView(view);
+    if (!findView(widget, view) || !looksThrough(view, camera) || !prepareToolView(view)) {
+        return ToolView::Gone;
+    }
+    return showAlike(before, m_toolMetrics) ? ToolView::AsBefore : ToolView::Changed;
 }
 
 QPoint BaseNode::viewToCanvas(const QPoint& point) const
@@ -135,10 +128,9 @@ QPoint BaseNode::portToCanvas(const QPoint& point) const
     return canvasPixelAt(m_toolMetrics, point.x(), point.y());
 }
 
-QPoint BaseNode::canvasToPort(const QPoint& pixel) const
+QPointF BaseNode::portToCanvasPoint(const QPoint& point) const
 {
-    const MPoint point = viewPointOf(m_toolMetrics, pixel);
-    return QPoint(roundedHalfUp(point.x), roundedHalfUp(point.y));
+    return canvasPointAt(m_toolMetrics, point.x(), point.y());
 }
 
 double BaseNode::portPixelsPerCanvasPixel() const
@@ -148,7 +140,7 @@ double BaseNode::portPixelsPerCanvasPixel() const
 
 bool BaseNode::showsRegionOutline(const QString& camera) const
 {
-    return !camera.isEmpty() && m_regionOutline.camera == camera && showAlike(m_metrics, m_toolMetrics);
+    return !camera.isEmpty() && m_regionOutline.camera == camera && isReady(m_metrics);
 }
 
 void BaseNode::requestRedraw()

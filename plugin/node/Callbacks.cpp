@@ -6,7 +6,9 @@
 #include "node/BaseNode.h"
 #include "node/MasterDrawing.h"
 #include "node/TimelineMarks.h"
+#include "settings/ToolGesture.h"
 
+#include <maya/MAnimControl.h>
 #include <maya/MCallbackIdArray.h>
 #include <maya/MEventMessage.h>
 #include <maya/MMessage.h>
@@ -35,6 +37,9 @@ void timeChanged(void*)
     for (BaseNode* node : BaseNode::allNodes()) {
         node->changeTime(frameNumber);
     }
+    if (!MAnimControl::isPlaying()) {
+        toolGesture::timeChanged();
+    }
 }
 
 void timeUnitChanged(void*)
@@ -49,12 +54,14 @@ void timeUnitChanged(void*)
 
 void undoneOrRedone(void*)
 {
+    toolGesture::takeBack();
     TimelineMarks::refreshInstalled();
     publishMasterDrawing();
 }
 
 void sceneOpened(void*)
 {
+    toolGesture::takeBack();
     timeChanged(nullptr);
     TimelineMarks::refreshInstalled();
     publishMasterDrawing();

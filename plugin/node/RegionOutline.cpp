@@ -3,7 +3,17 @@
 #include <maya/MColor.h>
 #include <maya/MGl.h>
 
-void drawOutline(MHWRender::MUIDrawManager& drawManager, const std::array<QPointF, 4>& corners)
+#include <algorithm>
+
+Corners cornersInView(const Corners& corners, const ViewportMetrics& metrics)
+{
+    Corners mapped;
+    std::transform(corners.begin(), corners.end(), mapped.begin(),
+                   [&metrics](const QPointF& corner) { return viewPointOf(metrics, corner); });
+    return mapped;
+}
+
+void drawOutline(MHWRender::MUIDrawManager& drawManager, const Corners& corners)
 {
     drawManager.setColor(MColor(1.0f, 0.0f, 0.0f, 1.0f));
     drawManager.setLineWidth(1.0f);
@@ -14,7 +24,7 @@ void drawOutline(MHWRender::MUIDrawManager& drawManager, const std::array<QPoint
     }
 }
 
-void drawOutline(M3dView& legacyView, const std::array<QPointF, 4>& corners)
+void drawOutline(M3dView& legacyView, const Corners& corners)
 {
     const bool isLegacy = legacyView.getRendererName() != M3dView::kViewport2Renderer;
     if (!isLegacy || !legacyView.beginXorDrawing()) {

@@ -72,23 +72,35 @@ bool isReady(const ViewportMetrics& metrics)
         && std::abs(metrics.panOffset.y) <= kFarthest;
 }
 
-QPoint canvasPixelAt(const ViewportMetrics& metrics, double x, double y)
+QPointF canvasPointAt(const ViewportMetrics& metrics, double x, double y)
 {
     if (!isReady(metrics)) {
-        return QPoint();
+        return QPointF();
     }
     const double size = metrics.drawnSize;
     const double scale = kCanvasSize / size;
     const double left = (size - metrics.width) / 2.0 + metrics.panOffset.x;
     const double below = metrics.height - (metrics.panOffset.y + y);
-    return QPoint(roundedHalfUp((left + x) * scale), roundedHalfUp((below + (size - metrics.height) / 2.0) * scale));
+    return QPointF((left + x) * scale, (below + (size - metrics.height) / 2.0) * scale);
 }
 
-MPoint viewPointOf(const ViewportMetrics& metrics, const QPoint& pixel)
+QPoint canvasPixelAt(const ViewportMetrics& metrics, double x, double y)
+{
+    return roundedHalfUp(canvasPointAt(metrics, x, y));
+}
+
+QPointF viewPointOf(const ViewportMetrics& metrics, const QPointF& point)
 {
     const double size = metrics.drawnSize;
     const double scale = size / kCanvasSize;
     const double left = (size - metrics.width) / 2.0 + metrics.panOffset.x;
     const double top = (size + metrics.height) / 2.0 - metrics.panOffset.y;
-    return MPoint(pixel.x() * scale - left, top - pixel.y() * scale);
+    return QPointF(point.x() * scale - left, top - point.y() * scale);
+}
+
+bool showAlike(const ViewportMetrics& a, const ViewportMetrics& b)
+{
+    const double kSame = 0.5;
+    return a.width == b.width && a.height == b.height && std::abs(double(a.drawnSize) - double(b.drawnSize)) < kSame
+        && a.panOffset.isEquivalent(b.panOffset, kSame);
 }

@@ -4,6 +4,7 @@
 #include <maya/MVector.h>
 
 #include <QPoint>
+#include <QPointF>
 
 /// What decides how large a camera's view shows the canvas.
 struct CameraFilm {
@@ -39,8 +40,13 @@ void panTo(ViewportMetrics& metrics, const MPoint& target);
 /// Points of the view can be told on the canvas: it is shown at least a pixel large, and not absurdly large or far away
 /// (a zoom, overscan or aspect of nearly 0 makes it so).
 bool isReady(const ViewportMetrics& metrics);
-/// Canvas pixel under a point of the view; may lie outside 0..1023. The canvas's y points down. Halves round up,
-/// below zero too. The origin when the metrics are not ready.
+/// The canvas's point under a point of the view, in canvas pixels; may lie off the canvas, whose y points down. The
+/// origin when the metrics are not ready.
+QPointF canvasPointAt(const ViewportMetrics& metrics, double x, double y);
+/// The canvas pixel under a point of the view. Halves round up, below zero too.
 QPoint canvasPixelAt(const ViewportMetrics& metrics, double x, double y);
-/// Where the view shows the upper left corner of a canvas pixel, which may lie outside the canvas.
-MPoint viewPointOf(const ViewportMetrics& metrics, const QPoint& pixel);
+/// Where the view shows a point of the canvas; a pixel's whole numbers are its upper left corner.
+QPointF viewPointOf(const ViewportMetrics& metrics, const QPointF& point);
+/// Points of one view are the same points of the other, to half a view pixel: the two kinds of views work their pan out
+/// in different ways.
+bool showAlike(const ViewportMetrics& a, const ViewportMetrics& b);

@@ -21,6 +21,11 @@ int roundedHalfUp(double value)
     return truncated(value - below < 0.5 ? below : below + 1.0);
 }
 
+QPoint roundedHalfUp(const QPointF& place)
+{
+    return QPoint(roundedHalfUp(place.x()), roundedHalfUp(place.y()));
+}
+
 int roundedHalfAwayFromZero(double value)
 {
     return truncated(std::round(value));

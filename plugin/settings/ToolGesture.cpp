@@ -6,20 +6,40 @@ namespace toolGesture {
 
 namespace {
 
-std::function<void()> s_finish;
+Answers s_answers;
+
+void ask(const std::function<void()>& answer)
+{
+    if (answer) {
+        answer();
+    }
+}
 
 }  // namespace
 
-void setFinish(std::function<void()> finish)
+void setAnswers(Answers answers)
 {
-    s_finish = std::move(finish);
+    s_answers = std::move(answers);
 }
 
 void finish()
 {
-    if (s_finish) {
-        s_finish();
-    }
+    ask(s_answers.finish);
+}
+
+void takeBack()
+{
+    ask(s_answers.takeBack);
+}
+
+void drawingChanged()
+{
+    ask(s_answers.drawingChanged);
+}
+
+void timeChanged()
+{
+    ask(s_answers.timeChanged);
 }
 
 }  // namespace toolGesture

@@ -91,7 +91,8 @@ protected:
         run("setToolTo transformTool");
         transformTool().copy();
         goTo(7);
-        ASSERT_TRUE(transformTool().paste(QPoint(10, 10)));
+        transformTool().pasteAndTransform(QPoint(10, 10));
+        ASSERT_TRUE(transformTool().isTransforming());
     }
     void selectSome()
     {

@@ -119,42 +119,38 @@ TEST_F(BaseNodeDrawOverrideTest, ViewsOfDifferentSizesPreparedTogetherKeepTheirO
     EXPECT_EQ(square(top), (std::vector<double>{0, 200, 0, 200}));
 }
 
-TEST_F(BaseNodeDrawOverrideTest, OutlinesTheTransformedRegionOnlyInViewsLikeTheOneItWasSelectedIn)
+TEST_F(BaseNodeDrawOverrideTest, OutlinesTheTransformedRegionInEveryViewOfItsCameraWhereThatShowsIt)
 {
     draw("persp");
     draw("top");
-    TestViews toolViews;
-    toolViews.persp().widget()->resize(400, 300);
-    M3dView toolView = M3dView::active3dView();
-    ASSERT_TRUE(node().prepareToolView(toolView));
-    node().setRegionOutline({"persp", {{{10, 80}, {50, 80}, {50, 20}, {10, 20}}}});
+    run("setAttr perspShape.filmFit 1");
+    node().setRegionOutline({"persp", {{{0, 0}, {1024, 0}, {1024, 512}, {0, 512}}}});
     View persp("persp", 400, 300);
     View top("top", 400, 300);
-    View wider("persp", 500, 300);
-    View higher("persp", 400, 400);
-    for (View* view : {&persp, &top, &wider, &higher}) {
+    View larger("persp", 800, 400);
+    for (View* view : {&persp, &top, &larger}) {
         prepare(*view);
         paint(*view);
     }
-    run("setAttr perspShape.panZoomEnabled 1; setAttr perspShape.zoom 0.5");
-    View zoomed("persp", 400, 300);
-    prepare(zoomed);
-    paint(zoomed);
-    for (View* other : {&top, &wider, &higher, &zoomed}) {
-        EXPECT_EQ(other->list.items.size(), 1u);
-    }
-    ASSERT_EQ(persp.list.items.size(), 5u);
-    const kernel::Vector3 corners[] = {{10, 80, 0}, {50, 80, 0}, {50, 20, 0}, {10, 20, 0}, {10, 80, 0}};
-    for (size_t i = 0; i < 4; ++i) {
-        const api::DrawItem& line = persp.list.items[i + 1];
-        EXPECT_EQ(line.state.texture, nullptr);
-        EXPECT_GT(line.state.depthPriority, persp.list.items[0].state.depthPriority);
-        EXPECT_FLOAT_EQ(line.state.lineWidth, 1.f);
-        EXPECT_EQ(std::vector<float>(line.state.colour, line.state.colour + 4), (std::vector<float>{1, 0, 0, 1}));
-        ASSERT_EQ(line.points.size(), 2u);
-        for (size_t end = 0; end < 2; ++end) {
-            EXPECT_EQ(line.points[end].x, corners[i + end].x);
-            EXPECT_EQ(line.points[end].y, corners[i + end].y);
+    EXPECT_EQ(top.list.items.size(), 1u);
+    const struct {
+        View& view;
+        kernel::Vector3 corners[5];
+    } cases[] = {{persp, {{0, 350, 0}, {400, 350, 0}, {400, 150, 0}, {0, 150, 0}, {0, 350, 0}}},
+                 {larger, {{0, 600, 0}, {800, 600, 0}, {800, 200, 0}, {0, 200, 0}, {0, 600, 0}}}};
+    for (const auto& c : cases) {
+        ASSERT_EQ(c.view.list.items.size(), 5u);
+        for (size_t i = 0; i < 4; ++i) {
+            const api::DrawItem& line = c.view.list.items[i + 1];
+            EXPECT_EQ(line.state.texture, nullptr);
+            EXPECT_GT(line.state.depthPriority, c.view.list.items[0].state.depthPriority);
+            EXPECT_FLOAT_EQ(line.state.lineWidth, 1.f);
+            EXPECT_EQ(std::vector<float>(line.state.colour, line.state.colour + 4), (std::vector<float>{1, 0, 0, 1}));
+            ASSERT_EQ(line.points.size(), 2u);
+            for (size_t end = 0; end < 2; ++end) {
+                EXPECT_NEAR(line.points[end].x, c.corners[i + end].x, 1e-3);
+                EXPECT_NEAR(line.points[end].y, c.corners[i + end].y, 1e-3);
+            }
         }
     }
 

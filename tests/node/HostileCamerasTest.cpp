@@ -38,7 +38,7 @@ protected:
         views.persp().widget()->resize(width, height);
         M3dView handle = M3dView::active3dView();
         const bool ready = node().prepareToolView(handle);
-        node().canvasToPort(node().viewToCanvas(QPoint(width / 2, height / 2)));
+        viewPointOf(node().toolMetrics(), node().viewToCanvas(QPoint(width / 2, height / 2)));
 
         api::FrameState state;
         state.camera = views.persp().camera();

@@ -141,7 +141,7 @@ TEST(ViewportMetrics, FollowsThePanWithTheDrawingAndTheTools)
     EXPECT_EQ(metrics.panOffset, MVector(-44, 156, 0));
     EXPECT_EQ(canvasPixelAt(metrics, 300, 100), QPoint(512, 512));
     EXPECT_EQ(canvasPixelAt(metrics, 310, 120), QPoint(522, 492));
-    EXPECT_EQ(viewPointOf(metrics, QPoint(522, 492)), MPoint(310, 120));
+    EXPECT_EQ(viewPointOf(metrics, QPointF(522, 492)), QPointF(310, 120));
 }
 
 }  // namespace
