@@ -225,6 +225,13 @@ MStatus TransformContext::doRelease(MEvent& event, MHWRender::MUIDrawManager&, c
     return doRelease(event);
 }
 
+void TransformContext::viewDestroyed()
+{
+    if (!m_view) {
+        handle(Event::TakeBack);
+    }
+}
+
 // Keys and the menu ---------------------------------------------------------------------------------------------------
 
 bool TransformContext::isTransforming()
