@@ -487,10 +487,10 @@ const Interruption kInterruptions[] = {
     {"window resized", script("window -e -wh 540 420 $gMainWindow"), "aaaaaa", kSizeAgain},
     {"four views and one", showFourViewsAndOne, "aaaaaa"},
     {"view destroyed", &Stage::closeFloatingView, "hhh---", nullptr, &Stage::openFloatingView},
-    {"focus lost, given back", focusElsewhereAndBack, "hahaaa"},
-    {"focus lost", &Stage::loseFocus, "hhhaaa", &Stage::giveFocusBack},
+    {"focus lost, given back", focusElsewhereAndBack, "hahaha"},
+    {"focus lost", &Stage::loseFocus, "hhhaha", &Stage::giveFocusBack},
     {"window hidden", &Stage::hide, "hhhaha", showAgain},
-    {"window hidden and shown", hideAndShow, "hahaaa"},
+    {"window hidden and shown", hideAndShow, "hahaha"},
     {"right button", &Stage::rightClick, "a a a "},
 };
 
