@@ -15,6 +15,8 @@
 #include <algorithm>
 #include <functional>
 #include <iterator>
+#include <map>
+#include <utility>
 
 using support::LiveWorkbench;
 
@@ -59,25 +61,27 @@ Drawing drawingOf(const QByteArray& scene)
     return drawing;
 }
 
-/// The program with a drawing that has one stroke from its file, and one step since.
+/// The program with a drawing that has one stroke from its file, which all have in common, and one step since.
 class Stage {
 public:
-    Stage() : m_host(kProgram, {"-prefs", m_folder.path(), "-command", "setToolTo `tqLmDrawCtx`"})
+    explicit Stage(const QString& file)
+        : m_file(file), m_host(kProgram, {"-prefs", m_folder.path(), "-command", "setToolTo `tqLmDrawCtx`"})
     {
         run("window -e -widthHeight 480 380 $gMainWindow");  // quick to paint
         run("camera -n shot; rename shot1 shot; lookThru modelPanel4 shot; tqLumisketchUtil -pencilTool");
         m_host.settle();
         run("tqLumisketchUtil -pencilOptions 10 100 0; tqLumisketchUtil -textOptions 40 100 \"DejaVu Sans\"");
-        stroke(QPoint(0, -50));
-        drawing();
-        QFile::copy(m_folder.filePath("now.ma"), path());
+        if (!QFile::exists(m_file)) {
+            stroke(QPoint(0, -50));
+            save(m_file);
+        }
         m_window = focusedWindow();
         m_other.setGeometry(1000, 700, 120, 80);
         m_other.show();
     }
 
     LiveWorkbench& host() { return m_host; }
-    QString path() const { return m_folder.filePath("base.ma"); }
+    const QString& file() const { return m_file; }
     /// Runs a text that must not fail.
     QString run(const QString& text)
     {
@@ -93,7 +97,7 @@ public:
         m_hand = QPoint();
         m_tool = tool;
         m_time = time;
-        run(QString("file -force -open \"%1\"; lookThru modelPanel4 shot").arg(path()));
+        run(QString("file -force -open \"%1\"; lookThru modelPanel4 shot").arg(m_file));
         goBackInTime();
         run("tqLumisketchUtil -pencilOptions 10 100 0");
         chooseToolAgain();
@@ -114,16 +118,19 @@ public:
 
     Drawing drawing()
     {
-        const QString now = m_folder.filePath("now.ma");
-        QFile::remove(now);
-        m_host.run(QString("file -rename \"%1\"; file -save -type \"mayaAscii\"").arg(now));
-        QFile file(now);
+        QFile file(m_folder.filePath("now.ma"));
+        file.remove();
+        save(file.fileName());
         return drawingOf(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray());
     }
 
     /// Where the hand works.
     QPoint centre() { return m_host.viewRect(m_panel).center() + m_hand; }
     void putHand(const QPoint& offset) { m_hand = offset; }
+    void save(const QString& path)
+    {
+        m_host.run(QString("file -rename \"%1\"; file -save -type \"mayaAscii\"").arg(path));
+    }
     void stroke(const QPoint& offset)
     {
         const QPoint from = centre() + offset;
@@ -160,15 +167,17 @@ public:
     bool showsOutline()
     {
         const QImage view = m_host.screenshot(m_host.viewRect(m_panel));
-        int red = 0;
-        for (int pixel = 0; pixel < view.width() * view.height(); ++pixel) {
-            const QRgb colour = view.pixel(pixel % view.width(), pixel / view.width());
-            red += qRed(colour) > 150 && qGreen(colour) < 60 && qBlue(colour) < 60;
-        }
-        return red > 0;
+        const auto* const pixels = reinterpret_cast<const QRgb*>(view.constBits());
+        return std::any_of(pixels, pixels + view.width() * view.height(),
+                           [](QRgb c) { return qRed(c) > 150 && qGreen(c) < 60 && qBlue(c) < 60; });
     }
 
-    void type(const QStringList& keys) { tool(QStringList("key") + keys); }
+    void type(const QStringList& keys)
+    {
+        if (!keys.isEmpty()) {
+            tool(QStringList("key") + keys);
+        }
+    }
     void keyDown(const QString& name) { tool({"keydown", name}); }
     void keyUp(const QString& name) { tool({"keyup", name}); }
     void rightClick() { tool({"click", "3"}); }
@@ -187,7 +196,11 @@ public:
         tool({"windowunmap", m_window});
         waitUntilActive(false);
     }
-    void show() { tool({"windowmap", m_window}); }
+    void show()
+    {
+        tool({"windowmap", m_window});
+        giveFocusBack();
+    }
 
 private:
     /// The toolkit is slow to say so, in case the focus comes back.
@@ -213,6 +226,7 @@ private:
         return QString(process.readAll()).trimmed();
     }
 
+    const QString m_file;
     QTemporaryDir m_folder;
     LiveWorkbench m_host;
     QWidget m_other;
@@ -232,12 +246,12 @@ struct Gesture {
     int time;  ///< of the scene
     void (*begin)(Stage& stage);
     void (*finish)(Stage& stage);
-    void (*end)(Stage& stage);
+    QStringList end;  ///< keys
 };
 
 void rest(Stage&) {}
 
-void pointOnly(Stage& stage)
+void point(Stage& stage)
 {
     stage.host().moveTo(stage.centre());
 }
@@ -265,11 +279,6 @@ void finishText(Stage& stage)
     stage.type({"l", "o", "Escape"});
 }
 
-void endText(Stage& stage)
-{
-    stage.host().key("Escape");
-}
-
 void beginDrag(Stage& stage)
 {
     stage.keyDown("b");
@@ -281,12 +290,6 @@ void finishDrag(Stage& stage)
     stage.host().moveTo(stage.centre() + QPoint(50, 0));
     stage.host().letGo();
     stage.keyUp("b");
-}
-
-/// A key that was let go elsewhere counts as held until it is let go here.
-void endDrag(Stage& stage)
-{
-    stage.host().key("b");
 }
 
 void holdRegion(Stage& stage)
@@ -322,40 +325,25 @@ void pasteRegion(Stage& stage)
     EXPECT_TRUE(stage.showsOutline());
 }
 
-/// Puts down what floats; where nothing does, all that is then taken up is taken back.
-void putDown(Stage& stage)
-{
-    stage.host().key("Return");
-    stage.host().key("BackSpace");
-    EXPECT_FALSE(stage.showsOutline());
-}
-
 enum Column { kStroke, kText, kDrag, kRegion, kHeldRegion, kPaste, kColumns };
-const Gesture kHandsOff = {"nothing", "setToolTo $gSelect", &Drawing::ink, 1, pointOnly, rest, rest};
+const char kPencil[] = "tqLumisketchUtil -pencilTool";
+const char kTransform[] = "tqLumisketchUtil -transform";
+// A key that was let go elsewhere counts as held until it is let go here. Where no region floats any more, the one that
+// Enter takes up is taken back.
+const QStringList kLetGo = {"b"}, kEndText = {"Escape"}, kPutDown = {"Return", "BackSpace"};
+const Gesture kHandsOff = {"nothing", "setToolTo $gSelect", &Drawing::ink, 1, point, rest, {}};
 const Gesture kGestures[kColumns] = {
-    {"stroke", "tqLumisketchUtil -pencilTool", &Drawing::ink, 1, holdStroke, finishStroke, rest},
-    {"text entry", "tqLumisketchUtil -textTool", &Drawing::ink, 1, beginText, finishText, endText},
-    {"size drag", "tqLumisketchUtil -pencilTool", &Drawing::ink, 1, beginDrag, finishDrag, endDrag},
-    {"moved region", "tqLumisketchUtil -transform", &Drawing::lowest, 1, moveRegion, rest, putDown},
-    {"region in mid-drag", "tqLumisketchUtil -transform", &Drawing::lowest, 1, holdRegion, finishRegion, putDown},
-    {"pasted region", "tqLumisketchUtil -transform", &Drawing::ink, 7, pasteRegion, rest, putDown},
+    {"stroke", kPencil, &Drawing::ink, 1, holdStroke, finishStroke, {}},
+    {"text entry", "tqLumisketchUtil -textTool", &Drawing::ink, 1, beginText, finishText, kEndText},
+    {"size drag", kPencil, &Drawing::ink, 1, beginDrag, finishDrag, kLetGo},
+    {"moved region", kTransform, &Drawing::lowest, 1, moveRegion, rest, kPutDown},
+    {"region in mid-drag", kTransform, &Drawing::lowest, 1, holdRegion, finishRegion, kPutDown},
+    {"pasted region", kTransform, &Drawing::ink, 7, pasteRegion, rest, kPutDown},
 };
 
-/// How much of what the hand did is there, as the table marks it.
-const struct {
-    char mark;
-    const char* name;
-} kFates[] = {
-    {'-', "none"},  // left is the drawing as the interruption alone leaves it
-    {'h', "half"},  // what the hand did before it was interrupted
-    {'a', "all"},
-    {' ', ""},  // the hand cannot do both
-};
-
-const char* nameOf(char fate)
-{
-    return std::find_if(std::begin(kFates), std::end(kFates), [fate](auto& row) { return row.mark == fate; })->name;
-}
+/// How much of what the hand did is there: nothing but what the interruption alone leaves, what the hand did before it
+/// was interrupted, all of it; or it cannot do both.
+const std::map<char, const char*> kFates = {{'-', "none"}, {'h', "half"}, {'a', "all"}, {' ', ""}};
 
 using Act = std::function<void(Stage&)>;
 
@@ -367,15 +355,17 @@ Act script(const char* text)
     };
 }
 
-/// A change of the scene that is not among the steps to be undone.
-Act quietly(const char* text)
-{
-    return [text](Stage& stage) { stage.runUnrecorded(text); };
-}
-
 Act key(const char* chord)
 {
     return [chord](Stage& stage) { stage.host().key(chord); };
+}
+
+Act both(const Act& first, const Act& second)
+{
+    return [first, second](Stage& stage) {
+        first(stage);
+        second(stage);
+    };
 }
 
 void clickSlider(Stage& stage)
@@ -383,15 +373,9 @@ void clickSlider(Stage& stage)
     stage.host().click(stage.host().controlRect("timeControl1").center());
 }
 
-void enterAtAnotherTime(Stage& stage)
-{
-    stage.run("currentTime 5");
-    stage.host().key("Return");
-}
-
 void save(Stage& stage)
 {
-    EXPECT_TRUE(stage.drawing() == stage.untouched());
+    EXPECT_TRUE(stage.drawing() == stage.untouched()) << "not a part of what is under way is in the file";
 }
 
 void cancelNew(Stage& stage)
@@ -403,34 +387,14 @@ void cancelNew(Stage& stage)
 
 void open(Stage& stage)
 {
-    stage.run(QString("file -force -open \"%1\"").arg(stage.path()));
-}
-
-void showFourViewsAndOne(Stage& stage)
-{
-    stage.host().key("space");
-    stage.host().key("space");
-}
-
-void focusElsewhereAndBack(Stage& stage)
-{
-    stage.loseFocus();
-    stage.giveFocusBack();
+    stage.run(QString("file -force -open \"%1\"").arg(stage.file()));
 }
 
 /// That the button was let go elsewhere shows when the pointer moves here again.
 void showAgain(Stage& stage)
 {
     stage.show();
-    stage.giveFocusBack();
     stage.host().moveTo(stage.centre() + kLeg + QPoint(0, 1));
-}
-
-void hideAndShow(Stage& stage)
-{
-    stage.hide();
-    stage.show();
-    stage.giveFocusBack();
 }
 
 struct Interruption {
@@ -441,11 +405,16 @@ struct Interruption {
     Act prepare = nullptr;  ///< before it begins
 };
 
+const Act kEnterAtAnotherTime = both(script("currentTime 5"), key("Return"));
+const Act kFourViewsAndOne = both(key("space"), key("space"));
+const Act kFocusElsewhereAndBack = both(&Stage::loseFocus, &Stage::giveFocusBack);
+const Act kHideAndShow = both(&Stage::hide, &Stage::show);
 const Act kTimeAgain = &Stage::goBackInTime;
 const Act kShotAgain = script("lookThru modelPanel4 shot");
 const Act kSizeAgain = script("window -e -widthHeight 480 380 $gMainWindow");
 const Act kDeferredDelete = script("evalDeferred \"delete lumisketch\"");
-const Act kSmaller = quietly("setAttr shotShape.overscan 2");
+const Act kSmaller = [](Stage& stage) { stage.runUnrecorded("setAttr shotShape.overscan 2"); };
+const Act kLarger = [](Stage& stage) { stage.runUnrecorded("setAttr shotShape.overscan 1"); };
 const Act kToolAgain = &Stage::chooseToolAgain;
 const Act kTwoLayers = script("tqLumisketchLayer -addLayer -name two shot");
 const Act kUndo = script("undo");
@@ -465,7 +434,7 @@ const Interruption kInterruptions[] = {
     {"another time, by key", key("alt+period"), "aaaaaa", kTimeAgain},
     {"another time, by script", script("currentTime 5"), "aaaaaa", kTimeAgain},
     {"another time, by slider", clickSlider, " a a a", kTimeAgain},
-    {"another time and Enter", enterAtAnotherTime, "a a---", kTimeAgain},
+    {"another time and Enter", kEnterAtAnotherTime, "a a---", kTimeAgain},
     {"playback", script("play -state on"), "aaaaaa", kTimeAgain},
     {"saved", save, "aaaaaa"},
     {"node deleted", script("delete lumisketch"), "--a---"},
@@ -480,17 +449,17 @@ const Interruption kInterruptions[] = {
     {"camera deleted", script("delete shot"), "--a---"},
     {"camera renamed", script("rename shot other"), "--a---"},
     {"another camera", script("lookThru modelPanel4 front"), "aaaaaa", kShotAgain},
-    {"smaller picture", kSmaller, "aaaaaa", quietly("setAttr shotShape.overscan 1")},
+    {"smaller picture", kSmaller, "aaaaaa", kLarger},
     {"New", script("file -force -new"), "--a---"},
     {"New by key, cancelled", cancelNew, "hhhaha"},
     {"Open", open, "--a---", kShotAgain},
     {"window resized", script("window -e -wh 540 420 $gMainWindow"), "aaaaaa", kSizeAgain},
-    {"four views and one", showFourViewsAndOne, "aaaaaa"},
+    {"four views and one", kFourViewsAndOne, "aaaaaa"},
     {"view destroyed", &Stage::closeFloatingView, "hhh---", nullptr, &Stage::openFloatingView},
-    {"focus lost, given back", focusElsewhereAndBack, "hahaha"},
+    {"focus lost, given back", kFocusElsewhereAndBack, "hahaha"},
     {"focus lost", &Stage::loseFocus, "hhhaha", &Stage::giveFocusBack},
     {"window hidden", &Stage::hide, "hhhaha", showAgain},
-    {"window hidden and shown", hideAndShow, "hahaha"},
+    {"window hidden and shown", kHideAndShow, "hahaha"},
     {"right button", &Stage::rightClick, "a a a "},
 };
 
@@ -503,10 +472,6 @@ struct Outcome {
         stage.run("redo");
         redone = stage.drawing();
     }
-    bool operator==(const Outcome& other) const
-    {
-        return after == other.after && undone == other.undone && redone == other.redone;
-    }
     Drawing after;
     Drawing undone;
     Drawing redone;
@@ -516,8 +481,7 @@ struct Outcome {
 class Trial {
 public:
     Trial(Stage& stage, const Gesture& gesture, const Interruption& interruption)
-        : m_stage(stage), m_gesture(gesture), m_alone(perform(kHandsOff, interruption)),
-          m_with(perform(gesture, interruption))
+        : m_stage(stage), m_gesture(gesture), m_alone(withoutHand(interruption)), m_with(perform(gesture, interruption))
     {}
 
     /// What the gesture added: pixels of ink, or rows that the ink was moved by.
@@ -527,7 +491,9 @@ public:
     void expectWholeSteps()
     {
         if (gained() == 0) {
-            EXPECT_TRUE(m_with == m_alone);
+            EXPECT_TRUE(m_with.after == m_alone.after);
+            EXPECT_TRUE(m_with.undone == m_alone.undone);
+            EXPECT_TRUE(m_with.redone == m_alone.redone);
         } else {
             // What is done while the button is held is one step with what the button does.
             EXPECT_TRUE(m_with.undone == m_alone.after || m_with.undone == m_alone.undone);
@@ -544,9 +510,9 @@ public:
         }
         m_stage.putHand(QPoint(40, 15));
         const Drawing before = m_stage.drawing();
-        const Gesture& next = m_gesture.end == endText               ? kGestures[kText]
-                            : m_gesture.end == putDown && before.ink ? kGestures[kRegion]
-                                                                     : kGestures[kStroke];
+        const bool isRegion = &m_gesture >= &kGestures[kRegion] && before.ink > 0;
+        const bool isText = &m_gesture == &kGestures[kText];
+        const Gesture& next = kGestures[isRegion ? kRegion : isText ? kText : kStroke];
         if (before.ink == 0) {
             m_stage.run(next.tool);
         }
@@ -555,11 +521,20 @@ public:
             next.begin(m_stage);
             next.finish(m_stage);
         }
-        next.end(m_stage);
+        m_stage.type(next.end);
         return m_stage.drawing().*next.measure - before.*next.measure;
     }
 
 private:
+    /// The same for all gestures of one time, for it is the same drawing.
+    const Outcome& withoutHand(const Interruption& interruption)
+    {
+        static std::map<std::pair<const Interruption*, int>, Outcome> s_known;
+        const std::pair<const Interruption*, int> which(&interruption, m_gesture.time);
+        const auto known = s_known.find(which);
+        return (known != s_known.end() ? known : s_known.emplace(which, perform(kHandsOff, interruption)).first)
+            ->second;
+    }
     Outcome perform(const Gesture& gesture, const Interruption& interruption)
     {
         m_stage.reset(gesture.tool, m_gesture.time);
@@ -572,13 +547,14 @@ private:
         if (interruption.mend) {
             interruption.mend(m_stage);
         }
-        gesture.end(m_stage);
+        m_stage.type(gesture.end);
+        EXPECT_FALSE(m_stage.showsOutline());
         return Outcome(m_stage);
     }
 
     Stage& m_stage;
     const Gesture& m_gesture;
-    const Outcome m_alone;
+    const Outcome& m_alone;
     const Outcome m_with;
 };
 
@@ -606,7 +582,7 @@ protected:
         for (const Interruption& interruption : kInterruptions) {
             QString line = QString("| %1 |").arg(interruption.name);
             for (const char fate : s_happened[&interruption - kInterruptions]) {
-                line += QString(" %1 |").arg(nameOf(fate));
+                line += QString(" %1 |").arg(kFates.at(fate));
             }
             table.write((line + '\n').toUtf8());
         }
@@ -621,7 +597,8 @@ char Interruptions::s_happened[std::size(kInterruptions)][kColumns];
 
 TEST_P(Interruptions, LeaveWhatTheTableSaysAndAToolThatWorks)
 {
-    Stage stage;
+    static const QTemporaryDir s_folder;
+    Stage stage(s_folder.filePath("base.ma"));
     const Column column = GetParam();
     const Gesture& gesture = kGestures[column];
     int all = 0;  // of it, when nothing comes between
@@ -643,7 +620,7 @@ TEST_P(Interruptions, LeaveWhatTheTableSaysAndAToolThatWorks)
         const int done = column == kDrag ? next - stage.untouched().ink : trial.gained();
         all = all ? all : done;
         fate = fateOf(done, all);
-        EXPECT_STREQ(nameOf(fate), nameOf(expected)) << done << " of " << all;
+        EXPECT_STREQ(kFates.at(fate), kFates.at(expected)) << done << " of " << all;
         ASSERT_TRUE(stage.host().isRunning()) << stage.host().output().toStdString();
     }
 }
