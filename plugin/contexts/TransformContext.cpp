@@ -361,6 +361,9 @@ TransformContext::Outcome TransformContext::floatSelection()
 {
     const Aim aim = &FloatingRegion::aimAtSelection;
     const Outcome outcome = !m_floating.node() ? begin(aim) : (m_floating.*aim)() ? Outcome::Done : Outcome::Refused;
+    if (outcome == Outcome::Refused) {
+        close();  // nothing is selected in a tool that has failed
+    }
     return outcome == Outcome::Done ? floatRegion(regionOf(m_selection)) : outcome;
 }
 

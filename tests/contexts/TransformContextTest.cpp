@@ -476,6 +476,7 @@ TEST_F(TransformContextTest, ALayerThatMayNotBeChangedIsRefusedWithTheDrawToolsW
             enter();
             EXPECT_THAT(errors(), ElementsAre(std::string(names::kMessagePrefix) + c.error));
             EXPECT_FALSE(drawing().hasStroke());
+            EXPECT_TRUE(node().regionOutline().camera.isEmpty());
             c.prepare(false);
             enter();
             EXPECT_FALSE(drawing().hasStroke()) << "no more until the tool is set up again";
