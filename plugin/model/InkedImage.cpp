@@ -106,6 +106,15 @@ void layUnder(InkedImage& canvas, const InkedImage& sheet)
     canvas.ink.add(sheet.ink);
 }
 
+void copyColumns(QImage& canvas, const QImage& source, const InkMap& columns)
+{
+    const RowSpan rows = columns.rows();
+    for (int y = rows.first; y < rows.end; ++y) {
+        forInkSpans(columns.row(y),
+                    [&](int left, int end) { copyRect(canvas, source, QRect(left, y, end - left, 1)); });
+    }
+}
+
 void wipe(InkedImage& canvas)
 {
     const Rows rows(canvas.image);

@@ -30,6 +30,7 @@ InkedImage blankSheet();  ///< a canvas without ink
 void layOver(InkedImage& canvas, const std::vector<Ply>& plies);  ///< one after the other, the first lowest
 /// The same in some columns only: those that within has.
 void layOver(InkedImage& canvas, const std::vector<Ply>& plies, const InkMap& within);
+void copyColumns(QImage& canvas, const QImage& source, const InkMap& columns);
 void layUnder(InkedImage& canvas, const InkedImage& sheet);  ///< sheet: RGBA8888
 void wipe(InkedImage& canvas);                               ///< makes it blank again
 /// Gives every pixel that is not fully transparent the colour; alpha is kept.

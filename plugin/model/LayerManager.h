@@ -160,7 +160,6 @@ private:
     void rebuildGhosts(const QString& camera, CameraDrawing& drawing);
     static void appendPicture(std::vector<Ply>& plies, const Picture& picture);
     void appendStroke(std::vector<Ply>& plies);
-    void floatSelection(InkedImage& picture);
     void refreshStroke(CameraDrawing& drawing);
     void refreshColumns(CameraDrawing& drawing, const InkMap& columns);
     void refreshArea(CameraDrawing& drawing, const QRect& area);

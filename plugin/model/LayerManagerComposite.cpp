@@ -11,19 +11,6 @@
 
 #include <maya/MAnimControl.h>
 
-namespace {
-
-void copyColumns(QImage& canvas, const QImage& source, const InkMap& columns)
-{
-    const RowSpan rows = columns.rows();
-    for (int y = rows.first; y < rows.end; ++y) {
-        forInkSpans(columns.row(y),
-                    [&](int left, int end) { copyRect(canvas, source, QRect(left, y, end - left, 1)); });
-    }
-}
-
-}  // namespace
-
 void LayerManager::markForRedraw(const QString& camera)
 {
     if (CameraDrawing* found = drawing(camera)) {
@@ -100,14 +87,11 @@ void LayerManager::rebuild(const QString& camera, CameraDrawing& drawing)
     const Layer* drawnOn = stroke(camera) ? shownStrokeLayer() : nullptr;
     for (const auto& layer : drawing.layers) {
         const Picture picture = layer->pictureAtOffset(0);  // read even where the stroke is shown: then it is not dirty
-        if (layer.get() != drawnOn) {
+        if (layer.get() == drawnOn) {
+            appendStroke(plies);
+        } else {
             appendPicture(plies, picture);
-            continue;
         }
-        appendStroke(plies);
-        layOver(drawing.picture, plies);
-        plies.clear();
-        floatSelection(drawing.picture);
     }
     layOver(drawing.picture, plies);
     colourRim(drawing.picture, drawing.picture.ink);
@@ -147,16 +131,6 @@ void LayerManager::appendStroke(std::vector<Ply>& plies)
     }
 }
 
-void LayerManager::floatSelection(InkedImage& picture)
-{
-    if (m_stroke.showsCanvas()) {
-        QPainter painter(&picture.image);
-        prepareDrawingPainter(painter);
-        m_stroke.paintFloating(painter);
-        picture.ink.add(m_stroke.floatingBox());
-    }
-}
-
 // The part of the picture that the stroke touched last.
 void LayerManager::refreshStroke(CameraDrawing& drawing)
 {
@@ -168,7 +142,8 @@ void LayerManager::refreshStroke(CameraDrawing& drawing)
     }
 }
 
-// A shape's ink goes around a large area: it is mixed, with all that is above, where it has ink.
+// A shape's ink goes around a large area, and a transform moves much of it: it is mixed, with all that is above, where
+// it has ink or had it.
 void LayerManager::refreshColumns(CameraDrawing& drawing, const InkMap& columns)
 {
     copyColumns(drawing.picture.image, imageBelow(drawing, columns), columns);
@@ -250,6 +225,5 @@ void LayerManager::paintStroke(QPainter& painter, Layer& layer, const QRect& are
     }
     if (m_stroke.showsCanvas()) {
         drawPart(painter, m_stroke.canvas().image, area);
-        m_stroke.paintFloating(painter);
     }
 }

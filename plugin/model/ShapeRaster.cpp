@@ -3,7 +3,6 @@
 #include "model/Canvas.h"
 #include "model/DabMask.h"
 #include "model/DrawingPainter.h"
-#include "model/TransformMap.h"
 #include "settings/Rounding.h"
 
 #include <QVector2D>
@@ -108,16 +107,6 @@ void drawText(QPainter& painter, const ActiveStroke& record, bool preview)
     }
 }
 
-// Only the part on the canvas is made: all of it would take seconds, and may not fit into memory.
-void drawVast(QPainter& painter, const QTransform& map, const QImage& image)
-{
-    painter.save();
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.setTransform(map, true);
-    painter.drawImage(0, 0, image);
-    painter.restore();
-}
-
 }  // namespace
 
 void renderShape(QImage& canvas, const ActiveStroke& record, bool preview)
@@ -136,20 +125,4 @@ void renderShape(QImage& canvas, const ActiveStroke& record, bool preview)
     } else {
         drawShape(painter, record);
     }
-}
-
-void drawTransformed(QPainter& painter, const ActiveStroke& record, const QImage& image)
-{
-    constexpr double kLargest = 16.0 * kCanvasSize * kCanvasSize;
-    const TransformMap placed = transformMap(record, image.size());
-    if (placed.box.width() * placed.box.height() > kLargest) {
-        drawVast(painter, placed.map, image);
-    } else {
-        painter.drawImage(placed.box.topLeft(), image.transformed(placed.map, Qt::SmoothTransformation));
-    }
-}
-
-QRect transformedBox(const ActiveStroke& record, const QSize& size)
-{
-    return (transformMap(record, size).box & QRectF(0, 0, kCanvasSize, kCanvasSize)).toAlignedRect();
 }

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "model/ActiveStroke.h"
+#include "model/FloatingPiece.h"
 #include "model/FrameAddress.h"
 #include "model/InkedImage.h"
 #include "model/Picture.h"
 
-#include <QImage>
-#include <QPainter>
+#include <QRect>
 
 #include <memory>
 
@@ -38,14 +38,12 @@ public:
     Touched takeTouched();  ///< since this was asked last
 
     // The drawing with the stroke or transform on it, as it is seen before it is committed: base, unless the stroke
-    // works on a copy of it, then the canvas, then what floats.
+    // works on a copy of it, then the canvas.
     bool showsBase() const;
-    bool isDrawnAnew() const;  ///< a shape or a text, with every step; another stroke only grows
+    bool isDrawnAnew() const;  ///< a shape, a text or a transform, with every step; another stroke only grows
     bool showsCanvas() const;  ///< a transform without a region shows nothing
     const InkedImage& canvas() const { return m_canvas; }
-    void paintFloating(QPainter& painter) const;
-    QRect floatingBox() const { return m_floatingBox; }  ///< holds what floats
-    bool holdsCut() const { return !m_cut.isNull(); }    ///< there is something to paste
+    bool holdsCut() const { return !m_cut.size.isEmpty(); }  ///< there is something to paste
 
     Picture committed(const Picture& base);  ///< the drawing that a commit leaves behind: a canvas
 
@@ -54,6 +52,7 @@ private:
     void drawNewestPoints();
     void advanceTransform(const Picture& base);
     void takeRegion(const Picture& base);
+    void layFloating();
 
     std::unique_ptr<ActiveStroke> m_record;
     Target m_target;
@@ -63,7 +62,7 @@ private:
     bool m_showedCanvas = false;
     Touched m_touched;
     InkedImage m_canvas;
-    QImage m_selection;  // what floats in a transform
-    QRect m_floatingBox;
-    QImage m_cut;  // what pasting brings back
+    InkedImage m_emptied;  // a transform's canvas without what floats
+    FloatingPiece m_floating;
+    Cutting m_cut;  // what pasting brings back
 };

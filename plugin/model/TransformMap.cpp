@@ -38,12 +38,6 @@ double scaledLength(double scale, int length)
     return std::floor(std::abs(scale) * length + kRoundingUp);
 }
 
-QRectF alignedRect(const QRectF& rect)
-{
-    const QPointF topLeft(std::floor(rect.left()), std::floor(rect.top()));
-    return QRectF(topLeft, QPointF(std::ceil(rect.right()), std::ceil(rect.bottom())));
-}
-
 /// What is not turned is stretched to whole pixels.
 TransformMap stretched(const QTransform& scaling, const QSize& size)
 {
@@ -59,6 +53,12 @@ TransformMap movedBy(const TransformMap& shape, const QPointF& move)
 }
 
 }  // namespace
+
+QRectF alignedRect(const QRectF& rect)
+{
+    const QPointF topLeft(std::floor(rect.left()), std::floor(rect.top()));
+    return QRectF(topLeft, QPointF(std::ceil(rect.right()), std::ceil(rect.bottom())));
+}
 
 TransformMap transformMap(const ActiveStroke& record, const QSize& size)
 {

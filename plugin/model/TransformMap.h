@@ -17,6 +17,8 @@ struct TransformMap {
     QRectF box;      ///< whole pixels of the canvas that hold all of the piece, on it or off; empty: there is none
 };
 
+QRectF alignedRect(const QRectF& rect);  ///< the least one of whole pixels that holds it, however large
+
 /// size: of what floats. Scales are held within 1e9 either way; what is no number counts as 0.
 TransformMap transformMap(const ActiveStroke& record, const QSize& size);
 

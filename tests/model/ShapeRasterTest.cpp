@@ -1,6 +1,5 @@
 #include "model/ShapeRaster.h"
 #include "model/Canvas.h"
-#include "model/DrawingPainter.h"
 #include "support/Drawings.h"
 
 #include <gtest/gtest.h>
@@ -129,96 +128,6 @@ TEST(ShapeRaster, PointsAreAsLargeOnEveryScreen)
     const QRect usual = boxOn(3780);
     EXPECT_EQ(boxOn(7560), usual);
     EXPECT_NEAR(usual.height(), 70, 10) << "72 points are an inch, of 96 pixels; capitals are three quarters of that";
-}
-
-TEST(ShapeRaster, ATransformScaledFarBeyondTheCanvasStillShowsItsPartOnIt)
-{
-    QImage floating = blankCanvas();
-    QPainter(&floating).fillRect(0, 0, 512, 512, Qt::red);  // a quarter
-    ActiveStroke record;
-    record.tool = ToolType::Transform;
-    record.region = floating.rect();
-    const struct {
-        float angle;
-        QPoint moved;
-        QRect box;
-    } cases[] = {
-        {0, {0, 0}, {0, 0, 512, 512}},
-        {0, {200, 100}, {0, 0, 712, 612}},
-        {90, {0, 0}, {512, 0, 512, 512}},
-    };
-    for (const double scale : {3.9, 4.1, 40.0}) {
-        for (const auto& c : cases) {
-            record.scaleX = scale;
-            record.scaleY = scale;
-            record.angle = c.angle;
-            record.translation = c.moved;
-            QImage canvas = blankCanvas();
-            QPainter painter(&canvas);
-            prepareDrawingPainter(painter);
-            drawTransformed(painter, record, floating);
-            painter.end();
-            // The edge itself is blurred over half a pixel of what is scaled.
-            const int blur = int(scale);
-            const QRect box = pixels::inkBox(canvas);
-            EXPECT_NEAR(box.right(), c.box.right(), blur) << "scale " << scale << ", angle " << c.angle;
-            EXPECT_NEAR(box.bottom(), c.box.bottom(), blur) << "scale " << scale << ", angle " << c.angle;
-            EXPECT_NEAR(box.left(), c.box.left(), blur) << "scale " << scale << ", angle " << c.angle;
-            EXPECT_EQ(box.top(), 0);
-        }
-    }
-}
-
-TEST(ShapeRaster, ATransformTurnsAboutTheMiddleOfItsRegion)
-{
-    QImage floating(10, 20, QImage::Format_RGBA8888);
-    floating.fill(Qt::black);
-    ActiveStroke record;
-    record.tool = ToolType::Transform;
-    record.region = QRect(100, 200, 10, 20);
-    const struct {
-        float angle;
-        double scaleX;
-        double scaleY;
-        QPoint moved;
-        QRect box;
-    } cases[] = {
-        {0, 1, 1, {0, 0}, {100, 200, 10, 20}},   {90, 1, 1, {0, 0}, {95, 205, 20, 10}},
-        {0, 2, 1, {0, 0}, {95, 200, 20, 20}},    {0, 1, 1, {-30, 7}, {70, 207, 10, 20}},
-        {0, -1, -1, {0, 0}, {100, 200, 10, 20}},
-    };
-    for (const auto& c : cases) {
-        record.angle = c.angle;
-        record.scaleX = c.scaleX;
-        record.scaleY = c.scaleY;
-        record.translation = c.moved;
-        QImage canvas = blankCanvas();
-        {
-            QPainter painter(&canvas);
-            drawTransformed(painter, record, floating);
-        }
-        const QRect box = pixels::inkBox(canvas);
-        EXPECT_LE((box.center() - c.box.center()).manhattanLength(), 1) << c.angle << " " << c.scaleX;
-        EXPECT_NEAR(box.width(), c.box.width(), 1) << c.angle << " " << c.scaleX;
-        EXPECT_NEAR(box.height(), c.box.height(), 1) << c.angle << " " << c.scaleX;
-    }
-}
-
-TEST(ShapeRaster, WhatIsPastedAsItIsIsOnlyMoved)
-{
-    QImage floating(10, 20, QImage::Format_RGBA8888);
-    floating.fill(Qt::black);
-    ActiveStroke record;
-    record.pasteAsIs = true;
-    record.region = QRect(300, 400, 50, 50);
-    record.translation = QPoint(5, -6);
-    record.angle = 45;
-    QImage canvas = blankCanvas();
-    {
-        QPainter painter(&canvas);
-        drawTransformed(painter, record, floating);
-    }
-    EXPECT_EQ(pixels::inkBox(canvas), QRect(305, 394, 10, 20));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "model/Canvas.h"
 #include "model/DrawingViews.h"
 #include "model/PngCodec.h"
+#include "support/Dice.h"
 #include "support/DrawingFixture.h"
 
 namespace {
@@ -234,37 +235,71 @@ TEST_F(StrokeTest, ATextsFrameIsNotCommitted)
 TEST_F(StrokeTest, ATransformMovesItsRegion)
 {
     addLayer("persp", "A", {1});
-    ActiveStroke* record = transform(QRect(7, 13, 20, 20));
+    const QColor faint(65, 66, 67, 1);
+    QImage image = base();
+    image.setPixelColor(10, 40, faint);
+    drawing.activeLayer("persp")->currentFrame()->setImage(image);
+    ActiveStroke* record = transform(QRect(7, 13, 20, 30));
     record->translation = QPoint(100, 50);
     const QImage live = drawing.composite("persp")->copy();
     record->changed = true;
     EXPECT_EQ(*drawing.composite("persp"), live) << "the region is taken once";
     Picture undo;
     ASSERT_TRUE(drawing.commitStroke("persp", undo));
-    EXPECT_EQ(pixels::inkBox(shown("persp")), QRect(107, 63, 20, 20));
+    EXPECT_EQ(shown("persp").copy(107, 63, 20, 30), image.copy(7, 13, 20, 30)) << "every byte, of faint ink too";
+    EXPECT_EQ(pixels::inkBox(shown("persp")), QRect(107, 63, 20, 28));
+    EXPECT_EQ(drawing.activeLayer("persp")->currentFrame()->picture().ink().box(), InkMap::of(shown("persp")).box());
     EXPECT_EQ(*drawing.composite("persp"), live);
+}
+
+TEST_F(StrokeTest, ATransformIsCommittedAsItWasShown)
+{
+    for (const char* name : {"below", "drawn on", "above"}) {
+        addLayer("persp", name, {1, 5, 9});
+    }
+    drawing.setActiveLayer("persp", 1, true);
+    goTo(1);
+    Preferences::instance().setGhostNext(true);
+    Dice dice(8);
+    for (int i = 0; i < 20; ++i) {
+        ActiveStroke* record = transform(QRect(dice.point(-10, 20), QSize(dice.between(5, 60), dice.between(5, 60))));
+        record->keepCut = dice.oneIn(2);
+        for (int step = 0; step < 3; ++step) {
+            record->translation = dice.point(-40, 40);
+            record->angle = static_cast<float>(dice.oneIn(2) ? 90 : dice.between(-180, 180));
+            record->scaleX = dice.between(-20, 20) / 10.0;
+            record->changed = true;
+            drawing.composite("persp");
+        }
+        const QImage live = drawing.composite("persp")->copy();
+        Picture undo;
+        ASSERT_TRUE(drawing.commitStroke("persp", undo));
+        EXPECT_LE(pixels::farthest(*drawing.composite("persp"), live), 1) << i;
+        ASSERT_TRUE(drawing.swapActiveImage("persp", undo));
+        drawing.composite("persp");
+    }
 }
 
 TEST_F(StrokeTest, CutCopyAndPasteGoThroughTheKeptRegion)
 {
     addLayer("persp", "A", {1});
     Picture undo;
-    ActiveStroke* record = transform(QRect(7, 13, 10, 20));
+    ActiveStroke* record = transform(QRect(-10, -10, 27, 43));  // over the canvas
     record->clearOnly = true;
     record->keepCut = true;
     ASSERT_TRUE(drawing.commitStroke("persp", undo));
     EXPECT_EQ(pixels::inkBox(shown("persp")), QRect(17, 13, 10, 20)) << "cut";
 
-    record = transform(QRect(500, 600, 10, 20));
+    record = transform(QRect(500, 600, 27, 43));
     record->pasteAsIs = true;
     ASSERT_TRUE(drawing.commitStroke("persp", undo));
-    EXPECT_EQ(pixels::inkBox(shown("persp").copy(400, 400, 624, 624)), QRect(100, 200, 10, 20)) << "pasted";
+    EXPECT_EQ(pixels::inkBox(shown("persp").copy(400, 400, 624, 624)), QRect(117, 223, 10, 20)) << "pasted";
 
-    record = transform(QRect(500, 600, 10, 20));
+    record = transform(QRect(517, 623, 10, 20));
     record->keepCut = true;
     record->translation = QPoint(50, 0);
     ASSERT_TRUE(drawing.commitStroke("persp", undo));
-    EXPECT_EQ(pixels::inkBox(shown("persp").copy(400, 400, 624, 624)), QRect(100, 200, 60, 20)) << "copied";
+    EXPECT_EQ(pixels::inkBox(shown("persp").copy(400, 400, 624, 624)), QRect(117, 223, 60, 20)) << "copied";
 }
 
 TEST_F(StrokeTest, OddRegionsAreHarmless)

@@ -1,6 +1,6 @@
 #include "model/TransformMap.h"
 #include "model/Canvas.h"
-#include "model/ShapeRaster.h"
+#include "model/FloatingPiece.h"
 #include "support/Dice.h"
 
 #include <gtest/gtest.h>
@@ -10,15 +10,14 @@
 
 namespace {
 
-/// What is drawn of a region all in ink.
+/// What floats of a region all in ink.
 QImage drawn(const ActiveStroke& record)
 {
     QImage solid(record.region.size(), QImage::Format_RGBA8888);
     solid.fill(Qt::black);
-    QImage canvas = blankCanvas();
-    QPainter painter(&canvas);
-    drawTransformed(painter, record, solid);
-    return canvas;
+    FloatingPiece piece;
+    piece.take({solid.size(), solid, QPoint(0, 0)});
+    return piece.sheet(record).image;
 }
 
 struct Mass {

@@ -187,7 +187,7 @@ std::optional<LiteralCompositor::Commit> LiteralCompositor::commit(const LayerMa
     if (!transforming) {
         painter.drawImage(0, 0, m_stroke);
     } else if (!m_selection.isNull()) {
-        drawTransformed(painter, *record, m_selection);
+        literalTransform(painter, *record, m_selection);
     }
     painter.end();
     return Commit{result, undo};
@@ -275,7 +275,7 @@ void LiteralCompositor::paintStroke(QPainter& painter, const ActiveStroke& recor
         }
         painter.drawImage(0, 0, m_stroke);
         if (!m_selection.isNull()) {
-            drawTransformed(painter, record, m_selection);
+            literalTransform(painter, record, m_selection);
         }
         return;
     }
@@ -283,6 +283,21 @@ void LiteralCompositor::paintStroke(QPainter& painter, const ActiveStroke& recor
         painter.drawImage(0, 0, base);
     }
     painter.drawImage(0, 0, m_stroke);
+}
+
+void literalTransform(QPainter& painter, const ActiveStroke& record, const QImage& image)
+{
+    const QRect& region = record.region;
+    if (record.pasteAsIs) {
+        painter.drawImage(region.topLeft() + record.translation, image);
+        return;
+    }
+    QMatrix matrix;
+    matrix.rotate(static_cast<double>(record.angle));
+    matrix.scale(record.scaleX, record.scaleY);
+    const QImage made = image.transformed(matrix, Qt::SmoothTransformation);
+    const QPoint centre(region.left() + region.width() / 2, region.top() + region.height() / 2);
+    painter.drawImage(record.translation + centre - QPoint(made.width() / 2, made.height() / 2), made);
 }
 
 void literalTint(QImage& image, const QColor& colour)

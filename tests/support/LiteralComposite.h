@@ -63,5 +63,8 @@ private:
     QImage m_cut;
 };
 
+/// Draws an image flipped, scaled, turned and moved as the record tells, all of it wherever it lands.
+void literalTransform(QPainter& painter, const ActiveStroke& record, const QImage& image);
+
 /// Gives every pixel of an RGBA8888 image that is not fully transparent the colour.
 void literalTint(QImage& image, const QColor& colour);
