@@ -9,7 +9,7 @@
 
 namespace {
 
-// As large as the canvas turned by 45 degrees: making all of it takes hardly longer than making what is seen.
+// As large as the canvas turned by 45 degrees, which is made in the time of a redraw.
 constexpr double kMostPixels = 2.25 * kCanvasSize * kCanvasSize;
 
 constexpr int kBytesPerPixel = 4;
@@ -54,11 +54,14 @@ QRectF inkBox(const TransformMap& placed, const Cutting& cutting)
     return alignedRect(placed.map.mapRect(blurred).adjusted(-1, -1, 1, 1)) & placed.box;
 }
 
+QImage madeWhole(const Cutting& cutting, const QTransform& map)
+{
+    const QImage all = cutting.copy(QRect(QPoint(0, 0), cutting.size));
+    return all.transformed(map, Qt::SmoothTransformation).convertToFormat(QImage::Format_RGBA8888);
+}
+
 QImage madePart(const Cutting& cutting, const QTransform& map, const QSize& size)
 {
-    if (isExact(map)) {
-        return exactCopy(cutting.image, map);
-    }
     return isUpright(map) ? scaledPart(cutting, map, size) : turnedPart(cutting, map, size);
 }
 
@@ -107,12 +110,19 @@ void FloatingPiece::make(const TransformMap& placed, const QRectF& inked)
     if (!m_piece.isNull() && isSameShape(m_shape, placed) && m_part.contains(seen.translated(-corner))) {
         return;
     }
-    const QRectF part = inked.width() * inked.height() <= kMostPixels ? inked : seen;
     m_piece = QImage();  // before memory is taken for the next
-    m_piece =
-        madePart(m_cutting, placed.map * QTransform::fromTranslate(-part.left(), -part.top()), part.size().toSize());
     m_shape = placed;
-    m_part = part.translated(-corner);
+    if (isExact(placed.map)) {
+        m_piece = exactCopy(m_cutting.image, placed.map);
+        m_part = inked.translated(-corner);
+    } else if (placed.box.width() * placed.box.height() <= kMostPixels) {
+        m_piece = madeWhole(m_cutting, placed.map);
+        m_part = QRectF(QPointF(0, 0), placed.box.size());
+    } else {
+        const QTransform map = placed.map * QTransform::fromTranslate(-seen.left(), -seen.top());
+        m_piece = madePart(m_cutting, map, seen.size().toSize());
+        m_part = seen.translated(-corner);
+    }
 }
 
 void FloatingPiece::lay(const TransformMap& placed)

@@ -6,6 +6,8 @@
 #include <QPixmap>
 #include <QScreen>
 
+#include <utility>
+
 namespace support {
 
 namespace {
@@ -56,8 +58,8 @@ LiveWorkbench::LiveWorkbench(const QString& program, const QStringList& argument
 
 LiveWorkbench::~LiveWorkbench()
 {
-    if (m_isHeld) {
-        QProcess::execute("xdotool", {"mouseup", "1"});  // the button outlives this program
+    if (m_held != PointerButton::None) {
+        QProcess::execute("xdotool", release());  // the button outlives this program
     }
     m_socket.abort();
     m_process.kill();
@@ -146,20 +148,24 @@ void LiveWorkbench::pointer(const QStringList& arguments)
     letTurn();
 }
 
-void LiveWorkbench::pressAt(const QPoint& point)
+void LiveWorkbench::pressAt(const QPoint& point, PointerButton button)
 {
-    m_isHeld = true;
-    pointer(movement(point) + QStringList{"mousedown", "1"});
+    m_held = button;
+    pointer(movement(point) + QStringList{"mousedown", QString::number(int(button))});
 }
 
-void LiveWorkbench::drag(const QVector<QPoint>& path, int stepMs, int restMs)
+QStringList LiveWorkbench::release()
+{
+    return {"mouseup", QString::number(int(std::exchange(m_held, PointerButton::None)))};
+}
+
+void LiveWorkbench::drag(const QVector<QPoint>& path, int stepMs, int restMs, PointerButton button)
 {
     if (path.isEmpty()) {
         return;
     }
-    pressAt(path.first());
-    pointer(pause(stepMs) + movements(path.mid(1), stepMs) + pause(restMs) + QStringList{"mouseup", "1"});
-    m_isHeld = false;
+    pressAt(path.first(), button);
+    pointer(pause(stepMs) + movements(path.mid(1), stepMs) + pause(restMs) + release());
     settle();
 }
 
@@ -179,23 +185,21 @@ void LiveWorkbench::rightClick(const QPoint& point)
     pointer(movement(point) + QStringList{"click", "3"});
 }
 
-void LiveWorkbench::hold(const QPoint& from, const QPoint& to)
+void LiveWorkbench::hold(const QPoint& from, const QPoint& to, PointerButton button)
 {
-    pressAt(from);
+    pressAt(from, button);
     moveTo(to);
 }
 
 void LiveWorkbench::letGo()
 {
-    pointer({"mouseup", "1"});
-    m_isHeld = false;
+    pointer(release());
     settle();
 }
 
 void LiveWorkbench::strokeUnheard(const QVector<QPoint>& way, const QVector<QPoint>& after, int stepMs)
 {
-    QProcess::execute("xdotool", movements(way, stepMs) + QStringList{"mouseup", "1"} + movements(after, stepMs));
-    m_isHeld = false;
+    QProcess::execute("xdotool", movements(way, stepMs) + release() + movements(after, stepMs));
 }
 
 void LiveWorkbench::moveTo(const QPoint& point)
@@ -208,6 +212,16 @@ void LiveWorkbench::key(const QString& chord)
 {
     pointer({"key", chord});
     settle();
+}
+
+void LiveWorkbench::keyDown(const QString& name)
+{
+    pointer({"keydown", name});
+}
+
+void LiveWorkbench::keyUp(const QString& name)
+{
+    pointer({"keyup", name});
 }
 
 QImage LiveWorkbench::screenshot(const QRect& area)

@@ -13,6 +13,9 @@
 
 namespace support {
 
+/// The pointer's buttons as the X server numbers them.
+enum class PointerButton { None, Left, Middle, Right };
+
 /// A workbench process with a real window on the current X display, driven as a user drives it: with the pointer and
 /// the keyboard of the X server. Script text goes in through its command port.
 class LiveWorkbench {
@@ -40,15 +43,15 @@ public:
     /// The same for an entry of a menu that is open, by its label as it is shown.
     QRect menuEntryRect(const QString& label);
 
-    /// Moves the real pointer along `path` (screen pixels) with the left button down; `stepMs` between points, which
-    /// is a hand's pace. It moves off when the press has been handled, and rests for `restMs` at the end.
-    void drag(const QVector<QPoint>& path, int stepMs = 8, int restMs = 30);
+    /// Moves the real pointer along `path` (screen pixels) with a button down; `stepMs` between points, which is a
+    /// hand's pace. It moves off when the press has been handled, and rests for `restMs` at the end.
+    void drag(const QVector<QPoint>& path, int stepMs = 8, int restMs = 30, PointerButton button = PointerButton::Left);
     void click(const QPoint& point);
     /// The same without waiting for the views, which is most of the time a click takes.
     void clickControl(const QPoint& point);
     void rightClick(const QPoint& point);
-    /// Moves the pointer to the first point, presses the left button there and drags to the second; letGo() ends it.
-    void hold(const QPoint& from, const QPoint& to);
+    /// Moves the pointer to the first point, presses a button there and drags to the second; letGo() ends it.
+    void hold(const QPoint& from, const QPoint& to, PointerButton button = PointerButton::Left);
     void letGo();
     /// Moves along `way`, `stepMs` between points; lets go of the left button at its end and moves on along `after`.
     /// Does not wait for the program, whatever that is busy with.
@@ -56,6 +59,8 @@ public:
     void moveTo(const QPoint& point);
     /// A key or chord in the X server's names: "ctrl+z", "Return".
     void key(const QString& chord);
+    void keyDown(const QString& name);
+    void keyUp(const QString& name);
 
     QImage screenshot(const QRect& area = QRect());
     /// What it has printed so far.
@@ -65,13 +70,14 @@ private:
     QRect askRect(const QString& query);
     /// Returns when the program has handled what the pointer or the keyboard did.
     void pointer(const QStringList& arguments);
-    void pressAt(const QPoint& point);
+    void pressAt(const QPoint& point, PointerButton button = PointerButton::Left);
+    QStringList release();
 
     QProcess m_process;
     QLocalSocket m_socket;
     QByteArray m_output;
-    int m_unanswered = 0;   ///< texts sent
-    bool m_isHeld = false;  ///< the left button
+    int m_unanswered = 0;  ///< texts sent
+    PointerButton m_held = PointerButton::None;
 };
 
 }  // namespace support

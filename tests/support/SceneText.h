@@ -6,6 +6,14 @@
 
 namespace support {
 
+/// The drawing as a text scene holds it: its layers, their keys and pictures. Without the line it begins with, which
+/// names the camera that is current.
+inline QByteArray drawingText(const QByteArray& scene)
+{
+    const int begin = scene.indexOf("\n\t\t", scene.indexOf("setAttr \".ld\""));
+    return begin < 0 ? QByteArray() : scene.mid(begin, scene.indexOf(';', begin) - begin);
+}
+
 /// The frame pictures in a text scene, in file order.
 inline QVector<QImage> framePictures(const QByteArray& scene)
 {

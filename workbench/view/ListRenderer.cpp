@@ -6,10 +6,18 @@
 #include <QOpenGLFunctions>
 
 #include <algorithm>
+#include <cmath>
 
 namespace view {
 
 namespace {
+
+constexpr double kToCentre = 0.5;  // a pixel's name is its lower left corner, a line runs through its centre
+
+float lineWidth(const api::DrawItem& item)
+{
+    return std::max(1.f, item.state.lineWidth);
+}
 
 unsigned lineMode(api::DrawItem::Kind kind)
 {
@@ -18,6 +26,29 @@ unsigned lineMode(api::DrawItem::Kind kind)
     case api::DrawItem::Kind::Lines: return GL_LINES;
     default: return GL_LINE_STRIP;
     }
+}
+
+/// A line in the picture's plane as the rectangle that it covers. Software renderers lose some lines of several samples
+/// beside the edges of their tiles, and no rectangles.
+void drawBars(const api::DrawItem& item)
+{
+    const std::vector<kernel::Vector3>& points = item.points;
+    const std::size_t step = item.kind == api::DrawItem::Kind::Lines ? 2 : 1;
+    const std::size_t ends = item.kind == api::DrawItem::Kind::ClosedLine ? points.size() + 1 : points.size();
+    glBegin(GL_QUADS);
+    for (std::size_t i = 0; i + 1 < ends; i += step) {
+        const kernel::Vector3& from = points[i];
+        const kernel::Vector3& to = points[(i + 1) % points.size()];
+        const double length = std::hypot(to.x - from.x, to.y - from.y);
+        const double half = length > 0 ? lineWidth(item) / 2 / length : 0;
+        const double x = (to.y - from.y) * half;
+        const double y = (from.x - to.x) * half;
+        glVertex2d(from.x + kToCentre + x, from.y + kToCentre + y);
+        glVertex2d(to.x + kToCentre + x, to.y + kToCentre + y);
+        glVertex2d(to.x + kToCentre - x, to.y + kToCentre - y);
+        glVertex2d(from.x + kToCentre - x, from.y + kToCentre - y);
+    }
+    glEnd();
 }
 
 }  // namespace
@@ -84,9 +115,12 @@ void ListRenderer::drawTriangles(const api::DrawItem& item) const
 
 void ListRenderer::drawLines(const api::DrawItem& item) const
 {
-    // A pixel's name is its lower left corner, a line runs through its centre.
-    const double toCentre = item.is2d ? 0.5 : 0;
-    glLineWidth(std::max(1.f, item.state.lineWidth));
+    if (item.is2d && !item.state.dashed) {
+        drawBars(item);
+        return;
+    }
+    const double toCentre = item.is2d ? kToCentre : 0;
+    glLineWidth(lineWidth(item));
     if (item.state.dashed) {
         glLineStipple(std::max(1, int(item.state.lineWidth)), 0x3333);
         glEnable(GL_LINE_STIPPLE);

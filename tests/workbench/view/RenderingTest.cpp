@@ -197,6 +197,18 @@ TEST_F(Rendering, LinesRunThroughThePixelsTheyName)
     }
 }
 
+TEST_F(Rendering, NoLineIsLostBetweenPixels)
+{
+    for (int tenth = 0; tenth < 10; ++tenth) {
+        const double y = 63 + tenth / 10.0;  // renderers divide the picture into tiles of 64 pixels
+        const QImage image = picture([y](MHWRender::MUIDrawManager& manager) {
+            manager.setColor(MColor(1, 1, 0));
+            manager.line2d(MPoint(20, y, 0), MPoint(60, y, 0));
+        });
+        EXPECT_TRUE(at(image, 40, 63) != at(empty, 40, 63) || at(image, 40, 64) != at(empty, 40, 64)) << y;
+    }
+}
+
 TEST_F(Rendering, OptionsLeaveOutWhatTheyNameAndNothingElse)
 {
     const kernel::NodePtr shape = session.scene.makeNode(*session.nodeTypes.find("implicitSphere"), "ballShape");
