@@ -3,8 +3,8 @@
 #include "commands/SelectionNudge.h"
 #include "model/FrameNumber.h"
 #include "model/LayerManager.h"
+#include "model/MadeTarget.h"
 #include "node/BaseNode.h"
-#include "node/MadeTarget.h"
 #include "node/TimelineMarks.h"
 #include "settings/ToolGesture.h"
 

@@ -225,6 +225,13 @@ MStatus TransformContext::doRelease(MEvent& event, MHWRender::MUIDrawManager&, c
     return doRelease(event);
 }
 
+void TransformContext::viewDestroyed()
+{
+    if (!m_view) {
+        handle(Event::TakeBack);
+    }
+}
+
 // Keys and the menu ---------------------------------------------------------------------------------------------------
 
 bool TransformContext::isTransforming()
@@ -502,9 +509,12 @@ void TransformContext::show(const Corners& corners)
     node.redrawActiveView();
     const Corners inView = cornersInView(corners, node.toolMetrics());
     if (m_drawManager) {
-        m_drawManager->beginDrawable();
-        drawOutline(*m_drawManager, inView);
-        m_drawManager->endDrawable();
+        // Lines of an event stay until the next one, between which scaling goes on: there the node's suffice.
+        if (m_drag != Drag::Scale) {
+            m_drawManager->beginDrawable();
+            drawOutline(*m_drawManager, inView);
+            m_drawManager->endDrawable();
+        }
         return;
     }
     MStatus status;

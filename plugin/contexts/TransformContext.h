@@ -49,6 +49,7 @@ public:
 
     /// The button that was pressed in the view has been let go elsewhere; nothing when none is held.
     void releaseLost();
+    void viewDestroyed();  ///< takes back what floats when it was the view that the tool works in
 
 private:
     enum class State { Selecting, Transforming, Failed };  // failed: until the tool is set up again

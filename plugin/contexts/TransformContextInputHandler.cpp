@@ -70,7 +70,16 @@ void TransformContextInputHandler::watchActiveView()
 {
     m_views.release();
     m_views.add(MQtUtil::mainWindow());
-    m_views.addActive();
+    // Queued: what floats is taken back only once the view is quite gone.
+    if (QWidget* const view = m_views.addActive()) {
+        connect(view, SIGNAL(destroyed()), this, SLOT(OnViewDestroyed()),
+                Qt::ConnectionType(Qt::QueuedConnection | Qt::UniqueConnection));
+    }
+}
+
+void TransformContextInputHandler::OnViewDestroyed()
+{
+    m_tool.viewDestroyed();
 }
 
 bool TransformContextInputHandler::eventFilter(QObject* watched, QEvent* event)

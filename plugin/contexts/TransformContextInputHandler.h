@@ -37,6 +37,9 @@ public slots:
     void Revert();
     void Cancel();
 
+private slots:
+    void OnViewDestroyed();
+
 private:
     bool asksForMenu(const QMouseEvent& event) const;
     void openMenu(QWidget& view, const QPoint& position);

@@ -3,6 +3,7 @@
 #include "model/HiddenFrames.h"
 #include "model/LayerDataBinary.h"
 #include "model/LayerDataText.h"
+#include "model/MadeTarget.h"
 #include "model/PixelBudget.h"
 #include "settings/Names.h"
 
@@ -52,6 +53,7 @@ MStatus BaseNodeLayerData::writeASCII(std::ostream& out)
         out << -1;
         return MS::kFailure;
     }
+    const MadeTarget leftOut(*m_manager);
     layerText::write(out, *m_manager);
     PixelBudget::instance().trim();  // what is encoded now packs at no cost
     return MS::kSuccess;
@@ -62,6 +64,7 @@ MStatus BaseNodeLayerData::writeBinary(std::ostream& out)
     if (!m_manager) {
         return MS::kFailure;
     }
+    const MadeTarget leftOut(*m_manager);
     layerBinary::write(out, *m_manager);
     hiddenFrames::warnOfBinarySave(*m_manager);
     PixelBudget::instance().trim();

@@ -4,7 +4,7 @@
 
 #include "model/FrameNumber.h"
 #include "model/LayerManager.h"
-#include "node/MadeTarget.h"
+#include "model/MadeTarget.h"
 #include "node/TimelineMarks.h"
 #include "settings/Messages.h"
 #include "settings/Preferences.h"
@@ -97,7 +97,8 @@ bool BaseNode::commitStroke(const QString& camera)
 
 void BaseNode::withdrawMadeStroke()
 {
-    if (const std::shared_ptr<LayerManager> manager = layerManagerIfAny()) {
-        MadeTarget(*manager).drop();
+    const std::shared_ptr<LayerManager> manager = layerManagerIfAny();
+    if (manager && MadeTarget(*manager).drop()) {
+        TimelineMarks::refreshInstalled();
     }
 }

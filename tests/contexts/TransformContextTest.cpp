@@ -260,6 +260,12 @@ TEST_F(TransformContextTest, TheOutlineIsDrawnDuringADrag)
     ASSERT_EQ(lines.items.size(), 4u);
     EXPECT_EQ(lines.items[0].points[0].x, 60);
     EXPECT_EQ(lines.items[0].points[0].y, 432);
+    send(api::ToolEvent::Kind::Release, {310, 320}, api::ToolEvent::Button::Left, false);
+
+    send(api::ToolEvent::Kind::Press, {300, 300}, api::ToolEvent::Button::Middle, false);
+    send(api::ToolEvent::Kind::Drag, {400, 300}, api::ToolEvent::Button::Middle, false);
+    EXPECT_TRUE(lines.items.empty()) << "they would stay while scaling goes on";
+    EXPECT_NE(corner(0), QPointF(60, 432)) << "the node's follow";
 }
 
 TEST_F(TransformContextTest, InALegacyViewTheOutlineIsInvertedOnceForEachRefresh)

@@ -1,4 +1,4 @@
-#include "node/MadeTarget.h"
+#include "model/MadeTarget.h"
 #include "support/NodeFixture.h"
 
 namespace {

@@ -3,8 +3,8 @@
 #include "model/LayerManager.h"
 
 /// The layer and the frame that were made for the stroke in progress, out of the drawing from construction on: they
-/// stand in no undo step, and steps must not meet them. Holds nothing when nothing was made. What has not been dropped
-/// by the end is put back.
+/// stand in no undo step, and neither steps nor files must meet them. Holds nothing when nothing was made. What has not
+/// been dropped by the end is put back.
 class MadeTarget {
 public:
     explicit MadeTarget(LayerManager& manager);
@@ -13,7 +13,7 @@ public:
     MadeTarget& operator=(const MadeTarget&) = delete;
 
     void putBack();  ///< the stroke goes on as if nothing had been
-    void drop();     ///< for good, and the stroke with them
+    bool drop();     ///< for good, and the stroke with them; false when nothing was held
 
 private:
     void takeOut(const ActiveStroke& stroke);

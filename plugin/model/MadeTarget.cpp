@@ -1,7 +1,6 @@
-#include "node/MadeTarget.h"
+#include "model/MadeTarget.h"
 
 #include "model/FrameNumber.h"
-#include "node/TimelineMarks.h"
 
 #include <new>
 #include <utility>
@@ -41,7 +40,6 @@ void MadeTarget::takeOut(const ActiveStroke& stroke)
     } else if (m_address.layerId != 0) {
         m_frames = layer->takeFramesAt({m_address.time});
     }
-    TimelineMarks::refreshInstalled();
 }
 
 void MadeTarget::putBack()
@@ -50,10 +48,7 @@ void MadeTarget::putBack()
         putLayerBack();
     } else if (!m_frames.empty()) {
         putFrameBack();
-    } else {
-        return;
     }
-    TimelineMarks::refreshInstalled();
 }
 
 void MadeTarget::putLayerBack()
@@ -73,11 +68,13 @@ void MadeTarget::putFrameBack()
     }
 }
 
-void MadeTarget::drop()
+bool MadeTarget::drop()
 {
+    const bool wasHeld = m_layer || !m_frames.empty();
     m_layer.reset();
     m_frames.clear();
     if (!m_address.camera.isEmpty()) {
         m_manager.dropStroke();
     }
+    return wasHeld;
 }
