@@ -18,7 +18,7 @@ protected:
     /// Fixes, after that, what every later run goes by; what was made for the paste is out of the drawing from here on.
     /// False, and reported, when the edit cannot be done.
     virtual bool prepare(LayerManager& manager);
-    virtual bool changesAnything() const;  ///< a first run that changes nothing leaves what is under way, too
+    virtual bool changesAnything() const;  ///< of the drawing; a first run that does not leaves what is under way, too
     // False leaves the drawing as it was.
     virtual bool apply(LayerManager& manager) = 0;
     virtual bool reapply(LayerManager& manager);  ///< the redo, when it differs

@@ -14,7 +14,7 @@ public:
 
 protected:
     bool prepare(LayerManager& manager) override;
-    bool changesAnything() const override { return m_to != m_from; }
+    bool changesAnything() const override { return false; }
     bool apply(LayerManager& manager) override;
     bool revert(LayerManager& manager) override;
 

@@ -18,3 +18,10 @@ void popUpAtCursor(QMenu* menu)
     menu->setAttribute(Qt::WA_NoMouseReplay);  // the click beside it that closes it is not the tool's
     menu->popup(QCursor::pos());
 }
+
+void dismiss(QMenu* menu)
+{
+    if (menu && menu->isVisible()) {
+        delete menu;
+    }
+}

@@ -33,11 +33,7 @@ void DrawContextInputHandler::cleanUp()
 {
     m_views.release();
     m_pen.reset();
-    // Our code may be gone before the host would next delete what is closed. A menu that has led here is closed
-    // already.
-    if (m_menu && m_menu->isVisible()) {
-        delete m_menu;
-    }
+    dismiss(m_menu);
 }
 
 // Queued: the tool works on the drawing only once the view is quite gone.

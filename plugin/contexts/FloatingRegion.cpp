@@ -19,6 +19,7 @@ bool FloatingRegion::open()
     }
     m_node = master->thisMObject();
     m_camerasBefore = master->layerManager()->currentCameras();
+    m_leavesTrace = false;
     m_camera = HostViews().activeCamera();
     return isOpen();
 }
@@ -43,6 +44,7 @@ void FloatingRegion::letGo()
     if (recordIn(drawing.get())) {
         drawing->dropStroke();
     }
+    m_leavesTrace = true;
 }
 
 BaseNode* FloatingRegion::node() const
@@ -135,23 +137,31 @@ bool FloatingRegion::isWhereItBegan() const
 
 void FloatingRegion::commit()
 {
-    node()->commitStroke(m_camera);
+    m_leavesTrace = node()->commitStroke(m_camera);
 }
 
 void FloatingRegion::takeBack(BaseNode& node)
 {
     const std::shared_ptr<LayerManager> drawing = node.layerManagerIfAny();
-    if (!recordIn(drawing.get())) {
+    if (!drawing || m_leavesTrace) {
         return;
     }
-    const int layerIndex = drawing->strokeLayerIndex(m_camera);  // where it is by now
-    node.withdrawMadeStroke();
-    drawing->dropStroke();  // of what was no paste, or one that needed nothing made
-    if (!m_layerCreated && layerIndex >= 0 && drawing->activeLayerIndex(m_camera) != layerIndex) {
-        drawing->setActiveLayer(m_camera, layerIndex, false);
+    if (recordIn(drawing.get())) {
+        takeBackStroke(node, *drawing);
     }
-    if (drawing->currentCamera() == m_camera) {
+    if (drawing->currentCamera() == m_camera && m_camerasBefore.current != m_camera) {
         drawing->restoreCurrentCameras(m_camerasBefore);
+        publishMasterDrawing();
+    }
+}
+
+void FloatingRegion::takeBackStroke(BaseNode& node, LayerManager& drawing)
+{
+    const int layerIndex = drawing.strokeLayerIndex(m_camera);  // where it is by now
+    node.withdrawMadeStroke();
+    drawing.dropStroke();  // of what was no paste, or one that needed nothing made
+    if (!m_layerCreated && layerIndex >= 0 && drawing.activeLayerIndex(m_camera) != layerIndex) {
+        drawing.setActiveLayer(m_camera, layerIndex, false);
     }
     publishMasterDrawing();
 }

@@ -51,6 +51,7 @@ public:
 private:
     void aimAtActiveLayer(LayerManager& manager);
     void takeBack(BaseNode& node);
+    void takeBackStroke(BaseNode& node, LayerManager& drawing);
     std::shared_ptr<LayerManager> manager() const;
     ActiveStroke* recordIn(const LayerManager* manager) const;
 
@@ -58,6 +59,7 @@ private:
     QString m_camera;
     MTime m_begun;  // the scene's time then
     CurrentCameras m_camerasBefore;
+    bool m_leavesTrace = false;   // of what was put down, or gave way to an edit, all stays as it is
     bool m_layerCreated = false;  // for what is pasted
     bool m_frameCreated = false;
     QRect m_clipboard;  // the region that was kept last

@@ -74,7 +74,7 @@ MStatus TransformContext::helpStateHasChanged(MEvent&)
 
 MStatus TransformContext::showHelp()
 {
-    return setHelpString(m_state == State::Transforming ? kTransformingHelp : kSelectingHelp);
+    return setHelpString(isTransforming() ? kTransformingHelp : kSelectingHelp);
 }
 
 // What happens, and what comes of it ----------------------------------------------------------------------------------
@@ -175,10 +175,9 @@ MStatus TransformContext::doPress(MEvent& event)
     follow(event);
     stopDrag();  // of a press whose release never came
     m_button = event.mouseButton();
-    m_inputHandler.watchActiveView();
-    MStatus status;
-    M3dView view = M3dView::active3dView(&status);
-    m_view = status ? view.widget() : nullptr;
+    if (!isTransforming() || m_floating.isInActiveView()) {
+        workInActiveView();
+    }
     handle(Event::Press);
     return MStatus::kSuccess;
 }
@@ -196,6 +195,14 @@ MStatus TransformContext::doRelease(MEvent& event)
         handle(Event::Release);
     }
     return MStatus::kSuccess;
+}
+
+void TransformContext::workInActiveView()
+{
+    m_inputHandler.watchActiveView();
+    MStatus status;
+    M3dView view = M3dView::active3dView(&status);
+    m_view = status ? view.widget() : nullptr;
 }
 
 void TransformContext::releaseLost()
@@ -234,14 +241,6 @@ void TransformContext::viewDestroyed()
 
 // Keys and the menu ---------------------------------------------------------------------------------------------------
 
-bool TransformContext::isTransforming()
-{
-    if (isLost()) {
-        step(Event::Lost);
-    }
-    return m_state == State::Transforming;
-}
-
 void TransformContext::completeAction()
 {
     if (m_state != State::Transforming) {
@@ -265,10 +264,12 @@ void TransformContext::abortAction()
     script::switchToDrawToolDeferred();
 }
 
-void TransformContext::floatAs(const FloatingRegion::Taking& taking)
+bool TransformContext::floatAs(const FloatingRegion::Taking& taking)
 {
+    const bool isFree = m_state == State::Selecting;
     m_taking = taking;
     handle(taking.paste ? Event::Paste : Event::Float);
+    return isFree && m_state == State::Transforming;
 }
 
 void TransformContext::transform(bool keepSource)
@@ -278,30 +279,27 @@ void TransformContext::transform(bool keepSource)
 
 void TransformContext::cut()
 {
-    floatAs({true, true, false});
-    if (isTransforming()) {
+    if (floatAs({true, true, false})) {
         completeAction();
     }
 }
 
 void TransformContext::copy()
 {
-    floatAs({false, true, false});
-    if (isTransforming()) {
+    if (floatAs({false, true, false})) {
         deleteAction();
     }
 }
 
-void TransformContext::pasteAndTransform(const QPoint& position)
+bool TransformContext::pasteAndTransform(const QPoint& position)
 {
     m_pastePosition = position;
-    floatAs({false, false, true});
+    return floatAs({false, false, true});
 }
 
 void TransformContext::paste(const QPoint& position)
 {
-    pasteAndTransform(position);
-    if (isTransforming()) {
+    if (pasteAndTransform(position)) {
         completeAction();
     }
 }
@@ -321,6 +319,7 @@ TransformContext::Outcome TransformContext::begin(Aim aim)
     if (!m_floating.open()) {
         return Outcome::Nothing;
     }
+    workInActiveView();
     return (m_floating.*aim)() ? Outcome::Done : Outcome::Refused;
 }
 
@@ -519,7 +518,7 @@ void TransformContext::show(const Corners& corners)
     }
     MStatus status;
     M3dView view = M3dView::active3dView(&status);
-    if (status) {
+    if (status && m_floating.isInActiveView()) {
         drawOutline(view, inView);
     }
 }

@@ -37,14 +37,15 @@ public:
     void abortAction() override;     ///< takes the transform back and goes on to the draw tool
 
     // The menu's actions; each does nothing where the menu does not offer it.
-    bool isTransforming();
+    bool isTransforming() const { return m_floating.record() != nullptr; }
     bool canPaste() const { return m_floating.hasClipboard(); }
     void transform(bool keepSource);  ///< floats what is selected; keepSource: a copy of it
     void flip(bool RegionTransform::*direction);
     void cut();
     void copy();
-    /// Floats what was kept last, its upper left corner at a point of the active view's widget (y pointing up).
-    void pasteAndTransform(const QPoint& position);
+    /// Floats what was kept last, its upper left corner at a point of the active view's widget (y pointing up). False
+    /// when it cannot.
+    bool pasteAndTransform(const QPoint& position);
     void paste(const QPoint& position);  ///< and puts it down there
 
     /// The button that was pressed in the view has been let go elsewhere; nothing when none is held.
@@ -63,7 +64,8 @@ private:
     void step(Event event);
     void enter(State state);
     bool isLost() const;
-    void floatAs(const FloatingRegion::Taking& taking);
+    bool floatAs(const FloatingRegion::Taking& taking);  // false when it does not come to float
+    void workInActiveView();
 
     // What the table names
     Outcome beginSelection();

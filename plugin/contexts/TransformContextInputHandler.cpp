@@ -63,6 +63,7 @@ void TransformContextInputHandler::setUp()
 
 void TransformContextInputHandler::cleanUp()
 {
+    dismiss(m_menu);
     m_views.release();
 }
 
@@ -120,6 +121,7 @@ void TransformContextInputHandler::openMenu(QWidget& view, const QPoint& positio
         addRows(*menu, kSelectingRows, this, m_tool.canPaste());
     }
     addRows(*menu, kLastRows, this, false);
+    m_menu = menu;
     popUpAtCursor(menu);
 }
 

@@ -3,8 +3,10 @@
 #include "contexts/HeldKeys.h"
 #include "contexts/WatchedViews.h"
 
+#include <QMenu>
 #include <QObject>
 #include <QPoint>
+#include <QPointer>
 
 class QMouseEvent;
 class TransformContext;
@@ -47,5 +49,6 @@ private:
     TransformContext& m_tool;
     WatchedViews m_views{*this};
     HeldKeys m_keys;
-    QPoint m_menuPosition;  // pixels of the view, y pointing up
+    QPointer<QMenu> m_menu;  // the last that was opened
+    QPoint m_menuPosition;   // pixels of the view, y pointing up
 };

@@ -9,8 +9,9 @@
 
 namespace {
 
-// As large as the canvas turned by 45 degrees, which is made in the time of a redraw.
+// As large as the canvas turned by 45 degrees: what is no larger is made within a redraw.
 constexpr double kMostPixels = 2.25 * kCanvasSize * kCanvasSize;
+constexpr double kLongestSide = 4 * kCanvasSize;
 
 constexpr int kBytesPerPixel = 4;
 constexpr QRectF kCanvas(0, 0, kCanvasSize, kCanvasSize);
@@ -54,10 +55,17 @@ QRectF inkBox(const TransformMap& placed, const Cutting& cutting)
     return alignedRect(placed.map.mapRect(blurred).adjusted(-1, -1, 1, 1)) & placed.box;
 }
 
+bool isOrdinary(const QSizeF& size)
+{
+    return size.width() * size.height() <= kMostPixels && std::max(size.width(), size.height()) <= kLongestSide;
+}
+
+// The map without its move: where the piece lies makes no difference to its rounding.
 QImage madeWhole(const Cutting& cutting, const QTransform& map)
 {
     const QImage all = cutting.copy(QRect(QPoint(0, 0), cutting.size));
-    return all.transformed(map, Qt::SmoothTransformation).convertToFormat(QImage::Format_RGBA8888);
+    const QTransform shape(map.m11(), map.m12(), map.m21(), map.m22(), 0, 0);
+    return all.transformed(shape, Qt::SmoothTransformation).convertToFormat(QImage::Format_RGBA8888);
 }
 
 QImage madePart(const Cutting& cutting, const QTransform& map, const QSize& size)
@@ -115,9 +123,9 @@ void FloatingPiece::make(const TransformMap& placed, const QRectF& inked)
     if (isExact(placed.map)) {
         m_piece = exactCopy(m_cutting.image, placed.map);
         m_part = inked.translated(-corner);
-    } else if (placed.box.width() * placed.box.height() <= kMostPixels) {
+    } else if (isOrdinary(placed.box.size()) && isOrdinary(m_cutting.size)) {
         m_piece = madeWhole(m_cutting, placed.map);
-        m_part = QRectF(QPointF(0, 0), placed.box.size());
+        m_part = QRectF(m_piece.rect());
     } else {
         const QTransform map = placed.map * QTransform::fromTranslate(-seen.left(), -seen.top());
         m_piece = madePart(m_cutting, map, seen.size().toSize());

@@ -1,5 +1,7 @@
 #include "model/TransformMap.h"
 
+#include <QPolygonF>
+
 #include <algorithm>
 #include <cmath>
 
@@ -47,6 +49,16 @@ TransformMap stretched(const QTransform& scaling, const QSize& size)
     return {map, QRectF(QPointF(scaling.m11() < 0 ? -made.width() : 0, scaling.m22() < 0 ? -made.height() : 0), made)};
 }
 
+/// What is turned is first moved to where its whole pixels begin, then measured, as in QImage::transformed: at some
+/// angles the corners round to other pixels there.
+TransformMap turned(const QTransform& turn, const QSize& size)
+{
+    const QRectF floating(QPointF(0, 0), size);
+    const QPointF corner = alignedRect(turn.mapRect(floating)).topLeft();
+    const QPolygonF made = (turn * QTransform::fromTranslate(-corner.x(), -corner.y())).map(QPolygonF(floating));
+    return {turn, QRectF(corner, alignedRect(made.boundingRect()).size())};
+}
+
 TransformMap movedBy(const TransformMap& shape, const QPointF& move)
 {
     return {shape.map * QTransform::fromTranslate(move.x(), move.y()), shape.box.translated(move)};
@@ -70,9 +82,7 @@ TransformMap transformMap(const ActiveStroke& record, const QSize& size)
         return movedBy({QTransform(), floating}, QPointF(record.region.topLeft()) + record.translation);
     }
     const QTransform turn = turnAndScale(record);
-    const TransformMap shape = turn.type() <= QTransform::TxScale
-                                 ? stretched(turn, size)
-                                 : TransformMap{turn, alignedRect(turn.mapRect(floating))};
+    const TransformMap shape = turn.type() <= QTransform::TxScale ? stretched(turn, size) : turned(turn, size);
     const QPointF middle(std::floor(shape.box.width() / 2), std::floor(shape.box.height() / 2));
     return movedBy(shape, QPointF(centreOf(record.region)) + record.translation - middle - shape.box.topLeft());
 }

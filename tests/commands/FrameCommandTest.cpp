@@ -78,6 +78,35 @@ TEST_F(FrameCommandTest, InsertsWhereverTheSpanHasNoFrame)
     EXPECT_EQ(keys(), (Keys{1, 2, 3, 4, 5}));
 }
 
+// Each would take minutes if it went frame by frame.
+TEST_F(FrameCommandTest, WorksOnManyFramesAtOnce)
+{
+    keyed("persp", "A", {});
+    Frames every;
+    for (int frameNumber = 0; frameNumber < 200000; frameNumber += 2) {
+        every.emplace_back(new Frame(timeOfFrame(frameNumber)));
+    }
+    drawing().activeLayer("persp")->restoreFrames(std::move(every));
+    highlight(0, 200000);
+    const struct {
+        const char* arguments;
+        int count;
+    } cases[] = {{"-ins", 200000}, {"-del", 0},      {"-clr", 100000},
+                 {"-cut", 0},      {"-pst", 100000}, {"-mv 1 0 199999", 100000}};
+    for (const auto& c : cases) {
+        const Keys before = keys();
+        ASSERT_TRUE(run(frame(c.arguments)));
+        const Keys after = keys();
+        EXPECT_EQ(after.size(), c.count) << c.arguments;
+        run("undo");
+        EXPECT_TRUE(keys() == before) << c.arguments;
+        run("redo");
+        EXPECT_TRUE(keys() == after) << c.arguments;
+        run("undo");
+    }
+    run("file -f -new");  // what is left would be written as text when the fixture goes
+}
+
 TEST_F(FrameCommandTest, DuplicatesThePreviousDrawingToTheCurrentTime)
 {
     keyed("persp", "A", {2, 5, 9});
@@ -334,6 +363,22 @@ TEST_F(FrameCommandTest, MovesFramesByAnOffset)
     EXPECT_THAT(errors(), IsEmpty());
 }
 
+TEST_F(FrameCommandTest, FramesBetweenTwoOfASlowerTimeUnitComeBackWhereTheyWere)
+{
+    run("currentUnit -t film");
+    keyed("persp", "A", {3, 4, 5});
+    run("currentUnit -t \"12fps\"");
+    ASSERT_EQ(keys(), (Keys{1, 2, 2}));
+    for (const char* arguments : {"-del", "-cut", "-clr", "-pst", "-retime 4", "-move 5 1 1", "-move 5 1 2"}) {
+        goTo(2);
+        runAndRewind(frame(arguments));
+        run("undo");
+        run("currentUnit -t film");
+        EXPECT_EQ(keys(), (Keys{3, 4, 5})) << arguments;
+        run("currentUnit -t \"12fps\"");
+    }
+}
+
 TEST_F(FrameCommandTest, AUnitChangedBehindTheUndoQueueSendsNeitherUndoNorRedoToOtherFrames)
 {
     for (const char* unit : {"show", "12fps"}) {
@@ -357,6 +402,22 @@ TEST_F(FrameCommandTest, AUnitChangedBehindTheUndoQueueSendsNeitherUndoNorRedoTo
             EXPECT_EQ(exactly(), before);
         }
     }
+}
+
+TEST_F(FrameCommandTest, ARedoneCutIsWhatWasCutWhateverTheTimeUnitIsByThen)
+{
+    run("currentUnit -t film");
+    keyed("persp", "A", {10, 20});
+    const QString cut = picture(10);
+    goTo(10);
+    run(frame("-cut"));
+    run("undo");
+    changeUnitBehindTheQueue("12fps");
+    run("redo");
+    goTo(40);
+    run(frame("-paste"));
+    EXPECT_EQ(keys(), (Keys{10, 40}));
+    EXPECT_EQ(picture(40), cut);
 }
 
 TEST_F(FrameCommandTest, StepsFindTheirLayerAgainWhenOneWasInsertedBelowIt)

@@ -47,10 +47,8 @@ struct Drawing {
 
 Drawing drawingOf(const QByteArray& scene)
 {
-    // The line it begins with names the camera that is current, which a press changes without a step.
-    const int begin = scene.indexOf("\n\t\t", scene.indexOf("setAttr \".ld\""));
     Drawing drawing;
-    drawing.text = begin < 0 ? QByteArray() : scene.mid(begin, scene.indexOf(';', begin) - begin);
+    drawing.text = support::drawingText(scene);
     for (const QImage& picture : support::framePictures(drawing.text)) {
         for (int row = 0; row < picture.height(); ++row) {
             const int ink = support::inkPixels(picture.copy(0, row, picture.width(), 1));
@@ -417,6 +415,7 @@ const Act kSmaller = [](Stage& stage) { stage.runUnrecorded("setAttr shotShape.o
 const Act kLarger = [](Stage& stage) { stage.runUnrecorded("setAttr shotShape.overscan 1"); };
 const Act kToolAgain = &Stage::chooseToolAgain;
 const Act kTwoLayers = script("tqLumisketchLayer -addLayer -name two shot");
+const Act kTwoFrames = script("currentTime 5; tqLumisketchFrame -insert; currentTime 1");
 const Act kUndo = script("undo");
 
 const Interruption kInterruptions[] = {
@@ -435,6 +434,7 @@ const Interruption kInterruptions[] = {
     {"another time, by script", script("currentTime 5"), "aaaaaa", kTimeAgain},
     {"another time, by slider", clickSlider, " a a a", kTimeAgain},
     {"another time and Enter", kEnterAtAnotherTime, "a a---", kTimeAgain},
+    {"the drawing before", script("tqLumisketchFrame -stepBack"), "aaaaaa", kTimeAgain, kTwoFrames},
     {"playback", script("play -state on"), "aaaaaa", kTimeAgain},
     {"saved", save, "aaaaaa"},
     {"node deleted", script("delete lumisketch"), "--a---"},

@@ -68,6 +68,9 @@ TEST(FloatingPiece, IsThePixelsOfTheWholeTransformThatLandOnTheCanvas)
     const QRect small(150, 250, 260, 301);
     const QRect whole(0, 0, 1024, 1024);
     const QRect over(-300, -500, 1400, 1300);
+    // Filled to their edges, turned to where the corners of the piece round to other pixels elsewhere.
+    const QRect even(300, 300, 100, 100);
+    const QRect strip(300, 300, 160, 104);
     const struct {
         QRect region;
         float angle;
@@ -76,20 +79,23 @@ TEST(FloatingPiece, IsThePixelsOfTheWholeTransformThatLandOnTheCanvas)
     } cases[] = {{small, 33, 1, 1},     {small, -137, 1.7, 0.6}, {small, 33, -0.1, 0.1},  {small, 0, 0.97, 0.3},
                  {small, 180, 2, -0.7}, {small, 90, 2.5, 1.3},   {small, 270, -1.5, 1.5}, {small, 0, 1, 1.5},
                  {whole, 33, 1, 1},     {whole, 45, 2.9, 2.9},   {whole, 0, 2.9, 2.9},    {whole, 0, -0.35, 0.97},
+                 {even, 60, 1, 1},      {even, -60, 1, 1},       {strip, 210, 1, 1},      {strip, 60, 2, 2},
                  {over, -77, 0.5, 1.2}, {over, 180, 1.4, 0.4},   {over, 10, -1.6, 1.6},   {over, 0, 0.1, 2.9}};
     Dice dice(3);
     // Away from where it is cut: edges are blended by hundredths of a pixel, which noise makes much of.
     const InkedImage inSmall = noise(small.adjusted(10, 10, -10, -10), dice);
     const InkedImage large = noise(QRect(100, 200, 700, 300), dice);
+    const InkedImage full = noise(QRect(0, 0, 1024, 1024), dice);
     for (const auto& c : cases) {
-        const InkedImage& canvas = c.region == small ? inSmall : large;
+        const InkedImage& canvas = c.region == small ? inSmall : c.region.width() < small.width() ? full : large;
         ActiveStroke record = transformOf(c.region, c.angle, c.scaleX, c.scaleY);
         record.translation = dice.point(-150, 150);
         const QRectF placed = transformMap(record, c.region.size()).box;
         FloatingPiece piece;
         piece.take(Cutting::of(canvas, c.region));
         const QImage wanted = wholeTransform(record, canvas.image.copy(c.region));
-        const bool isMadeWhole = placed.width() * placed.height() <= 2.25 * 1024 * 1024;
+        const double largest = std::max(placed.width() * placed.height(), double(c.region.width() * c.region.height()));
+        const bool isMadeWhole = largest <= 2.25 * 1024 * 1024;
         EXPECT_LE(pixels::farthest(piece.sheet(record).image, wanted), isMadeWhole ? 0 : 1 + levelsThatQtDrifts(record))
             << c.region.width() << " wide, angle " << c.angle << ", scales " << c.scaleX << " " << c.scaleY;
     }
@@ -146,6 +152,20 @@ TEST(FloatingPiece, ShowsItsPartOnTheCanvasAtAnyScale)
             EXPECT_NEAR(between.red(), 128, 1.5 * 255 / scale + 2) << angle << " " << scale;
             EXPECT_EQ(between.alpha(), 255) << angle << " " << scale;
         }
+    }
+}
+
+TEST(FloatingPiece, AStripStretchedFarBeyondTheCanvasIsSeenWhereItCrossesIt)
+{
+    FloatingPiece piece;
+    piece.take(halves(QSize(1024, 10)));
+    for (const float angle : {0.0f, 90.0f}) {
+        const ActiveStroke record = transformOf(QRect(0, 500, 1024, 10), angle, 70, 1);
+        const QImage& shown = piece.sheet(record).image;
+        const QPoint middle(512, 505);
+        const QPoint along = angle > 0 ? QPoint(0, 400) : QPoint(400, 0);
+        EXPECT_EQ(shown.pixelColor(middle - along), QColor(Qt::red)) << angle;
+        EXPECT_EQ(shown.pixelColor(middle + along), QColor(Qt::blue)) << angle;
     }
 }
 

@@ -114,6 +114,28 @@ TEST(Chunk, DamageEndsTheWalkAndKeepsWhatCameBefore)
     }
 }
 
+TEST(Chunk, EveryCutIsNoticedAndNothingIsReadBeyondIt)
+{
+    const std::string whole = written([](ChunkWriter& writer) {
+        for (const char* body : {"", "1", "12345678", "123456789"})
+            writer.chunk(chunkId("ABCD"), body);
+    });
+    for (std::size_t length = 0; length <= whole.size(); ++length) {
+        const std::string cut = whole.substr(0, length);
+        std::size_t used = 0;
+        ChunkReader reader(cut);
+        Chunk chunk;
+        while (reader.next(chunk)) {
+            EXPECT_EQ(chunk.whole.data(), cut.data() + used);
+            used += chunk.whole.size();
+        }
+        EXPECT_LE(used, length);
+        const bool isAtEnd = length == 0 || length == 16 || (length > 32 && length <= 40) || length == 64
+                          || (length >= 89 && length <= whole.size());
+        EXPECT_EQ(reader.isDamaged(), !isAtEnd) << length;
+    }
+}
+
 TEST(PartStream, EndsWithItsBytesAndTellsWhatWasRead)
 {
     const std::string around = "before" + std::string(9 << 20, 'x') + "end|beyond";
