@@ -25,7 +25,7 @@ constexpr double kMebibyte = 1024 * 1024;
 
 const QRect kCanvas(0, 0, kCanvasSize, kCanvasSize);
 const QRect kRegion(300, 350, 400, 300);
-const QRect kOver(-512, -512, 2 * kCanvasSize, 2 * kCanvasSize);
+const QRect kOver(-kCanvasSize, -kCanvasSize, 3 * kCanvasSize, 3 * kCanvasSize);  // no region is larger
 
 /// One step of a drag, and what it makes of the record.
 using Step = std::function<void(ActiveStroke& record, int step)>;
@@ -83,10 +83,10 @@ const Row kRows[] = {
     {"canvas at 33, x 3.9, moved", kCanvas, moveTurned(33, 3.9), 200},
     {"canvas at 33, x 1000, moved", kCanvas, moveTurned(33, 1000), 200},
     {"canvas at 33, x 1e9, moved", kCanvas, moveTurned(33, 1e9), 200},
-    {"2048 x 2048 moved", kOver, move, 200},
-    {"2048 x 2048 turned", kOver, turn, 360},
-    {"2048 x 2048 shrunk to 0.1", kOver, shrinkFromAfar, 600},
-    {"2048 x 2048 at 33, x 3.9, moved", kOver, moveTurned(33, 3.9), 200},
+    {"3072 x 3072 moved", kOver, move, 200},
+    {"3072 x 3072 turned", kOver, turn, 360},
+    {"3072 x 3072 shrunk to 0.1", kOver, shrinkFromAfar, 600},
+    {"3072 x 3072 at 33, x 3.9, moved", kOver, moveTurned(33, 3.9), 200},
 };
 
 // Samples -------------------------------------------------------------------------------------------------------------
